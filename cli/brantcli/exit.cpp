@@ -1,0 +1,29 @@
+#include "cli/brantcli/exit.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "cli/brantcli/state.h"
+#include "cli/generic_dtioctl/devices.h"
+#include "platform/request.h"
+
+int FinalStatus(int status) {
+    const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    return status == 0 && !written ? 1 : status;
+}
+
+void FreeHistory() {
+    for (char*& slot : History) {
+        std::free(slot);
+        slot = nullptr;
+    }
+}
+
+void EndProcess(int status) {
+    vxCloseRequest(cdt_fd);
+    vxCloseRequest(cevt_fd);
+    vxCloseRequest(casr_fd);
+    vxCloseRequest(crom_fd);
+    FreeHistory();
+    std::exit(FinalStatus(status));
+}

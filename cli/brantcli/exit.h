@@ -1,0 +1,13 @@
+// The ways out of the program.
+#pragma once
+
+// The status to end with: status itself, or 1 instead of 0 when something could not be written to standard
+// output. Flushes it.
+int FinalStatus(int status);
+
+// Frees the buffers of the command history.
+void FreeHistory();
+
+// Closes the devices, gives the terminal back, frees the history and the SMBIOS copy, and ends the process
+// with FinalStatus(status).
+[[noreturn]] void EndProcess(int status);

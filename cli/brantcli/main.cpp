@@ -1,0 +1,150 @@
+// The program: start-up checks, then the commands of the command line or of the keyboard.
+
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "cli/brantcli/exit.h"
+#include "cli/brantcli/script.h"
+#include "cli/brantcli/state.h"
+#include "cli/generic_dtioctl/devices.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_variables.h"
+#include "cli/parse/command_table.h"
+#include "cli/parse/dispatcher.h"
+#include "platform/request.h"
+
+namespace {
+
+constexpr char kDashes[] = "--------------------------------------------------------------------------";
+static_assert(sizeof kDashes - 1 == 74, "the banner's width");
+
+// What the system would do by default on a closed pipe is to end the process without a word, and what stdio
+// would do is to read ahead of the line editor, which reads the descriptor.
+void PrepareStreams() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::setvbuf(stdin, nullptr, _IONBF, 0);
+}
+
+void show_usage(void) {
+    std::printf("\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n");
+}
+
+// False for an option that isn't known, or one that lacks its value.
+bool ReadOptions(int argc, char** argv) {
+    for (int option = getopt(argc, argv, "sS:"); option != -1; option = getopt(argc, argv, "sS:")) {
+        if (option == '?') return false;
+        if (option == 's' || option == 'S') script_mode = 1;
+    }
+    return true;
+}
+
+void PrintBanner() {
+    std::printf("VX management CLI for Solaris (v1.1)");
+    std::printf("\n%s", kDashes);
+    std::printf("\nNOTE: Some brantcli commands may not be supported on all Corvex servers.");
+    std::printf("\n%s\n", kDashes);
+}
+
+struct Device {
+    char* path;
+    int* descriptor;
+    const char* refusal;
+};
+
+constexpr char kDaemonHint[] =
+    "\nPlease make sure the brantd/brantlited daemon is started and running properly.";
+
+Device kDevices[] = {
+    // in the order in which they are opened
+    {cdt_path, &cdt_fd, "\nERROR: Could not communicate with brantd/brantlited.\n"},
+    {cevt_path, &cevt_fd, "\nERROR: Could not open /dev/zethealth/cevt."},
+    {casr_path, &casr_fd, "\nERROR: Could not open /dev/zethealth/casr."},
+    {crom_path, &crom_fd, "\nERROR: Could not open /dev/zethealth/crom."},
+};
+constexpr int kDeviceCount = sizeof kDevices / sizeof kDevices[0];
+
+// Closes the first count devices, the last one first.
+void CloseDevices(int count) {
+    while (count > 0) vxCloseRequest(*kDevices[--count].descriptor);
+}
+
+// False, with a message and everything closed again, when one of the devices doesn't open.
+bool OpenDevices() {
+    for (int i = 0; i < kDeviceCount; ++i) {
+        const Device& device = kDevices[i];
+        *device.descriptor = vxOpenRequest(device.path, 2);
+        if (*device.descriptor >= 0) continue;
+
+        std::printf("%s%s%s", device.refusal, kDaemonHint, i == 0 ? "" : "\n");
+        CloseDevices(i);
+        return false;
+    }
+    return true;
+}
+
+bool AllocateHistory() {
+    history_index = 0;
+    for (char*& slot : History) {
+        slot = static_cast<char*>(std::calloc(1, kHistorySlotSize));
+        if (slot == nullptr) return false;
+    }
+    return true;
+}
+
+int CommonEnd(int status) {
+    std::printf("\n");
+    return FinalStatus(status);
+}
+
+int RunScript(char* commands) {
+    if (commands == nullptr) {
+        std::printf("ERROR: At least one command must be specified in script mode.");
+        return 1;
+    }
+    return do_scripted_command(commands);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    PrepareStreams();
+    if (getuid() != 0) {
+        std::printf("ERROR: You must be root to run brantcli.\n");
+        return CommonEnd(1);
+    }
+    if (!ReadOptions(argc, argv)) {
+        show_usage();
+        return FinalStatus(0);
+    }
+
+    // Here, in this order: the ROM signature, the SMBIOS copy with its inventory, the server line.
+
+    if (script_mode == 0) PrintBanner();
+    if (!OpenDevices()) return CommonEnd(1);
+
+    // Here: the embedded NICs, then the terminal into character mode.
+
+    if (!AllocateHistory()) {
+        std::printf("Failed to allocate memory for command history.");
+        do_exit(nullptr);
+    }
+
+    // Here: the management processor.
+
+    CreateCommands();
+
+    int status = 1;
+    if (script_mode != 0) {
+        status = RunScript(argc > 2 ? argv[2] : nullptr);
+    } else {
+        while (Command(&CurrentCommandLine, 0) != 0) continue;
+    }
+
+    FreeHistory();
+    CloseDevices(kDeviceCount);
+    return CommonEnd(status);
+}

@@ -1,0 +1,11 @@
+#include "cli/health-table/rows.h"
+
+#include <cstdarg>
+#include <cstdio>
+
+void SetCell(field& cell, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(cell.data, sizeof cell.data, format, arguments);
+    va_end(arguments);
+}

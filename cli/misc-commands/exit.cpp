@@ -1,0 +1,9 @@
+#include <cstdio>
+
+#include "cli/brantcli/exit.h"
+#include "cli/misc-commands/misc_commands.h"
+
+int do_exit(InputLineType* /*InputLine*/) {
+    std::printf("\n");
+    EndProcess(0);
+}

@@ -1,0 +1,158 @@
+// The handlers that are not built yet. Each line here goes when its handler comes.
+#include "cli/fan/fan.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/parse/handler.h"
+#include "cli/parse/help.h"
+#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/temp/temp.h"
+
+namespace {
+
+int NotAvailable() {
+    return Fail("\nERROR: This command is not available yet.");
+}
+
+}  // namespace
+
+int do_help(InputLineType*) {
+    return NotAvailable();
+}
+int Display_Subcommand_Usage(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_server(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_nic_port_mapping(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_temp(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_powersupply(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_uid(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_uid(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_dimm(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_asr(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_asr(InputLineType*) {
+    return NotAvailable();
+}
+int do_enable_asr(InputLineType*) {
+    return NotAvailable();
+}
+int do_disable_asr(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_asset(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_asset(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_name(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_name(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_eaas(InputLineType*) {
+    return NotAvailable();
+}
+int do_enable_eaas(InputLineType*) {
+    return NotAvailable();
+}
+int do_disable_eaas(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_boot(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_boot_once(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_boot_first(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_ipl(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_nic(InputLineType*) {
+    return NotAvailable();
+}
+int do_enable_nic_pxe(InputLineType*) {
+    return NotAvailable();
+}
+int do_disable_nic_pxe(InputLineType*) {
+    return NotAvailable();
+}
+int do_enable_nic_iscsi(InputLineType*) {
+    return NotAvailable();
+}
+int do_disable_nic_iscsi(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_wol(InputLineType*) {
+    return NotAvailable();
+}
+int do_enable_disable_wol(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_bios_serial_port(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_bios_serial_port(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_embedded_serial_port(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_embedded_serial_port(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_vsp(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_virtual_serial_port(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_f1(InputLineType*) {
+    return NotAvailable();
+}
+int do_set_f1(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_ht(InputLineType*) {
+    return NotAvailable();
+}
+int do_enable_disable_ht(InputLineType*) {
+    return NotAvailable();
+}
+int do_show_versions(InputLineType*) {
+    return NotAvailable();
+}
+
+int do_show_hlog(InputLineType*) {
+    return NotAvailable();
+}
+int do_clear_hlog(InputLineType*) {
+    return NotAvailable();
+}

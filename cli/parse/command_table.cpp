@@ -1,0 +1,214 @@
+#include "cli/parse/command_table.h"
+
+#include <cstring>
+
+#include "cli/fan/fan.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/parse/command_tree.h"
+#include "cli/parse/help.h"
+#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/temp/temp.h"
+
+namespace {
+
+// Each begins with "USAGE:"; what stands before the next ':' is the usage that inner nodes list.
+constexpr char HelpHelp[] =
+    "USAGE: HELP <command>: Show help messages for <command> or list the toplevel\ncommands if no "
+    "arguments are provided.";
+constexpr char HelpClear[] = "USAGE: CLEAR [ HLOG ]";
+constexpr char HelpClearHlog[] = "USAGE: CLEAR HLOG: Clears the HLOG log.";
+constexpr char HelpExit[] = "USAGE: EXIT: Exit brantcli.";
+constexpr char HelpQuit[] = "USAGE: QUIT: Exit brantcli.";
+constexpr char HelpDisable[] = "USAGE: DISABLE [ ASR | EAAS | HT | PXE | ISCSI | WOL ]";
+constexpr char HelpDisableAsr[] = "USAGE: DISABLE ASR: Disables the ASR timer.";
+constexpr char HelpDisableEaas[] =
+    "USAGE: DISABLE EAAS: Disables EAAS (Environment Abnormality Auto Shutdown).";
+constexpr char HelpDisableHT[] = "USAGE: DISABLE HT: Disables processor hyper-threading.";
+constexpr char HelpDisableiSCSI[] =
+    "USAGE: DISABLE ISCSI [ NIC1 | NIC2 | NIC3 | NIC4 | NIC5 ]: Disables iSCSI support on the embedded "
+    "NICs";
+constexpr char HelpDisablePxe[] =
+    "USAGE: DISABLE PXE [ NIC1 | NIC2 | NIC3 | NIC4 | NIC5 ]: Disables PXE support on the embedded NICs";
+constexpr char HelpDisableWol[] = "USAGE: DISABLE WOL: Disables Wake-On-Lan support.";
+constexpr char HelpEnable[] = "USAGE: ENABLE [ ASR | EAAS | HT | PXE | ISCSI | WOL]";
+constexpr char HelpEnableAsr[] = "USAGE: ENABLE ASR: Enables the ASR timer.";
+constexpr char HelpEnableEaas[] = "USAGE: ENABLE EAAS: Enables EAAS (Environment Abnormality Auto Shutdown).";
+constexpr char HelpEnableHT[] = "USAGE: ENABLE HT: Enables processor hyper-threading.";
+constexpr char HelpEnableiSCSI[] =
+    "USAGE: ENABLE ISCSI [ NIC1 | NIC2 | NIC3 | NIC4 | NIC5 ]: Enables iSCSI support on the embedded "
+    "NICs.";
+constexpr char HelpEnablePxe[] =
+    "USAGE: ENABLE PXE [ NIC1 | NIC2 | NIC3 | NIC4 | NIC5 ]: Enables PXE support on the embedded NICs.";
+constexpr char HelpEnableWol[] = "USAGE: ENABLE WOL: Enables Wake-On-Lan support.";
+constexpr char HelpSet[] = "USAGE: SET [ ASR | ASSET | BOOT | F1 | NAME | SERIAL | UID ]";
+constexpr char HelpSetAsr[] =
+    "USAGE: SET ASR <timeout>: Sets the ASR timeout value in minutes. Timeout must be 5, 10, 15, 20 or "
+    "30 minutes.";
+constexpr char HelpSetAsset[] = "USAGE: SET ASSET <text>: Sets the Asset Text value.";
+constexpr char HelpSetBoot[] = "USAGE: SET BOOT [ FIRST | ONCE ]";
+constexpr char HelpSetBootFirst[] =
+    "USAGE: SET BOOT FIRST [ CDROM | FLOPPY | HDD | PXE | USBKEY ]: Sets the first boot device.";
+constexpr char HelpSetBootOnce[] =
+    "USAGE: SET BOOT ONCE [ CDROM | FLOPPY | HDD | PXE | KONF ]: Sets the next boot device.";
+constexpr char HelpSetF1[] =
+    "USAGE: SET F1 [ ENABLED | DELAYED | DISABLED ]: Sets the POST F1 prompt configuration.";
+constexpr char HelpSetName[] =
+    "USAGE: SET NAME <string>: Sets the server name to <string>. <string> must be 28 characters or "
+    "less.";
+constexpr char HelpSetSerial[] = "USAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]";
+constexpr char HelpSetSerialBios[] =
+    "USAGE: SET SERIAL BIOS [ COM1 BAUD | COM2 BAUD | DISABLED ]: Sets the BIOS serial port to COM1, "
+    "COM2 or DISABLED.";
+constexpr char HelpSetSerialEmbedded[] = "USAGE: SET SERIAL EMBEDDED [ PORTA | PORTB ].";
+constexpr char HelpSetSerialEmbeddedPortA[] =
+    "USAGE: SET SERIAL EMBEDDED PORTA [ COM1 | COM2 | COM3 | COM4 | DISABLED ]: Sets the embedded "
+    "serial port A to COM1, COM2, COM3, COM4 or DISABLED.";
+constexpr char HelpSetSerialEmbeddedPortB[] =
+    "USAGE: SET SERIAL EMBEDDED PORTB [ COM1 | COM2 | COM3 | COM4 | DISABLED ]: Sets the embedded "
+    "serial port B to COM1, COM2, COM3, COM4 or DISABLED.";
+constexpr char HelpSetSerialVirtual[] =
+    "USAGE: SET SERIAL VIRTUAL [ COM1 | COM2 | DISABLED ]: Sets the Virtual serial port to COM1, COM2 "
+    "or DISABLED.";
+constexpr char HelpSetUid[] = "USAGE: SET UID [ ON | OFF ]: Turns the server UID on or off.";
+constexpr char HelpSetUidOff[] = "USAGE: SET UID OFF: Turns the server UID off.";
+constexpr char HelpSetUidOn[] = "USAGE: SET UID ON: Turns the server UID on.";
+constexpr char HelpShow[] =
+    "USAGE: SHOW [ ASR | ASSET | BOOT | DIMM | EAAS | F1 | FANS | HT | HLOG | IPL | POWERSUPPLY | NAME "
+    "| NIC | PORTMAP | SERIAL | SERVER | TEMP | UID | WOL | VERSIONS ]";
+constexpr char HelpShowASR[] = "USAGE: SHOW ASR: Shows the state of the ASR timer.";
+constexpr char HelpShowAsset[] = "USAGE: SHOW ASSET: Shows the asset tag.";
+constexpr char HelpShowBoot[] = "USAGE: SHOW BOOT: Shows boot devices.";
+constexpr char HelpShowDimm[] = "USAGE: SHOW DIMM: Shows info on DIMM sockets.";
+constexpr char HelpShowEaas[] =
+    "USAGE: SHOW EAAS: Shows the state of EAAS (Environment Abnormality Auto Shutdown).";
+constexpr char HelpShowF1[] = "USAGE: SHOW F1: Shows the POST F1 status.";
+constexpr char HelpShowFans[] = "USAGE: SHOW FANS: Shows info on installed fans.";
+constexpr char HelpShowHlog[] = "USAGE: SHOW HLOG: Shows the HLOG log.";
+constexpr char HelpShowHT[] = "USAGE: SHOW HT: Shows state of processor hyperthreading.";
+constexpr char HelpShowIpl[] = "USAGE: SHOW IPL: Shows the current device boot order.";
+constexpr char HelpShowName[] = "USAGE: SHOW NAME: Shows the server name.";
+constexpr char HelpShowNIC[] = "USAGE: SHOW NIC: Shows the NIC boot state.";
+constexpr char HelpShowPortMap[] = "USAGE: SHOW PORTMAP: Shows NIC port MappingNIC port Mapping information.";
+constexpr char HelpShowPS[] = "USAGE: SHOW POWERSUPPLY: Shows info on powersupplies.";
+constexpr char HelpShowSerial[] = "USAGE: SHOW SERIAL [ BIOS | EMBEDDED | VIRTUAL ]";
+constexpr char HelpShowBiosSerial[] = "USAGE: SHOW SERIAL BIOS: Shows the BIOS serial port status.";
+constexpr char HelpShowEmbeddedSerial[] =
+    "USAGE: SHOW SERIAL EMBEDDED: Shows the embedded serial port status.";
+constexpr char HelpShowVsp[] = "USAGE: SHOW SERIAL VIRTUAL: Shows the Virtual Serial Port status.";
+constexpr char HelpShowServer[] = "USAGE: SHOW SERVER: Shows server information.";
+constexpr char HelpShowTemp[] = "USAGE: SHOW TEMP: Shows current temperature readings.";
+constexpr char HelpShowUID[] = "USAGE: SHOW UID: Shows the UID state.";
+constexpr char HelpShowVers[] = "USAGE: SHOW VERSIONS: Shows various firmware version numbers.";
+constexpr char HelpShowWol[] = "USAGE: SHOW WOL: Shows the Wake-On-Lan status.";
+
+constexpr char HelpRoot[] =
+    "\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command.";
+
+struct CommandRow {
+    const char* path;  // the tokens, one blank between them; its last one is the node's own
+    const char* help;
+    CommandHandler function;  // null: an inner node
+    const char* synonym_of = nullptr;
+};
+
+// A parent stands before its children, a command before its synonym.
+// clang-format off
+constexpr CommandRow kCommands[] = {
+    {"?",                         HelpHelp,                   do_help},
+    {"CLEAR",                     HelpClear,                  nullptr},
+    {"CLEAR HLOG",                HelpClearHlog,              do_clear_hlog},
+    {"EXIT",                      HelpExit,                   do_exit},
+    {"HELP",                      HelpHelp,                   do_help},
+    {"QUIT",                      HelpQuit,                   do_exit},
+    {"DISABLE",                   HelpDisable,                nullptr},
+    {"DISABLE ASR",               HelpDisableAsr,             do_disable_asr},
+    {"DISABLE EAAS",              HelpDisableEaas,            do_disable_eaas},
+    {"DISABLE HT",                HelpDisableHT,              do_enable_disable_ht},
+    {"DISABLE ISCSI",             HelpDisableiSCSI,           do_disable_nic_iscsi},
+    {"DISABLE PXE",               HelpDisablePxe,             do_disable_nic_pxe},
+    {"DISABLE WOL",               HelpDisableWol,             do_enable_disable_wol},
+    {"ENABLE",                    HelpEnable,                 nullptr},
+    {"ENABLE ASR",                HelpEnableAsr,              do_enable_asr},
+    {"ENABLE EAAS",               HelpEnableEaas,             do_enable_eaas},
+    {"ENABLE HT",                 HelpEnableHT,               do_enable_disable_ht},
+    {"ENABLE ISCSI",              HelpEnableiSCSI,            do_enable_nic_iscsi},
+    {"ENABLE PXE",                HelpEnablePxe,              do_enable_nic_pxe},
+    {"ENABLE WOL",                HelpEnableWol,              do_enable_disable_wol},
+    {"SET",                       HelpSet,                    nullptr},
+    {"SET ASR",                   HelpSetAsr,                 do_set_asr},
+    {"SET ASSET",                 HelpSetAsset,               do_set_asset},
+    {"SET BOOT",                  HelpSetBoot,                nullptr},
+    {"SET BOOT FIRST",            HelpSetBootFirst,           do_set_boot_first},
+    {"SET BOOT ONCE",             HelpSetBootOnce,            do_set_boot_once},
+    {"SET F1",                    HelpSetF1,                  do_set_f1},
+    {"SET NAME",                  HelpSetName,                do_set_name},
+    {"SET SERIAL",                HelpSetSerial,              nullptr},
+    {"SET SERIAL BIOS",           HelpSetSerialBios,          do_set_bios_serial_port},
+    {"SET SERIAL EMBEDDED",       HelpSetSerialEmbedded,      nullptr},
+    {"SET SERIAL EMBEDDED PORTA", HelpSetSerialEmbeddedPortA, do_set_embedded_serial_port},
+    {"SET SERIAL EMBEDDED PORTB", HelpSetSerialEmbeddedPortB, do_set_embedded_serial_port},
+    {"SET SERIAL VIRTUAL",        HelpSetSerialVirtual,       do_set_virtual_serial_port},
+    {"SET UID",                   HelpSetUid,                 nullptr},
+    {"SET UID OFF",               HelpSetUidOff,              do_set_uid},
+    {"SET UID ON",                HelpSetUidOn,               do_set_uid},
+    {"SHOW",                      HelpShow,                   nullptr},
+    {"SHOW ASR",                  HelpShowASR,                do_show_asr},
+    {"SHOW ASSET",                HelpShowAsset,              do_show_asset},
+    {"SHOW BOOT",                 HelpShowBoot,               do_show_boot},
+    {"SHOW DIMM",                 HelpShowDimm,               do_show_dimm},
+    {"SHOW EAAS",                 HelpShowEaas,               do_show_eaas},
+    {"SHOW F1",                   HelpShowF1,                 do_show_f1},
+    {"SHOW FAN",                  HelpShowFans,               do_show_fans},
+    {"SHOW FANS",                 HelpShowFans,               do_show_fans, "SHOW FAN"},
+    {"SHOW HLOG",                 HelpShowHlog,               do_show_hlog},
+    {"SHOW HT",                   HelpShowHT,                 do_show_ht},
+    {"SHOW IPL",                  HelpShowIpl,                do_show_ipl},
+    {"SHOW NAME",                 HelpShowName,               do_show_name},
+    {"SHOW NIC",                  HelpShowNIC,                do_show_nic},
+    {"SHOW PORTMAP",              HelpShowPortMap,            do_show_nic_port_mapping},
+    {"SHOW POWERSUPPLY",          HelpShowPS,                 do_show_powersupply},
+    {"SHOW SERIAL",               HelpShowSerial,             nullptr},
+    {"SHOW SERIAL BIOS",          HelpShowBiosSerial,         do_show_bios_serial_port},
+    {"SHOW SERIAL EMBEDDED",      HelpShowEmbeddedSerial,     do_show_embedded_serial_port},
+    {"SHOW SERIAL VIRTUAL",       HelpShowVsp,                do_show_vsp},
+    {"SHOW SERVER",               HelpShowServer,             do_show_server},
+    {"SHOW TEMP",                 HelpShowTemp,               do_show_temp},
+    {"SHOW UID",                  HelpShowUID,                do_show_uid},
+    {"SHOW VERSIONS",             HelpShowVers,               do_show_versions},
+    {"SHOW WOL",                  HelpShowWol,                do_show_wol},
+};
+// clang-format on
+
+// The node at the end of a path of length characters; null when a word of it is no node.
+CmdType* FindNode(const char* path, size_t length) {
+    CmdType* node = Cmds;
+    while (length > 0 && node != nullptr) {
+        const char* blank = static_cast<const char*>(std::memchr(path, ' ', length));
+        const size_t word = blank != nullptr ? static_cast<size_t>(blank - path) : length;
+        node = node->Sub;
+        while (node != nullptr &&
+               (std::strlen(node->Token) != word || std::memcmp(node->Token, path, word) != 0)) {
+            node = node->Next;
+        }
+        const size_t step = blank != nullptr ? word + 1 : word;
+        path += step;
+        length -= step;
+    }
+    return node;
+}
+
+void AppendRow(const CommandRow& row) {
+    const char* blank = std::strrchr(row.path, ' ');
+    CmdType* parent = blank != nullptr ? FindNode(row.path, static_cast<size_t>(blank - row.path)) : Cmds;
+    CmdType* synonym =
+        row.synonym_of != nullptr ? FindNode(row.synonym_of, std::strlen(row.synonym_of)) : nullptr;
+    AppendCmd(parent, blank != nullptr ? blank + 1 : row.path, synonym, row.help, row.function);
+}
+
+}  // namespace
+
+void CreateCommands(void) {
+    Cmds = NewCommandNode("Top Level of Command Tree", nullptr, HelpRoot, nullptr);
+    for (const CommandRow& row : kCommands) AppendRow(row);
+    PropagateSynonyms(Cmds);
+}

@@ -1,0 +1,37 @@
+// The tree of keywords: a command is the path of tokens from the top level down to a node. Built once at
+// start-up, then only read; its nodes are never freed.
+#pragma once
+
+#include "cli/parse/input_line.h"
+
+struct CmdType {
+    const char* Token;  // upper case
+    const char* Help;   // begins with "USAGE:", but for the root's; nodes that share a text share the pointer
+    CmdType* Synonym;   // the node that this one stands for, or null
+    CommandHandler Function;  // runs when a line ends at this node; null at the root only
+    CmdType* Sub;             // first child, in ascending order of the tokens' bytes
+    CmdType* Next;            // next sibling
+};
+
+// The root, above the top-level commands.
+extern CmdType* Cmds;
+
+// The node that the last dispatch reached; null when nothing matched. A handler reads its help text here.
+extern CmdType* current_command;
+
+// A node outside any tree, without children. Texts are kept by pointer. No memory for it ends the process
+// with status 1.
+CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, CommandHandler Function);
+
+// Adds a child in its sorted place. Cmd: the parent. Synonym: the node that the new one stands for, or null.
+// Function: null for an inner node, which then lists its children.
+// Result: the new node. A token that the parent already has, or no memory, ends the process with status 1.
+CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char* Help,
+                   CommandHandler Function);
+
+// Gives every synonym below Cmd the children of the node that it stands for.
+void PropagateSynonyms(CmdType* Cmd);
+
+// Prints the tree below cmds, a line a token, depth TABs deep; siblings that share one help text and follow
+// each other stand on one line, joined by " | ".
+void Print_Tree(CmdType* cmds, int depth);

@@ -1,0 +1,51 @@
+// The event device's request block and the header that begins every entry of the firmware's event log.
+// Little-endian, as the driver has them. What follows the header: event_payloads.h.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+constexpr int kEventLogRequest = 81;  // the cevt device's one request code
+
+enum EventLogChoice : int32_t { kReadEvent = 2, kClearEvents = 5 };  // LOG_INFO::choice
+
+// Stands in front of every request; naturally aligned, unlike the entries.
+struct LOG_INFO {
+    uint32_t length;     // bytes of the whole request buffer, this block included
+    int32_t choice;      // an EventLogChoice
+    int32_t match_code;  // always 0
+    int32_t EvtNumber;   // a read starts its search at this event number
+};
+using PLOG_INFO = LOG_INFO*;
+static_assert(sizeof(LOG_INFO) == 16, "as the driver has it");
+
+#pragma pack(push, 1)
+
+struct EVT_TIME_STAMP {  // binary, not BCD
+    uint8_t bCentury;    // 20 for 2006
+    uint8_t bYear;       // within the century
+    uint8_t bMonth;      // 1 to 12
+    uint8_t bDay;
+    uint8_t bHour;  // 0 to 23
+    uint8_t bMinute;
+};
+using PEVT_TIME_STAMP = EVT_TIME_STAMP*;
+static_assert(sizeof(EVT_TIME_STAMP) == 6, "as the firmware has it");
+
+struct EVT_HEADER {
+    uint16_t wEvtLength;   // bytes of the whole entry, this header included
+    uint32_t dwEvtNumber;  // at an odd place: read it as a member, never through a uint32_t*
+    uint8_t bHdrRev;
+    uint8_t bSeverity;  // 2, 3 informational; 6 repaired; 9 caution; 15 critical
+    uint16_t wClass;    // 0 to 34
+    uint16_t wCode;     // within the class
+    EVT_TIME_STAMP InitTime;
+    EVT_TIME_STAMP UpdateTime;
+    uint32_t dwCount;
+};
+using PEVT_HEADER = EVT_HEADER*;
+static_assert(sizeof(EVT_HEADER) == 28 && offsetof(EVT_HEADER, dwEvtNumber) == 2 &&
+                  offsetof(EVT_HEADER, wClass) == 8 && offsetof(EVT_HEADER, UpdateTime) == 18,
+              "as the firmware has it");
+
+#pragma pack(pop)

@@ -1,0 +1,18 @@
+// The physical-memory device, /dev/xsvc: a file whose offsets are physical addresses.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+
+// Opens the device for reading and writing. Result: a descriptor, or -1 with errno set.
+int xsvc_open(void);
+
+// Maps length bytes of the device from a physical address; both are whole pages. The mapping outlives the
+// descriptor and belongs to the caller. Result: its first byte; null with errno set when it is refused.
+void* xsvc_map(int fd, off_t address, size_t length);
+
+// Ends a mapping of xsvc_map, whole pages as it was made.
+void xsvc_unmap(void* mapping, size_t length);
+
+void xsvc_close(int fd);

@@ -1,0 +1,34 @@
+// The platform information and control library, as far as the program uses it: a tree of nodes that
+// describes the hardware, each node with a class and named properties. All results are picl_errno_t.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+using picl_nodehdl_t = uint64_t;
+
+enum picl_errno_t : int {
+    PICL_SUCCESS = 0,
+    PICL_FAILURE = 1,
+    PICL_NOTINITIALIZED = 4,
+    PICL_INVALIDARG = 5,
+    PICL_VALUETOOBIG = 6,
+    PICL_PROPNOTFOUND = 7,
+    PICL_INVALIDHANDLE = 15,
+    PICL_WALK_CONTINUE = 24,   // a callback's result: go on with the next node
+    PICL_WALK_TERMINATE = 25,  // a callback's result: the walk is over, and succeeded
+};
+
+// Connects to the service.
+int picl_initialize(void);
+
+// Stores the handle of the tree's root in *node.
+int picl_get_root(picl_nodehdl_t* node);
+
+// Calls callback(node, arg) for each node of the class below root, parents before their children, until a
+// callback returns something other than PICL_WALK_CONTINUE.
+int picl_walk_tree_by_class(picl_nodehdl_t root, const char* class_name, void* arg,
+                            int (*callback)(picl_nodehdl_t node, void* arg));
+
+// Copies a property's value into value, a buffer of size bytes. PICL_VALUETOOBIG when it doesn't fit.
+int picl_get_propval_by_name(picl_nodehdl_t node, const char* name, void* value, size_t size);

@@ -1,0 +1,15 @@
+// The health driver's request library, as the program sees it. The driver offers four device files under
+// /dev/zethealth: cdt (data tables), cevt (event log), casr (recovery timer) and crom (ROM variables).
+#pragma once
+
+// Opens a device file. path: one of the four, zero-terminated. mode: 2, reading and writing.
+// Result: a descriptor, 0 or more; -1 with errno set when the device can't be opened.
+int vxOpenRequest(char* path, int mode);
+
+// Sends one request. code: the request's number on that device. arg: the device's request block, which the
+// driver reads, and into which (or into the buffer that it names) the driver writes; owned by the caller.
+// Result: 0 or the request's status, above 0; -1 with errno set when the call itself failed.
+int vxIoctlRequest(int fd, int code, void* arg);
+
+// Gives a descriptor back. A descriptor that isn't open is ignored.
+void vxCloseRequest(int fd);

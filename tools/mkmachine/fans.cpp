@@ -1,0 +1,105 @@
+#include <vector>
+
+#include "include/fan_records.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+enum State : unsigned { kAbsent = 0, kPresent = 1, kFailed = 2, kRedundant = 4 };  // DEVICE_STATE_FLAGS
+enum Zone : unsigned {
+    kSystem = 0,
+    kIo = 2,
+    kCpu = 3,
+    kMemory = 4,
+    kScsi = 5,
+    kSupply = 7,
+    kExhaust = 11,
+    kVirtual = 15
+};
+enum Speed : unsigned { kUnknown = 0, kNormal = 1, kHigh = 2, kOff = 3 };
+constexpr int kNoPercent = -1;
+
+struct Fan {
+    unsigned state;
+    Zone zone;
+    unsigned instance;  // of the zone
+    Speed speed;
+    int percent;  // of maximum, or kNoPercent
+    bool hot_plug;
+    unsigned partner;  // and redundancy group
+    bool older_record;
+};
+
+// clang-format off
+const std::vector<Fan> kTr500k2Fans = {
+    {kPresent | kRedundant,            kSystem,  0, kNormal,   35, true,  2, false},
+    {kPresent | kRedundant,            kSystem,  0, kNormal,   35, true,  1, false},
+    {kPresent,                         kCpu,     1, kHigh,    100, true,  0, false},
+    {kPresent | kFailed,               kCpu,     2, kOff,       0, true,  0, false},
+    {kPresent,                         kCpu,     0, kNormal,   40, false, 0, false},
+    {kPresent,                         kMemory,  0, kOff,       0, true,  0, false},
+    {kPresent,                         kIo,      0, kUnknown, kNoPercent, false, 0, false},
+    {kAbsent,                          kScsi,    0, kOff,     kNoPercent, true,  0, false},
+    {kAbsent | kFailed,                kSupply,  0, kOff,     kNoPercent, false, 0, false},
+    {kPresent,                         kExhaust, 0, kHigh,     85, false, 0, false},
+    {kPresent,                         kVirtual, 0, kNormal,   50, false, 0, false},
+};
+const std::vector<Fan> kTr300Fans = {
+    {kPresent | kRedundant, kSystem, 0, kNormal, 45,         false, 2, true},
+    {kPresent | kRedundant, kSystem, 0, kNormal, 45,         false, 1, true},
+    {kPresent,              kCpu,    1, kHigh,   90,         false, 0, true},
+    {kPresent,              kIo,     0, kNormal, kNoPercent, false, 0, false},
+    {kAbsent,               kSupply, 0, kOff,    kNoPercent, false, 0, false},
+};
+const std::vector<Fan> kBx20Fans = {
+    {kPresent | kRedundant, kVirtual, 0, kNormal, 40, false, 1, false},
+};
+// clang-format on
+
+const std::vector<Fan>& FansOf(ModelId model) {
+    switch (model) {
+        case ModelId::Tr500k2: return kTr500k2Fans;
+        case ModelId::Tr300: return kTr300Fans;
+        default: return kBx20Fans;
+    }
+}
+
+void AddFan(MachineBuilder& machine, int index, const Fan& fan) {
+    const bool present = (fan.state & kPresent) != 0;
+    const bool redundant = (fan.state & kRedundant) != 0;
+    if (fan.older_record) {
+        FANDDATA older{};
+        older.ucPresent = present;
+        older.ucRedundant = redundant;
+        older.ucRedundantPartner = static_cast<uint8_t>(fan.partner);
+        machine.Table(kFanDataTable, index, 0, older);
+    }
+
+    COMMONFEATUREINFO feature{};
+    feature.ucDataAvailable = 1;
+    feature.DeviceState.usDeviceState = static_cast<uint16_t>(fan.state);
+    feature.ucId = static_cast<uint8_t>(index + 1);
+    feature.Location.s1.bits_ZoneType = fan.zone & 31;
+    feature.Location.s1.bits_InstanceOfZoneType = fan.instance & 31;
+    feature.RedGroup.s1.bit_RedundantCapable = redundant;
+    feature.RedGroup.s1.bits_RedundantGroupId = fan.partner & 31;
+    machine.Table(kFanFeatureTable, index, 0, feature);
+
+    FANBASIC basic{};
+    basic.ucDataAvailable = 1;
+    basic.FanDescriptor.s1.bit_HotPlug = fan.hot_plug;
+    basic.ucSpeedStateIsValid = 1;
+    basic.ucSpeedState = static_cast<uint8_t>(fan.speed);
+    basic.ucSpeedPctIsValid = fan.percent != kNoPercent;
+    basic.ucSpeedPct = static_cast<uint8_t>(fan.percent != kNoPercent ? fan.percent : 0);
+    machine.Table(kFanBasicTable, index, 0, basic);
+}
+
+}  // namespace
+
+void AddFans(MachineBuilder& machine, ModelId model) {
+    const std::vector<Fan>& fans = FansOf(model);
+    const auto count = static_cast<uint8_t>(fans.size());
+    machine.Table(kFanHeaderTable, 0, 0, FANHEADER{count, 1, 1, count});
+    for (size_t i = 0; i < fans.size(); ++i) AddFan(machine, static_cast<int>(i), fans[i]);
+}

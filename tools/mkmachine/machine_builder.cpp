@@ -1,0 +1,58 @@
+#include "tools/mkmachine/machine_builder.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace {
+
+[[noreturn]] void FailOn(const std::string& path) {
+    throw std::system_error(errno, std::generic_category(), path);
+}
+
+// Writes bytes into a file at an offset; flags as for open().
+void WriteFile(const std::string& path, int flags, const std::string& bytes, off_t offset = 0) {
+    const int fd = open(path.c_str(), flags | O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
+    if (fd < 0) FailOn(path);
+    size_t written = 0;
+    if (offset != 0 && lseek(fd, offset, SEEK_SET) < 0) FailOn(path);
+    while (written < bytes.size()) {
+        const ssize_t count = write(fd, bytes.data() + written, bytes.size() - written);
+        if (count < 0) FailOn(path);
+        written += static_cast<size_t>(count);
+    }
+    if (close(fd) != 0) FailOn(path);
+}
+
+}  // namespace
+
+MachineBuilder::MachineBuilder(std::string directory) : directory_(std::move(directory)) {
+    for (const char* device : {"/cdt", "/casr", "/crom", "/cevt"}) {
+        std::filesystem::create_directories(directory_ + device);
+    }
+    Write("cevt/hlog", "");
+}
+
+void MachineBuilder::Write(const std::string& path, const std::string& bytes) {
+    WriteFile(directory_ + "/" + path, O_TRUNC, bytes);
+}
+
+void MachineBuilder::Append(const std::string& path, const std::string& bytes) {
+    WriteFile(directory_ + "/" + path, O_APPEND, bytes);
+}
+
+void MachineBuilder::Remove(const std::string& path) {
+    std::filesystem::remove_all(directory_ + "/" + path);
+}
+
+void MachineBuilder::PhysicalMemory(uint64_t address, const std::string& bytes) {
+    WriteFile(directory_ + "/xsvc", 0, bytes, static_cast<off_t>(address));
+}
+
+std::string MachineBuilder::TableFile(int type, int index, int index2) {
+    return "cdt/" + std::to_string(type) + "." + std::to_string(index) + "." + std::to_string(index2);
+}

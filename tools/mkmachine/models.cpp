@@ -1,0 +1,24 @@
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+constexpr Model kModels[] = {
+    {ModelId::Tr500k2, "tr500k2", "Corvex TR500 K2"},  // everything
+    {ModelId::Tr300, "tr300", "Corvex TR300"},         // an ordinary server with an older driver
+    {ModelId::Bx20, "bx20", "Corvex BX20"},            // a blade
+};
+
+}  // namespace
+
+const Model* FindModel(const std::string& name) {
+    for (const Model& model : kModels) {
+        if (name == model.name) return &model;
+    }
+    return nullptr;
+}
+
+void MakeMachine(const Model& model, const std::string& directory) {
+    MachineBuilder machine(directory);
+    machine.Asr(true);
+    AddFans(machine, model.id);
+}

@@ -1,0 +1,23 @@
+// The machines that mkmachine knows how to make.
+#pragma once
+
+#include <string>
+
+#include "tools/mkmachine/machine_builder.h"
+
+enum class ModelId { Tr500k2, Tr300, Bx20 };
+
+struct Model {
+    ModelId id;
+    const char* name;          // as --model takes it
+    const char* product_name;  // as SMBIOS gives it
+};
+
+// The model of a name; null when there is none. The default is the first, tr500k2.
+const Model* FindModel(const std::string& name);
+
+// Builds a model's whole machine in a directory that is empty or doesn't exist. Throws std::system_error.
+void MakeMachine(const Model& model, const std::string& directory);
+
+// The families of facts, a file each.
+void AddFans(MachineBuilder& machine, ModelId model);
