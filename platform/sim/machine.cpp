@@ -1,0 +1,94 @@
+#include "platform/sim/machine.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+constexpr char kDefaultMachine[] = "/var/lib/brant/machine";
+constexpr int kOpenDirectory = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
+const char* MachinePath() {
+    const char* path = std::getenv("BRANT_MACHINE");
+    return path != nullptr && *path != '\0' ? path : kDefaultMachine;
+}
+
+// 0 for a regular file, else why it can't be one's record.
+int Unsuitable(int fd) {
+    struct stat status;
+    if (fstat(fd, &status) != 0) return errno;
+    if (S_ISREG(status.st_mode)) return 0;
+    return S_ISDIR(status.st_mode) ? EISDIR : ENODEV;
+}
+
+}  // namespace
+
+Descriptor::~Descriptor() {
+    if (fd_ >= 0) close(fd_);
+}
+
+Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
+    std::swap(fd_, other.fd_);
+    return *this;
+}
+
+int Descriptor::Release() {
+    return std::exchange(fd_, -1);
+}
+
+Descriptor OpenMachine() {
+    return Descriptor(open(MachinePath(), kOpenDirectory));
+}
+
+Descriptor OpenDevice(const char* device) {
+    const Descriptor machine = OpenMachine();
+    if (!machine) return Descriptor();
+    return Descriptor(openat(machine.Get(), device, kOpenDirectory));
+}
+
+Descriptor OpenFile(const Descriptor& directory, const char* name) {
+    // Without O_NONBLOCK, opening a FIFO waits for its writer.
+    Descriptor file(openat(directory.Get(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file) return file;
+    const int reason = Unsuitable(file.Get());
+    if (reason == 0) return file;
+    errno = reason;
+    return Descriptor();
+}
+
+int AnswerForMissing() {
+    return errno == ENOENT ? 1 : -errno;
+}
+
+ssize_t ReadAt(const Descriptor& file, void* buffer, size_t size, off_t offset) {
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t count = pread(file.Get(), static_cast<char*>(buffer) + done, size - done,
+                                    offset + static_cast<off_t>(done));
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return -1;
+        if (count == 0) break;
+        done += static_cast<size_t>(count);
+    }
+    return static_cast<ssize_t>(done);
+}
+
+bool ReadWhole(const Descriptor& file, size_t limit, std::string& bytes) {
+    struct stat status;
+    if (fstat(file.Get(), &status) != 0) return false;
+    if (static_cast<uint64_t>(status.st_size) > limit) {
+        errno = EFBIG;
+        return false;
+    }
+    bytes.resize(static_cast<size_t>(status.st_size));
+    const ssize_t count = ReadAt(file, bytes.data(), bytes.size(), 0);
+    if (count < 0) return false;
+    bytes.resize(static_cast<size_t>(count));
+    return true;
+}

@@ -1,0 +1,45 @@
+// The machine directory: every fact about the simulated machine is one ordinary file in it. It may hold
+// anything, so only regular files are read, and never more of one than its reader has a use for.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <string>
+
+// An open file or directory, closed when the scope ends.
+class Descriptor {
+  public:
+    explicit Descriptor(int fd = -1) : fd_(fd) {}
+    ~Descriptor();
+    Descriptor(Descriptor&& other) noexcept : fd_(other.Release()) {}
+    Descriptor& operator=(Descriptor&& other) noexcept;
+
+    explicit operator bool() const { return fd_ >= 0; }
+    int Get() const { return fd_; }
+    int Release();  // gives up ownership
+
+  private:
+    int fd_;
+};
+
+// Opens the machine directory: BRANT_MACHINE, or /var/lib/brant/machine. Empty with errno set on failure.
+Descriptor OpenMachine();
+
+// Opens the directory of one of the machine's devices ("crom"). Empty with errno set on failure.
+Descriptor OpenDevice(const char* device);
+
+// Opens a regular file for reading; waits for nobody. Empty with errno set on failure: ENOENT when there is
+// no such file, EISDIR or ENODEV when the name is something else's.
+Descriptor OpenFile(const Descriptor& directory, const char* name);
+
+// What a request answers when OpenFile has just failed: 1, the driver's "no such thing", or -E.
+int AnswerForMissing();
+
+// Reads from an offset into buffer until it has size bytes or the file ends. Result: bytes read; -1 with
+// errno.
+ssize_t ReadAt(const Descriptor& file, void* buffer, size_t size, off_t offset);
+
+// Reads a whole file. limit: the largest size in bytes that makes sense. False with errno set on failure:
+// EFBIG when the file is larger. Throws std::bad_alloc.
+bool ReadWhole(const Descriptor& file, size_t limit, std::string& bytes);
