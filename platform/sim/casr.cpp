@@ -1,0 +1,52 @@
+// The recovery timer: one file, `enabled`, a number that is nonzero when it runs.
+#include <cerrno>
+#include <climits>
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+#include "platform/sim/change.h"
+#include "platform/sim/devices.h"
+#include "platform/sim/machine.h"
+#include "platform/sim/numbers.h"
+
+namespace {
+
+enum AsrRequest : int { kDisable = 3, kEnable = 4, kReadState = 6 };
+constexpr char kStateFile[] = "enabled";
+constexpr size_t kLongestNumber = 32;  // bytes of the file
+
+bool Describe(int code, const void* block, Call& call) {
+    call.Subject("casr %d", code);
+    return code == kDisable || code == kEnable || (code == kReadState && block != nullptr);
+}
+
+int ReadState(void* block) {
+    const Descriptor file = OpenFile(OpenDevice(kCasr.name), kStateFile);
+    if (!file) return AnswerForMissing();
+    std::string text;
+    if (!ReadWhole(file, kLongestNumber, text)) return -errno;
+    if (!text.empty() && text.back() == '\n') text.pop_back();
+
+    uint64_t number = 0;
+    if (!ReadNumber(text, INT_MAX, number)) return -EINVAL;
+    const auto state = static_cast<int32_t>(number);
+    std::memcpy(block, &state, sizeof state);
+    return 0;
+}
+
+int SetState(const char* text) {
+    const Change change(kCasr.name);
+    if (!change) return -errno;
+    if (!OpenFile(change.Directory(), kStateFile)) return AnswerForMissing();
+    return change.Replace(kStateFile, text);
+}
+
+int Request(int code, void* block) {
+    if (code == kReadState) return ReadState(block);
+    return SetState(code == kEnable ? "1\n" : "0\n");
+}
+
+}  // namespace
+
+const Device kCasr = {"casr", "/dev/zethealth/casr", Describe, Request};

@@ -1,0 +1,73 @@
+// The data tables: one file a record, named by the three numbers of the request.
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <string>
+
+#include "include/data_tables.h"
+#include "platform/sim/change.h"
+#include "platform/sim/devices.h"
+#include "platform/sim/machine.h"
+
+namespace {
+
+constexpr DataTableType kIndicatorTable = 1503;
+constexpr size_t kLargestIndicator = size_t{1} << 16;  // bytes of its record
+constexpr size_t kStateOffset = 1;                     // of ucCurrState in it
+
+// What a request does to an indicator: CRUSubfunction, with CRUFunction 1.
+enum IndicatorControl : uint8_t { kTurnOn = 1, kTurnOff = 2, kReport = 4 };
+
+struct RecordName {
+    char text[24];
+    explicit RecordName(const DT_IOCTL_HEADER& header) {
+        std::snprintf(text, sizeof text, "%u.%u.%u", header.DT_Type, header.Index, header.Index2);
+    }
+};
+
+bool Describe(int code, const void* block, Call& call) {
+    if (code != kDataTableRequest || block == nullptr) return false;
+    const DT_IOCTL_HEADER& header = static_cast<const DT_IOCTL*>(block)->DtHdr;
+    call.Subject("cdt %s", RecordName(header).text);
+    call.Detail(" size=%u cru=%u.%u", header.size, header.CRUFunction, header.CRUSubfunction);
+    return true;
+}
+
+int Report(const DT_IOCTL& block) {
+    const Descriptor file = OpenFile(OpenDevice(kCdt.name), RecordName(block.DtHdr).text);
+    if (!file) return AnswerForMissing();
+    return ReadAt(file, block.pData, block.DtHdr.size, 0) < 0 ? -errno : 0;
+}
+
+// Stores an indicator's new state.
+int SetIndicator(const DT_IOCTL& block, char state) {
+    const RecordName name(block.DtHdr);
+    const Change change(kCdt.name);
+    if (!change) return -errno;
+    const Descriptor file = OpenFile(change.Directory(), name.text);
+    if (!file) return AnswerForMissing();
+
+    std::string record;
+    if (!ReadWhole(file, kLargestIndicator, record)) return -errno;
+    record.resize(std::max(record.size(), kStateOffset + 1));
+    record[kStateOffset] = state;
+    return change.Replace(name.text, record);
+}
+
+int ControlIndicator(const DT_IOCTL& block) {
+    const uint8_t control = block.DtHdr.CRUSubfunction;
+    const bool known = control == kReport || control == kTurnOn || control == kTurnOff;
+    if (block.DtHdr.CRUFunction != 1 || !known) return 1;
+    const int stored = control == kReport ? 0 : SetIndicator(block, control == kTurnOn ? 1 : 0);
+    return stored != 0 ? stored : Report(block);
+}
+
+int Request(int, void* arg) {
+    const DT_IOCTL& block = *static_cast<const DT_IOCTL*>(arg);
+    if (block.pData == nullptr && block.DtHdr.size != 0) return -EFAULT;
+    return block.DtHdr.DT_Type == kIndicatorTable ? ControlIndicator(block) : Report(block);
+}
+
+}  // namespace
+
+const Device kCdt = {"cdt", "/dev/zethealth/cdt", Describe, Request};

@@ -1,0 +1,63 @@
+// The event log: one file, `hlog`, of entries one after the other.
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+
+#include "include/event_log.h"
+#include "platform/sim/change.h"
+#include "platform/sim/devices.h"
+#include "platform/sim/event_index.h"
+#include "platform/sim/machine.h"
+
+namespace {
+
+constexpr char kLogFile[] = "hlog";
+enum Status : int { kOk = 0, kEndOfLog = 1, kTooSmall = 3 };
+
+bool Describe(int code, const void* arg, Call& call) {
+    if (code != kEventLogRequest || arg == nullptr) return false;
+    const auto& block = *static_cast<const LOG_INFO*>(arg);
+    switch (block.choice) {
+        case kReadEvent: call.Subject("cevt read %u", static_cast<uint32_t>(block.EvtNumber)); break;
+        case kClearEvents: call.Subject("cevt clear"); break;
+        default: call.Subject("cevt choice=%d", block.choice); break;
+    }
+    call.Detail(" length=%u", block.length);
+    return true;
+}
+
+// entry: where the reply goes, behind the block.
+int Read(const LOG_INFO& block, void* entry) {
+    static EventIndex index;
+    const Descriptor log = OpenFile(OpenDevice(kCevt.name), kLogFile);
+    if (!log) return AnswerForMissing();
+    const int followed = index.Follow(log);
+    if (followed != 0) return followed;
+
+    const EventPlace* const place = index.Find(static_cast<uint32_t>(block.EvtNumber));
+    if (place == nullptr) return kEndOfLog;
+    if (block.length < sizeof block || block.length - sizeof block < place->length) return kTooSmall;
+    uint8_t bytes[UINT16_MAX];
+    const ssize_t count = ReadAt(log, bytes, place->length, place->offset);
+    if (count != place->length) return count < 0 ? -errno : -EIO;
+    std::memcpy(entry, bytes, place->length);
+    return kOk;
+}
+
+int Clear() {
+    const Change change(kCevt.name);
+    return change ? change.Replace(kLogFile, {}) : -errno;
+}
+
+int Request(int, void* arg) {
+    const LOG_INFO& block = *static_cast<const LOG_INFO*>(arg);
+    switch (block.choice) {
+        case kReadEvent: return Read(block, static_cast<uint8_t*>(arg) + sizeof block);
+        case kClearEvents: return Clear();
+        default: return -EINVAL;
+    }
+}
+
+}  // namespace
+
+const Device kCevt = {"cevt", "/dev/zethealth/cevt", Describe, Request};

@@ -1,0 +1,87 @@
+// The ROM variables: one file each, the variable's bytes.
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include "include/rom_variables.h"
+#include "platform/sim/change.h"
+#include "platform/sim/devices.h"
+#include "platform/sim/machine.h"
+
+namespace {
+
+constexpr size_t kLargestValue = size_t{1} << 20;  // bytes; what a write keeps behind its own bytes counts
+
+size_t NameLength(const EV_IOCTL_STRUCT& block) {
+    return strnlen(block.EvName, sizeof block.EvName);
+}
+
+bool IsNameLetter(char letter) {
+    return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z') ||
+           (letter >= '0' && letter <= '9') || letter == '_' || letter == '-';
+}
+
+// Whether the name may become a file's, so that no request reaches outside the directory.
+bool IsName(const EV_IOCTL_STRUCT& block) {
+    const size_t length = NameLength(block);
+    return length > 0 && length < sizeof block.EvName &&
+           std::all_of(block.EvName, block.EvName + length, IsNameLetter);
+}
+
+// The bytes that a write brings, in lower-case hexadecimal.
+struct Hexadecimal {
+    char text[2 * sizeof EV_IOCTL_STRUCT::DataBuffer + 1];
+    explicit Hexadecimal(const EV_IOCTL_STRUCT& block) {
+        constexpr char kDigits[] = "0123456789abcdef";
+        char* next = text;
+        const size_t size = std::min<size_t>(block.DataLength, sizeof block.DataBuffer);
+        for (size_t i = 0; i < size; ++i) {
+            *next++ = kDigits[block.DataBuffer[i] >> 4];
+            *next++ = kDigits[block.DataBuffer[i] & 15];
+        }
+        *next = '\0';
+    }
+};
+
+bool Describe(int code, const void* arg, Call& call) {
+    if (arg == nullptr || (code != kReadVariable && code != kWriteVariable)) return false;
+    const auto& block = *static_cast<const EV_IOCTL_STRUCT*>(arg);
+    call.Subject("crom %s %.*s", code == kReadVariable ? "read" : "write",
+                 static_cast<int>(NameLength(block)), block.EvName);
+    if (code == kReadVariable) {
+        call.Detail(" length=%u", block.DataLength);
+    } else {
+        call.Detail(" length=%u data=%s", block.DataLength, Hexadecimal(block).text);
+    }
+    return true;
+}
+
+int Read(EV_IOCTL_STRUCT& block) {
+    const Descriptor file = OpenFile(OpenDevice(kCrom.name), block.EvName);
+    if (!file) return AnswerForMissing();
+    return ReadAt(file, block.DataBuffer, block.DataLength, 0) < 0 ? -errno : 0;
+}
+
+int Write(const EV_IOCTL_STRUCT& block) {
+    const Change change(kCrom.name);
+    if (!change) return -errno;
+
+    std::string value;
+    const Descriptor file = OpenFile(change.Directory(), block.EvName);
+    if (file ? !ReadWhole(file, kLargestValue, value) : errno != ENOENT) return -errno;
+
+    value.resize(std::max<size_t>(value.size(), block.DataLength));
+    std::memcpy(value.data(), block.DataBuffer, block.DataLength);
+    return change.Replace(block.EvName, value);
+}
+
+int Request(int code, void* arg) {
+    auto& block = *static_cast<EV_IOCTL_STRUCT*>(arg);
+    if (!IsName(block) || block.DataLength > sizeof block.DataBuffer) return 1;
+    return code == kReadVariable ? Read(block) : Write(block);
+}
+
+}  // namespace
+
+const Device kCrom = {"crom", "/dev/zethealth/crom", Describe, Request};

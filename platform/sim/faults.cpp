@@ -1,0 +1,177 @@
+#include "platform/sim/faults.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstring>
+#include <new>
+
+#include "platform/sim/devices.h"
+#include "platform/sim/machine.h"
+#include "platform/sim/numbers.h"
+
+namespace {
+
+constexpr size_t kLargestFile = size_t{1} << 20;  // bytes
+constexpr char kAnyEvent[] = "cevt read *";
+constexpr std::string_view kEventRead = "cevt read ";
+
+// Reads the operand of a fault and writes it as a call's subject has it. False when it isn't one.
+using ReadOperand = bool (*)(std::string_view text, std::string& subject);
+
+bool AppendNumber(std::string_view text, uint64_t largest, std::string& subject) {
+    uint64_t number = 0;
+    if (!ReadNumber(text, largest, number)) return false;
+    subject += std::to_string(number);
+    return true;
+}
+
+bool DeviceName(std::string_view text, std::string& subject) {
+    subject += text;
+    return FindDeviceByName(text) != nullptr;
+}
+
+bool TableName(std::string_view text, std::string& subject) {
+    const size_t first = text.find('.');
+    const size_t second = first == text.npos ? text.npos : text.find('.', first + 1);
+    if (second == text.npos) return false;
+    if (!AppendNumber(text.substr(0, first), UINT16_MAX, subject)) return false;
+    subject += '.';
+    if (!AppendNumber(text.substr(first + 1, second - first - 1), UINT8_MAX, subject)) return false;
+    subject += '.';
+    return AppendNumber(text.substr(second + 1), UINT8_MAX, subject);
+}
+
+bool Code(std::string_view text, std::string& subject) {
+    return AppendNumber(text, INT_MAX, subject);
+}
+
+bool VariableName(std::string_view text, std::string& subject) {
+    subject += text;
+    return !text.empty() && text.find(' ') == text.npos;
+}
+
+bool EventNumber(std::string_view text, std::string& subject) {
+    if (text != "*") return AppendNumber(text, UINT32_MAX, subject);
+    subject += text;
+    return true;
+}
+
+bool Address(std::string_view text, std::string& subject) {
+    uint64_t address = 0;
+    char words[24];
+    if (!ReadNumber(text, INT64_MAX, address)) return false;
+    std::snprintf(words, sizeof words, "0x%08llx", static_cast<unsigned long long>(address));
+    subject += words;
+    return true;
+}
+
+bool RequestNumber(std::string_view text, std::string& subject) {
+    uint64_t number = 0;
+    return ReadNumber(text, ULONG_MAX, number) && number != 0 && AppendNumber(text, ULONG_MAX, subject);
+}
+
+struct Form {
+    std::string_view words;
+    ReadOperand operand;  // null: none follows
+    int lowest, highest;  // result
+};
+
+constexpr int kNegative = -INT_MAX;
+
+// clang-format off
+constexpr Form kForms[] = {
+    {"open",            DeviceName,    kNegative, -1},
+    {"cdt",             TableName,     kNegative, INT_MAX},
+    {"casr",            Code,          kNegative, INT_MAX},
+    {"crom read",       VariableName,  kNegative, INT_MAX},
+    {"crom write",      VariableName,  kNegative, INT_MAX},
+    {"cevt read",       EventNumber,   kNegative, INT_MAX},
+    {"cevt clear",      nullptr,       kNegative, INT_MAX},
+    {"xsvc open",       nullptr,       kNegative, -1},
+    {"xsvc map",        Address,       kNegative, -1},
+    {"picl initialize", nullptr,       1,         INT_MAX},
+    {"picl root",       nullptr,       1,         INT_MAX},
+    {"request",         RequestNumber, kNegative, INT_MAX},
+};
+// clang-format on
+
+bool StartsWith(std::string_view text, std::string_view start) {
+    return text.substr(0, start.size()) == start;
+}
+
+// Reads what goes wrong into the subject of the calls that it means. False when it has none of the forms.
+bool ReadWhat(std::string_view what, const Form& form, std::string& subject) {
+    if (!StartsWith(what, form.words)) return false;
+    subject = form.words;
+    what.remove_prefix(form.words.size());
+    if (form.operand == nullptr) return what.empty();
+    if (!StartsWith(what, " ")) return false;
+    subject += ' ';
+    return form.operand(what.substr(1), subject);
+}
+
+bool ReadResult(std::string_view text, const Form& form, int& result) {
+    const bool negative = StartsWith(text, "-");
+    uint64_t number = 0;
+    if (!ReadNumber(text.substr(negative ? 1 : 0), INT_MAX, number)) return false;
+    result = static_cast<int>(number);
+    if (negative) result = -result;
+    return result >= form.lowest && result <= form.highest;
+}
+
+}  // namespace
+
+Faults::Faults() {
+    const Descriptor machine = OpenMachine();
+    if (!machine) return;
+    const Descriptor file = OpenFile(machine, "faults");
+    if (!file && errno == ENOENT) return;
+    if (!file || !Read(file)) std::fprintf(stderr, "simulated machine: faults: %s\n", std::strerror(errno));
+}
+
+bool Faults::Read(const Descriptor& file) try {
+    std::string text;
+    if (!ReadWhole(file, kLargestFile, text)) return false;
+
+    int number = 0;
+    for (size_t begin = 0; begin < text.size();) {
+        const size_t end = std::min(text.find('\n', begin), text.size());
+        const std::string_view line = std::string_view(text).substr(begin, end - begin);
+        begin = end + 1;
+        ++number;
+        if (line.empty() || line[0] == '#' || ReadLine(line)) continue;
+        std::fprintf(stderr, "simulated machine: faults: line %d can't be read\n", number);
+    }
+    return true;
+} catch (const std::bad_alloc&) {
+    errno = ENOMEM;
+    return false;
+}
+
+bool Faults::ReadLine(std::string_view line) {
+    const size_t blank = line.rfind(' ');
+    if (blank == line.npos) return false;
+    Fault fault;
+    for (const Form& form : kForms) {
+        if (!ReadWhat(line.substr(0, blank), form, fault.subject)) continue;
+        if (!ReadResult(line.substr(blank + 1), form, fault.result)) return false;
+        faults_.push_back(fault);
+        return true;
+    }
+    return false;
+}
+
+bool Faults::Meets(std::string_view subject, unsigned long request, int* result) const {
+    char place[32] = "";
+    if (request != 0) std::snprintf(place, sizeof place, "request %lu", request);
+    for (const Fault& fault : faults_) {
+        const bool fits = fault.subject == subject || fault.subject == place ||
+                          (fault.subject == kAnyEvent && StartsWith(subject, kEventRead));
+        if (!fits) continue;
+        *result = fault.result;
+        return true;
+    }
+    return false;
+}

@@ -1,0 +1,56 @@
+#include "platform/sim/trace.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/sim/machine.h"
+
+namespace {
+
+constexpr int kLongestLine = 1024;  // the write of a ROM variable: its name and 256 bytes in hexadecimal
+
+// Clear of the standard streams, which may be closed: what the program prints must not end up in the trace.
+int AboveStandardStreams(int fd) {
+    if (fd < 0 || fd > STDERR_FILENO) return fd;
+    const int moved = fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    close(fd);
+    return moved;
+}
+
+int OpenTrace() {
+    const Descriptor machine = OpenMachine();
+    struct stat status;
+    if (!machine || fstatat(machine.Get(), "trace", &status, 0) != 0) return -1;
+
+    int fd = -1;
+    errno = EINVAL;
+    if (S_ISREG(status.st_mode))
+        fd = openat(machine.Get(), "trace", O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) std::fprintf(stderr, "simulated machine: trace: %s\n", std::strerror(errno));
+    return AboveStandardStreams(fd);
+}
+
+}  // namespace
+
+TraceFile::TraceFile() : fd_(OpenTrace()) {}
+
+TraceFile::~TraceFile() {
+    if (fd_ >= 0) close(fd_);
+}
+
+void TraceFile::Append(const char* format, ...) const {
+    if (fd_ < 0) return;
+    char line[kLongestLine];
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = std::vsnprintf(line, sizeof line, format, arguments);
+    va_end(arguments);
+    // One write, so that the lines of two processes don't mix. A full disk costs the line, not the call.
+    if (write(fd_, line, static_cast<size_t>(length)) < 0) return;
+}
