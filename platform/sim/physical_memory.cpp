@@ -1,0 +1,77 @@
+// Physical memory: the machine's file `xsvc`, the byte at offset N being the byte at address N.
+#include "platform/physical_memory.h"
+
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/sim/call.h"
+#include "platform/sim/machine.h"
+
+namespace {
+
+constexpr char kMemoryFile[] = "xsvc";
+
+// Whether the file has all of a range of one byte or more.
+bool Holds(int fd, off_t address, size_t length) {
+    struct stat status;
+    if (fstat(fd, &status) != 0 || address < 0 || address > status.st_size || length == 0) return false;
+    return length <= static_cast<uint64_t>(status.st_size - address);
+}
+
+// Result: 0, or -E.
+int Map(int fd, off_t address, size_t length, void*& mapping) {
+    if (!Holds(fd, address, length)) return -EINVAL;
+    // A copy: a mapping of the file itself would end the process by a signal if the file shrank later.
+    void* const pages = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (pages == MAP_FAILED) return -errno;
+
+    Descriptor file(fd);
+    const ssize_t count = ReadAt(file, pages, length, address);
+    const int reason = count < 0 ? errno : EINVAL;
+    file.Release();
+    if (count == static_cast<ssize_t>(length)) {
+        mapping = pages;
+        return 0;
+    }
+    munmap(pages, length);
+    return -reason;
+}
+
+}  // namespace
+
+int xsvc_open(void) {
+    Call call;
+    call.Subject("xsvc open");
+    Descriptor file;
+    const int result = Perform(call, [&] {
+        file = OpenFile(OpenMachine(), kMemoryFile);
+        return file ? 0 : -errno;
+    });
+    return result < 0 ? Returned(result) : file.Release();
+}
+
+void* xsvc_map(int fd, off_t address, size_t length) {
+    Call call;
+    call.Subject("xsvc map 0x%08llx", static_cast<unsigned long long>(address));
+    call.Detail(" %zu", length);
+    void* mapping = nullptr;
+    Returned(Perform(call, [&] { return Map(fd, address, length, mapping); }));
+    return mapping;
+}
+
+void xsvc_unmap(void* mapping, size_t length) {
+    munmap(mapping, length);
+    Call call;
+    call.Subject("xsvc unmap %zu", length);
+    Trace(call);
+}
+
+void xsvc_close(int fd) {
+    close(fd);
+    Call call;
+    call.Subject("xsvc close");
+    Trace(call);
+}

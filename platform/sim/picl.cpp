@@ -1,0 +1,93 @@
+// The PICL service: the machine's file `picl`, read when a program connects.
+#include "platform/picl.h"
+
+#include <cstring>
+#include <string>
+
+#include "platform/sim/call.h"
+#include "platform/sim/machine.h"
+#include "platform/sim/picl_tree.h"
+
+namespace {
+
+constexpr size_t kLargestTree = size_t{1} << 24;  // bytes
+
+PiclTree& Tree() {
+    static PiclTree tree;
+    return tree;
+}
+
+// A node's handle is its place among the nodes, from 1. Null for a handle that is nobody's.
+const PiclNode* NodeOf(picl_nodehdl_t handle) {
+    const auto& nodes = Tree().Nodes();
+    return handle >= 1 && handle <= nodes.size() ? &nodes[static_cast<size_t>(handle - 1)] : nullptr;
+}
+
+bool IsConnected() {
+    return NodeOf(1) != nullptr;
+}
+
+int Connect() {
+    const Descriptor file = OpenFile(OpenMachine(), "picl");
+    std::string text;
+    if (!file || !ReadWhole(file, kLargestTree, text)) return PICL_FAILURE;
+    return Tree().Read(std::move(text)) ? PICL_SUCCESS : PICL_FAILURE;
+}
+
+int Walk(picl_nodehdl_t root, std::string_view class_name, void* arg,
+         int (*callback)(picl_nodehdl_t, void*)) {
+    if (!IsConnected()) return PICL_NOTINITIALIZED;
+    if (NodeOf(root) == nullptr) return PICL_INVALIDHANDLE;
+    const size_t level = NodeOf(root)->level;
+    picl_nodehdl_t handle = root + 1;
+    for (const PiclNode* node = NodeOf(handle); node != nullptr && node->level > level;
+         node = NodeOf(++handle)) {
+        if (node->class_name != class_name) continue;
+        const int result = callback(handle, arg);
+        if (result == PICL_WALK_TERMINATE) return PICL_SUCCESS;
+        if (result != PICL_WALK_CONTINUE) return result;
+    }
+    return PICL_SUCCESS;
+}
+
+}  // namespace
+
+int picl_initialize(void) {
+    Call call;
+    call.Subject("picl initialize");
+    return Perform(call, Connect, PICL_FAILURE);
+}
+
+int picl_get_root(picl_nodehdl_t* node) {
+    Call call;
+    call.Subject("picl root");
+    return Perform(call, [&]() -> int {
+        if (node == nullptr) return PICL_INVALIDARG;
+        if (!IsConnected()) return PICL_NOTINITIALIZED;
+        *node = 1;
+        return PICL_SUCCESS;
+    });
+}
+
+int picl_walk_tree_by_class(picl_nodehdl_t root, const char* class_name, void* arg,
+                            int (*callback)(picl_nodehdl_t node, void* arg)) {
+    Call call;
+    call.Subject("picl walk %s", class_name != nullptr ? class_name : "");
+    return Perform(call, [&]() -> int {
+        if (class_name == nullptr || callback == nullptr) return PICL_INVALIDARG;
+        return Walk(root, class_name, arg, callback);
+    });
+}
+
+int picl_get_propval_by_name(picl_nodehdl_t node, const char* name, void* value, size_t size) {
+    if (name == nullptr || value == nullptr) return PICL_INVALIDARG;
+    if (!IsConnected()) return PICL_NOTINITIALIZED;
+    const PiclNode* const found = NodeOf(node);
+    if (found == nullptr) return PICL_INVALIDHANDLE;
+
+    uint32_t number = 0;
+    if (!FindProperty(*found, name, number)) return PICL_PROPNOTFOUND;
+    if (size < sizeof number) return PICL_VALUETOOBIG;
+    std::memcpy(value, &number, sizeof number);
+    return PICL_SUCCESS;
+}

@@ -1,0 +1,77 @@
+#include "platform/sim/picl_tree.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/sim/numbers.h"
+
+namespace {
+
+// Takes the next of the words that blanks separate; empty at the end.
+std::string_view TakeWord(std::string_view& text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    const std::string_view word = text.substr(0, text.find(' '));
+    text.remove_prefix(word.size());
+    return word;
+}
+
+// Takes a property apart. False when it isn't NAME=NUMBER.
+bool ReadProperty(std::string_view word, std::string_view& name, uint32_t& value) {
+    const size_t equals = word.find('=');
+    uint64_t number = 0;
+    if (equals == word.npos || equals == 0) return false;
+    if (!ReadNumber(word.substr(equals + 1), UINT32_MAX, number)) return false;
+    name = word.substr(0, equals);
+    value = static_cast<uint32_t>(number);
+    return true;
+}
+
+bool AreProperties(std::string_view text) {
+    for (std::string_view word = TakeWord(text); !word.empty(); word = TakeWord(text)) {
+        std::string_view name;
+        uint32_t value = 0;
+        if (!ReadProperty(word, name, value)) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool PiclTree::Read(std::string text) {
+    nodes_.clear();
+    text_ = std::move(text);
+    for (size_t begin = 0; begin < text_.size();) {
+        const size_t end = std::min(text_.find('\n', begin), text_.size());
+        const std::string_view line = std::string_view(text_).substr(begin, end - begin);
+        begin = end + 1;
+        if (line.empty() || line[0] == '#' || ReadLine(line)) continue;
+        nodes_.clear();
+        break;
+    }
+    return !nodes_.empty();
+}
+
+bool PiclTree::ReadLine(std::string_view line) {
+    const size_t indentation = line.find_first_not_of(' ');
+    if (indentation == line.npos || indentation % 2 != 0) return false;
+    const size_t level = indentation / 2;
+    const bool fits = nodes_.empty() ? level == 0 : level > 0 && level <= nodes_.back().level + 1;
+    if (!fits) return false;
+
+    const std::string_view class_name = TakeWord(line);
+    if (!AreProperties(line)) return false;
+    nodes_.push_back({level, class_name, line});
+    return true;
+}
+
+bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value) {
+    std::string_view text = node.properties;
+    for (std::string_view word = TakeWord(text); !word.empty(); word = TakeWord(text)) {
+        std::string_view found;
+        uint32_t number = 0;
+        if (!ReadProperty(word, found, number) || found != name) continue;
+        value = number;
+        return true;
+    }
+    return false;
+}

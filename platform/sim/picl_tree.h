@@ -1,0 +1,35 @@
+// The machine's file `picl`: one node a line, indented by two blanks a level, its class and then its
+// properties.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct PiclNode {
+    size_t level;                 // 0: the root
+    std::string_view class_name;  // in the tree's text
+    std::string_view properties;  // name=value, separated by blanks; all of them well formed
+};
+
+class PiclTree {
+  public:
+    // Reads the tree. False, with the tree empty, when the text isn't one: no root or a second one, a level
+    // that is skipped or half a level, a property whose value isn't a number of 32 bits. Throws
+    // std::bad_alloc.
+    bool Read(std::string text);
+
+    // The nodes in file order, so that what stands below a node follows it at higher levels.
+    const std::vector<PiclNode>& Nodes() const { return nodes_; }
+
+  private:
+    bool ReadLine(std::string_view line);
+
+    std::string text_;
+    std::vector<PiclNode> nodes_;
+};
+
+// A node's property. False, with value as it was, when it has none of that name.
+bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value);
