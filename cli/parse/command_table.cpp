@@ -1,6 +1,8 @@
 #include "cli/parse/command_table.h"
 
+#include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "cli/fan/fan.h"
 #include "cli/misc-commands/misc_commands.h"
@@ -179,29 +181,21 @@ constexpr CommandRow kCommands[] = {
 };
 // clang-format on
 
-// The node at the end of a path of length characters; null when a word of it is no node.
-CmdType* FindNode(const char* path, size_t length) {
+// The node at the end of a path; null when a word of it is no node.
+CmdType* FindNode(std::string_view path) {
     CmdType* node = Cmds;
-    while (length > 0 && node != nullptr) {
-        const char* blank = static_cast<const char*>(std::memchr(path, ' ', length));
-        const size_t word = blank != nullptr ? static_cast<size_t>(blank - path) : length;
-        node = node->Sub;
-        while (node != nullptr &&
-               (std::strlen(node->Token) != word || std::memcmp(node->Token, path, word) != 0)) {
-            node = node->Next;
-        }
-        const size_t step = blank != nullptr ? word + 1 : word;
-        path += step;
-        length -= step;
+    while (!path.empty() && node != nullptr) {
+        const size_t word = std::min(path.find(' '), path.size());
+        node = FindChild(node, path.substr(0, word));
+        path.remove_prefix(std::min(word + 1, path.size()));
     }
     return node;
 }
 
 void AppendRow(const CommandRow& row) {
     const char* blank = std::strrchr(row.path, ' ');
-    CmdType* parent = blank != nullptr ? FindNode(row.path, static_cast<size_t>(blank - row.path)) : Cmds;
-    CmdType* synonym =
-        row.synonym_of != nullptr ? FindNode(row.synonym_of, std::strlen(row.synonym_of)) : nullptr;
+    CmdType* parent = blank != nullptr ? FindNode({row.path, static_cast<size_t>(blank - row.path)}) : Cmds;
+    CmdType* synonym = row.synonym_of != nullptr ? FindNode(row.synonym_of) : nullptr;
     AppendCmd(parent, blank != nullptr ? blank + 1 : row.path, synonym, row.help, row.function);
 }
 

@@ -44,6 +44,12 @@ CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char
     return node;
 }
 
+CmdType* FindChild(const CmdType* Cmd, std::string_view Token) {
+    CmdType* child = Cmd->Sub;
+    while (child != nullptr && Token != child->Token) child = child->Next;
+    return child;
+}
+
 void PropagateSynonyms(CmdType* Cmd) {
     for (CmdType* child = Cmd->Sub; child != nullptr; child = child->Next) {
         if (child->Synonym != nullptr) child->Sub = child->Synonym->Sub;

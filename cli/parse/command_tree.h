@@ -2,6 +2,8 @@
 // start-up, then only read; its nodes are never freed.
 #pragma once
 
+#include <string_view>
+
 #include "cli/parse/input_line.h"
 
 struct CmdType {
@@ -28,6 +30,22 @@ CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, C
 // Result: the new node. A token that the parent already has, or no memory, ends the process with status 1.
 CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char* Help,
                    CommandHandler Function);
+
+// The child with exactly this token; null when Cmd has none.
+CmdType* FindChild(const CmdType* Cmd, std::string_view Token);
+
+// The deepest node that words name one after the other, from the top level down: the root when the first word
+// is no command. Word: char* or std::string_view, already upper case.
+template <typename Word>
+CmdType* FollowWords(const Word* words, int count) {
+    CmdType* node = Cmds;
+    for (int i = 0; i < count; ++i) {
+        CmdType* child = FindChild(node, words[i]);
+        if (child == nullptr) break;
+        node = child;
+    }
+    return node;
+}
 
 // Gives every synonym below Cmd the children of the node that it stands for.
 void PropagateSynonyms(CmdType* Cmd);
