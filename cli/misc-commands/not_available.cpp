@@ -2,7 +2,6 @@
 #include "cli/fan/fan.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/handler.h"
-#include "cli/parse/help.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/temp/temp.h"
 
@@ -13,13 +12,6 @@ int NotAvailable() {
 }
 
 }  // namespace
-
-int do_help(InputLineType*) {
-    return NotAvailable();
-}
-int Display_Subcommand_Usage(InputLineType*) {
-    return NotAvailable();
-}
 
 int do_show_server(InputLineType*) {
     return NotAvailable();

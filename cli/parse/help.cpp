@@ -1,0 +1,66 @@
+#include "cli/parse/help.h"
+
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+
+#include "cli/parse/command_tree.h"
+
+namespace {
+
+constexpr int kColumns = 80;                          // of the list of commands
+constexpr size_t kUsagePrefix = sizeof "USAGE:" - 1;  // what begins every help text
+constexpr size_t kUsageMax = 199;                     // characters of a usage that are listed
+
+void PrintHelp(const CmdType& node) {
+    std::printf("\n%s", node.Help != nullptr ? node.Help : "(No help available)");
+}
+
+void ListCommands() {
+    int column = kColumns + 20;  // so that the first token opens a line
+    for (const CmdType* node = Cmds->Sub; node != nullptr; node = node->Next) {
+        const int length = static_cast<int>(std::strlen(node->Token));
+        column += length + 2;
+        if (column >= kColumns) {
+            std::printf("\n%s ", node->Token);
+            column = length + 1;
+        } else {
+            std::printf(" %s ", node->Token);
+        }
+    }
+}
+
+// What stands between "USAGE:" and the next ':', the blank at its beginning included.
+std::string_view UsageOf(const CmdType& node) {
+    const std::string_view usage = std::string_view(node.Help).substr(kUsagePrefix, kUsageMax);
+    return usage.substr(0, usage.find(':'));
+}
+
+}  // namespace
+
+int do_help(InputLineType* InputLine) {
+    if (InputLine->NumWords == 2 && std::strcmp(InputLine->Words[1], "TREE") == 0) {
+        std::printf("\n");
+        Print_Tree(Cmds, 0);
+        return 1;
+    }
+    if (InputLine->NumWords == 1) {
+        ListCommands();
+        return 0;
+    }
+    PrintHelp(*FollowWords(InputLine->Words + 1, InputLine->NumWords - 1));
+    return 0;
+}
+
+int Display_Subcommand_Usage(InputLineType* InputLine) {
+    if (std::strcmp(InputLine->Words[InputLine->NumWords - 1], current_command->Token) != 0) {
+        std::printf("\nInvalid Arguments");
+    }
+    for (const CmdType* node = current_command->Sub; node != nullptr; node = node->Next) {
+        if (node->Synonym != nullptr) continue;
+        const std::string_view usage = UsageOf(*node);
+        std::printf("\n\t%.*s", static_cast<int>(usage.size()), usage.data());
+    }
+    std::fflush(stdout);
+    return 1;
+}
