@@ -8,13 +8,14 @@
 #include <cstring>
 
 #include "cli/brantcli/exit.h"
+#include "cli/brantcli/firmware.h"
 #include "cli/brantcli/script.h"
 #include "cli/brantcli/state.h"
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_variables.h"
 #include "cli/parse/command_table.h"
 #include "cli/parse/dispatcher.h"
+#include "cli/pci/kelm.h"
 #include "platform/request.h"
 
 namespace {
@@ -121,7 +122,9 @@ int main(int argc, char** argv) {
         return FinalStatus(0);
     }
 
-    // Here, in this order: the ROM signature, the SMBIOS copy with its inventory, the server line.
+    if (!CheckRom()) return CommonEnd(1);
+
+    // Here: the SMBIOS copy with its inventory, then the server line.
 
     if (script_mode == 0) PrintBanner();
     if (!OpenDevices()) return CommonEnd(1);
@@ -133,8 +136,7 @@ int main(int argc, char** argv) {
         do_exit(nullptr);
     }
 
-    // Here: the management processor.
-
+    got_kelm = find_kelm();
     CreateCommands();
 
     int status = 1;

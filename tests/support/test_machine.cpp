@@ -10,6 +10,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "tools/mkmachine/firmware.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
@@ -67,7 +68,10 @@ RunResult RunProgram(const std::string& program, const std::vector<std::string>&
     return result;
 }
 
-TestMachine::TestMachine() : MachineBuilder(NewDirectory()) {}
+TestMachine::TestMachine() : MachineBuilder(NewDirectory()) {
+    AddRomSignature(*this);
+    Variable("ZTHMAC", std::string(64, '\0'));
+}
 
 TestMachine::TestMachine(const std::string& model) : TestMachine() {
     MakeMachine(*FindModel(model), Directory());

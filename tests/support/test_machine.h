@@ -27,7 +27,8 @@ RunResult RunProgram(const std::string& program, const std::vector<std::string>&
 
 class TestMachine : public MachineBuilder {
   public:
-    TestMachine();                                   // an empty machine in a directory of its own
+    // In a directory of its own: the least on which the program starts, the maker's ROM and no embedded NIC.
+    TestMachine();
     explicit TestMachine(const std::string& model);  // a machine as mkmachine makes it
     ~TestMachine();                                  // removes it
     TestMachine(const TestMachine&) = delete;

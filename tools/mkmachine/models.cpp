@@ -21,4 +21,5 @@ void MakeMachine(const Model& model, const std::string& directory) {
     MachineBuilder machine(directory);
     machine.Asr(true);
     AddFans(machine, model.id);
+    AddFirmware(machine, model);
 }

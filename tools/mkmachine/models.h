@@ -21,3 +21,4 @@ void MakeMachine(const Model& model, const std::string& directory);
 
 // The families of facts, a file each.
 void AddFans(MachineBuilder& machine, ModelId model);
+void AddFirmware(MachineBuilder& machine, const Model& model);

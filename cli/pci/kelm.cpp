@@ -1,0 +1,31 @@
+#include "cli/pci/kelm.h"
+
+namespace {
+
+constexpr uint32_t kKelmVendor = 0x1C4E;
+constexpr uint32_t kKelmDevice = 0x6D19;
+
+// False for a node that has no such property.
+bool ReadNumber(picl_nodehdl_t node, const char* property, uint32_t& value) {
+    return picl_get_propval_by_name(node, property, &value, sizeof value) == PICL_SUCCESS;
+}
+
+}  // namespace
+
+int is_kelm(picl_nodehdl_t p, void* arg) {
+    uint32_t vendor = 0;
+    uint32_t device = 0;
+    if (!ReadNumber(p, "vendor-id", vendor) || !ReadNumber(p, "device-id", device)) return PICL_WALK_CONTINUE;
+    if (vendor != kKelmVendor || device != kKelmDevice) return PICL_WALK_CONTINUE;
+
+    *static_cast<int*>(arg) = 1;
+    return PICL_WALK_TERMINATE;
+}
+
+int find_kelm(void) {
+    int found = 0;
+    picl_nodehdl_t root{};
+    if (picl_initialize() != PICL_SUCCESS || picl_get_root(&root) != PICL_SUCCESS) return 0;
+    picl_walk_tree_by_class(root, "obp-device", &found, is_kelm);
+    return found;
+}

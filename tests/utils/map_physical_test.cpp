@@ -1,0 +1,53 @@
+#include "src/utils/map_physical.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "tests/support/test_machine.h"
+
+namespace {
+
+struct MapCase {
+    const char* catches;
+    long page_size;  // as an earlier call left it; 0: none yet
+    unsigned long address, length;
+    bool maps;
+    const char* trace;
+};
+
+constexpr MapCase kCases[] = {
+    // rounding
+    {"the page that the range ends in left out", 0, 0xFFFF8, 16, true,
+     "xsvc open -> 0\nxsvc map 0x000ff000 8192 -> 0\nxsvc close\nxsvc unmap 8192\n"},
+    {"one page too many", 0, 0xF0010, 16, true,
+     "xsvc open -> 0\nxsvc map 0x000f0000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n"},
+    {"a byte short of a page taken for less", 0, 0xF0000, 65535, true,
+     "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> 0\nxsvc close\nxsvc unmap 65536\n"},
+    {"a known page size asked for again", 2048, 0xF0801, 1, true,
+     "xsvc open -> 0\nxsvc map 0x000f0800 2048 -> 0\nxsvc close\nxsvc unmap 2048\n"},
+    // refusals
+    {"address 0 tried", 0, 0, 16, false, ""},
+    {"an empty range given a page", 0, 0xF0000, 0, false,
+     "xsvc open -> 0\nxsvc map 0x000f0000 0 -> -1 errno=22\nxsvc close\n"},
+    {"a sum that wraps in 32 bits", 0, 0xFFFFFFF0, 0x20, false,
+     "xsvc open -> 0\nxsvc map 0xfffff000 8192 -> -1 errno=22\nxsvc close\n"},
+};
+
+}  // namespace
+
+TEST(MapPhysical, MapsTheWholePagesAroundARangeAndGivesThemBack) {
+    TestMachine machine;
+    machine.PhysicalMemory(0x100FFF, "x");
+    for (const MapCase& c : kCases) machine.PhysicalMemory(c.maps ? c.address : 0xF0000, "here");
+    machine.StartTrace();
+    setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
+
+    for (const MapCase& c : kCases) {
+        __brantcli_pgsz = c.page_size;
+        auto* mapped = static_cast<unsigned char*>(zetMapPhys32UnCache(c.address, c.length));
+        EXPECT_EQ(mapped != nullptr && *mapped == 'h', c.maps) << c.catches;
+        zetUnMapPhys32UnCache(mapped, static_cast<unsigned int>(c.length));
+        EXPECT_EQ(machine.TakeTrace(), c.trace) << c.catches;
+    }
+}

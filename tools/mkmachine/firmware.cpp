@@ -1,0 +1,36 @@
+#include "tools/mkmachine/firmware.h"
+
+#include <string>
+
+#include "include/bios_area.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+// A server with the management processor two bridges down, and one without.
+constexpr char kPiclWithKelm[] =
+    "picl\n"
+    "  platform\n"
+    "    obp-device vendor-id=0x8086 device-id=0x25d8\n"
+    "      obp-device vendor-id=0x8086 device-id=0x2690\n"
+    "      obp-device vendor-id=0x8086 device-id=0x244e\n"
+    "        obp-device vendor-id=0x1002 device-id=0x515e\n"
+    "        obp-device vendor-id=0x1c4e device-id=0x6d19\n";
+constexpr char kPiclWithoutKelm[] =
+    "picl\n"
+    "  platform\n"
+    "    obp-device vendor-id=0x8086 device-id=0x25d8\n"
+    "      obp-device vendor-id=0x1002 device-id=0x515e\n";
+
+}  // namespace
+
+void AddRomSignature(MachineBuilder& machine) {
+    std::string area_end(kBiosAreaSize - kRomSignatureOffset, '\0');
+    area_end.replace(0, kRomSignatureSize, kRomSignature);
+    machine.PhysicalMemory(kBiosArea + kRomSignatureOffset, area_end);
+}
+
+void AddFirmware(MachineBuilder& machine, const Model& model) {
+    AddRomSignature(machine);
+    machine.Write("picl", model.id == ModelId::Tr300 ? kPiclWithoutKelm : kPiclWithKelm);
+}
