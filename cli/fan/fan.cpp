@@ -1,11 +1,11 @@
 #include "cli/fan/fan.h"
 
-#include <algorithm>
 #include <cstdio>
 
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/locations.h"
+#include "cli/health-table/older_records.h"
 #include "cli/health-table/rows.h"
 #include "cli/parse/handler.h"
 #include "include/fan_records.h"
@@ -17,20 +17,39 @@ constexpr ZoneWords kZoneWords = {"SYSTEM", "POWERSUPPLY_BAY", "EXHAUST"};
 // The cells of a row; 2 and 7 are never printed.
 enum Cell { kFan, kLocation, kSpeed = 3, kPercent, kRedundant, kPartner, kHotPluggable = 8, kPresent };
 
-const char* SpeedText(uint8_t speed_state) {
-    switch (speed_state) {
-        case 1: return "NORMAL";
-        case 2: return "HIGH";
-        case 3: return "OFF";
-        default: return "UNKNOWN";
-    }
+constexpr char kHeading[] =
+    "\nFan  Location        Present Speed  of max  Redundant  Partner  Hot-pluggable"
+    "\n---  --------        ------- -----  ------  ---------  -------  -------------"
+    "\n";
+
+constexpr Column kColumns[] = {
+    {kFan, 5},     {kLocation, 16},  {kPresent, 8}, {kSpeed, 7},
+    {kPercent, 8}, {kRedundant, 11}, {kPartner, 9}, {kHotPluggable, 14},
+};
+
+// What either generation of records says.
+struct Presence {
+    bool present;
+    bool redundant;
+    int partner;  // only of a redundant fan
+};
+
+Presence PresenceOf(const FANDDATA& older) {
+    return {older.ucPresent != 0, older.ucRedundant != 0, older.ucRedundantPartner};
 }
 
-void SetPresence(outdata& row, bool present, bool redundant, int partner) {
-    SetCell(row.tdata[kPresent], "%s", YesNo(present));
-    SetCell(row.tdata[kRedundant], "%s", YesNo(redundant));
-    if (redundant) {
-        SetCell(row.tdata[kPartner], "%d", partner);
+// The redundancy group stands in for the partner.
+Presence PresenceOf(const COMMONFEATUREINFO& feature) {
+    const auto state = feature.DeviceState.s1;
+    return {state.bit_PhysicallyPresent != 0, state.bit_GroupIsRedundant != 0,
+            feature.RedGroup.s1.bits_RedundantGroupId};
+}
+
+void SetPresence(outdata& row, const Presence& presence) {
+    SetCell(row.tdata[kPresent], "%s", YesNo(presence.present));
+    SetCell(row.tdata[kRedundant], "%s", YesNo(presence.redundant));
+    if (presence.redundant) {
+        SetCell(row.tdata[kPartner], "%d", presence.partner);
     } else {
         SetCell(row.tdata[kPartner], "N/A");
     }
@@ -38,6 +57,15 @@ void SetPresence(outdata& row, bool present, bool redundant, int partner) {
 
 void SetFailed(outdata& row) {
     for (int cell = 2; cell <= kPresent; ++cell) SetCell(row.tdata[cell], "FAILED");
+}
+
+const char* SpeedText(uint8_t speed_state) {
+    switch (speed_state) {
+        case 1: return "NORMAL";
+        case 2: return "HIGH";
+        case 3: return "OFF";
+        default: return "UNKNOWN";
+    }
 }
 
 void SetSpeed(outdata& row, const FANBASIC& basic, bool present) {
@@ -50,58 +78,32 @@ void SetSpeed(outdata& row, const FANBASIC& basic, bool present) {
     }
 }
 
-// Fills the row of fan number index, from 0. newway: whether the driver has turned out to lack the older
-// record FANDDATA, which is preferred for presence and redundancy; once set it stays so.
-// False, with a message, when a record can't be read.
-bool FillRow(outdata& row, int index, bool& newway) {
-    bool present = false;
-    if (!newway) {
-        const Reply<FANDDATA> older(kFanDataTable, index, cdt_fd);
-        if (older) {
-            present = older->ucPresent != 0;
-            SetPresence(row, present, older->ucRedundant != 0, older->ucRedundantPartner);
-        } else {
-            newway = true;
-        }
-    }
-
+// Fills the row of fan number index, from 0. Result: null, or what to say about a record that can't be read.
+const char* FillRow(outdata& row, int index, OlderRecords<FANDDATA>& older_records) {
+    for (field& cell : row.tdata) SetCell(cell, "-");
     SetCell(row.tdata[kFan], "#%d", index + 1);
-    const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index, cdt_fd);
-    if (!feature) {
-        std::printf("\nERROR: \"SHOW FAN\" command failed.");
-        return false;
+
+    FANDDATA older{};
+    const bool newway = !older_records.Read(index, &older);
+    Presence presence{};
+    DEVICE_STATE_FLAGS state{};
+    {
+        const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index, cdt_fd);
+        if (!feature) return "\nERROR: \"SHOW FAN\" command failed.";
+        presence = newway ? PresenceOf(*feature) : PresenceOf(older);
+        state = feature->DeviceState;
+        SetLocation(row.tdata[kLocation], feature->Location, kZoneWords);
     }
-    const auto state = feature->DeviceState.s1;
-    if (newway) {
-        present = state.bit_PhysicallyPresent != 0;
-        SetPresence(row, present, state.bit_GroupIsRedundant != 0,
-                    feature->RedGroup.s1.bits_RedundantGroupId);
-    }
-    SetLocation(row.tdata[kLocation], feature->Location, kZoneWords);
-    if (state.bit_PhysicallyFailed != 0) {
-        if (present) SetFailed(row);
-        return true;
+    SetPresence(row, presence);
+    if (state.s1.bit_PhysicallyFailed != 0) {
+        if (presence.present) SetFailed(row);
+        return nullptr;
     }
 
     const Reply<FANBASIC> basic(kFanBasicTable, index, cdt_fd);
-    if (!basic) {
-        std::printf("\nERROR: \"SHOW FAN\" command failed");
-        return false;
-    }
-    SetSpeed(row, *basic, present);
-    return true;
-}
-
-void PrintRow(const outdata& row) {
-    const field* cells = row.tdata;
-    std::printf("%-5s", cells[kFan].data);
-    std::printf("%-16s", cells[kLocation].data);
-    std::printf("%-8s", cells[kPresent].data);
-    std::printf("%-7s", cells[kSpeed].data);
-    std::printf("%-8s", cells[kPercent].data);
-    std::printf("%-11s", cells[kRedundant].data);
-    std::printf("%-9s", cells[kPartner].data);
-    std::printf("%-14s\n", cells[kHotPluggable].data);
+    if (!basic) return "\nERROR: \"SHOW FAN\" command failed";
+    SetSpeed(row, *basic, presence.present);
+    return nullptr;
 }
 
 }  // namespace
@@ -109,24 +111,21 @@ void PrintRow(const outdata& row) {
 int do_show_fans(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    int fans = 0;
+    int NumFans = 0;
     {
         const Reply<FANHEADER> header(kFanHeaderTable, 0, cdt_fd);
         if (!header) return Fail("\nERROR: \"SHOW\" FAN command failed");
         if (header->ucDataAvailable == 0) return Fail("\nERROR: This system does not support fans.");
-        fans = header->ucNumSupportedByChassis;
+        NumFans = header->ucNumSupportedByChassis;
     }
 
     outdata out_array[kMaxRows];
-    bool newway = false;
-    for (int i = 0; i < fans; ++i) {
-        for (field& cell : out_array[i].tdata) SetCell(cell, "-");
-        if (!FillRow(out_array[i], i, newway)) return 1;
+    OlderRecords<FANDDATA> older_records(kFanDataTable);
+    for (int i = 0; i < NumFans; ++i) {
+        if (const char* error = FillRow(out_array[i], i, older_records)) return Fail("%s", error);
     }
 
-    std::printf("\nFan  Location        Present Speed  of max  Redundant  Partner  Hot-pluggable");
-    std::printf("\n---  --------        ------- -----  ------  ---------  -------  -------------");
-    std::printf("\n");
-    std::for_each(out_array, out_array + fans, PrintRow);
+    std::fputs(kHeading, stdout);
+    for (int i = 0; i < NumFans; ++i) PrintRow(out_array[i], kColumns);
     return 0;
 }

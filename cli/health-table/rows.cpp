@@ -9,3 +9,10 @@ void SetCell(field& cell, const char* format, ...) {
     std::vsnprintf(cell.data, sizeof cell.data, format, arguments);
     va_end(arguments);
 }
+
+void PrintCells(const outdata& row, const Column* columns, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+        std::printf("%-*s", columns[i].width, row.tdata[columns[i].cell].data);
+    }
+    std::printf("\n");
+}

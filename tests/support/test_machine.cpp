@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 
 #include "tools/mkmachine/firmware.h"
@@ -95,8 +96,12 @@ std::string TestMachine::Read(const std::string& path) const {
     return ReadWhole(Directory() + "/" + path);
 }
 
-std::string TestMachine::TakeTrace() {
-    std::string trace = Read("trace");
+std::string TestMachine::TakeTrace(const std::string& beginning) {
+    std::istringstream trace(Read("trace"));
+    std::string taken;
+    for (std::string line; std::getline(trace, line);) {
+        if (line.compare(0, beginning.size(), beginning) == 0) taken += line + "\n";
+    }
     StartTrace();
-    return trace;
+    return taken;
 }

@@ -45,7 +45,8 @@ class TestMachine : public MachineBuilder {
     // A line of `faults`.
     void Fault(const std::string& line) { Append("faults", line + "\n"); }
 
-    // Has the requests of every following run recorded, and tells what they were since the last call.
+    // Has the requests of every following run recorded, and tells what they were since the last call; only
+    // the lines that begin with a text where one is given.
     void StartTrace() { Write("trace", ""); }
-    std::string TakeTrace();
+    std::string TakeTrace(const std::string& beginning = "");
 };

@@ -1,26 +1,16 @@
 #include <vector>
 
 #include "include/fan_records.h"
+#include "tools/mkmachine/features.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
 
-enum State : unsigned { kAbsent = 0, kPresent = 1, kFailed = 2, kRedundant = 4 };  // DEVICE_STATE_FLAGS
-enum Zone : unsigned {
-    kSystem = 0,
-    kIo = 2,
-    kCpu = 3,
-    kMemory = 4,
-    kScsi = 5,
-    kSupply = 7,
-    kExhaust = 11,
-    kVirtual = 15
-};
 enum Speed : unsigned { kUnknown = 0, kNormal = 1, kHigh = 2, kOff = 3 };
 constexpr int kNoPercent = -1;
 
 struct Fan {
-    unsigned state;
+    unsigned state;  // bits of State
     Zone zone;
     unsigned instance;  // of the zone
     Speed speed;
@@ -32,26 +22,26 @@ struct Fan {
 
 // clang-format off
 const std::vector<Fan> kTr500k2Fans = {
-    {kPresent | kRedundant,            kSystem,  0, kNormal,   35, true,  2, false},
-    {kPresent | kRedundant,            kSystem,  0, kNormal,   35, true,  1, false},
-    {kPresent,                         kCpu,     1, kHigh,    100, true,  0, false},
-    {kPresent | kFailed,               kCpu,     2, kOff,       0, true,  0, false},
-    {kPresent,                         kCpu,     0, kNormal,   40, false, 0, false},
-    {kPresent,                         kMemory,  0, kOff,       0, true,  0, false},
-    {kPresent,                         kIo,      0, kUnknown, kNoPercent, false, 0, false},
-    {kAbsent,                          kScsi,    0, kOff,     kNoPercent, true,  0, false},
-    {kAbsent | kFailed,                kSupply,  0, kOff,     kNoPercent, false, 0, false},
-    {kPresent,                         kExhaust, 0, kHigh,     85, false, 0, false},
-    {kPresent,                         kVirtual, 0, kNormal,   50, false, 0, false},
+    {kPresent | kRedundant, kSystem,  0, kNormal,   35,         true,  2, false},
+    {kPresent | kRedundant, kSystem,  0, kNormal,   35,         true,  1, false},
+    {kPresent,              kCpu,     1, kHigh,     100,        true,  0, false},
+    {kPresent | kFailed,    kCpu,     2, kOff,      0,          true,  0, false},
+    {kPresent,              kCpu,     0, kNormal,   40,         false, 0, false},
+    {kPresent,              kMemory,  0, kOff,      0,          true,  0, false},
+    {kPresent,              kIo,      0, kUnknown,  kNoPercent, false, 0, false},
+    {kAbsent,               kScsi,    0, kOff,      kNoPercent, true,  0, false},
+    {kAbsent | kFailed,     kSupply,  0, kOff,      kNoPercent, false, 0, false},
+    {kPresent,              kExhaust, 0, kHigh,     85,         false, 0, false},
+    {kPresent,              kVirtual, 0, kNormal,   50,         false, 0, false},
 };
 const std::vector<Fan> kTr300Fans = {
-    {kPresent | kRedundant, kSystem, 0, kNormal, 45,         false, 2, true},
-    {kPresent | kRedundant, kSystem, 0, kNormal, 45,         false, 1, true},
-    {kPresent,              kCpu,    1, kHigh,   90,         false, 0, true},
-    {kPresent,              kIo,     0, kNormal, kNoPercent, false, 0, false},
-    {kAbsent,               kSupply, 0, kOff,    kNoPercent, false, 0, false},
+    {kPresent | kRedundant, kSystemBoard, 0, kNormal, 45,         false, 2, true},
+    {kPresent | kRedundant, kSystemBoard, 0, kNormal, 45,         false, 1, true},
+    {kPresent,              kCpu,         1, kHigh,   90,         false, 0, true},
+    {kPresent | kRedundant, kIo,          0, kNormal, kNoPercent, false, 3, false},
+    {kAbsent,               kMedia,       0, kOff,    kNoPercent, false, 0, false},
 };
-const std::vector<Fan> kBx20Fans = {
+const std::vector<Fan> kBx20Fans = {  // the enclosure's own fans cool a blade
     {kPresent | kRedundant, kVirtual, 0, kNormal, 40, false, 1, false},
 };
 // clang-format on
@@ -65,22 +55,16 @@ const std::vector<Fan>& FansOf(ModelId model) {
 }
 
 void AddFan(MachineBuilder& machine, int index, const Fan& fan) {
-    const bool present = (fan.state & kPresent) != 0;
     const bool redundant = (fan.state & kRedundant) != 0;
     if (fan.older_record) {
         FANDDATA older{};
-        older.ucPresent = present;
+        older.ucPresent = (fan.state & kPresent) != 0;
         older.ucRedundant = redundant;
         older.ucRedundantPartner = static_cast<uint8_t>(fan.partner);
         machine.Table(kFanDataTable, index, 0, older);
     }
 
-    COMMONFEATUREINFO feature{};
-    feature.ucDataAvailable = 1;
-    feature.DeviceState.usDeviceState = static_cast<uint16_t>(fan.state);
-    feature.ucId = static_cast<uint8_t>(index + 1);
-    feature.Location.s1.bits_ZoneType = fan.zone & 31;
-    feature.Location.s1.bits_InstanceOfZoneType = fan.instance & 31;
+    COMMONFEATUREINFO feature = Feature(index, fan.state, fan.zone, fan.instance);
     feature.RedGroup.s1.bit_RedundantCapable = redundant;
     feature.RedGroup.s1.bits_RedundantGroupId = fan.partner & 31;
     machine.Table(kFanFeatureTable, index, 0, feature);
