@@ -3,7 +3,6 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/handler.h"
 #include "cli/smbios-commands/smbios_commands.h"
-#include "cli/temp/temp.h"
 
 namespace {
 
@@ -17,10 +16,6 @@ int do_show_server(InputLineType*) {
     return NotAvailable();
 }
 int do_show_nic_port_mapping(InputLineType*) {
-    return NotAvailable();
-}
-
-int do_show_temp(InputLineType*) {
     return NotAvailable();
 }
 

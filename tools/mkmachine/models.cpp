@@ -21,5 +21,6 @@ void MakeMachine(const Model& model, const std::string& directory) {
     MachineBuilder machine(directory);
     machine.Asr(true);
     AddFans(machine, model.id);
+    AddTemperatures(machine, model.id);
     AddFirmware(machine, model);
 }
