@@ -19,9 +19,6 @@ int do_show_nic_port_mapping(InputLineType*) {
     return NotAvailable();
 }
 
-int do_show_powersupply(InputLineType*) {
-    return NotAvailable();
-}
 int do_show_uid(InputLineType*) {
     return NotAvailable();
 }

@@ -22,5 +22,6 @@ void MakeMachine(const Model& model, const std::string& directory) {
     machine.Asr(true);
     AddFans(machine, model.id);
     AddTemperatures(machine, model.id);
+    AddPowerSupplies(machine, model.id);
     AddFirmware(machine, model);
 }

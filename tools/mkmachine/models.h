@@ -22,4 +22,5 @@ void MakeMachine(const Model& model, const std::string& directory);
 // The families of facts, a file each.
 void AddFans(MachineBuilder& machine, ModelId model);
 void AddTemperatures(MachineBuilder& machine, ModelId model);
+void AddPowerSupplies(MachineBuilder& machine, ModelId model);
 void AddFirmware(MachineBuilder& machine, const Model& model);
