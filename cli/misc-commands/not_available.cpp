@@ -19,12 +19,6 @@ int do_show_nic_port_mapping(InputLineType*) {
     return NotAvailable();
 }
 
-int do_show_uid(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_uid(InputLineType*) {
-    return NotAvailable();
-}
 int do_show_dimm(InputLineType*) {
     return NotAvailable();
 }

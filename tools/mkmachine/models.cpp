@@ -23,5 +23,6 @@ void MakeMachine(const Model& model, const std::string& directory) {
     AddFans(machine, model.id);
     AddTemperatures(machine, model.id);
     AddPowerSupplies(machine, model.id);
+    AddIndicators(machine, model.id);
     AddFirmware(machine, model);
 }

@@ -23,4 +23,5 @@ void MakeMachine(const Model& model, const std::string& directory);
 void AddFans(MachineBuilder& machine, ModelId model);
 void AddTemperatures(MachineBuilder& machine, ModelId model);
 void AddPowerSupplies(MachineBuilder& machine, ModelId model);
+void AddIndicators(MachineBuilder& machine, ModelId model);
 void AddFirmware(MachineBuilder& machine, const Model& model);

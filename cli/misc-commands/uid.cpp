@@ -1,0 +1,77 @@
+// SHOW UID and SET UID: the unit identification light, by which a server is found in its rack.
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/parse/handler.h"
+#include "include/indicator_records.h"
+#include "platform/request.h"
+
+namespace {
+
+// A cleared reply buffer; null when there is no memory for it.
+std::unique_ptr<INDCBASIC> NewReply() {
+    return std::unique_ptr<INDCBASIC>(new (std::nothrow) INDCBASIC{});
+}
+
+// Sends a control request about the light, which a plain read of a data table couldn't carry. reply: cleared,
+// and filled in with the light's state when the request works. Result: the request's.
+int ControlLight(IndicatorSubfunction subfunction, INDCBASIC* reply) {
+    DT_IOCTL request{};
+    request.DtHdr.size = sizeof *reply;
+    request.DtHdr.DT_Type = kIndicatorControlTable;
+    request.DtHdr.CRUFunction = kIndicatorControl;
+    request.DtHdr.CRUSubfunction = subfunction;
+    request.pData = reply;
+    return vxIoctlRequest(cdt_fd, kDataTableRequest, &request);
+}
+
+const char* StateText(uint8_t state) {
+    switch (state) {
+        case kIndicatorOff: return "off.";
+        case kIndicatorOn: return "on.";
+        case kIndicatorBlinking: return "blinking.";
+        default: return "in an unknown state.";
+    }
+}
+
+}  // namespace
+
+int do_show_uid(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    const auto reply = NewReply();
+    if (!reply) return Fail("\nERROR: Could not allocate memory for \"SHOW UID\" command.");
+    if (ControlLight(kReportState, reply.get()) != 0) return Fail("\nERROR: \"SHOW UID\" command failed.");
+
+    std::printf("\nUID is currently %s", StateText(reply->ucCurrState));
+    return 0;
+}
+
+int do_set_uid(InputLineType* InputLine) {
+    if (InputLine->NumWords == 2) return ShowUsage();
+    if (InputLine->NumWords != 3) return InvalidArguments();
+
+    const char* const word = InputLine->Words[2];
+    const bool on = std::strncmp(word, "ON", 2) == 0;
+    if (!on && std::strncmp(word, "OFF", 3) != 0) return InvalidArguments();
+
+    {
+        const Reply<INDCHEADER> header(kIndicatorHeaderTable, 0, cdt_fd);
+        if (!header) return Fail("\nERROR: \"SET UID\" command failed.");
+        if (header->ucNumSupportedByChassis == 0 || header->ucDataAvailable == 0) {
+            return Fail("\nERROR: This server does not support the SET UID command.");
+        }
+    }
+
+    const auto reply = NewReply();
+    if (!reply) return Fail("\nERROR: Could not allocate memory for \"SET UID\" command.");
+    ControlLight(on ? kTurnOn : kTurnOff, reply.get());  // to send it is all: SHOW UID tells what came of it
+    std::printf("\nUID is now %s.", on ? "on" : "off");
+    return 0;
+}
