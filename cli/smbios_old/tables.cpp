@@ -1,0 +1,79 @@
+// Finding the tables and copying them.
+#include "cli/smbios_old/tables.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "include/bios_area.h"
+
+BOOL fSMBiosInited = FALSE;
+SMBIOSEntryPoint EPS;
+unsigned char* pSMBTables = nullptr;
+
+namespace {
+
+constexpr unsigned int kEntryPointAlignment = 16;
+constexpr unsigned int kNewestRefused = 0x200;  // version 2.0
+
+// Whether an entry point begins the bytes, and lies within them as a whole.
+bool BeginsEntryPoint(Bytes bytes) {
+    SMBIOSEntryPoint entry;
+    if (bytes.size < sizeof entry) return false;
+    std::memcpy(&entry, bytes.data, sizeof entry);
+    if (std::memcmp(entry.sAnchorString, kEntryPointAnchor, sizeof entry.sAnchorString) != 0) return false;
+    if (entry.byEPSLength > bytes.size || SmbChecksum(bytes.data, entry.byEPSLength) != 0) return false;
+    return entry.byMajorVer * 256U + entry.byMinorVer > kNewestRefused;
+}
+
+// Fills EPS with the first entry point of the BIOS area; false when there is none.
+bool FindEntryPoint(Bytes area) {
+    for (size_t offset = 0; offset < area.size; offset += kEntryPointAlignment) {
+        if (!BeginsEntryPoint({area.data + offset, area.size - offset})) continue;
+        std::memcpy(&EPS, area.data + offset, sizeof EPS);
+        return true;
+    }
+    return false;
+}
+
+bool ReadEntryPoint() {
+    auto* area = static_cast<unsigned char*>(std::malloc(kBiosAreaSize));
+    if (area == nullptr) return false;
+    const bool read = ReadPhysMem(kBiosArea, kBiosAreaSize, area) == TRUE;
+    if (!read) std::printf("ReadPhysMem failed\n");
+    const bool found = read && FindEntryPoint({area, kBiosAreaSize});
+    std::free(area);
+    return found;
+}
+
+}  // namespace
+
+unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
+    unsigned sum = 0;
+    for (unsigned i = 0; i < wCount; ++i) sum += pAddr[i];
+    return static_cast<unsigned char>(sum);
+}
+
+BOOL InitSMBIOS() {
+    if (!ReadEntryPoint() || EPS.wSTLength == 0) return FALSE;
+
+    // The byte that is left over ends a string that the tables' end cuts.
+    pSMBTables = static_cast<unsigned char*>(std::calloc(1, EPS.wSTLength + size_t{1}));
+    if (pSMBTables == nullptr) return FALSE;
+    if (ReadPhysMem(EPS.dwSTAddr, EPS.wSTLength, pSMBTables) != TRUE) {
+        DeinitSMBIOS();
+        return FALSE;
+    }
+    fSMBiosInited = TRUE;
+    return TRUE;
+}
+
+void DeinitSMBIOS() {
+    fSMBiosInited = FALSE;
+    std::free(pSMBTables);
+    pSMBTables = nullptr;
+}
+
+BOOL IsSMBIOSAvailable() {
+    return fSMBiosInited;
+}
