@@ -1,0 +1,142 @@
+#include <algorithm>
+#include <climits>
+
+#include "cli/smbparse/inventory_table.h"
+#include "cli/smbparse/smbparse.h"
+
+ZET_MemModule* gMemoryMod[64];
+
+namespace {
+
+constexpr int kNotInTable = 1;  // the code of a form factor or a technology that has no row
+
+struct FormFactorCode {
+    uint8_t form_factor;
+    int code;
+};
+
+constexpr FormFactorCode SmbMemFormFactorTable[] = {
+    {3, 5},    // SIMM
+    {8, 7},    // proprietary card
+    {9, 8},    // DIMM
+    {12, 10},  // RIMM
+    {13, 9},   // SODIMM
+    {14, 11},  // SRIMM
+};
+
+struct TypeDetailCode {
+    uint16_t mask;
+    int code;
+};
+
+// The first row whose bit is set counts.
+constexpr TypeDetailCode SmbMemTypeDetailTable[] = {
+    {0x0008, 2},  // fast-paged
+    {0x0080, 5},  // synchronous
+    {0x0200, 3},  // EDO
+};
+
+int CodeOfFormFactor(uint8_t form_factor) {
+    for (const FormFactorCode& row : SmbMemFormFactorTable) {
+        if (row.form_factor == form_factor) return row.code;
+    }
+    return kNotInTable;
+}
+
+int CodeOfTypeDetail(uint16_t detail) {
+    for (const TypeDetailCode& row : SmbMemTypeDetailTable) {
+        if ((detail & row.mask) != 0) return row.code;
+    }
+    return kNotInTable;
+}
+
+bool NextArray(unsigned char** record) {
+    return SmbGetRecordOfType(kMemoryArray, record) == TRUE;
+}
+
+bool NextDevice(unsigned char** record) {
+    return SmbGetRecordOfType(kMemoryDevice, record) == TRUE;
+}
+
+bool IsSystemMemory(const void* array) {
+    return SmbRead(array, memory_array::kUse) == memory_array::kSystemMemory;
+}
+
+bool IsSystemMemoryArray(uint16_t handle) {
+    for (unsigned char* array = nullptr; NextArray(&array);) {
+        if (SmbRead(array, kRecordHandle) == handle && IsSystemMemory(array)) return true;
+    }
+    return false;
+}
+
+int SizeKiB(const void* device) {
+    const uint16_t size = SmbRead(device, memory_device::kSize);
+    return (size & memory_device::kInKiB) != 0 ? size & ~memory_device::kInKiB : size * 1024;
+}
+
+// Where a device is: what the maker's record says, else what its locator says, else as it was.
+void LocateModule(void* device, int* board, int* module) {
+    if (SmbFindMemoryLocation(SmbRead(device, kRecordHandle), board, module) == TRUE) return;
+    const char* locator = SmbText(device, memory_device::kLocator);
+    ParseNumFromString(locator, "SLOT", board);
+    ParseNumFromString(locator, "DIMM", module);
+}
+
+// array, device: the records' places among those of their types, from 0.
+void RecordModule(void* record, int array, int device) {
+    ZET_MemModule* module = AppendRecord(gMemoryMod);
+    if (module == nullptr) return;
+    module->memBoardIndex = array;
+    module->memModuleIndex = device + 1;
+    LocateModule(record, &module->memBoardIndex, &module->memModuleIndex);
+    module->memModuleSize = SizeKiB(record);
+    module->memModuleType = CodeOfFormFactor(SmbRead(record, memory_device::kFormFactor));
+    module->memModuleTechnology = CodeOfTypeDetail(SmbRead(record, memory_device::kTypeDetail));
+    module->memModuleFrequency = SmbRead(record, memory_device::kSpeed);
+}
+
+}  // namespace
+
+BOOL SmbParseMemRecords() {
+    int a = 0;
+    for (unsigned char* array = nullptr; NextArray(&array); ++a) {
+        if (!IsSystemMemory(array)) continue;
+        int d = 0;
+        for (unsigned char* device = nullptr; NextDevice(&device); ++d) {
+            if (SmbRead(device, memory_device::kArray) == SmbRead(array, kRecordHandle)) {
+                RecordModule(device, a, d);
+            }
+        }
+    }
+    return a != 0 ? TRUE : FALSE;
+}
+
+BOOL SmbGetTotalMemory(unsigned int* pSize) {
+    unsigned char* any_array = nullptr;
+    if (!NextArray(&any_array)) return FALSE;
+    *pSize = 0;
+    for (unsigned char* device = nullptr; NextDevice(&device);) {
+        if (!IsSystemMemoryArray(SmbRead(device, memory_device::kArray))) continue;
+        *pSize += std::min(static_cast<unsigned int>(SizeKiB(device)), UINT_MAX - *pSize);
+    }
+    return TRUE;
+}
+
+BOOL SmbChkForECCSupported() {
+    for (unsigned char* array = nullptr; NextArray(&array);) {
+        if (!IsSystemMemory(array)) continue;
+        if (SmbRead(array, memory_array::kErrorCorrection) > memory_array::kNoCorrection) return TRUE;
+    }
+    return FALSE;
+}
+
+BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSocket) {
+    for (unsigned char* record = nullptr; SmbGetRecordOfType(kZetDimmLocation, &record) == TRUE;) {
+        if (SmbRead(record, zet_dimm::kType17Handle) != wType17Handle) continue;
+        const uint8_t slot = SmbRead(record, zet_dimm::kSlot);
+        *plSlot = slot != kOnSystemBoard ? slot : 0;
+        *plSocket = SmbRead(record, zet_dimm::kSocket);
+        return TRUE;
+    }
+    return FALSE;
+}

@@ -1,0 +1,75 @@
+// The inventory of processors, caches and memory modules, taken from the SMBIOS tables once at start-up.
+// A table is filled from its first entry on, without gaps; the first null ends its used part. Its records are
+// allocated one by one and stay until the program ends; what doesn't fit, or can't be allocated, is left out.
+#pragma once
+
+#include <cstdint>
+
+#include "cli/smbios_old/smbios.h"
+
+enum CpuStatus : uint8_t { kCpuUnknown = 1, kCpuOk = 2, kCpuDegraded = 3, kCpuFailed = 4, kCpuDisabled = 5 };
+
+struct ZET_CPU {                   // a populated central processor
+    int cpuUnitIndex;              // its place in gCpu_tbl
+    char cpuName[256];             // of its family
+    int cpuSpeed;                  // MHz
+    unsigned int cpuStep;          // 0 to 15
+    uint8_t cpuStatus;             // CpuStatus
+    unsigned int cpuExtFrequency;  // MHz, of the bus
+    unsigned int cpuSocketNumber;  // as the user counts
+    uint8_t cpucorecount;          // 0: the firmware doesn't say; threadcount is 0 then too
+    int8_t threadcount;
+};
+
+struct ZET_CACHE {            // a processor's L2 or L3 cache
+    int cacheUnitIndex;       // its processor's cpuUnitIndex
+    uint8_t cacheLevelIndex;  // 1 to 8
+    int cacheSize;            // KiB
+};
+
+struct ZET_MemModule {        // a socket of the system memory
+    int memBoardIndex;        // the memory board (cartridge) it is on
+    int memModuleIndex;       // its number there
+    int memModuleSize;        // KiB; 0: empty
+    int memModuleType;        // form factor
+    int memModuleTechnology;  // memory type
+    int memModuleFrequency;   // MHz; 0: unknown
+};
+
+extern ZET_CPU* gCpu_tbl[11];
+extern ZET_CACHE* gCache_tbl[21];  // processor by processor, L2 before L3
+extern ZET_MemModule* gMemoryMod[64];
+
+// Fills gCpu_tbl and gCache_tbl, from the last processor record to the first.
+// Result: FALSE when the tables hold no processor record.
+BOOL SmbParseProcRecords();
+
+// Fills gMemoryMod, array by array. Result: FALSE when the tables hold no memory array.
+BOOL SmbParseMemRecords();
+
+// The installed system memory. *pSize: KiB. Result: FALSE, with *pSize left alone, as above.
+BOOL SmbGetTotalMemory(unsigned int* pSize);
+
+// Whether an array of the system memory corrects errors.
+BOOL SmbChkForECCSupported();
+
+// The maker's record for a processor; null when there is none.
+PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle);
+
+// Where the maker's record says that a memory device is. plSlot: the memory board, 0 for the system board.
+// Result: FALSE, with both left alone, when there is no such record.
+BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSocket);
+
+// The name of a processor family, "Other" for one that isn't known.
+const char* FindProcName(unsigned char type);
+
+// Fills *cache from a cache record. cpu: its processor's cpuUnitIndex.
+void ParseCache(const void* record, ZET_CACHE* cache, int cpu);
+
+// Reads the number in the word that follows pToken in a text of words between blanks, as 2 from "Proc 2".
+// Only the first word that equals pToken counts, whatever its case. Result: FALSE, with *piValue left alone,
+// when no digit follows it.
+BOOL ParseNumFromString(const char* pStr, const char* pToken, int* piValue);
+
+// Compares as strcmp does, ASCII letters in either case being equal.
+int strcmpi(const char* a, const char* b);
