@@ -5,6 +5,7 @@
 
 #include "cli/brantcli/state.h"
 #include "cli/generic_dtioctl/devices.h"
+#include "cli/smbios_old/smbios.h"
 #include "platform/request.h"
 
 int FinalStatus(int status) {
@@ -25,5 +26,6 @@ void EndProcess(int status) {
     vxCloseRequest(casr_fd);
     vxCloseRequest(crom_fd);
     FreeHistory();
+    DeinitSMBIOS();
     std::exit(FinalStatus(status));
 }

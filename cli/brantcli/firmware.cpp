@@ -3,9 +3,54 @@
 #include <cstdio>
 
 #include "cli/brantcli/rom_signature.h"
+#include "cli/brantcli/state.h"
+#include "cli/misc-commands/rom_variables.h"
+#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios_old/smbios.h"
+#include "cli/smbparse/smbparse.h"
+
+namespace {
+
+int CountNicsOfRom() {
+    int count = 0;
+    for (int i = 0; i < kMaxEmbeddedNics; ++i) {
+        const unsigned char* entry = zthmac + i * kNicEntrySize;
+        if (entry[0] != 0 || entry[1] != 0) ++count;
+    }
+    return count;
+}
+
+}  // namespace
 
 bool CheckRom() {
     if (detect_zet_rom() == 0) return true;
     std::printf("ERROR: brantcli only runs on VX hardware.\n");
     return false;
+}
+
+bool ReadFirmwareTables() {
+    InitSMBIOS();
+    smbios_available = IsSMBIOSAvailable();
+    if (smbios_available == 0) return true;
+
+    SmbParseMemRecords();
+    SmbParseProcRecords();
+    if (detect_corvex() != 0) {
+        std::printf("ERROR: brantcli only runs on VX Corvex Servers.\n");
+        DeinitSMBIOS();
+        return false;
+    }
+    smbios_get_systemname();
+    return true;
+}
+
+void CountEmbeddedNics() {
+    embedded_nics_installed = get_embedded_nics_smbios();
+    if (embedded_nics_installed == -1 && get_ev("ZTHMAC", zthmac, sizeof zthmac) == 0) {
+        embedded_nics_installed = CountNicsOfRom();
+    }
+    if (embedded_nics_installed < 0) {
+        std::printf("\nFailed to read embedded NIC status.");
+        std::printf("\nThis system may not have any embedded NICs installed.\n\n");
+    }
 }

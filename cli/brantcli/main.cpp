@@ -16,6 +16,7 @@
 #include "cli/parse/command_table.h"
 #include "cli/parse/dispatcher.h"
 #include "cli/pci/kelm.h"
+#include "cli/smbios_old/smbios.h"
 #include "platform/request.h"
 
 namespace {
@@ -122,14 +123,15 @@ int main(int argc, char** argv) {
         return FinalStatus(0);
     }
 
-    if (!CheckRom()) return CommonEnd(1);
-
-    // Here: the SMBIOS copy with its inventory, then the server line.
-
+    if (!CheckRom() || !ReadFirmwareTables()) return CommonEnd(1);
     if (script_mode == 0) PrintBanner();
-    if (!OpenDevices()) return CommonEnd(1);
+    if (!OpenDevices()) {
+        DeinitSMBIOS();
+        return CommonEnd(1);
+    }
+    CountEmbeddedNics();
 
-    // Here: the embedded NICs, then the terminal into character mode.
+    // Here: the terminal into character mode.
 
     if (!AllocateHistory()) {
         std::printf("Failed to allocate memory for command history.");
@@ -148,5 +150,6 @@ int main(int argc, char** argv) {
 
     FreeHistory();
     CloseDevices(kDeviceCount);
+    DeinitSMBIOS();
     return CommonEnd(status);
 }

@@ -2,7 +2,6 @@
 #include "cli/fan/fan.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/handler.h"
-#include "cli/smbios-commands/smbios_commands.h"
 
 namespace {
 
@@ -11,13 +10,6 @@ int NotAvailable() {
 }
 
 }  // namespace
-
-int do_show_server(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_nic_port_mapping(InputLineType*) {
-    return NotAvailable();
-}
 
 int do_show_dimm(InputLineType*) {
     return NotAvailable();

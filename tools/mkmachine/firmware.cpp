@@ -3,6 +3,7 @@
 #include <string>
 
 #include "include/bios_area.h"
+#include "tools/mkmachine/firmware_records.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
@@ -22,6 +23,12 @@ constexpr char kPiclWithoutKelm[] =
     "    obp-device vendor-id=0x8086 device-id=0x25d8\n"
     "      obp-device vendor-id=0x1002 device-id=0x515e\n";
 
+// In the ROM's own variable, where firmware without the maker's SMBIOS record for them has them.
+constexpr smbios_nic kNicsOfRom[8] = {
+    {0x00, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2A}},
+    {0x01, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2B}},
+};
+
 }  // namespace
 
 void AddRomSignature(MachineBuilder& machine) {
@@ -32,5 +39,7 @@ void AddRomSignature(MachineBuilder& machine) {
 
 void AddFirmware(MachineBuilder& machine, const Model& model) {
     AddRomSignature(machine);
+    AddTables(machine, TablesOf(model));
+    if (model.id == ModelId::Tr300) machine.Variable("ZTHMAC", kNicsOfRom);
     machine.Write("picl", model.id == ModelId::Tr300 ? kPiclWithoutKelm : kPiclWithKelm);
 }

@@ -1,0 +1,89 @@
+// The records that firmware makes of a machine's parts: the standard ones with every field of version 2.6,
+// and the maker's own. Format: DMTF DSP0134.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/mkmachine/smbios_table.h"
+
+constexpr uint8_t kRackMount = 0x17;  // kinds of chassis
+constexpr uint8_t kBlade = 0x1C;
+constexpr uint8_t kDimm = 0x09;  // form factors of memory devices
+constexpr uint8_t kFbDimm = 0x0F;
+constexpr uint8_t kDdr2 = 0x13;  // memory types
+constexpr uint8_t kDdr2FullyBuffered = 0x14;
+constexpr uint16_t kSynchronous = 0x0080;  // type details
+
+SmbiosRecord BiosRecord(const std::string& version, const std::string& date);
+SmbiosRecord SystemRecord(const std::string& product, const std::string& serial);
+SmbiosRecord ChassisRecord(uint8_t kind, const std::string& serial);
+
+struct Processor {
+    uint16_t handle;
+    const char* socket;
+    uint16_t speed = 0;  // MHz
+    uint8_t cores = 0;
+    uint8_t threads = 0;
+    uint16_t l1_cache = kNoHandle;
+    uint16_t l2_cache = kNoHandle;
+    uint16_t l3_cache = kNoHandle;
+    uint8_t status = 0x41;  // populated, enabled; 0: an empty socket
+    uint8_t type = processor::kCentral;
+    uint8_t family = 0xB3;
+    uint32_t id = 0x000106A5;  // its low four bits are the stepping
+    uint16_t bus = 1333;       // MHz
+};
+SmbiosRecord ProcessorRecord(const Processor& part);
+
+struct Cache {
+    uint16_t handle;
+    const char* name;
+    uint8_t level;  // from 1
+    uint16_t size;  // KiB, or 64 KiB with bit 15
+};
+SmbiosRecord CacheRecord(const Cache& part);
+
+struct MemoryArray {
+    uint16_t handle;
+    uint32_t capacity = 0;  // KiB
+    uint8_t sockets = 0;
+    uint8_t error_correction = 6;  // multi-bit ECC
+    uint8_t use = memory_array::kSystemMemory;
+};
+SmbiosRecord MemoryArrayRecord(const MemoryArray& part);
+
+struct MemoryDevice {
+    uint16_t handle;
+    uint16_t array;
+    const char* locator;
+    uint16_t size;       // MiB, or KiB with bit 15; 0: an empty socket
+    uint16_t speed = 0;  // MHz
+    uint8_t form_factor = kDimm;
+    uint8_t type = kDdr2;
+    uint16_t type_detail = kSynchronous;
+};
+SmbiosRecord MemoryDeviceRecord(const MemoryDevice& part);
+
+// The addresses, from 0 on, that an array's memory answers to. size: KiB, not 0.
+SmbiosRecord MappedAddressRecord(uint16_t handle, uint16_t array, uint32_t size);
+
+SmbiosRecord BootRecord(uint16_t handle);
+SmbiosRecord EndRecord(uint16_t handle);
+
+// The maker's own.
+SmbiosRecord ProcInfoRecord(uint16_t handle, uint16_t processor, uint8_t socket);
+SmbiosRecord DimmLocationRecord(uint16_t handle, uint16_t device, uint8_t slot, uint8_t socket);
+SmbiosRecord RackRecord(uint16_t handle, const std::string& enclosure, const std::string& bay);
+SmbiosRecord NicRecord(uint16_t handle, const std::vector<smbios_nic>& nics);
+
+struct MappedPort {
+    int connector, port;  // its place in the record
+    GBX_PORT_MAP entry;
+};
+SmbiosRecord PortMapRecord(uint16_t handle, const std::vector<MappedPort>& ports);
+
+struct Model;
+
+// A model's tables.
+SmbiosTable TablesOf(const Model& model);
