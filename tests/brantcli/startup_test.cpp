@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/support/test_machine.h"
+
+namespace {
+
+constexpr char kHint[] = "\nPlease make sure the brantd/brantlited daemon is started and running properly.";
+
+// The trace without what the firmware tables ask for, which is another test's.
+std::string Devices(const std::string& trace) {
+    std::string lines;
+    for (size_t begin = 0; begin < trace.size();) {
+        const size_t end = trace.find('\n', begin) + 1;
+        const std::string line = trace.substr(begin, end - begin);
+        if (line.find("xsvc") == std::string::npos && line.find("picl") == std::string::npos) lines += line;
+        begin = end;
+    }
+    return lines;
+}
+
+struct DeviceCase {
+    const char* missing;
+    std::string output;
+    const char* trace;
+};
+
+const DeviceCase kDeviceCases[] = {
+    {"cdt", std::string("\nERROR: Could not communicate with brantd/brantlited.\n") + kHint + "\n",
+     "open cdt -> -1 errno=2\n"},
+    {"cevt", std::string("\nERROR: Could not open /dev/zethealth/cevt.") + kHint + "\n\n",
+     "open cdt -> 0\nopen cevt -> -1 errno=2\nclose cdt\n"},
+    {"casr", std::string("\nERROR: Could not open /dev/zethealth/casr.") + kHint + "\n\n",
+     "open cdt -> 0\nopen cevt -> 0\nopen casr -> -1 errno=2\nclose cevt\nclose cdt\n"},
+    {"crom", std::string("\nERROR: Could not open /dev/zethealth/crom.") + kHint + "\n\n",
+     "open cdt -> 0\nopen cevt -> 0\nopen casr -> 0\nopen crom -> -1 errno=2\nclose casr\nclose cevt\nclose "
+     "cdt\n"},
+};
+
+TEST(StartUp, EndsWhenADeviceDoesNotOpen) {
+    for (const DeviceCase& c : kDeviceCases) {
+        TestMachine machine("tr500k2");
+        machine.Remove(c.missing);
+        machine.StartTrace();
+        const RunResult run = machine.Script("SHOW FANS");
+        EXPECT_EQ(run.output, c.output) << c.missing;
+        EXPECT_EQ(run.status, 1) << c.missing;
+        EXPECT_EQ(Devices(machine.TakeTrace()), c.trace) << c.missing;
+    }
+}
+
+struct OptionCase {
+    const char* catches;
+    std::vector<std::string> arguments;
+    const char* output;
+    int status;
+    bool touches_the_machine;
+};
+
+const OptionCase kOptionCases[] = {
+    {"an unknown option run",
+     {"-x"},
+     "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n",
+     0,
+     false},
+    {"-S without its value run",
+     {"-S"},
+     "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n",
+     0,
+     false},
+    {"-s without commands taken for success",
+     {"-s"},
+     "ERROR: At least one command must be specified in script mode.\n",
+     1,
+     true},
+    {"no command taken for success", {"-s", ""}, "\n", 1, true},
+    {"-S not the same as -s", {"-S", "nonsense"}, "\nInvalid Command\n\n", 1, true},
+    {"a final ';' taken for an empty command",
+     {"-s", "HELP EXIT;"},
+     "\nUSAGE: EXIT: Exit brantcli.\n\n",
+     0,
+     true},
+    {"a command run after EXIT", {"-s", "EXIT;nonsense"}, "\n", 0, true},
+};
+
+TEST(StartUp, ReadsItsOptions) {
+    for (const OptionCase& c : kOptionCases) {
+        TestMachine machine("tr500k2");
+        machine.StartTrace();
+        const RunResult run = RunProgram(ProgramPath("brantcli"), c.arguments, machine.Directory());
+        EXPECT_EQ(run.output, c.output) << c.catches;
+        EXPECT_EQ(run.status, c.status) << c.catches;
+        EXPECT_EQ(!machine.TakeTrace().empty(), c.touches_the_machine) << c.catches;
+    }
+}
+
+TEST(StartUp, RefusesEveryoneButRoot) {
+    TestMachine machine("tr500k2");
+    RunOptions as_nobody;
+    as_nobody.as_root = false;
+    for (const char* option : {"-s", "-x"}) {
+        machine.StartTrace();
+        const RunResult run =
+            RunProgram(ProgramPath("brantcli"), {option, "EXIT"}, machine.Directory(), as_nobody);
+        EXPECT_EQ(run.output, "ERROR: You must be root to run brantcli.\n\n") << option;
+        EXPECT_EQ(run.status, 1) << option;
+        EXPECT_EQ(machine.TakeTrace(), "") << option;
+    }
+}
+
+TEST(StartUp, ClosesTheDevicesInTheOrderOfItsEnd) {
+    TestMachine machine("tr500k2");
+    const auto closes = [&](const char* commands) {
+        machine.StartTrace();
+        machine.Script(commands);
+        const std::string trace = Devices(machine.TakeTrace());
+        return trace.substr(trace.find("close"));
+    };
+    EXPECT_EQ(closes("HELP"), "close crom\nclose casr\nclose cevt\nclose cdt\n");
+    EXPECT_EQ(closes("EXIT"), "close cdt\nclose cevt\nclose casr\nclose crom\n");
+}
+
+TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
+    TestMachine machine("tr500k2");
+    const std::string command = "'" + ProgramPath("brantcli") + "' ";
+    const auto status = [&](const std::string& words) {
+        return RunProgram("/bin/sh", {"-c", command + words}, machine.Directory()).status;
+    };
+    EXPECT_EQ(status("-s 'SHOW FANS' > /dev/full"), 1);
+    EXPECT_EQ(status("-s 'EXIT' > /dev/full"), 1);
+    EXPECT_EQ(status("-s 'SHOW FANS' > /dev/null"), 0);
+}
+
+}  // namespace
