@@ -9,9 +9,9 @@
 namespace {
 
 struct Word {
-    std::string text;      // as Words has it
-    bool quoted = false;   // its Quote flag
-    std::string original;  // as OrigCaseWords has it; the same as text when empty
+    std::string text;           // as Words has it
+    bool quoted = false;        // its Quote flag
+    std::string original = {};  // as OrigCaseWords has it; the same as text when empty
 };
 
 struct TokenizerCase {

@@ -43,7 +43,7 @@ TEST(CommandTree, HasEveryCommandWithItsHelpText) {
 }
 
 TEST(CommandTree, SharesWhatASynonymStandsFor) {
-    CmdType* root = NewCommandNode("", nullptr, "", nullptr);
+    static CmdType* const root = NewCommandNode("", nullptr, "", nullptr);  // nodes are never freed
     CmdType* fan = AppendCmd(root, "FAN", nullptr, "help", Nothing);
     CmdType* fans = AppendCmd(root, "FANS", fan, "help", Nothing);
     CmdType* sub = AppendCmd(fan, "ALL", nullptr, "", Nothing);
@@ -52,7 +52,7 @@ TEST(CommandTree, SharesWhatASynonymStandsFor) {
 }
 
 TEST(CommandTree, SortsByBytes) {
-    CmdType* root = NewCommandNode("", nullptr, "", nullptr);
+    static CmdType* const root = NewCommandNode("", nullptr, "", nullptr);  // nodes are never freed
     for (const char* token : {"SHOW", "CLEAR", "FANS", "?", "FAN", "F1"})
         AppendCmd(root, token, nullptr, "", Nothing);
     std::string order;
