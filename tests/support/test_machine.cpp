@@ -41,6 +41,16 @@ std::string ProgramPath(const char* name) {
     return std::string(BRANT_BIN_DIR) + "/" + name;
 }
 
+void ExecProgram(const std::string& program, const std::vector<std::string>& arguments) {
+    std::vector<char*> words = {const_cast<char*>(program.c_str())};
+    static char emulator[] = BRANT_EMULATOR;  // empty: the machine runs the program by itself
+    if (emulator[0] != '\0') words.insert(words.begin(), emulator);
+    for (const std::string& word : arguments) words.push_back(const_cast<char*>(word.c_str()));
+    words.push_back(nullptr);
+    execvp(words[0], words.data());
+    _exit(127);
+}
+
 RunResult RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      const std::string& machine, const RunOptions& options) {
     const std::string files = NewDirectory();
@@ -54,11 +64,7 @@ RunResult RunProgram(const std::string& program, const std::vector<std::string>&
         setenv("BRANT_MACHINE", machine.c_str(), 1);
         for (const std::string& variable : options.environment) putenv(const_cast<char*>(variable.c_str()));
         if (!options.as_root && setuid(65534) != 0) _exit(126);
-        std::vector<char*> words = {const_cast<char*>(program.c_str())};
-        for (const std::string& word : arguments) words.push_back(const_cast<char*>(word.c_str()));
-        words.push_back(nullptr);
-        execv(program.c_str(), words.data());
-        _exit(127);
+        ExecProgram(program, arguments);
     }
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child) throw std::runtime_error("can't run " + program);

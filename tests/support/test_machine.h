@@ -21,6 +21,9 @@ struct RunOptions {
 // The path of a program that was built beside the tests.
 std::string ProgramPath(const char* name);
 
+// In a child process: becomes a program.
+[[noreturn]] void ExecProgram(const std::string& program, const std::vector<std::string>& arguments);
+
 // Runs a program to its end. program: its path. BRANT_MACHINE is machine.
 RunResult RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      const std::string& machine, const RunOptions& options = {});
