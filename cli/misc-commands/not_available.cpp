@@ -11,10 +11,6 @@ int NotAvailable() {
 
 }  // namespace
 
-int do_show_dimm(InputLineType*) {
-    return NotAvailable();
-}
-
 int do_show_asr(InputLineType*) {
     return NotAvailable();
 }

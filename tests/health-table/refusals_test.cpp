@@ -20,6 +20,8 @@ struct Case {
     int status = 1;
 };
 
+constexpr char kLight[] = "cdt/1503.0.0";  // which SET UID would change
+
 // clang-format off
 constexpr Case kCases[] = {
     {"SHOW FANS NOW", "", "", "", "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans."},
@@ -44,26 +46,37 @@ constexpr Case kCases[] = {
 
     {"SHOW UID NOW", "", "", "", "\nInvalid argument(s)\nUSAGE: SHOW UID: Shows the UID state."},
     {"SHOW UID", "cdt 1503.0.0 1", "", "", "\nERROR: \"SHOW UID\" command failed."},
-    {"SHOW UID", "", "cdt/1503.0.0", "\1\7\0\0\0"sv, "\nUID is currently in an unknown state.", 0},
+    {"SHOW UID", "", kLight, "\1\7\0\0\0"sv, "\nUID is currently in an unknown state.", 0},
     {"SET UID ON NOW", "", "", "", "\nInvalid argument(s)\nUSAGE: SET UID ON: Turns the server UID on."},
     {"SET UID ON", "cdt 1500.0.0 1", "", "", "\nERROR: \"SET UID\" command failed."},
     {"SET UID ON", "", "cdt/1500.0.0", "\0\1\0"sv, "\nERROR: This server does not support the SET UID command."},
     {"SET UID ON", "", "cdt/1500.0.0", "\1\0\0"sv, "\nERROR: This server does not support the SET UID command."},
     {"SET UID ON", "cdt 1503.0.0 -5", "", "", "\nUID is now on.", 0},  // it was sent; that is all it says
+
+    {"SHOW DIMM ALL", "", "", "", "\nInvalid argument(s)\nUSAGE: SHOW DIMM: Shows info on DIMM sockets."},
+    {"SHOW DIMM", "cdt 1707.0.0 -5", "", "",
+     "\nDIMM Configuration\n------------------\nERROR: \"SHOW DIMM\" command failed."},
+    {"SHOW DIMM", "cdt 1706.0.1 1", "", "",
+     "\nDIMM Configuration\n------------------\nCartridge #:   1\nModule #:      1\nPresent:       Yes"
+     "\nForm Factor:   fh\nMemory Type:   14h\nSize:          2048 MB\nSpeed:         667 MHz"
+     "\nStatus:        Ok\n", 0},
 };
 // clang-format on
 
 TEST(HealthDisplays, SayWhatCantBeShownAndChangeNothing) {
+    TestMachine machine("tr500k2");
+    const std::string light = machine.Read(kLight);
     for (const Case& c : kCases) {
-        TestMachine machine("tr500k2");
-        if (*c.fault != '\0') machine.Fault(c.fault);
-        if (*c.file != '\0') machine.Write(c.file, std::string(c.bytes));
-        const std::string light = machine.Read("cdt/1503.0.0");
-
+        const bool other_record = *c.file != '\0';
+        const std::string record = other_record ? machine.Read(c.file) : "";
+        if (other_record) machine.Write(c.file, std::string(c.bytes));
+        machine.Write("faults", c.fault);
         const RunResult run = machine.Script(c.command);
+        if (other_record) machine.Write(c.file, record);
+
         EXPECT_EQ(run.output, std::string(c.output) + "\n\n") << c.command << " with " << c.fault << c.file;
         EXPECT_EQ(run.status, c.status) << c.command << " with " << c.fault << c.file;
-        EXPECT_EQ(machine.Read("cdt/1503.0.0"), light) << c.command;
+        EXPECT_EQ(machine.Read(kLight), light) << c.command;
     }
 }
 

@@ -24,5 +24,6 @@ void MakeMachine(const Model& model, const std::string& directory) {
     AddTemperatures(machine, model.id);
     AddPowerSupplies(machine, model.id);
     AddIndicators(machine, model.id);
+    AddMemoryModules(machine, model.id);
     AddFirmware(machine, model);
 }

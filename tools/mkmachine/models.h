@@ -24,4 +24,5 @@ void AddFans(MachineBuilder& machine, ModelId model);
 void AddTemperatures(MachineBuilder& machine, ModelId model);
 void AddPowerSupplies(MachineBuilder& machine, ModelId model);
 void AddIndicators(MachineBuilder& machine, ModelId model);
+void AddMemoryModules(MachineBuilder& machine, ModelId model);
 void AddFirmware(MachineBuilder& machine, const Model& model);

@@ -1,0 +1,153 @@
+// The driver's data tables about memory modules. Packed and little-endian, as the driver has them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "include/data_tables.h"
+
+constexpr DataTableType kMemoryTable = 1700;        // RESMEM_CONFIG
+constexpr DataTableType kCartridgeTable = 1702;     // RESMEM_CARTRIDGE_CONFIG
+constexpr DataTableType kModuleConfigTable = 1706;  // RESMEM_DIMM_CONFIG
+constexpr DataTableType kModuleStatusTable = 1707;  // RESMEM_DIMM_STATUS
+
+// Memory on the system board is addressed as one more cartridge, 255 in the request's byte.
+constexpr int kSystemBoardCartridge = -1;
+
+#pragma pack(push, 1)
+
+struct RESMEM_CONFIG {
+    uint32_t ulNumberModules;  // of each cartridge
+    uint32_t ulNumberCartridges;
+    uint32_t ulSupportsHotPlug;
+    uint32_t ulSupportsRAID;
+    uint32_t ulSupportsOnlineSpare;
+    uint32_t ulSupportsSingleBoardMirrored;
+    uint32_t ulConfiguredForRAID;
+    uint32_t ulConfiguredForOnlineSpare;
+    uint32_t ulConfiguredForSingleBoardMirrored;
+    uint32_t ulSupportsHotAdd;
+    uint32_t ulConfiguredForHotAdd;
+    uint32_t ulSupportsHotRemove;
+    uint32_t ulConfiguredForHotRemove;
+    uint32_t ulSupportsVerify;
+    uint32_t ulConfiguredForVerify;
+    uint32_t ulSupportsDelayAdd;
+    uint32_t ulConfiguredForDelayAdd;
+    uint32_t ulSupportsRIVRate;
+    uint32_t ulConfiguredForRIVRate;
+    uint32_t ulSupportsAlarmQuiet;
+    uint32_t ulConfiguredForAlarmQuiet;
+    uint32_t ulSupportsAdvancedEcc;
+    uint32_t ulConfiguredForAdvancedEcc;
+    uint32_t ulSupportsDualBoardMirrored;
+    uint32_t ulConfiguredForDualBoardMirrored;
+    uint32_t ulSupportsMirrored;
+    uint32_t ulConfiguredForMirrored;
+};
+using PRESMEM_CONFIG = RESMEM_CONFIG*;
+static_assert(sizeof(RESMEM_CONFIG) == 108 && offsetof(RESMEM_CONFIG, ulSupportsMirrored) == 100,
+              "as the driver has it");
+
+struct RESMEM_CARTRIDGE_CONFIG {
+    uint32_t ulCartID;
+    uint32_t ulNumModules;
+    uint32_t ulNumLEDs;
+    char partName[128];
+    uint32_t ulMemorySizeOS;
+    uint32_t ulMemorySizeResilient;
+    uint32_t ulMemorySizeTotal;
+};
+using PRESMEM_CARTRIDGE_CONFIG = RESMEM_CARTRIDGE_CONFIG*;
+static_assert(sizeof(RESMEM_CARTRIDGE_CONFIG) == 152 &&
+                  offsetof(RESMEM_CARTRIDGE_CONFIG, ulMemorySizeOS) == 140,
+              "as the driver has it");
+
+// What is asked for of a RESMEM_CARTRIDGE_CONFIG: its beginning.
+struct CartridgeBeginning {
+    uint32_t ulCartID;
+    uint32_t ulNumModules;
+    uint32_t ulNumLEDs;
+    char partName[96];
+};
+static_assert(sizeof(CartridgeBeginning) == 108 &&
+                  offsetof(CartridgeBeginning, partName) == offsetof(RESMEM_CARTRIDGE_CONFIG, partName),
+              "a beginning");
+
+struct KEY_DIMM_SDRAM {  // the bytes of the module's presence-detect data that tell modules apart
+    uint8_t ucSpdByte2;
+    uint8_t ucSpdByte3;
+    uint8_t ucSpdByte4;
+    uint8_t ucSpdByte5;
+    uint8_t ucSpdByte9;
+    uint8_t ucSpdByte10;
+    uint8_t ucSpdByte13;
+    uint8_t ucSpdByte14;
+    uint8_t ucSpdByte31;
+    uint8_t rawZetPartNumber[6];
+    uint8_t ucSupportedCAS;
+    uint8_t ucReserved[18];
+};
+static_assert(sizeof(KEY_DIMM_SDRAM) == 34, "as the driver has it");
+
+struct KEY_INFO {
+    uint32_t ulKeySize;  // bytes
+    union {
+        uint8_t ucKey[34];
+        KEY_DIMM_SDRAM keyDimmSdram;
+    };
+};
+static_assert(sizeof(KEY_INFO) == 38, "as the driver has it");
+
+struct RESMEM_DIMM_INFO {
+    KEY_INFO keyBytes;
+    uint32_t ulFormFactor;
+    uint32_t ulMemType;
+    uint32_t ulSize;   // megabytes
+    uint32_t ulSpeed;  // MHz
+    uint32_t ulTechnology;
+    uint32_t ulBanks;
+    uint32_t ulWidth;
+    uint32_t ulEcc;
+    uint32_t ulCASLatency;
+    char partNumber[32];
+    uint32_t ulValidSPD;
+    uint8_t spd[256];
+};
+static_assert(sizeof(RESMEM_DIMM_INFO) == 366 && offsetof(RESMEM_DIMM_INFO, ulFormFactor) == 38 &&
+                  offsetof(RESMEM_DIMM_INFO, partNumber) == 74,
+              "as the driver has it");
+
+struct RESMEM_DIMM_CONFIG {
+    uint32_t ulCartID;    // as the cartridge is labelled
+    uint32_t ulModuleID;  // as the socket is labelled
+    uint32_t ulNumLEDs;
+    uint32_t ulPresent;  // 0: an empty socket
+    RESMEM_DIMM_INFO dimmInfo;
+};
+using PRESMEM_DIMM_CONFIG = RESMEM_DIMM_CONFIG*;
+static_assert(sizeof(RESMEM_DIMM_CONFIG) == 382 && offsetof(RESMEM_DIMM_CONFIG, dimmInfo) == 16,
+              "as the driver has it");
+
+struct RESMEM_LED_STATUS {
+    uint8_t ucType;
+    uint8_t ucColor;
+    uint8_t ucState;
+    uint8_t ucRef;
+};
+
+struct RESMEM_DIMM_STATUS {
+    uint32_t ulCartID;
+    uint32_t ulModuleID;
+    uint32_t ulBankID;
+    uint32_t ulStatus;  // 2: in order; the others that are known: 5 to 9
+    uint32_t reserved[8];
+    uint32_t ulNumLEDEntry;
+    RESMEM_LED_STATUS LEDStatus[1];
+};
+using PRESMEM_DIMM_STATUS = RESMEM_DIMM_STATUS*;
+static_assert(sizeof(RESMEM_DIMM_STATUS) == 56 && offsetof(RESMEM_DIMM_STATUS, ulStatus) == 12 &&
+                  offsetof(RESMEM_DIMM_STATUS, LEDStatus) == 52,
+              "as the driver has it");
+
+#pragma pack(pop)

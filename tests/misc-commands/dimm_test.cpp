@@ -1,0 +1,80 @@
+// SHOW DIMM's numbers, and which sockets it asks for.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "include/memory_records.h"
+#include "tests/support/test_machine.h"
+
+namespace {
+
+constexpr int kBoardIndex = 255;
+
+TEST(ShowDimm, PrintsFieldsOf32BitsSignedOrInHexadecimal) {
+    TestMachine machine("bx20");
+    RESMEM_DIMM_CONFIG config{};
+    config.ulCartID = config.ulModuleID = config.ulPresent = 0xFFFFFFFF;
+    config.dimmInfo.ulFormFactor = config.dimmInfo.ulMemType = 0xFFFFFFFF;
+    config.dimmInfo.ulSize = config.dimmInfo.ulSpeed = 0x80000000;
+    machine.Table(kModuleConfigTable, kBoardIndex, 0, config);
+    RESMEM_DIMM_STATUS status{};
+    status.ulStatus = 0xFFFFFFFF;
+    machine.Table(kModuleStatusTable, kBoardIndex, 0, status);
+    machine.NoTable(kModuleConfigTable, kBoardIndex, 1);
+    EXPECT_EQ(machine.Script("SHOW DIMM").output,
+              "\nDIMM Configuration\n------------------"
+              "\nCartridge #:   -1\nModule #:      -1\nPresent:       No\nForm Factor:   ffffffffh"
+              "\nMemory Type:   ffffffffh\nSize:          -2147483648 MB\nSpeed:         -2147483648 MHz"
+              "\nStatus:        Unknown - 0xffffffff\n\n\n");
+}
+
+struct WalkCase {
+    const char* catches;
+    bool counts_told;
+    uint32_t modules, cartridges;   // as the driver counts them
+    RESMEM_CARTRIDGE_CONFIG board;  // the system board's
+    int asked;                      // sockets, all of them empty
+    const char* last;               // of them
+};
+
+// clang-format off
+constexpr WalkCase kWalks[] = {
+    {"cartridges walked beside the board",   true,  2, 3,  {0, 2, 0, {}, 0, 0, 0}, 2,   "1706.255.1"},
+    {"a board without modules",              true,  2, 3,  {0, 0, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
+    {"another cartridge taken for a board",  true,  2, 3,  {1, 2, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
+    {"counts made up otherwise",             false, 0, 0,  {1, 2, 0, {}, 0, 0, 0}, 400, "1706.19.19"},
+    {"a walk of no cartridges",              true,  2, 0,  {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
+    {"a count below 0",             true,  0x80000000, 1,  {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
+    {"a module index that wraps",   true,  0x7FFFFFFF, 1,  {1, 2, 0, {}, 0, 0, 0}, 256, "1706.0.255"},
+    {"cartridges that reach the board", true, 1, 0x7FFFFFFF, {1, 2, 0, {}, 0, 0, 0}, 255, "1706.254.0"},
+};
+// clang-format on
+
+void PutEmptySockets(TestMachine& machine, int cartridge, int count) {
+    for (int i = 0; i < count; ++i) machine.Table(kModuleConfigTable, cartridge, i, RESMEM_DIMM_CONFIG{});
+}
+
+TEST(ShowDimm, WalksTheSocketsThatTheDriverCounts) {
+    TestMachine machine("tr300");
+    PutEmptySockets(machine, 0, 256);
+    for (int i = 1; i < 256; ++i) PutEmptySockets(machine, i, i <= 20 ? 20 : 2);
+    for (const WalkCase& c : kWalks) {
+        RESMEM_CONFIG memory{};
+        memory.ulNumberModules = c.modules;
+        memory.ulNumberCartridges = c.cartridges;
+        machine.NoTable(kMemoryTable, 0, 0);
+        if (c.counts_told) machine.Table(kMemoryTable, 0, 0, memory);
+        machine.Table(kCartridgeTable, kBoardIndex, 0, c.board);
+        machine.StartTrace();
+        const RunResult run = machine.Script("SHOW DIMM");
+        const std::string trace = machine.TakeTrace("cdt 1706");
+        EXPECT_EQ(std::count(trace.begin(), trace.end(), '\n'), c.asked) << c.catches;
+        EXPECT_NE(run.output.find("Status:         N/A"), std::string::npos) << "the firmware's listing";
+        if (c.asked > 0) {
+            EXPECT_EQ(trace.find(c.last, trace.rfind("1706")), trace.rfind("1706")) << c.catches;
+        }
+    }
+}
+
+}  // namespace
