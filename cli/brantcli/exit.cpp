@@ -5,6 +5,7 @@
 
 #include "cli/brantcli/state.h"
 #include "cli/generic_dtioctl/devices.h"
+#include "cli/parse/terminal.h"
 #include "cli/smbios_old/smbios.h"
 #include "platform/request.h"
 
@@ -25,6 +26,7 @@ void EndProcess(int status) {
     vxCloseRequest(cevt_fd);
     vxCloseRequest(casr_fd);
     vxCloseRequest(crom_fd);
+    RestoreTerminal();
     FreeHistory();
     DeinitSMBIOS();
     std::exit(FinalStatus(status));

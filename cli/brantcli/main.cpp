@@ -15,6 +15,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/command_table.h"
 #include "cli/parse/dispatcher.h"
+#include "cli/parse/terminal.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
 #include "platform/request.h"
@@ -131,8 +132,7 @@ int main(int argc, char** argv) {
     }
     CountEmbeddedNics();
 
-    // Here: the terminal into character mode.
-
+    get_terminfo();
     if (!AllocateHistory()) {
         std::printf("Failed to allocate memory for command history.");
         do_exit(nullptr);
@@ -148,6 +148,7 @@ int main(int argc, char** argv) {
         while (Command(&CurrentCommandLine, 0) != 0) continue;
     }
 
+    RestoreTerminal();
     FreeHistory();
     CloseDevices(kDeviceCount);
     DeinitSMBIOS();

@@ -1,0 +1,150 @@
+#include "cli/parse/terminal.h"
+
+#include <sys/select.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+constexpr int kKeyboard = STDIN_FILENO;
+constexpr suseconds_t kEscapeWait = 10;  // microseconds
+constexpr int kEndOrStop[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP};
+
+termios TTY;      // as found
+termios TTYTEMP;  // character mode
+
+// What a signal, at any moment, goes by.
+volatile std::sig_atomic_t terminal_wanted = 0;  // from get_terminfo to RestoreTerminal
+volatile std::sig_atomic_t terminal_taken = 0;   // TTY holds what was found, TTYTEMP may be in force
+
+bool input_ended = false;
+
+termios CharacterMode(const termios& found) {
+    termios settings = found;
+    settings.c_iflag &=
+        ~static_cast<tcflag_t>(IGNBRK | BRKINT | PARMRK | ISTRIP | INLCR | IGNCR | ICRNL | IXON);
+    settings.c_lflag &= ~static_cast<tcflag_t>(ECHO | ECHONL | ICANON | ISIG | IEXTEN);
+    settings.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB);
+    settings.c_cflag |= CS8;
+    settings.c_oflag |= OPOST;
+    settings.c_cc[VMIN] = 1;  // each key arrives at once
+    settings.c_cc[VTIME] = 1;
+    return settings;
+}
+
+// Whether the process runs in the background of the terminal: touching it would take it away from whoever
+// has it now, and the system stops a process that tries.
+bool AnotherHasTerminal() {
+    const pid_t foreground = tcgetpgrp(kKeyboard);
+    return foreground >= 0 && foreground != getpgrp();
+}
+
+// These two are safe in a signal handler.
+void TakeTerminal() {
+    if (terminal_wanted == 0 || AnotherHasTerminal()) return;
+    if (terminal_taken == 0) {
+        if (tcgetattr(kKeyboard, &TTY) != 0) return;
+        TTYTEMP = CharacterMode(TTY);
+        terminal_taken = 1;
+    }
+    tcsetattr(kKeyboard, TCSANOW, &TTYTEMP);
+}
+
+void GiveTerminalBack() {
+    if (terminal_taken == 0 || AnotherHasTerminal()) return;
+    tcsetattr(kKeyboard, TCSANOW, &TTY);
+    terminal_taken = 0;
+}
+
+// A signal that was ignored at start, as nohup has it, stays so.
+void Catch(int signal, void (*handler)(int), int flags) {
+    struct sigaction action {};
+    sigaction(signal, nullptr, &action);
+    if (action.sa_handler == SIG_IGN) return;
+
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART | flags;
+    sigemptyset(&action.sa_mask);
+    sigaddset(&action.sa_mask, SIGCONT);  // which would take the terminal while it is being given back
+    sigaction(signal, &action, nullptr);
+}
+
+extern "C" void OnContinued(int /*signal*/) {
+    const int saved_errno = errno;
+    TakeTerminal();
+    errno = saved_errno;
+}
+
+extern "C" void OnEndOrStop(int signal);
+
+void CatchEndOrStop(int signal) {
+    Catch(signal, OnEndOrStop, SA_RESETHAND | SA_NODEFER);
+}
+
+// raise() has the signal's own action follow at once: the handler is no longer in place (SA_RESETHAND), the
+// signal isn't held back (SA_NODEFER). Only a process that was stopped gets past it, when it continues.
+extern "C" void OnEndOrStop(int signal) {
+    const int saved_errno = errno;
+    GiveTerminalBack();
+    raise(signal);
+    CatchEndOrStop(signal);
+    TakeTerminal();
+    errno = saved_errno;
+}
+
+// Whether a byte, or the end of the input, is there. timeout: null to wait for it.
+bool InputIsReady(timeval* timeout) {
+    for (;;) {
+        fd_set keyboard;
+        FD_ZERO(&keyboard);
+        FD_SET(kKeyboard, &keyboard);
+        const int ready = select(kKeyboard + 1, &keyboard, nullptr, nullptr, timeout);
+        if (ready >= 0) return ready > 0;
+        if (errno != EINTR) return false;
+    }
+}
+
+}  // namespace
+
+void get_terminfo(void) {
+    for (const int signal : kEndOrStop) CatchEndOrStop(signal);
+    Catch(SIGCONT, OnContinued, 0);
+    terminal_wanted = 1;
+    TakeTerminal();
+}
+
+void RestoreTerminal(void) {
+    terminal_wanted = 0;
+    GiveTerminalBack();
+}
+
+char ReadChar(int wait) {
+    input_ended = false;
+    timeval moment = {0, kEscapeWait};
+    if (wait == 0 && !InputIsReady(&moment)) return -1;
+    for (;;) {
+        char byte = 0;
+        const ssize_t count = read(kKeyboard, &byte, 1);
+        if (count == 1) return byte;
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0 && errno == EAGAIN) {  // a descriptor that doesn't block
+            if (wait == 0) return -1;
+            if (InputIsReady(nullptr)) continue;
+        }
+        input_ended = true;
+        return -1;
+    }
+}
+
+bool InputHasEnded() {
+    return input_ended;
+}
+
+void RingBell() {
+    std::putchar('\a');
+    std::fflush(stdout);
+}
