@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "cli/parse/command_tree.h"
+#include "cli/parse/completion.h"
 
 namespace {
 
@@ -12,8 +13,8 @@ constexpr int kColumns = 80;                          // of the list of commands
 constexpr size_t kUsagePrefix = sizeof "USAGE:" - 1;  // what begins every help text
 constexpr size_t kUsageMax = 199;                     // characters of a usage that are listed
 
-void PrintHelp(const CmdType& node) {
-    std::printf("\n%s", node.Help != nullptr ? node.Help : "(No help available)");
+const char* HelpOf(const CmdType* node) {
+    return node->Help != nullptr ? node->Help : "(No help available)";
 }
 
 void ListCommands() {
@@ -48,7 +49,7 @@ int do_help(InputLineType* InputLine) {
         ListCommands();
         return 0;
     }
-    PrintHelp(*FollowWords(InputLine->Words + 1, InputLine->NumWords - 1));
+    std::printf("\n%s", HelpOf(FollowWords(InputLine->Words + 1, InputLine->NumWords - 1)));
     return 0;
 }
 
@@ -63,4 +64,18 @@ int Display_Subcommand_Usage(InputLineType* InputLine) {
     }
     std::fflush(stdout);
     return 1;
+}
+
+int FindHelp(char* CmdLine) {
+    const int candidates = TabComplete(CmdLine);
+    if (candidates > 1) return DoubleTabComplete(CmdLine);
+
+    const CmdType* node = Cmds;
+    if (candidates == 1) {
+        std::string_view words[kMaxWords];
+        const int count = SplitAtBlanks(CmdLine, words);
+        node = FollowWords(words, count);
+    }
+    std::printf("\n%s\n", HelpOf(node));
+    return 0;
 }
