@@ -4,12 +4,15 @@
 
 #include "cli/brantcli/state.h"
 #include "cli/parse/command_tree.h"
+#include "cli/parse/editor.h"
 
 InputLineType CurrentCommandLine;
 
 int Command(InputLineType* InputLine, int scriptFlag) {
     if (scriptFlag != 0) {
         Parse(InputLine);
+    } else {
+        GetCmd(InputLine);
     }
     if (InputLine->Words[0] == nullptr || InputLine->NumWords == 0) {
         std::printf("\n");

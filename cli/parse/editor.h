@@ -1,0 +1,24 @@
+// The line editor: keys edit a line of at most 254 characters in place on the screen.
+//
+// All that it writes is text, bells and two movements: a backspace moves the cursor left, and printing the
+// character that is there already moves it right. A line's buffer is zero behind its last character.
+#pragma once
+
+#include "cli/parse/input_line.h"
+
+// Reads one line: shows the prompt, acts on the keys up to Enter, stores the line in the history and cuts it
+// into words. A line that grows past column 252 is refused with a message, and has no words. The end of the
+// input ends the process as EXIT does.
+void GetCmd(InputLineType* InputLine);
+
+// The editor's movements. string: the line. pos, currpos, newpos: columns of it, from 0; the cursor of the
+// screen is at the first one named, and ends at the one returned.
+
+// Inserts ch before pos. Result: the column behind it; -1, with nothing done, when the line is full.
+int InsertChar(int pos, char ch, char* string);
+
+// Removes the character at pos. Result: pos; -1, with nothing done, when it is no column of a line.
+int DeleteChar(int pos, char* string);
+
+// Moves left; never right. erase: nonzero to blank what is passed. Result: newpos.
+int BackupCursor(int currpos, int newpos, int erase);

@@ -1,0 +1,105 @@
+// What a person at a terminal sees: libvterm keeps the screen.
+#pragma once
+
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utmp.h>
+#include <vterm.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/test_machine.h"
+
+class Screen {
+  public:
+    explicit Screen(int columns) : columns_(columns), terminal_(vterm_new(24, columns), vterm_free) {
+        vterm_screen_reset(vterm_obtain_screen(terminal_.get()), 1);
+        Show("\33[20h");  // a newline returns the cursor too
+    }
+    void Show(const std::string& written) {
+        vterm_input_write(terminal_.get(), written.data(), written.size());
+    }
+    // The row that the cursor stands in, blanks at its end left out.
+    std::string CursorLine() const {
+        const VTermRect row = {Cursor().row, Cursor().row + 1, 0, columns_};
+        char text[512];
+        const size_t length =
+            vterm_screen_get_text(vterm_obtain_screen(terminal_.get()), text, sizeof text, row);
+        const std::string line(text, length);
+        return line.substr(0, line.find_last_not_of(' ') + 1);
+    }
+    VTermPos Cursor() const {
+        VTermPos cursor;
+        vterm_state_get_cursorpos(vterm_obtain_state(terminal_.get()), &cursor);
+        return cursor;
+    }
+
+  private:
+    int columns_;
+    std::unique_ptr<VTerm, void (*)(VTerm*)> terminal_;
+};
+
+// brantcli on a pseudo-terminal of 80 columns.
+struct TerminalSession {
+    explicit TerminalSession(const TestMachine& machine, const std::vector<std::string>& arguments = {}) {
+        int keyboard = -1;
+        if (openpty(&terminal, &keyboard, nullptr, nullptr, nullptr) != 0) std::abort();
+        found = Settings();
+        program = fork();
+        if (program == 0) {
+            close(terminal);
+            login_tty(keyboard);
+            setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
+            ExecProgram(ProgramPath("brantcli"), arguments);
+        }
+        close(keyboard);
+    }
+    ~TerminalSession() { close(terminal); }  // hangs up
+
+    void Type(const std::string& keys) const {
+        if (write(terminal, keys.data(), keys.size()) < 0) std::abort();
+    }
+    // What the program writes until it ends so, or the program is over or has been silent for 20 seconds;
+    // carriage returns left out.
+    std::string ReceiveUntil(const std::string& end) {
+        std::string received;
+        while (received.size() < end.size() || received.substr(received.size() - end.size()) != end) {
+            char byte = 0;
+            pollfd ready = {terminal, POLLIN, 0};
+            if (poll(&ready, 1, 20000) <= 0 || read(terminal, &byte, 1) <= 0) break;
+            if (byte != '\r') received += byte;
+        }
+        screen.Show(received);
+        return received;
+    }
+    // From now on a read yields nothing, as after a hang-up.
+    void HaveReadsEnd() const {
+        termios settings{};
+        tcgetattr(terminal, &settings);
+        settings.c_cc[VMIN] = settings.c_cc[VTIME] = 0;
+        tcsetattr(terminal, TCSANOW, &settings);
+    }
+    // Waits for the program's end: its status, or 128 + N when signal N ended it.
+    int End() {
+        ReceiveUntil("\xFF");
+        int status = 0;
+        waitpid(program, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    }
+    // The terminal's settings as they are now, to compare.
+    std::string Settings() const {
+        termios settings{};
+        tcgetattr(terminal, &settings);
+        return MachineBuilder::Plain(settings);
+    }
+
+    Screen screen{80};
+    int terminal = -1;  // the person's end
+    pid_t program = -1;
+    std::string found;  // Settings() before the program started
+};
