@@ -37,7 +37,7 @@ int ReadState(void* block) {
 
 int SetState(const char* text) {
     const Change change(kCasr.name);
-    if (!change) return -errno;
+    if (!change) return AnswerForMissing();
     if (!OpenFile(change.Directory(), kStateFile)) return AnswerForMissing();
     return change.Replace(kStateFile, text);
 }

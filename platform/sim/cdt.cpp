@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 #include "include/data_tables.h"
@@ -36,14 +37,14 @@ bool Describe(int code, const void* block, Call& call) {
 int Report(const DT_IOCTL& block) {
     const Descriptor file = OpenFile(OpenDevice(kCdt.name), RecordName(block.DtHdr).text);
     if (!file) return AnswerForMissing();
-    return ReadAt(file, block.pData, block.DtHdr.size, 0) < 0 ? -errno : 0;
+    return ReadAt(file.Get(), block.pData, block.DtHdr.size, 0) < 0 ? -errno : 0;
 }
 
-// Stores an indicator's new state.
+// Stores an indicator's new state, then reports the record that has been stored.
 int SetIndicator(const DT_IOCTL& block, char state) {
     const RecordName name(block.DtHdr);
     const Change change(kCdt.name);
-    if (!change) return -errno;
+    if (!change) return AnswerForMissing();
     const Descriptor file = OpenFile(change.Directory(), name.text);
     if (!file) return AnswerForMissing();
 
@@ -51,20 +52,25 @@ int SetIndicator(const DT_IOCTL& block, char state) {
     if (!ReadWhole(file, kLargestIndicator, record)) return -errno;
     record.resize(std::max(record.size(), kStateOffset + 1));
     record[kStateOffset] = state;
-    return change.Replace(name.text, record);
+    const int result = change.Replace(name.text, record);
+    if (result == 0)
+        std::memcpy(block.pData, record.data(), std::min<size_t>(record.size(), block.DtHdr.size));
+    return result;
 }
 
 int ControlIndicator(const DT_IOCTL& block) {
-    const uint8_t control = block.DtHdr.CRUSubfunction;
-    const bool known = control == kReport || control == kTurnOn || control == kTurnOff;
-    if (block.DtHdr.CRUFunction != 1 || !known) return 1;
-    const int stored = control == kReport ? 0 : SetIndicator(block, control == kTurnOn ? 1 : 0);
-    return stored != 0 ? stored : Report(block);
+    if (block.DtHdr.CRUFunction != 1) return 1;
+    switch (block.DtHdr.CRUSubfunction) {
+        case kReport: return Report(block);
+        case kTurnOn: return SetIndicator(block, 1);
+        case kTurnOff: return SetIndicator(block, 0);
+        default: return 1;
+    }
 }
 
 int Request(int, void* arg) {
     const DT_IOCTL& block = *static_cast<const DT_IOCTL*>(arg);
-    if (block.pData == nullptr && block.DtHdr.size != 0) return -EFAULT;
+    if (block.pData == nullptr) return -EFAULT;
     return block.DtHdr.DT_Type == kIndicatorTable ? ControlIndicator(block) : Report(block);
 }
 

@@ -18,7 +18,7 @@ bool Describe(int code, const void* arg, Call& call) {
     if (code != kEventLogRequest || arg == nullptr) return false;
     const auto& block = *static_cast<const LOG_INFO*>(arg);
     switch (block.choice) {
-        case kReadEvent: call.Subject("cevt read %u", static_cast<uint32_t>(block.EvtNumber)); break;
+        case kReadEvent: call.Subject("cevt read %d", block.EvtNumber); break;
         case kClearEvents: call.Subject("cevt clear"); break;
         default: call.Subject("cevt choice=%d", block.choice); break;
     }
@@ -38,7 +38,7 @@ int Read(const LOG_INFO& block, void* entry) {
     if (place == nullptr) return kEndOfLog;
     if (block.length < sizeof block || block.length - sizeof block < place->length) return kTooSmall;
     uint8_t bytes[UINT16_MAX];
-    const ssize_t count = ReadAt(log, bytes, place->length, place->offset);
+    const ssize_t count = ReadAt(log.Get(), bytes, place->length, place->offset);
     if (count != place->length) return count < 0 ? -errno : -EIO;
     std::memcpy(entry, bytes, place->length);
     return kOk;
@@ -46,7 +46,8 @@ int Read(const LOG_INFO& block, void* entry) {
 
 int Clear() {
     const Change change(kCevt.name);
-    return change ? change.Replace(kLogFile, {}) : -errno;
+    if (!change) return -errno;
+    return change.Replace(kLogFile, {});
 }
 
 int Request(int, void* arg) {

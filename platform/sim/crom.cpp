@@ -60,7 +60,7 @@ bool Describe(int code, const void* arg, Call& call) {
 int Read(EV_IOCTL_STRUCT& block) {
     const Descriptor file = OpenFile(OpenDevice(kCrom.name), block.EvName);
     if (!file) return AnswerForMissing();
-    return ReadAt(file, block.DataBuffer, block.DataLength, 0) < 0 ? -errno : 0;
+    return ReadAt(file.Get(), block.DataBuffer, block.DataLength, 0) < 0 ? -errno : 0;
 }
 
 int Write(const EV_IOCTL_STRUCT& block) {

@@ -34,7 +34,7 @@ class HeaderReader {
 
   private:
     bool Fill(off_t offset) {
-        const ssize_t count = ReadAt(log_, window_.data(), window_.size(), offset);
+        const ssize_t count = ReadAt(log_.Get(), window_.data(), window_.size(), offset);
         begin_ = offset;
         filled_ = std::max<off_t>(count, 0);
         return count >= 0;

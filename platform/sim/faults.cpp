@@ -17,6 +17,10 @@ constexpr size_t kLargestFile = size_t{1} << 20;  // bytes
 constexpr char kAnyEvent[] = "cevt read *";
 constexpr std::string_view kEventRead = "cevt read ";
 
+bool StartsWith(std::string_view text, std::string_view start) {
+    return text.substr(0, start.size()) == start;
+}
+
 // Reads the operand of a fault and writes it as a call's subject has it. False when it isn't one.
 using ReadOperand = bool (*)(std::string_view text, std::string& subject);
 
@@ -52,9 +56,17 @@ bool VariableName(std::string_view text, std::string& subject) {
     return !text.empty() && text.find(' ') == text.npos;
 }
 
+// Signed or unsigned: a request carries a signed number, the entries of the log have unsigned ones.
 bool EventNumber(std::string_view text, std::string& subject) {
-    if (text != "*") return AppendNumber(text, UINT32_MAX, subject);
-    subject += text;
+    if (text == "*") {
+        subject += text;
+        return true;
+    }
+    const bool negative = StartsWith(text, "-");
+    uint64_t number = 0;
+    if (!ReadNumber(text.substr(negative ? 1 : 0), negative ? uint64_t{1} << 31 : UINT32_MAX, number))
+        return false;
+    subject += std::to_string(static_cast<int32_t>(static_cast<uint32_t>(negative ? -number : number)));
     return true;
 }
 
@@ -96,10 +108,6 @@ constexpr Form kForms[] = {
     {"request",         RequestNumber, kNegative, INT_MAX},
 };
 // clang-format on
-
-bool StartsWith(std::string_view text, std::string_view start) {
-    return text.substr(0, start.size()) == start;
-}
 
 // Reads what goes wrong into the subject of the calls that it means. False when it has none of the forms.
 bool ReadWhat(std::string_view what, const Form& form, std::string& subject) {

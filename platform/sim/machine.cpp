@@ -53,6 +53,7 @@ Descriptor OpenDevice(const char* device) {
 }
 
 Descriptor OpenFile(const Descriptor& directory, const char* name) {
+    if (!directory) return Descriptor();
     // Without O_NONBLOCK, opening a FIFO waits for its writer.
     Descriptor file(openat(directory.Get(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file) return file;
@@ -66,11 +67,11 @@ int AnswerForMissing() {
     return errno == ENOENT ? 1 : -errno;
 }
 
-ssize_t ReadAt(const Descriptor& file, void* buffer, size_t size, off_t offset) {
+ssize_t ReadAt(int fd, void* buffer, size_t size, off_t offset) {
     size_t done = 0;
     while (done < size) {
-        const ssize_t count = pread(file.Get(), static_cast<char*>(buffer) + done, size - done,
-                                    offset + static_cast<off_t>(done));
+        const ssize_t count =
+            pread(fd, static_cast<char*>(buffer) + done, size - done, offset + static_cast<off_t>(done));
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return -1;
         if (count == 0) break;
@@ -87,7 +88,7 @@ bool ReadWhole(const Descriptor& file, size_t limit, std::string& bytes) {
         return false;
     }
     bytes.resize(static_cast<size_t>(status.st_size));
-    const ssize_t count = ReadAt(file, bytes.data(), bytes.size(), 0);
+    const ssize_t count = ReadAt(file.Get(), bytes.data(), bytes.size(), 0);
     if (count < 0) return false;
     bytes.resize(static_cast<size_t>(count));
     return true;

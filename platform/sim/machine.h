@@ -29,16 +29,17 @@ Descriptor OpenMachine();
 // Opens the directory of one of the machine's devices ("crom"). Empty with errno set on failure.
 Descriptor OpenDevice(const char* device);
 
-// Opens a regular file for reading; waits for nobody. Empty with errno set on failure: ENOENT when there is
-// no such file, EISDIR or ENODEV when the name is something else's.
+// Opens a regular file for reading; waits for nobody. directory: one of the above, which may have failed:
+// then so does this. Empty with errno set on failure: ENOENT when there is no such file, EISDIR or ENODEV
+// when the name is something else's.
 Descriptor OpenFile(const Descriptor& directory, const char* name);
 
-// What a request answers when OpenFile has just failed: 1, the driver's "no such thing", or -E.
+// What a request answers when the opening of its file has just failed: 1 for no such file, or -E.
 int AnswerForMissing();
 
 // Reads from an offset into buffer until it has size bytes or the file ends. Result: bytes read; -1 with
 // errno.
-ssize_t ReadAt(const Descriptor& file, void* buffer, size_t size, off_t offset);
+ssize_t ReadAt(int fd, void* buffer, size_t size, off_t offset);
 
 // Reads a whole file. limit: the largest size in bytes that makes sense. False with errno set on failure:
 // EFBIG when the file is larger. Throws std::bad_alloc.

@@ -28,10 +28,8 @@ int Map(int fd, off_t address, size_t length, void*& mapping) {
     void* const pages = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (pages == MAP_FAILED) return -errno;
 
-    Descriptor file(fd);
-    const ssize_t count = ReadAt(file, pages, length, address);
+    const ssize_t count = ReadAt(fd, pages, length, address);
     const int reason = count < 0 ? errno : EINVAL;
-    file.Release();
     if (count == static_cast<ssize_t>(length)) {
         mapping = pages;
         return 0;

@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr int kAppend = O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC;
 constexpr int kLongestLine = 1024;  // the write of a ROM variable: its name and 256 bytes in hexadecimal
 
 // Clear of the standard streams, which may be closed: what the program prints must not end up in the trace.
@@ -30,8 +31,7 @@ int OpenTrace() {
 
     int fd = -1;
     errno = EINVAL;
-    if (S_ISREG(status.st_mode))
-        fd = openat(machine.Get(), "trace", O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC);
+    if (S_ISREG(status.st_mode)) fd = openat(machine.Get(), "trace", kAppend);
     if (fd < 0) std::fprintf(stderr, "simulated machine: trace: %s\n", std::strerror(errno));
     return AboveStandardStreams(fd);
 }
@@ -51,6 +51,10 @@ void TraceFile::Append(const char* format, ...) const {
     va_start(arguments, format);
     const int length = std::vsnprintf(line, sizeof line, format, arguments);
     va_end(arguments);
+    // Whatever a request carries in the place of a name, it stays within its own line.
+    for (char* next = line; next < line + length - 1; ++next) {
+        if (static_cast<unsigned char>(*next) < ' ') *next = '?';
+    }
     // One write, so that the lines of two processes don't mix. A full disk costs the line, not the call.
     if (write(fd_, line, static_cast<size_t>(length)) < 0) return;
 }
