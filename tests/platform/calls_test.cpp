@@ -1,0 +1,90 @@
+// Faults and the trace, which every call of the seam goes through.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <regex>
+
+#include "tests/platform/seam.h"
+
+namespace {
+
+const struct {
+    const char* catches;
+    const char* faults;
+    const char* calls;
+    const char* refused_lines = "";
+} kFaults[] = {
+    {"another device", "open cevt -13\n", "open cdt -> 0; open cevt -> -1 errno=13"},
+    {"another record", "cdt 351.0.0 7\n",
+     "open cdt -> 0; cdt 351.0.0 size=4 cru=0.0 -> 7; cdt 351.0.1 size=4 cru=0.0 -> 0 = 02"},
+    {"a change that is made all the same", "cdt 1503.0.0 -5\ncasr 4 0\ncasr 6 0\ncevt clear 0\n",
+     "open cdt -> 0; cdt 1503.0.0 size=5 cru=1.1 -> -1 errno=5; open casr -> 0; casr 4 -> 0; casr 6 -> 0;"
+     "open cevt -> 0; cevt clear length=56 -> 0"},
+    {"reads for writes, a name's beginning", "crom read A 1\ncrom write AB 2\n",
+     "open crom -> 0; crom read A length=1 -> 1; crom write A length=1 data=41 -> 0;"
+     "crom read AB length=1 -> 0 = 42; crom write AB length=1 data=00 -> 2"},
+    {"another event", "cevt read 2147483648 4\ncevt read 0 5\ncevt read * 6\n",
+     "open cevt -> 0; cevt read 0 length=44 -> 5; cevt read 1 length=44 -> 6;"
+     "cevt read -2147483648 length=44 -> 4; cevt choice=7 length=44 -> -1 errno=22"},
+    {"another page", "xsvc map 0x00001000 -12\n",
+     "xsvc open -> 0; xsvc map 0x00000000 4096 -> 0 = 4d4e; xsvc unmap 4096;"
+     "xsvc map 0x00001000 4096 -> -1 errno=12; xsvc close"},
+    {"memory that opens", "xsvc open -6\n", "xsvc open -> -1 errno=6"},
+    {"a service that answers", "picl initialize 1\n", "picl initialize -> 1; picl root -> 4"},
+    {"a root that is given", "picl root 15\n", "picl initialize -> 0; picl root -> 15"},
+    {"other calls counted, or from 0", "request 2 9\n",
+     "open casr -> 0; xsvc open -> 0; casr 6 -> 0 = 01000000; casr 6 -> 9; casr 6 -> 0 = 01000000"},
+    {"not the first line that fits", "request 1 3\ncasr 6 4\nrequest 2 5\ncasr 6 6\n",
+     "open casr -> 0; casr 6 -> 3; casr 6 -> 4"},
+    {"a remark, a last line without its end", "\n# casr 6 1\ncasr 6 2", "open casr -> 0; casr 6 -> 2"},
+    {"lines that can't be read",
+     "casr\ncasr 6\ncasr 6 x\ncasr x 1\nopen cdt 0\nopen tape -1\ncdt 351.0 1\ncdt 351.256.0 1\nrequest 0 1\n"
+     "picl root -1\ncasr 6 99999999999\n\1\2\xff\n casr 6 1\ncevt clear 0 1\ncasr 6 5\n",
+     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 "},
+};
+
+}  // namespace
+
+TEST(Faults, TakeTheCallsPlace) {
+    for (const auto& [catches, faults, calls, refused_lines] : kFaults) {
+        SCOPED_TRACE(catches);
+        TestMachine machine;
+        machine.Asr(true);
+        machine.Write("cdt/351.0.0", "\1");
+        machine.Write("cdt/351.0.1", "\2");
+        machine.Write("cdt/1503.0.0", "\1\7");
+        machine.Variable("A", std::string("A"));
+        machine.Variable("AB", std::string("B"));
+        machine.Write("cevt/hlog", "log");
+        machine.Write("picl", "picl\n");
+        machine.PhysicalMemory(0, "M" + std::string(4094, '\0') + "N" + std::string(4096, '\0'));
+        machine.Write("faults", faults);
+        ExpectCalls(machine, calls);
+
+        EXPECT_EQ(machine.Read("cdt/1503.0.0") + machine.Read("crom/AB") + machine.Read("cevt/hlog"),
+                  "\1\7Blog");
+        const std::regex refusal("simulated machine: faults: line (\\d+) can't be read\n");
+        EXPECT_EQ(std::regex_replace(machine.Read("stderr"), refusal, "$1 "), refused_lines);
+    }
+}
+
+TEST(Trace, IsLookedForOnceAndAppendedTo) {
+    TestMachine machine;
+    machine.Asr(true);
+    machine.Write("trace", "kept\n");
+    InChild(machine, [&] {
+        close(STDOUT_FILENO);
+        Make("open casr");
+        machine.Fault("casr 6 1");
+        EXPECT_EQ(Make("casr 6"), "0 = 01000000") << "faults read at a later call";
+        EXPECT_LT(write(STDOUT_FILENO, "printed", 7), 0) << "the trace in the place of a closed output";
+    });
+    EXPECT_EQ(machine.Read("trace"), "kept\nopen casr -> 0\ncasr 6 -> 0\n");
+    machine.Remove("trace");
+    InChild(machine, [&] {
+        Make("open casr");
+        machine.StartTrace();
+        Make("casr 6");
+    });
+    EXPECT_EQ(machine.Read("trace"), "") << "looked for at a later call";
+}

@@ -1,0 +1,153 @@
+// What the four devices of the health driver answer, and what is in the machine afterwards.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <random>
+
+#include "include/event_log.h"
+#include "tests/platform/seam.h"
+
+namespace {
+
+// An entry of the log: its header, then bytes of its number.
+std::string Entry(uint32_t number, unsigned length) {
+    EVT_HEADER header{};
+    header.wEvtLength = static_cast<uint16_t>(length);
+    header.dwEvtNumber = number;
+    std::string entry = MachineBuilder::Plain(header);
+    entry.resize(std::max<size_t>(length, sizeof header), static_cast<char>(number & 0x7F));
+    return entry;
+}
+
+}  // namespace
+
+TEST(Devices, OpenWhereTheMachineHasThem) {
+    TestMachine machine;
+    machine.Remove("cevt");
+    machine.Remove("crom");
+    machine.Write("crom", "");
+    ExpectCalls(machine, R"(open cevt -> -1 errno=2 # a device that isn't there
+        open crom -> -1 errno=20                    # a file in a device's place
+        open /dev/zethealth/cdt2 -> -1 errno=2      # a path taken by its beginning
+        open casr -> 0
+        casr code=69 -> -1 errno=22                 # another device's code
+        fd=1 code=6 -> -1 errno=9                   # a descriptor that was never open
+        fd=-1 code=6 -> -1 errno=9                  # a negative descriptor
+        fd=1048576 code=6 -> -1 errno=9             # a descriptor past the last
+        close casr
+        fd=0 code=6 -> -1 errno=9                   # a descriptor that is closed)");
+}
+
+TEST(Devices, ReportDataTables) {
+    TestMachine machine;
+    machine.Write("cdt/351.0.0", "\1\2\3\4");
+    machine.Write("cdt/1702.255.7", "\5");
+    machine.Write("cdt/1503.0.0", "\1\7\3\4\5");
+    machine.Write("cdt/1503.1.0", "");
+    ExpectCalls(machine, R"(open cdt -> 0
+        cdt 351.0.0 size=3 cru=0.0 -> 0 = 010203       # bytes past the caller's size
+        cdt 351.0.0 size=9 cru=0.0 -> 0 = 01020304     # bytes made up behind the record
+        cdt 1702.255.7 size=4 cru=0.0 -> 0 = 05        # indexes mixed up, or signed
+        cdt 351.0.1 size=4 cru=0.0 -> 1                # a record that isn't there
+        cdt 351.0.0 size=1 cru=9.2 -> 0 = 01           # the control bytes of a plain table
+        cdt 1503.0.0 size=5 cru=1.4 -> 0 = 0107030405  # a report that changes the state
+        cdt 1503.0.0 size=5 cru=0.1 -> 1               # an indicator without its function
+        cdt 1503.0.0 size=5 cru=1.3 -> 1               # a control that doesn't exist
+        cdt 1503.9.0 size=5 cru=1.1 -> 1               # an indicator that isn't there
+        cdt 1503.0.0 size=5 cru=1.2 -> 0 = 0100030405  # the old state reported
+        cdt 1503.0.0 size=1 cru=1.1 -> 0 = 01          # a change cut to the caller's size
+        cdt 1503.1.0 size=5 cru=1.1 -> 0 = 0001        # a short record not lengthened)");
+    EXPECT_EQ(machine.Read("cdt/1503.0.0"), "\1\1\3\4\5");
+    EXPECT_EQ(machine.Read("cdt/1503.1.0"), std::string("\0\1", 2));
+}
+
+TEST(Devices, SwitchTheRecoveryTimer) {
+    TestMachine machine;
+    ExpectCalls(machine, "open casr -> 0; casr 6 -> 1; casr 4 -> 1; casr 3 -> 1 # a timer that isn't there");
+    machine.Asr(false);
+    ExpectCalls(machine, "open casr -> 0; casr 6 -> 0 = 00000000; casr 4 -> 0; casr 6 -> 0 = 01000000");
+    EXPECT_EQ(machine.Read("casr/enabled"), "1\n");
+    machine.Write("casr/enabled", "on\n");
+    ExpectCalls(machine, "open casr -> 0; casr 6 -> -1 errno=22 # a word; casr 3 -> 0");
+    EXPECT_EQ(machine.Read("casr/enabled"), "0\n");
+}
+
+TEST(Devices, KeepRomVariables) {
+    TestMachine machine;
+    machine.Remove("crom/ZTHMAC");
+    machine.Variable("ZTHCPR", std::string("\1\2\3\4"));
+    machine.Write("cdt/351.0.0", "secret");
+    const std::string longest(255, 'N');
+    ExpectCalls(machine, R"(open crom -> 0
+        crom read ZTHCPR length=3 -> 0 = 010203        # bytes past the length
+        crom read ZTHCPR length=256 -> 0 = 01020304    # bytes made up behind the value
+        crom read ZTHCPR length=257 -> 1               # a length above the block's
+        crom read ZTHLS1 length=4 -> 1                 # a variable that isn't there
+        crom write ZTHCPR length=2 data=aabb -> 0      # the bytes behind the length lost
+        crom write A_b-9 length=3 data=00ff10 -> 0     # a variable that isn't there yet
+        crom read ../cdt/351.0.0 length=6 -> 1         # a way out of the directory
+        crom read . length=6 -> 1                      # the directory itself
+        crom write  length=1 data=07 -> 1              # an empty name
+        crom write A B length=1 data=07 -> 1           # a letter that no name has
+        )" + ("crom write " + longest + " length=1 data=07 -> 0 # the longest name;") +
+                             ("crom read " + longest + "N length=1 -> 1 # a name without its end"));
+    EXPECT_EQ(machine.Read("crom/ZTHCPR"), "\xaa\xbb\3\4");
+    EXPECT_EQ(machine.Read("crom/A_b-9"), std::string("\0\xff\x10", 3));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
+}
+
+TEST(Devices, ReadTheEventLog) {
+    const std::string first = Entry(9, 30), high = Entry(0x80000000, 28), lowest = Entry(4, 300);
+    TestMachine machine;
+    machine.Write("cevt/hlog", first + high + lowest + Entry(9, 40) + Entry(7, 27) + Entry(1, 28));
+    const auto read = [](const char* call, const std::string& entry) {
+        return std::string("cevt read ") + call + " -> 0 = " + Hexadecimal(entry) + ";";
+    };
+    ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=315 -> 3; cevt read 0 length=15 -> 3;" +
+                             read("0 length=316", lowest) + read("5 length=312", first) +
+                             read("9 length=46", first) + read("10 length=312", high) +
+                             read("-2147483648 length=312", high) + R"(
+        cevt read -2147483647 length=312 -> 1      # numbers taken as signed
+        cevt choice=7 length=56 -> -1 errno=22     # a choice that doesn't exist
+        cevt clear length=56 -> 0
+        cevt read 0 length=312 -> 1                # an index of the log as it was)");
+    EXPECT_EQ(machine.Read("cevt/hlog"), "");
+    machine.Remove("cevt/hlog");
+    ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # no log at all");
+}
+
+// The bytes that this process has read from files so far.
+size_t BytesRead() {
+    std::ifstream io("/proc/self/io");
+    std::string word;
+    size_t bytes = 0;
+    io >> word >> bytes;
+    return bytes;
+}
+
+TEST(Devices, ListALongLogInOnePass) {
+    constexpr uint32_t kNumbers = 3000;
+    std::mt19937 random(81);
+    std::string log;
+    std::map<uint32_t, std::string> first_of;  // each number, in order
+    for (uint32_t i = 0; i < kNumbers; ++i) {
+        const auto number = static_cast<uint32_t>(random() % kNumbers);
+        const std::string entry = Entry(number, static_cast<unsigned>(28 + random() % 300));
+        first_of.emplace(number, entry);
+        log += entry;
+    }
+    TestMachine machine;
+    machine.Write("cevt/hlog",
+                  log + "\x1d" + std::string(27, '\0'));  // at the end, an entry that lacks a byte
+    InChild(machine, [&] {
+        Make("open cevt");
+        const size_t before = BytesRead();
+        for (const auto& [number, entry] : first_of) {
+            const std::string answer = Make("cevt read " + std::to_string(number) + " length=344");
+            ASSERT_EQ(answer, "0 = " + Hexadecimal(entry)) << number;
+        }
+        EXPECT_LT(BytesRead() - before, 3 * log.size()) << "the log is gone through again for each entry";
+    });
+}

@@ -1,0 +1,105 @@
+// Physical memory and the PICL tree.
+#include <gtest/gtest.h>
+
+#include "platform/physical_memory.h"
+#include "platform/picl.h"
+#include "tests/platform/seam.h"
+
+TEST(PhysicalMemory, IsMappedUpToItsEnd) {
+    TestMachine machine;
+    machine.PhysicalMemory(0xF0000, "M");
+    machine.PhysicalMemory(0x100000000, "N" + std::string(4094, '\0') + "O");
+    ExpectCalls(machine, R"(xsvc open -> 0
+        xsvc map 0x000f0000 65536 -> 0 = 4d00; xsvc unmap 65536
+        xsvc map 0x100000000 4096 -> 0 = 4e4f; xsvc unmap 4096   # an address cut to 32 bits
+        xsvc map 0x100000000 8192 -> -1 errno=22                 # a page past the end
+        xsvc map 0x100002000 4096 -> -1 errno=22                 # a range beyond the end
+        xsvc map 0x000f0000 0 -> -1 errno=22                     # an empty range
+        xsvc map 0xfffffffffffff000 4096 -> -1 errno=22          # an address below 0
+        xsvc close)");
+}
+
+TEST(PhysicalMemory, OutlivesTheFile) {
+    TestMachine machine;
+    machine.Write("xsvc", std::string(8192, 'M'));
+    InChild(machine, [&] {
+        const int fd = xsvc_open();
+        const auto* bytes = static_cast<const char*>(xsvc_map(fd, 0, 8192));
+        xsvc_close(fd);
+        machine.Write("xsvc", "");
+        ASSERT_NE(bytes, nullptr);
+        EXPECT_EQ(bytes[8191], 'M') << "a mapping of a file that shrank";
+    });
+}
+
+namespace {
+
+const struct {
+    const char* catches;
+    const char* tree;
+    const char* nodes;  // of class a: each one's "id"; null: not a tree
+} kTrees[] = {
+    {"the walk's order, or the root in it", "a id=1\n  a id=2\n    a id=3\n    b id=9\n  a id=4\n", "020304"},
+    {"a class by its beginning", "r\n  ab id=1\n  a id=2\n  b id=3\n", "02"},
+    {"a node without the property", "r\n  a\n  a ids=1 xid=2 id=3\n", "ff03"},
+    {"numbers of both kinds", "r\n  a id=0x7f\n  a id=127 x=4294967295\n", "7f7f"},
+    {"remarks in the tree", "# r\n\nr\n\n  a id=1\n# x\n    a id=2", "0102"},
+    {"no root", "# nothing\n", nullptr},
+    {"a second root", "r\na id=1\n", nullptr},
+    {"a root that is indented", "  r\n", nullptr},
+    {"a level passed over", "r\n    a id=1\n", nullptr},
+    {"half a level", "r\n   a id=1\n", nullptr},
+    {"a value of 33 bits", "r id=4294967296\n", nullptr},
+    {"a value that isn't a number", "r id=0x\n", nullptr},
+    {"a property without a name", "r =1\n", nullptr},
+    {"a property without a value", "r id\n", nullptr},
+    {"random bytes", "\x8e\x01\n\xff  =\t\n   \x7f", nullptr},
+};
+
+}  // namespace
+
+TEST(Picl, WalksTheTreeOfTheFile) {
+    for (const auto& [catches, tree, nodes] : kTrees) {
+        SCOPED_TRACE(catches);
+        TestMachine machine;
+        machine.Write("picl", tree);
+        const std::string walk = "picl initialize -> 0; picl root -> 0; picl walk a -> 0 = ";
+        ExpectCalls(machine, nodes != nullptr ? walk + nodes : "picl initialize -> 1; picl root -> 4");
+    }
+}
+
+// Counts the nodes in arg[0], and answers arg[1].
+int Visit(picl_nodehdl_t, void* arg) {
+    int* const words = static_cast<int*>(arg);
+    ++words[0];
+    return words[1];
+}
+
+TEST(Picl, ChecksWhatItIsGiven) {
+    const int walks[][3] = {
+        {PICL_WALK_CONTINUE, PICL_SUCCESS, 2},  // the callback's answer, the walk's, visits
+        {PICL_WALK_TERMINATE, PICL_SUCCESS, 1},
+        {PICL_PROPNOTFOUND, PICL_PROPNOTFOUND, 1}};
+    TestMachine machine;
+    machine.Write("picl", "r id=258\n  a\n    a\n");
+    InChild(machine, [&] {
+        picl_nodehdl_t root = 1;
+        uint8_t value[8] = {};
+        EXPECT_EQ(picl_get_propval_by_name(root, "id", value, 4), PICL_NOTINITIALIZED);
+        EXPECT_EQ(picl_initialize() + picl_get_root(&root), PICL_SUCCESS);
+        for (const auto& [answer, result, visits] : walks) {
+            int words[] = {0, answer};
+            EXPECT_EQ(picl_walk_tree_by_class(root, "a", words, Visit), result);
+            EXPECT_EQ(words[0], visits);
+        }
+        for (const picl_nodehdl_t nobody : {root - 1, root + 3, root + (uint64_t{1} << 32)}) {
+            EXPECT_EQ(picl_get_propval_by_name(nobody, "id", value, 4), PICL_INVALIDHANDLE) << nobody;
+            EXPECT_EQ(picl_walk_tree_by_class(nobody, "a", nullptr, Visit), PICL_INVALIDHANDLE) << nobody;
+        }
+        EXPECT_EQ(picl_get_propval_by_name(root, "no", value, 4), PICL_PROPNOTFOUND);
+        EXPECT_EQ(picl_get_propval_by_name(root, "id", value, 3), PICL_VALUETOOBIG);
+        EXPECT_EQ(value[0], 0) << "stored where it doesn't fit";
+        EXPECT_EQ(picl_get_propval_by_name(root, "id", value, sizeof value), PICL_SUCCESS);
+        EXPECT_EQ(value[0] + value[1] + value[4], 3) << "258, in 4 bytes";
+    });
+}

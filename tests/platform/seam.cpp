@@ -1,0 +1,182 @@
+#include "tests/platform/seam.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <map>
+#include <regex>
+
+#include "include/data_tables.h"
+#include "include/event_log.h"
+#include "include/rom_variables.h"
+#include "platform/physical_memory.h"
+#include "platform/picl.h"
+#include "platform/request.h"
+
+namespace {
+
+constexpr char kUntouched = '\xEE';
+constexpr size_t kGuard = 64;  // bytes behind a buffer, which must stay as they are
+
+using Words = const std::smatch&;  // a call, and what its pattern captures
+
+std::map<std::string, int> descriptors;
+int memory = -1;
+char* mapping = nullptr;
+picl_nodehdl_t root = 0;
+
+// A word as a number of whatever type is wanted.
+struct Number {
+    explicit Number(const std::string& word) : value(std::stoull(word, nullptr, 0)) {}
+    template <typename Wanted>
+    operator Wanted() const {
+        return static_cast<Wanted>(value);
+    }
+    unsigned long long value;
+};
+
+// The answer to a call: its result, and its buffer's bytes up to the last one that was written.
+std::string Answer(int result, std::string buffer = "") {
+    buffer.resize(buffer.find_last_not_of(kUntouched) + 1);
+    return std::to_string(result) + (result < 0 ? " errno=" + std::to_string(errno) : "") +
+           (buffer.empty() ? "" : " = " + Hexadecimal(buffer));
+}
+
+std::string Open(Words words) {
+    std::string path = (words.str(1)[0] == '/' ? "" : "/dev/zethealth/") + words.str(1);
+    return Answer(std::min(descriptors[words[1]] = vxOpenRequest(path.data(), 2), 0));
+}
+
+std::string AskCasr(int fd, int code) {
+    std::string state(4, kUntouched);
+    const int result = vxIoctlRequest(fd, code, state.data());
+    return Answer(result, state);
+}
+
+std::string AskCdt(Words words) {
+    const Number type(words[1]), index(words[2]), index2(words[3]), size(words[4]);
+    std::string reply(size.value + kGuard, kUntouched);
+    DT_IOCTL block = {{size, type, index, index2, Number(words[5]), Number(words[6]), {}}, reply.data()};
+    const int result = vxIoctlRequest(descriptors["cdt"], kDataTableRequest, &block);
+    return Answer(result, reply);
+}
+
+std::string AskCrom(int code, const std::string& name, Number length, const std::string& data) {
+    EV_IOCTL_STRUCT block{};
+    name.copy(block.EvName, sizeof block.EvName);
+    block.DataLength = length;
+    std::fill(block.DataBuffer, std::end(block.DataBuffer), static_cast<uint8_t>(kUntouched));
+    for (size_t i = 0; i < data.size() / 2; ++i) block.DataBuffer[i] = Number("0x" + data.substr(2 * i, 2));
+    const int result = vxIoctlRequest(descriptors["crom"], code, &block);
+    return Answer(result, data.empty() ? std::string(block.DataBuffer, std::end(block.DataBuffer)) : "");
+}
+
+std::string AskCevt(int choice, Number number, Number length) {
+    std::string block = MachineBuilder::Plain(LOG_INFO{length, choice, 0, number});
+    block.resize(std::max<size_t>(length.value, sizeof(LOG_INFO)) + kGuard, kUntouched);
+    const int result = vxIoctlRequest(descriptors["cevt"], kEventLogRequest, block.data());
+    return Answer(result, block.substr(sizeof(LOG_INFO)));
+}
+
+// Shows the first and the last byte of the mapping.
+std::string MapMemory(Number address, Number length) {
+    mapping = static_cast<char*>(xsvc_map(memory, address, length));
+    return mapping == nullptr ? Answer(-1) : Answer(0, {mapping[0], mapping[length.value - 1]});
+}
+
+// Shows one byte of each node's property "id", or ff.
+std::string WalkPicl(Words words) {
+    std::string ids;
+    const auto note = [](picl_nodehdl_t node, void* arg) -> int {
+        uint32_t id = 0xFF;
+        picl_get_propval_by_name(node, "id", &id, sizeof id);
+        *static_cast<std::string*>(arg) += static_cast<char>(id);
+        return PICL_WALK_CONTINUE;
+    };
+    const int result = picl_walk_tree_by_class(root, words.str(1).c_str(), &ids, note);
+    return Answer(result, ids);
+}
+
+std::regex operator""_call(const char* pattern, size_t) {
+    return std::regex(pattern);
+}
+
+// clang-format off
+const struct {
+    std::regex pattern;
+    std::string (*make)(Words words);
+} kCalls[] = {
+    {"open (.+)"_call,                       Open},
+    {"close (.+)"_call,                      [](Words w) { return vxCloseRequest(descriptors[w[1]]), std::string(); }},
+    {"cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)"_call, AskCdt},
+    {"casr (?:code=)?(\\d+)"_call,           [](Words w) { return AskCasr(descriptors["casr"], Number(w[1])); }},
+    {"fd=(\\S+) code=(\\d+)"_call,           [](Words w) { return AskCasr(Number(w[1]), Number(w[2])); }},
+    {"crom read (.*) length=(\\d+)"_call,    [](Words w) { return AskCrom(kReadVariable, w[1], Number(w[2]), ""); }},
+    {"crom write (.*) length=(\\d+) data=(.*)"_call,
+                                             [](Words w) { return AskCrom(kWriteVariable, w[1], Number(w[2]), w[3]); }},
+    {"cevt read (\\S+) length=(\\d+)"_call,  [](Words w) { return AskCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
+    {"cevt clear length=(\\d+)"_call,        [](Words w) { return AskCevt(kClearEvents, Number("0"), Number(w[1])); }},
+    {"cevt choice=(\\d+) length=(\\d+)"_call,[](Words w) { return AskCevt(Number(w[1]), Number("0"), Number(w[2])); }},
+    {"xsvc open"_call,                       [](Words) { return Answer(std::min(memory = xsvc_open(), 0)); }},
+    {"xsvc map (\\S+) (\\d+)"_call,          [](Words w) { return MapMemory(Number(w[1]), Number(w[2])); }},
+    {"xsvc unmap (\\d+)"_call,               [](Words w) { return xsvc_unmap(mapping, Number(w[1])), std::string(); }},
+    {"xsvc close"_call,                      [](Words) { return xsvc_close(memory), std::string(); }},
+    {"picl initialize"_call,                 [](Words) { return Answer(picl_initialize()); }},
+    {"picl root"_call,                       [](Words) { return Answer(picl_get_root(&root)); }},
+    {"picl walk (.+)"_call,                  WalkPicl},
+};
+// clang-format on
+
+}  // namespace
+
+std::string Hexadecimal(const std::string& bytes) {
+    std::string text;
+    for (const char byte : bytes) {
+        for (const int nibble : {byte >> 4 & 15, byte & 15}) text += "0123456789abcdef"[nibble];
+    }
+    return text;
+}
+
+std::string Make(const std::string& call) {
+    std::smatch words;
+    for (const auto& [pattern, make] : kCalls) {
+        if (std::regex_match(call, words, pattern)) return make(words);
+    }
+    return "no such call";
+}
+
+void InChild(const TestMachine& machine, const std::function<void()>& body) {
+    std::fflush(stdout);
+    const pid_t child = fork();
+    if (child == 0) {
+        const std::string errors = machine.Directory() + "/stderr";
+        dup2(open(errors.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666), STDERR_FILENO);
+        setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
+        EXPECT_NO_THROW(body());
+        std::fflush(stdout);
+        _exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0) << machine.Read("stderr");
+}
+
+void ExpectCalls(TestMachine& machine, const std::string& calls) {
+    static const std::regex kStep(
+        " *([^#;\n]+?)( -> (-?\\d+(?: errno=\\d+)?)( = \\w+)?)? *(#[^;\n]*)?(?:[;\n]|$)");
+    std::string trace;
+    machine.StartTrace();
+    InChild(machine, [&] {
+        for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
+            EXPECT_EQ(Make((*step)[1]), step->str(3) + step->str(4)) << (*step)[1] << ' ' << (*step)[5];
+        }
+    });
+    for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
+        trace += step->str(1) + (step->length(2) != 0 ? " -> " : "") + step->str(3) + "\n";
+    }
+    EXPECT_EQ(machine.TakeTrace(), trace);
+}
