@@ -1,5 +1,6 @@
 // The named, non-volatile ROM variables in which the firmware keeps its settings: the request block that
-// reads or writes one, and the record of each. Little-endian, packed, as the firmware has them.
+// reads or writes one, and the record of each. Little-endian, packed, as the firmware has them; bit fields
+// are numbered from the least significant bit.
 #pragma once
 
 #include <cstddef>
@@ -15,3 +16,246 @@ struct EV_IOCTL_STRUCT {
 };
 static_assert(sizeof(EV_IOCTL_STRUCT) == 520 && offsetof(EV_IOCTL_STRUCT, DataBuffer) == 264,
               "as the driver has it");
+
+// The variables' names, each with its record.
+constexpr char kNicAddressVariable[] = "ZTHMAC";     // eight entries of 8 bytes, see zthmac
+constexpr char kAsrVariable[] = "ZTHCPR";            // ASREVSTRUCT
+constexpr char kAssetVariable[] = "ZTSCAT";          // AssetText
+constexpr char kShutdownVariable[] = "ZTHCSM";       // CSMEVSTRUCT
+constexpr char kServerNameVariable[] = "ZTHLS1";     // ServerName
+constexpr char kBootOrderVariable[] = "ZTHIPL";      // ZTHIPLSTRUCT
+constexpr char kBootOnceVariable[] = "ZTTBT1";       // ZTTBT1STRUCT
+constexpr char kBootCountVariable[] = "ZTHNIPL";     // BootDeviceCount
+constexpr char kNicBootVariable[] = "ZTHNIC";        // NicBootSettings
+constexpr char kNicPxeVariable[] = "ZTHPXE";         // NicPxeFlags
+constexpr char kConfigurationVariable[] = "ZTSBKT";  // WOLEVREC
+constexpr char kBiosPortVariable[] = "ZTHCON";       // BiosPort
+constexpr char kBiosBaudVariable[] = "ZTHBAUD";      // BiosBaud
+constexpr char kVersionsVariable[] = "ZTHUV";        // VERSEVREC
+
+#pragma pack(push, 1)
+
+struct ASREVSTRUCT {  // the automatic server recovery timer
+    uint8_t ucMajor_version;
+    uint8_t ucMinor_version;
+    uint8_t ucTimeoutValue;  // minutes
+    uint8_t ucReserved;
+    uint16_t usBaseAddr;
+    uint16_t usScaleValue;
+};
+static_assert(sizeof(ASREVSTRUCT) == 8 && offsetof(ASREVSTRUCT, ucTimeoutValue) == 2,
+              "as the firmware has it");
+
+struct AssetText {
+    char asset_text[255];  // zero-filled; a text that fills it has no terminator
+};
+static_assert(sizeof(AssetText) == 255, "as the firmware has it");
+
+struct CSMEVSTRUCT {
+    uint8_t ucEAAshutdown;  // bit 0: shut down by itself when the environment is abnormal (EAAS)
+    uint8_t ucaRomDate[3];
+    uint8_t ucRecoveryConf;
+    uint8_t ucEAASShutdown;
+    uint8_t ucFanFailure;
+};
+static_assert(sizeof(CSMEVSTRUCT) == 7 && offsetof(CSMEVSTRUCT, ucRecoveryConf) == 4,
+              "as the firmware has it");
+
+struct ServerName {  // in two halves of up to 14 characters, each with its terminator and zero-filled
+    char first_half[15];
+    char second_half[15];
+};
+static_assert(sizeof(ServerName) == 30, "as the firmware has it");
+
+// Device codes in boot order. 0 CD-ROM, 1 floppy, 2 hard disk, 3 PXE; on servers that can boot from a USB
+// key, 3 is the key and 4 PXE. Entries past the installed count carry no meaning.
+struct ZTHIPLSTRUCT {
+    uint8_t ucPriority[8];
+};
+static_assert(sizeof(ZTHIPLSTRUCT) == 8, "as the firmware has it");
+
+struct BootDeviceCount {
+    uint8_t zthnipl;
+};
+static_assert(sizeof(BootDeviceCount) == 1, "as the firmware has it");
+
+struct ZTTBT1STRUCT {  // the device that the next start alone boots from
+    union {
+        uint8_t bVal;  // 0 none, 1 floppy, 2 CD-ROM, 3 hard disk, 0x30 the setup utility, 0x40 PXE
+        struct {
+            uint8_t b_order : 4;
+            uint8_t b_mode : 4;
+        } s;
+    } boot;
+    uint8_t flags;
+};
+static_assert(sizeof(ZTTBT1STRUCT) == 2 && offsetof(ZTTBT1STRUCT, flags) == 1, "as the firmware has it");
+
+enum NicBoot : uint8_t { kNicBootNone = 0, kNicBootPxe = 1, kNicBootIscsi = 2 };
+
+struct NicBootSettings {
+    uint8_t nic[100];  // a NicBoot each, NIC 1 first; the firmware keeps as many as it has NICs
+};
+static_assert(sizeof(NicBootSettings) == 100, "the longest read");
+
+struct NicPxeFlags {  // the older form of the NIC settings
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_PXE : 5;  // bit i: NIC i+1 boots by PXE
+            uint8_t reserved : 3;
+        } s;
+    } nics;
+    uint8_t reserved[9];
+};
+static_assert(sizeof(NicPxeFlags) == 10, "as the firmware has it");
+
+union SERIALPORT {  // an embedded serial port
+    uint8_t ucData;
+    struct {
+        uint8_t bits_UART : 3;  // 1 to 4: COM1 to COM4; 7 disabled
+        uint8_t reserved_1 : 1;
+        uint8_t bits_IRQ : 4;
+    } s;
+};
+
+struct WOLEVREC {  // the system configuration, shared by several commands
+    uint8_t ucHeader;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_SerialNo : 2;
+            uint8_t bits_APIC : 2;
+            uint8_t bits_Memory : 2;
+            uint8_t bits_Mouse : 2;
+        } s;
+    } data1;
+    SERIALPORT uart1;  // port A
+    SERIALPORT uart2;  // port B
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_Port : 3;
+            uint8_t reserved_1 : 1;
+            uint8_t bits_IRQ : 4;
+        } s;
+    } parallel;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_DMA : 4;
+            uint8_t bits_FloppyWrites : 2;
+            uint8_t bits_USBKb : 2;
+        } s;
+    } dma;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_WOL : 2;  // 1: Wake-On-Lan enabled; 2 disabled
+            uint8_t bits_PCIUSB : 2;
+            uint8_t bits_KONF : 2;
+            uint8_t bit_OptRom : 1;
+            uint8_t bit_OnlineSpare : 1;
+        } s;
+    } flags;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_F1 : 2;  // the POST F1 prompt: 1 enabled, 2 disabled, 3 delayed, 0 undefined
+            uint8_t bits_FanSpeed : 2;
+            uint8_t bits_IDE : 2;
+            uint8_t bit_NMI : 1;
+            uint8_t bit_HyperThreading : 1;  // 0 enabled, 1 disabled
+        } s;
+    } flags2;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bit_OnlineSpare : 1;
+            uint8_t bit_SingleCardMemory : 1;
+            uint8_t bit_DualCardMemory : 1;
+            uint8_t reserved : 5;
+        } s;
+    } amp;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_ParallelPort : 3;
+            uint8_t reserved : 1;
+            uint8_t bits_ACPI : 1;
+            uint8_t reserved2 : 1;
+            uint8_t bits_CPU : 1;
+            uint8_t reserved3 : 1;
+        } s;
+    } flags3;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_UART1 : 3;  // as SERIALPORT::bits_UART
+            uint8_t reserved : 1;
+            uint8_t bits_IRQ : 4;
+        } s;
+    } vsp;  // the management processor's virtual serial port
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_USB : 2;
+            uint8_t bit_EHCIController : 1;
+            uint8_t bit_IPMILegacy : 1;
+            uint8_t : 4;
+        } s;
+    } flags4;
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bit_NXMPSupported : 1;
+            uint8_t bit_SERREnabled : 1;
+            uint8_t bit_PCIXRiser : 1;
+            uint8_t reserved : 1;
+            uint8_t bits_PowerOnDelay : 4;
+        } s;
+    } flags5;
+};
+static_assert(sizeof(WOLEVREC) == 13 && offsetof(WOLEVREC, uart1) == 2 && offsetof(WOLEVREC, uart2) == 3 &&
+                  offsetof(WOLEVREC, flags) == 6 && offsetof(WOLEVREC, flags2) == 7 &&
+                  offsetof(WOLEVREC, vsp) == 10 && offsetof(WOLEVREC, flags5) == 12,
+              "as the firmware has it");
+
+struct BiosPort {  // the serial port of the BIOS console
+    uint8_t port;  // 0 disabled, 1 COM1, 2 COM2, 4 COM3, 5 COM4, 6 the virtual serial port
+    uint8_t unused;
+};
+static_assert(sizeof(BiosPort) == 2, "as the firmware has it");
+
+struct BiosBaud {
+    union {
+        uint8_t ucData;
+        struct {
+            uint8_t bits_Rate : 3;  // 1: 9600, 2: 19200, 3: 57600, 4: 115200
+            uint8_t reserved : 5;
+        } s;
+    } baud;
+    uint8_t unused[9];
+};
+static_assert(sizeof(BiosBaud) == 10, "as the firmware has it");
+
+struct VERSION {
+    uint8_t major;
+    uint8_t minor;
+    uint8_t revision;
+};
+
+struct VERSEVREC {  // the firmware's components: the version it came with, and the one it has now
+    VERSION tz_baseline, tz_current;
+    VERSION vetro_baseline, vetro_current;
+    VERSION flasko_baseline, flasko_current;
+    VERSION pw_baseline, pw_current;
+    VERSION sift_baseline, sift_current;
+    VERSION extmod_baseline, extmod_current;
+    VERSION krl_baseline, krl_current;
+};
+static_assert(sizeof(VERSEVREC) == 42 && offsetof(VERSEVREC, pw_current) == 21 &&
+                  offsetof(VERSEVREC, krl_current) == 39,
+              "as the firmware has it");
+
+#pragma pack(pop)

@@ -8,6 +8,7 @@
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
 #include "cli/smbparse/smbparse.h"
+#include "include/rom_variables.h"
 
 namespace {
 
@@ -46,7 +47,7 @@ bool ReadFirmwareTables() {
 
 void CountEmbeddedNics() {
     embedded_nics_installed = get_embedded_nics_smbios();
-    if (embedded_nics_installed == -1 && get_ev("ZTHMAC", zthmac, sizeof zthmac) == 0) {
+    if (embedded_nics_installed == -1 && get_ev(kNicAddressVariable, zthmac, sizeof zthmac) == 0) {
         embedded_nics_installed = CountNicsOfRom();
     }
     if (embedded_nics_installed < 0) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "include/asr_timer.h"
 #include "platform/sim/change.h"
 #include "platform/sim/devices.h"
 #include "platform/sim/machine.h"
@@ -12,13 +13,12 @@
 
 namespace {
 
-enum AsrRequest : int { kDisable = 3, kEnable = 4, kReadState = 6 };
 constexpr char kStateFile[] = "enabled";
 constexpr size_t kLongestNumber = 32;  // bytes of the file
 
 bool Describe(int code, const void* block, Call& call) {
     call.Subject("casr %d", code);
-    return code == kDisable || code == kEnable || (code == kReadState && block != nullptr);
+    return code == kDisableTimer || code == kEnableTimer || (code == kTimerState && block != nullptr);
 }
 
 int ReadState(void* block) {
@@ -43,8 +43,8 @@ int SetState(const char* text) {
 }
 
 int Request(int code, void* block) {
-    if (code == kReadState) return ReadState(block);
-    return SetState(code == kEnable ? "1\n" : "0\n");
+    if (code == kTimerState) return ReadState(block);
+    return SetState(code == kEnableTimer ? "1\n" : "0\n");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "include/bios_area.h"
+#include "include/rom_variables.h"
 #include "tools/mkmachine/firmware_records.h"
 #include "tools/mkmachine/models.h"
 
@@ -40,6 +41,6 @@ void AddRomSignature(MachineBuilder& machine) {
 void AddFirmware(MachineBuilder& machine, const Model& model) {
     AddRomSignature(machine);
     AddTables(machine, TablesOf(model));
-    if (model.id == ModelId::Tr300) machine.Variable("ZTHMAC", kNicsOfRom);
+    if (model.id == ModelId::Tr300) machine.Variable(kNicAddressVariable, kNicsOfRom);
     machine.Write("picl", model.id == ModelId::Tr300 ? kPiclWithoutKelm : kPiclWithKelm);
 }

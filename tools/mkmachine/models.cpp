@@ -19,11 +19,11 @@ const Model* FindModel(const std::string& name) {
 
 void MakeMachine(const Model& model, const std::string& directory) {
     MachineBuilder machine(directory);
-    machine.Asr(true);
     AddFans(machine, model.id);
     AddTemperatures(machine, model.id);
     AddPowerSupplies(machine, model.id);
     AddIndicators(machine, model.id);
     AddMemoryModules(machine, model.id);
     AddFirmware(machine, model);
+    AddRomVariables(machine, model.id);
 }

@@ -26,3 +26,4 @@ void AddPowerSupplies(MachineBuilder& machine, ModelId model);
 void AddIndicators(MachineBuilder& machine, ModelId model);
 void AddMemoryModules(MachineBuilder& machine, ModelId model);
 void AddFirmware(MachineBuilder& machine, const Model& model);
+void AddRomVariables(MachineBuilder& machine, ModelId model);  // and the recovery timer's state
