@@ -11,19 +11,6 @@ int NotAvailable() {
 
 }  // namespace
 
-int do_show_asr(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_asr(InputLineType*) {
-    return NotAvailable();
-}
-int do_enable_asr(InputLineType*) {
-    return NotAvailable();
-}
-int do_disable_asr(InputLineType*) {
-    return NotAvailable();
-}
-
 int do_show_asset(InputLineType*) {
     return NotAvailable();
 }

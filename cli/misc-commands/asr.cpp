@@ -1,0 +1,78 @@
+// The automatic server recovery (ASR) timer: its state is the casr device's, its timeout a ROM variable.
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
+#include "cli/generic_dtioctl/devices.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/switch_words.h"
+#include "cli/parse/handler.h"
+#include "include/asr_timer.h"
+#include "platform/request.h"
+#include "src/utils/numbers.h"
+
+namespace {
+
+constexpr RomVariable<ASREVSTRUCT> kTimeout = {kAsrVariable};
+constexpr char kUnreadable[] = "\nERROR: Failed to read ASR status.";
+constexpr RomTexts kTimeoutTexts = {
+    kUnreadable,
+    "\nERROR: Failed to set ASR timeout.",
+    "\nSuccessfully set ASR timeout to %d minutes.",
+};
+
+constexpr int kMinutes[] = {5, 10, 15, 20, 30};
+
+int SwitchTimer(InputLineType* line, const SwitchWay& way) {
+    if (line->NumWords != 2) return InvalidArguments();
+
+    if (vxIoctlRequest(casr_fd, way.on ? kEnableTimer : kDisableTimer, nullptr) != 0) {
+        return Fail("\nERROR: Failed to %s ASR.", way.verb);
+    }
+    std::printf("\nSuccessfully %sd ASR timer.", way.verb);
+    return 0;
+}
+
+}  // namespace
+
+int do_show_asr(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    int32_t enabled = 0;
+    if (vxIoctlRequest(casr_fd, kTimerState, &enabled) != 0) {
+        return Fail("\nERROR: Failed to get ASR enabled state.");
+    }
+    ASREVSTRUCT asr;
+    if (!ReadVariable(kTimeout, asr)) return Fail(kUnreadable);
+
+    std::printf("\nASR timeout is %d minutes.", asr.ucTimeoutValue);
+    std::printf("\nASR is currently %s.", OnOff(enabled != 0));
+    return 0;
+}
+
+int do_set_asr(InputLineType* InputLine) {
+    if (InputLine->NumWords == 2) return ShowUsage();
+    if (InputLine->NumWords != 3) {
+        std::printf("\nERROR: You must provide an ASR timeout value in minutes.");
+        return ShowUsage();
+    }
+    const int minutes = DecimalNumber(InputLine->Words[2]);
+    if (std::find(std::begin(kMinutes), std::end(kMinutes), minutes) == std::end(kMinutes)) {
+        return Fail("\nERROR: Timeout must be 5, 10, 15, 20 or 30 minutes.");
+    }
+
+    const RomOutcome outcome = ChangeVariable(kTimeout, [=](ASREVSTRUCT& asr) {
+        asr.ucTimeoutValue = static_cast<uint8_t>(minutes);
+        return true;
+    });
+    return Report(outcome, &kTimeoutTexts, minutes);
+}
+
+int do_enable_asr(InputLineType* InputLine) {
+    return SwitchTimer(InputLine, kEnable);
+}
+
+int do_disable_asr(InputLineType* InputLine) {
+    return SwitchTimer(InputLine, kDisable);
+}
