@@ -11,28 +11,6 @@ int NotAvailable() {
 
 }  // namespace
 
-int do_show_asset(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_asset(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_name(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_name(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_eaas(InputLineType*) {
-    return NotAvailable();
-}
-int do_enable_eaas(InputLineType*) {
-    return NotAvailable();
-}
-int do_disable_eaas(InputLineType*) {
-    return NotAvailable();
-}
-
 int do_show_boot(InputLineType*) {
     return NotAvailable();
 }

@@ -1,0 +1,36 @@
+// The asset text.
+#include <cstdio>
+#include <cstring>
+
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr RomVariable<AssetText> kAsset = {kAssetVariable};
+constexpr RomTexts kTexts = {
+    nullptr,
+    "\nERROR: Failed to set Asset Text.",
+    "\nSuccessfully set Asset Text.",
+};
+
+}  // namespace
+
+int do_show_asset(InputLineType* /*InputLine*/) {
+    AssetText asset;
+    if (!ReadVariable(kAsset, asset)) return Fail("\nERROR: Failed to read Asset Text.");
+
+    std::printf("\nAsset: '%.*s'", int{sizeof asset.asset_text}, asset.asset_text);
+    return 0;
+}
+
+int do_set_asset(InputLineType* InputLine) {
+    if (InputLine->NumWords == 2) return ShowUsage();
+    if (InputLine->NumWords != 3) return InvalidArguments();
+
+    const char* text = InputLine->Words[2];
+    AssetText asset{};
+    std::memcpy(asset.asset_text, text, strnlen(text, sizeof asset.asset_text));
+    return Report(StoreVariable(kAsset, asset), &kTexts);
+}

@@ -1,0 +1,47 @@
+// The environment-abnormality automatic shutdown (EAAS).
+#include <cstdio>
+
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/switch_words.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr RomVariable<CSMEVSTRUCT> kShutdown = {kShutdownVariable};
+constexpr char kUnreadable[] = "\nERROR: Failed to read EAAS status.";
+constexpr RomTexts kTexts = {
+    kUnreadable,
+    "\nERROR: Failed to %s EAAS.",
+    "\nSuccessfully %sd EAAS.",
+};
+
+int SwitchShutdown(InputLineType* line, const SwitchWay& way) {
+    if (line->NumWords != 2) return InvalidArguments();
+
+    const RomOutcome outcome = ChangeVariable(kShutdown, [&](CSMEVSTRUCT& shutdown) {
+        shutdown.ucEAAshutdown = way.on ? 1 : 0;  // the whole byte is the command's
+        return true;
+    });
+    return Report(outcome, &kTexts, way.verb);
+}
+
+}  // namespace
+
+int do_show_eaas(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    CSMEVSTRUCT shutdown;
+    if (!ReadVariable(kShutdown, shutdown)) return Fail(kUnreadable);
+
+    std::printf("\nEAAS is currently %s.", OnOff((shutdown.ucEAAshutdown & 1) != 0));
+    return 0;
+}
+
+int do_enable_eaas(InputLineType* InputLine) {
+    return SwitchShutdown(InputLine, kEnable);
+}
+
+int do_disable_eaas(InputLineType* InputLine) {
+    return SwitchShutdown(InputLine, kDisable);
+}

@@ -1,0 +1,56 @@
+// The server's name, which the firmware keeps in two halves.
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr RomVariable<ServerName> kName = {kServerNameVariable};
+constexpr RomTexts kTexts = {
+    nullptr,
+    "\nFailed to set server name. ",
+    "\nSuccessfully set new server name: %s",
+};
+
+constexpr size_t kHalf = sizeof ServerName::first_half - 1;  // characters
+static_assert(kHalf == 14 && sizeof ServerName::second_half - 1 == kHalf, "as SET NAME's limit says");
+
+}  // namespace
+
+int do_show_name(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    ServerName name;
+    if (!ReadVariable(kName, name)) {
+        return Fail(
+            "\nNo Server name seems to have been set, or command failed."
+            "\nPlease use \"SET NAME\" to set a server name.");
+    }
+
+    std::printf("\nServer name is: ");
+    if (name.first_half[0] == '\0') {
+        std::printf("Not Set");
+    } else {
+        std::fwrite(&name, 1, sizeof name, stdout);  // zeros too, for which a terminal shows nothing
+    }
+    return 0;
+}
+
+int do_set_name(InputLineType* InputLine) {
+    if (InputLine->NumWords != 3) return InvalidArguments();
+
+    const char* typed = InputLine->OrigCaseWords[2];
+    const size_t length = std::strlen(typed);
+    if (length > 2 * kHalf) return Fail("\nERROR: Max length of server name is 28 characters.");
+    std::printf("\nNOTE: On some servers the name may be split in two depending on length");
+
+    ServerName name{};
+    const size_t first = std::min(length, kHalf);
+    std::memcpy(name.first_half, typed, first);
+    std::memcpy(name.second_half, typed + first, length - first);
+    return Report(StoreVariable(kName, name), &kTexts, typed);
+}
