@@ -39,12 +39,6 @@ int do_enable_nic_iscsi(InputLineType*) {
 int do_disable_nic_iscsi(InputLineType*) {
     return NotAvailable();
 }
-int do_show_wol(InputLineType*) {
-    return NotAvailable();
-}
-int do_enable_disable_wol(InputLineType*) {
-    return NotAvailable();
-}
 
 int do_show_bios_serial_port(InputLineType*) {
     return NotAvailable();
@@ -62,22 +56,6 @@ int do_show_vsp(InputLineType*) {
     return NotAvailable();
 }
 int do_set_virtual_serial_port(InputLineType*) {
-    return NotAvailable();
-}
-
-int do_show_f1(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_f1(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_ht(InputLineType*) {
-    return NotAvailable();
-}
-int do_enable_disable_ht(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_versions(InputLineType*) {
     return NotAvailable();
 }
 

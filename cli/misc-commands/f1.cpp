@@ -1,0 +1,66 @@
+// The POST F1 prompt.
+#include <cstdio>
+
+#include "cli/misc-commands/configuration.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/word_table.h"
+#include "cli/parse/command_tree.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr char kUnreadable[] = "\nERROR: Failed to read POST F1 status.";
+constexpr RomTexts kTexts = {
+    kUnreadable,
+    "\nFailed to set the POST F1 prompt to %s. ",
+    "\nSuccessfully set the POST F1 prompt to %s.",
+    0,
+};
+
+struct Mode {
+    uint8_t code;      // bits_F1
+    const char* word;  // null: can't be set
+    const char* shown;
+};
+// clang-format off
+constexpr Mode kModes[] = {
+    {0, nullptr,    "undefined"},
+    {1, "ENABLED",  "enabled"},
+    {2, "DISABLED", "disabled"},
+    {3, "DELAYED",  "delayed"},
+};
+// clang-format on
+
+// False, with the reason printed, for a word that is no mode.
+bool SetMode(WOLEVREC& configuration, const char* word) {
+    const Mode* mode = FindWord(kModes, word);
+    if (mode == nullptr) {
+        std::printf("\nERROR: Invalid argument(s)\n%s", current_command->Help);
+        return false;
+    }
+    configuration.flags2.s.bits_F1 = mode->code & 3;
+    return true;
+}
+
+}  // namespace
+
+int do_show_f1(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) return Fail(kUnreadable);
+
+    std::printf("\nThe POST F1 prompt is currently %s.", kModes[configuration.flags2.s.bits_F1].shown);
+    return 0;
+}
+
+int do_set_f1(InputLineType* InputLine) {
+    if (InputLine->NumWords == 2) return ShowUsage();
+    if (InputLine->NumWords != 3) return InvalidArguments();
+
+    const char* word = InputLine->Words[2];
+    const RomOutcome outcome =
+        ChangeVariable(kConfiguration, [=](WOLEVREC& configuration) { return SetMode(configuration, word); });
+    return Report(outcome, &kTexts, word);
+}

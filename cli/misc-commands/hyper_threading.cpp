@@ -1,0 +1,41 @@
+// Processor hyper-threading. Whether the processors can do it isn't asked.
+#include <cstdio>
+
+#include "cli/misc-commands/configuration.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/switch_words.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr char kUnreadable[] = "\nERROR: Failed to read hyper-threading status.";
+constexpr RomTexts kTexts = {
+    kUnreadable,
+    "\nERROR: Failed to %s processor hyper-threading.",
+    "\nSuccessfully %sd processor hyper-threading.",
+};
+
+}  // namespace
+
+int do_show_ht(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    WOLEVREC configuration;
+    if (!ReadVariable(kWholeConfiguration, configuration)) return Fail(kUnreadable);
+
+    std::printf("\nProcessor hyper-threading is currently %s.",
+                OnOff(configuration.flags2.s.bit_HyperThreading == 0));
+    return 0;
+}
+
+int do_enable_disable_ht(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    const SwitchWay& way = WayOf(*InputLine);
+    const RomOutcome outcome = ChangeVariable(kWholeConfiguration, [&](WOLEVREC& configuration) {
+        configuration.flags2.s.bit_HyperThreading = way.on ? 0 : 1;
+        return true;
+    });
+    return Report(outcome, &kTexts, way.verb);
+}

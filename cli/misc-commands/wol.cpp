@@ -1,0 +1,40 @@
+// Wake-On-Lan.
+#include <cstdio>
+
+#include "cli/misc-commands/configuration.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/switch_words.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr char kUnreadable[] = "\nERROR: Failed to read Wake-On-Lan status.";
+constexpr RomTexts kTexts = {
+    kUnreadable,
+    "\nERROR: Failed to %s Wake-On-Lan support.",
+    "\nSuccessfully %sd Wake-On-Lan support.",
+};
+
+}  // namespace
+
+int do_show_wol(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) return Fail(kUnreadable);
+
+    std::printf("\nWake-On-Lan is currently %s.", OnOff(configuration.flags.s.bits_WOL == 1));
+    return 0;
+}
+
+int do_enable_disable_wol(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    const SwitchWay& way = WayOf(*InputLine);
+    const RomOutcome outcome = ChangeVariable(kConfiguration, [&](WOLEVREC& configuration) {
+        configuration.flags.s.bits_WOL = way.on ? 1 : 2;
+        return true;
+    });
+    return Report(outcome, &kTexts, way.verb);
+}
