@@ -11,19 +11,6 @@ int NotAvailable() {
 
 }  // namespace
 
-int do_show_boot(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_boot_once(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_boot_first(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_ipl(InputLineType*) {
-    return NotAvailable();
-}
-
 int do_show_nic(InputLineType*) {
     return NotAvailable();
 }

@@ -1,0 +1,160 @@
+// The standard boot order (the IPL list) and the device that the next start alone boots from.
+#include <algorithm>
+#include <cstdio>
+
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/server_model.h"
+#include "cli/misc-commands/word_table.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr RomVariable<ZTHIPLSTRUCT> kBootOrder = {kBootOrderVariable};
+constexpr RomVariable<BootDeviceCount> kInstalled = {kBootCountVariable};
+constexpr RomVariable<ZTTBT1STRUCT> kBootOnce = {kBootOnceVariable};
+
+constexpr char kCountUnreadable[] = "\nERROR: Failed to get number of IPL devices installed.";
+constexpr char kOrderUnreadable[] = "\nERROR: Failed to get IPL list.";
+constexpr char kNoSuchDevice[] = "\nERROR: Invalid boot device entered.";
+
+constexpr RomTexts kBootFirstTexts = {
+    "\nERROR: Failed to get first boot device.",
+    "\nERROR: Failed to set first boot.",
+    "\nSuccessfully set first boot device to %s.",
+    0,
+};
+constexpr RomTexts kBootOnceTexts = {
+    nullptr,
+    "\nERROR: Failed to set first boot.",
+    "\nSuccessfully set next boot to %s.",
+};
+
+// The names of the codes in the boot order: usually, and where the list holds a USB key.
+constexpr const char* ipl[] = {"CD-ROM", "Floppy", "HDD", "PXE"};
+constexpr const char* ipl2[] = {"CDROM", "Floppy", "HDD", "USBKEY", "PXE"};
+
+template <size_t kCount>
+const char* NameOf(const char* const (&names)[kCount], uint8_t code) {
+    return code < kCount ? names[code] : "UNKNOWN";
+}
+
+// The usual names, but for the codes that on the TR500 K2 stand for other devices than elsewhere.
+const char* FirstDeviceName(uint8_t code) {
+    return code >= 3 && is_tr500k2() ? NameOf(ipl2, code) : NameOf(ipl, code);
+}
+
+constexpr int kNoCode = -1;
+
+struct OrderDevice {
+    const char* word;
+    int code;  // in the boot order, or kNoCode where the server can't boot from it
+    int tr500k2_code;
+};
+// clang-format off
+constexpr OrderDevice kOrderDevices[] = {
+    {"CDROM",  0,       0},
+    {"FLOPPY", 1,       1},
+    {"HDD",    2,       2},
+    {"PXE",    3,       4},
+    {"USBKEY", kNoCode, 3},
+};
+// clang-format on
+
+struct OnceDevice {
+    uint8_t code;  // ZTTBT1STRUCT::boot
+    const char* word;
+    const char* shown;
+};
+// clang-format off
+constexpr OnceDevice kOnceDevices[] = {
+    {1,    "FLOPPY", "Floppy"},
+    {2,    "CDROM",  "CDROM"},
+    {3,    "HDD",    "HDD"},
+    {0x30, "KONF",   "KONF"},
+    {0x40, "PXE",    "PXE"},
+};
+// clang-format on
+
+// How many entries of the list mean something. count: as the firmware gives it.
+int ListLength(const BootDeviceCount& count) {
+    return std::min(int{count.zthnipl}, int{sizeof ZTHIPLSTRUCT::ucPriority});
+}
+
+// Swaps a device with the one that stands first. False, with the reason printed, when the list lacks it.
+bool MoveToFront(uint8_t* list, int length, int code, const char* word) {
+    uint8_t* const place = std::find(list, list + length, code);
+    if (place == list + length) {
+        std::printf("\nERROR: %s boot is not supported on this server or it may have been disabled by KONF.",
+                    word);
+        return false;
+    }
+    std::swap(*place, list[0]);
+    return true;
+}
+
+}  // namespace
+
+int do_show_boot(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    ZTHIPLSTRUCT order;
+    if (!ReadVariable(kBootOrder, order)) return Fail(kOrderUnreadable);
+    ZTTBT1STRUCT once;
+    if (!ReadVariable(kBootOnce, once)) return Fail("\nERROR: Failed to get next boot device.");
+
+    const OnceDevice* device = FindCode(kOnceDevices, once.boot.bVal);
+    std::printf("\nFirst boot device is: %s.", FirstDeviceName(order.ucPriority[0]));
+    std::printf("\nOne time boot device is: %s.", device != nullptr ? device->shown : "Not set");
+    return 0;
+}
+
+int do_set_boot_once(InputLineType* InputLine) {
+    if (InputLine->NumWords != 4) return InvalidArguments();
+    const OnceDevice* device = FindWord(kOnceDevices, InputLine->Words[3]);
+    if (device == nullptr) return Fail(kNoSuchDevice);
+
+    ZTTBT1STRUCT once{};
+    once.boot.bVal = device->code;
+    return Report(StoreVariable(kBootOnce, once), &kBootOnceTexts, device->word);
+}
+
+int do_set_boot_first(InputLineType* InputLine) {
+    if (InputLine->NumWords != 4) return InvalidArguments();
+    const OrderDevice* device = FindWord(kOrderDevices, InputLine->Words[3]);
+    if (device == nullptr) return Fail(kNoSuchDevice);
+
+    BootDeviceCount count;
+    if (!ReadVariable(kInstalled, count)) return Fail(kCountUnreadable);
+    if (count.zthnipl == 0) return Fail("ERROR: No bootable devices found.");
+
+    const int code = is_tr500k2() ? device->tr500k2_code : device->code;
+    if (code == kNoCode) return Fail("\nERROR: USB boot is not supported on this system by brantcli.");
+
+    const RomOutcome outcome = ChangeVariable(kBootOrder, [&](ZTHIPLSTRUCT& order) {
+        return MoveToFront(order.ucPriority, ListLength(count), code, device->word);
+    });
+    return Report(outcome, &kBootFirstTexts, device->word);
+}
+
+int do_show_ipl(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    BootDeviceCount count;
+    if (!ReadVariable(kInstalled, count)) return Fail(kCountUnreadable);
+    ZTHIPLSTRUCT order;
+    if (!ReadVariable(kBootOrder, order)) return Fail(kOrderUnreadable);
+    if (count.zthnipl == 0) {
+        std::printf("\nNo IPL devices installed.");
+        return 0;
+    }
+
+    const bool with_usb_key = count.zthnipl > 4 || is_tr500k2();
+    std::printf("\nIPL (Standard Boot Order)");
+    std::printf("\n-------------------------");
+    for (int i = 0; i < ListLength(count); ++i) {
+        const uint8_t code = order.ucPriority[i];
+        std::printf("\n#%d\t%s", i, with_usb_key ? NameOf(ipl2, code) : NameOf(ipl, code));
+    }
+    return 0;
+}
