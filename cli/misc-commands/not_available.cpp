@@ -11,22 +11,6 @@ int NotAvailable() {
 
 }  // namespace
 
-int do_show_nic(InputLineType*) {
-    return NotAvailable();
-}
-int do_enable_nic_pxe(InputLineType*) {
-    return NotAvailable();
-}
-int do_disable_nic_pxe(InputLineType*) {
-    return NotAvailable();
-}
-int do_enable_nic_iscsi(InputLineType*) {
-    return NotAvailable();
-}
-int do_disable_nic_iscsi(InputLineType*) {
-    return NotAvailable();
-}
-
 int do_show_bios_serial_port(InputLineType*) {
     return NotAvailable();
 }
