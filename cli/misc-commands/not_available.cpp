@@ -11,25 +11,6 @@ int NotAvailable() {
 
 }  // namespace
 
-int do_show_bios_serial_port(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_bios_serial_port(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_embedded_serial_port(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_embedded_serial_port(InputLineType*) {
-    return NotAvailable();
-}
-int do_show_vsp(InputLineType*) {
-    return NotAvailable();
-}
-int do_set_virtual_serial_port(InputLineType*) {
-    return NotAvailable();
-}
-
 int do_show_hlog(InputLineType*) {
     return NotAvailable();
 }

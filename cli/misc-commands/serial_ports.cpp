@@ -1,0 +1,221 @@
+// The embedded serial ports A and B and the management processor's virtual one. No two of them are to have
+// the same COM number: the one that is set takes it from the one that had it.
+#include <cstdio>
+#include <cstring>
+
+#include "cli/brantcli/state.h"
+#include "cli/misc-commands/configuration.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/server_model.h"
+#include "cli/misc-commands/word_table.h"
+#include "cli/parse/handler.h"
+
+namespace {
+
+constexpr char kPortsUnreadable[] = "\nERROR: Failed to read serial port status.";
+constexpr RomTexts kVirtualTexts = {
+    kPortsUnreadable,
+    "\nERROR: Failed to set Virtual serial port config.",
+    "\nSuccessfully set Virtual serial port config to %s.",
+    0,
+};
+constexpr RomTexts kEmbeddedTexts = {
+    kPortsUnreadable,
+    "\nERROR: Failed to set Embedded serial port config.",
+    "\nSuccessfully set Embedded serial port %c to %s.",
+    0,
+};
+
+constexpr unsigned kUartDisabled = 7;
+constexpr char kPortLetters[] = "AB";
+
+SERIALPORT& EmbeddedPort(WOLEVREC& configuration, int port) {
+    return port == 0 ? configuration.uart1 : configuration.uart2;
+}
+
+// A choice's place in its table is its COM number; 0 disables the port. Its byte is the port's whole: the
+// number in the low bits and the interrupt line that goes with it in the high ones.
+struct VirtualChoice {
+    const char* word;
+    uint8_t byte;
+};
+// clang-format off
+constexpr VirtualChoice kVirtualChoices[] = {
+    {"DISABLED", 0x07},
+    {"COM1",     0x41},
+    {"COM2",     0x32},
+};
+// clang-format on
+
+struct EmbeddedChoice {
+    const char* word;
+    uint8_t byte;
+    uint8_t other_moves_to;  // the COM number that the other port gets when it had this one
+    const char* on_tr500k2;  // why the choice is refused there; null where it isn't
+    const char* elsewhere;
+};
+
+constexpr char kTr500k2Range[] = "\nERROR: The Corvex TR500K2 only supports COM1, COM2, COM3 or DISABLED.";
+constexpr char kPortARange[] = "\nERROR: Port A may only be set to COM1, COM3, COM4 or DISABLED.";
+constexpr char kPortBRange[] = "\nERROR: Port B may only be set to COM2, COM3, COM4 or DISABLED.";
+
+// clang-format off
+constexpr EmbeddedChoice kEmbeddedChoices[2][5] = {
+    {   // port A
+        {"DISABLED", 0x07, 0, nullptr,       nullptr},
+        {"COM1",     0x41, 2, nullptr,       nullptr},
+        {"COM2",     0x32, 1, nullptr,       kPortARange},
+        {"COM3",     0x53, 2, nullptr,       nullptr},
+        {"COM4",     0x44, 3, kTr500k2Range, nullptr},
+    },
+    {   // port B
+        {"DISABLED", 0x07, 0, nullptr,       nullptr},
+        {"COM1",     0x41, 2, nullptr,       kPortBRange},
+        {"COM2",     0x32, 1, nullptr,       nullptr},
+        {"COM3",     0x53, 1, nullptr,       nullptr},
+        {"COM4",     0x34, 3, kTr500k2Range, nullptr},
+    },
+};
+// clang-format on
+
+// Gives the other embedded port the next number when it has the one that this port is getting.
+void MoveOtherPort(WOLEVREC& configuration, int port, int com) {
+    const int other = 1 - port;
+    SERIALPORT& moved = EmbeddedPort(configuration, other);
+    if (moved.s.bits_UART != com) return;
+
+    const int to = kEmbeddedChoices[port][com].other_moves_to;
+    std::printf("\nNote: Port %c was already set to COM%d. It has now been assigned COM%d.\n",
+                kPortLetters[other], com, to);
+    const uint8_t reserved = moved.s.reserved_1;
+    moved.ucData = kEmbeddedChoices[other][to].byte;
+    moved.s.reserved_1 = reserved & 1;
+}
+
+void TakeFromVirtualPort(WOLEVREC& configuration, int com) {
+    if (configuration.vsp.s.bits_UART1 != com) return;
+
+    std::printf("\n%s: The Virtual serial port was already assigned COM%d.\nIt has now been disabled.\n",
+                com == 1 ? "NOTE" : "Note", com);
+    configuration.vsp.s.bits_UART1 = kUartDisabled;
+}
+
+// One embedded port at most: port A before port B.
+void TakeFromEmbeddedPort(WOLEVREC& configuration, int com) {
+    for (int port = 0; port < 2; ++port) {
+        SERIALPORT& embedded = EmbeddedPort(configuration, port);
+        if (embedded.s.bits_UART != com) continue;
+
+        std::printf(
+            "\nNOTE: The embedded serial port %c was already assigned COM%d."
+            "\nIt has now been disabled.\n",
+            kPortLetters[port], com);
+        embedded.s.bits_UART = kUartDisabled;
+        return;
+    }
+}
+
+// Each of the two is false, with the reason printed, for a word that the port can't be set to.
+bool SetVirtualPort(WOLEVREC& configuration, const char* word) {
+    const VirtualChoice* choice = FindWord(kVirtualChoices, word);
+    if (choice == nullptr) {
+        std::printf("\nERROR: Invalid argument. It must be either COM1, COM2 or DISABLED");
+        return false;
+    }
+    configuration.vsp.ucData = choice->byte;
+    const auto com = static_cast<int>(choice - kVirtualChoices);
+    if (com != 0) TakeFromEmbeddedPort(configuration, com);
+    return true;
+}
+
+bool SetEmbeddedPort(WOLEVREC& configuration, int port, const char* word) {
+    const EmbeddedChoice* choice = FindWord(kEmbeddedChoices[port], word);
+    if (choice == nullptr) {
+        std::printf("\nERROR: Invalid argument %s. It must be either COM1, COM2, COM3, COM4 or DISABLED",
+                    word);
+        return false;
+    }
+    const char* refusal = is_tr500k2() ? choice->on_tr500k2 : choice->elsewhere;
+    if (refusal != nullptr) {
+        std::printf("%s", refusal);
+        return false;
+    }
+    EmbeddedPort(configuration, port).ucData = choice->byte;
+    const auto com = static_cast<int>(choice - kEmbeddedChoices[port]);
+    if (com != 0) {
+        MoveOtherPort(configuration, port, com);
+        TakeFromVirtualPort(configuration, com);
+    }
+    return true;
+}
+
+// How a port's number is shown; null when it is none that the firmware should have.
+const char* UartText(unsigned uart) {
+    constexpr const char* kTexts[] = {nullptr, "COM1", "COM2", "COM3", "COM4", nullptr, nullptr, "disabled"};
+    return kTexts[uart & 7];
+}
+
+}  // namespace
+
+int do_set_virtual_serial_port(InputLineType* InputLine) {
+    if (got_kelm == 0) {
+        return Fail("\nERROR: This command requres Kelm which is not present on this system.");
+    }
+    if (InputLine->NumWords != 4) return InvalidArguments();
+
+    const char* word = InputLine->Words[3];
+    const RomOutcome outcome = ChangeVariable(
+        kConfiguration, [=](WOLEVREC& configuration) { return SetVirtualPort(configuration, word); });
+    return Report(outcome, &kVirtualTexts, word);
+}
+
+int do_show_vsp(InputLineType* InputLine) {
+    if (got_kelm == 0) {
+        std::printf("\nThis system does not have an Kelm which is required for the Virtual serial port.");
+        return 0;
+    }
+    if (InputLine->NumWords == 2) return ShowUsage();
+    if (InputLine->NumWords != 3) return InvalidArguments();
+
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) {
+        return Fail("\nERROR: Failed to read Virtual serial port status.");
+    }
+
+    const char* text = UartText(configuration.vsp.s.bits_UART1);
+    if (text == nullptr) {
+        return Fail(
+            "\nERROR: Kelm Virtual serial port is in an unknown state."
+            "\nYou may have to upgrade the Kelm firmware to version 1.55 or later"
+            "\nor use KONF to set its initial configuration..");
+    }
+    std::printf("\nVirtual serial port is currently %s.", text);
+    return 0;
+}
+
+int do_set_embedded_serial_port(InputLineType* InputLine) {
+    if (InputLine->NumWords != 5) return InvalidArguments();
+
+    const int port = std::strncmp(InputLine->Words[3], "PORTA", 5) == 0 ? 0 : 1;
+    const char* word = InputLine->Words[4];
+    const RomOutcome outcome = ChangeVariable(
+        kConfiguration, [=](WOLEVREC& configuration) { return SetEmbeddedPort(configuration, port, word); });
+    return Report(outcome, &kEmbeddedTexts, kPortLetters[port], word);
+}
+
+int do_show_embedded_serial_port(InputLineType* InputLine) {
+    if (InputLine->NumWords > 3) return InvalidArguments();
+
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) {
+        return Fail("\nERROR: Failed to read embedded serial status.");
+    }
+
+    for (int port = 0; port < 2; ++port) {
+        const char* text = UartText(EmbeddedPort(configuration, port).s.bits_UART);
+        std::printf("\nEmbedded serial port %c: %s.", kPortLetters[port],
+                    text != nullptr ? text : "in an UNKNOWN state");
+    }
+    return 0;
+}
