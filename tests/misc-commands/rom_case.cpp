@@ -1,0 +1,104 @@
+#include "tests/misc-commands/rom_case.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <regex>
+#include <sstream>
+#include <vector>
+
+#include "cli/generic_dtioctl/devices.h"
+#include "cli/parse/command_table.h"
+#include "cli/parse/command_tree.h"
+#include "cli/parse/dispatcher.h"
+#include "platform/request.h"
+
+namespace {
+
+std::vector<std::string> Items(const std::string& list) {
+    std::vector<std::string> items;
+    for (size_t start = 0; start < list.size();) {
+        const size_t end = std::min(list.find("; ", start), list.size());
+        items.push_back(list.substr(start, end - start));
+        start = end + 2;
+    }
+    return items;
+}
+
+}  // namespace
+
+void SetFacts(TestMachine& machine, const char* facts) {
+    for (const std::string& fact : Items(facts)) {
+        const size_t equals = fact.find('=');
+        if (fact[0] == '-') {
+            machine.Remove("crom/" + fact.substr(1));
+        } else if (fact[0] == '!') {
+            machine.Fault(fact.substr(1));
+        } else {
+            machine.Variable(fact.substr(0, equals).c_str(), FromHex(fact.substr(equals + 1)));
+        }
+    }
+}
+
+std::string Requests(const std::string& trace) {
+    std::istringstream lines(trace);
+    std::string requests;
+    for (std::string line; std::getline(lines, line);) {
+        if (!std::regex_search(line, std::regex("^(crom|casr) (?!read ZTHMAC)"))) continue;
+        requests += (requests.empty() ? "" : "; ") +
+                    std::regex_replace(line, std::regex("^crom |length=|data=| -> 0$"), "");
+    }
+    return requests;
+}
+
+std::string FromHex(const std::string& digits) {
+    std::string bytes;
+    for (size_t i = 0; i + 1 < digits.size(); i += 2) {
+        bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
+    }
+    return bytes;
+}
+
+std::string ToHex(const std::string& bytes) {
+    std::string digits;
+    for (const char byte : bytes) {
+        for (const int digit : {byte >> 4 & 15, byte & 15}) digits += "0123456789abcdef"[digit];
+    }
+    return digits;
+}
+
+void CheckRow(const RomCase& row) {
+    SCOPED_TRACE(std::string(row.model) + ": " + row.commands + ": " + row.catches);
+    TestMachine machine(row.model);
+    SetFacts(machine, row.facts);
+    machine.StartTrace();
+
+    RunResult result = machine.Script(row.commands);
+    std::replace(result.output.begin(), result.output.end(), '\0', '~');
+    EXPECT_EQ(result.output, std::string(row.output) + "\n\n");
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.status, row.status);
+    EXPECT_EQ(Requests(machine.TakeTrace()), row.requests);
+    for (const std::string& item : Items(row.after)) {
+        const std::string name = item.substr(0, item.find('='));
+        EXPECT_EQ(name + "=" + ToHex(machine.Read("crom/" + name)), item);
+    }
+}
+
+RomShell::RomShell() {
+    machine.StartTrace();
+    setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
+    crom_fd = vxOpenRequest(crom_path, 2);
+    if (Cmds == nullptr) CreateCommands();
+}
+
+std::string RomShell::Run(const std::string& line) {
+    std::memset(&CurrentCommandLine, 0, sizeof CurrentCommandLine);
+    line.copy(CurrentCommandLine.CmdLine, kLineSize - 1);
+    testing::internal::CaptureStdout();
+    Command(&CurrentCommandLine, 1);
+    const std::string output = testing::internal::GetCapturedStdout();
+    return output.substr(0, output.size() - 1);
+}
