@@ -1,14 +1,16 @@
-// Start-up, as far as it depends on what the firmware left.
+// Start-up, as far as it depends on what the firmware left, shown by SHOW SERVER.
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "include/bios_area.h"
-#include "tests/support/test_machine.h"
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/firmware_records.h"
 
 namespace {
 
 constexpr char kForeign[] = "ERROR: brantcli only runs on VX hardware.\n\n";
+const std::string kOtherLine = "ERROR: brantcli only runs on VX Corvex Servers.\n\n";
 
 struct SignatureCase {
     const char* catches;
@@ -23,8 +25,82 @@ constexpr SignatureCase kSignatures[] = {
     {"one byte early", 0xFFE9, "ZETRIX", false},
     {"one byte late", 0xFFEB, "ZETRIX", false},
     {"only its beginning compared", 0xFFEA, "ZETRIY", false},
-    {"letter case ignored", 0xFFEA, "zetrix", false},
 };
+
+const std::string kRom = BiosRecord("", "").Bytes();
+const std::string kArray = MemoryArrayRecord({0x10}).Bytes();
+
+std::string System(const char* product) {
+    return SystemRecord(product, "").Bytes();
+}
+
+struct ServerCase {
+    const char* catches;
+    std::string tables;
+    std::string output;  // how SHOW SERVER begins
+};
+
+const ServerCase kServers[] = {
+    // the server line
+    {"the name looked for anywhere", System("Vertex Corvex"), kOtherLine},
+    {"only its beginning compared", System("Corve"), kOtherLine},
+    {"letter case compared", System("cORVEX9") + kRom + kArray, "\nSystem        : cORVEX9\n"},
+    {"no product name", System(""), kOtherLine},
+    {"no system record", kRom,
+     "\nERROR: Failed to get SMBIOS system data.\nThis does not seem to be a VX Corvex Server." + kOtherLine},
+    // what the command needs
+    {"no tables", "", "\nThis command requires an SMBIOS which is not available on this sytem.\n\n"},
+    {"the ROM before the memory", System("Corvex"), "\nERROR: Failed to get SMBIOS memory data.\n\n"},
+    {"no ROM record", System("Corvex") + kArray, "\nERROR: Failed to get SMBIOS ROM data.\n\n"},
+};
+
+constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};  // on the PCI bus by its bus number alone
+constexpr smbios_nic kOther = {8, 0, {6, 7, 8, 9, 10, 11}};
+constexpr smbios_nic kNone = {0, 0, {9, 9, 9, 9, 9, 9}};
+const std::string kMac1 = "\n\tNIC1 MAC: 00:01:02:03:04:ff";
+
+struct NicCase {
+    const char* catches;
+    std::vector<smbios_nic> rom;  // its variable; there is none when empty
+    std::string record;           // the maker's
+    std::string lines;
+};
+
+const NicCase kNics[] = {
+    {"an empty entry of the ROM counted",
+     {kNic, kNone, kOther},
+     "",
+     "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
+    {"0 taken for unknown", {kNone}, "", "0"},
+    {"neither", {}, "", "UNKNOWN"},
+    {"the ROM preferred, empty entries kept",
+     {kOther},
+     NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(),
+     "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
+    {"half an entry", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
+};
+
+struct TreeCase {
+    const char* catches;
+    const char* picl;
+    bool present;
+};
+
+constexpr TreeCase kTrees[] = {
+    {"another of its maker's devices", "p\n  obp-device vendor-id=0x1c4e device-id=0x6d18\n", false},
+    {"half of the identity", "p\n  obp-device vendor-id=0x1c4e\n  obp-device device-id=0x6d19\n", false},
+    {"another class of node", "p\n  fru vendor-id=0x1c4e device-id=0x6d19\n", false},
+    {"a search that ends too early",
+     "p\n  obp-device\n    obp-device vendor-id=1\n      obp-device vendor-id=0x1c4e device-id=0x6d19\n",
+     true},
+};
+
+// What SHOW SERVER prints on a machine between two texts.
+std::string ServerText(const TestMachine& machine, const std::string& from, const char* to) {
+    const std::string output = machine.Script("SHOW SERVER").output;
+    const size_t start = output.find(from) + from.size();
+    return output.substr(start, output.find(to, start) - start);
+}
 
 }  // namespace
 
@@ -40,23 +116,48 @@ TEST(RomSignature, DecidesWhetherTheProgramRuns) {
 }
 
 TEST(RomSignature, ThatCannotBeReadIsForeignAndNothingElseIsTouched) {
-    struct {
-        const char* catches;
-        const char* fault;
-        const char* trace;
-    } constexpr kCases[] = {
-        {"no device", "xsvc open -2", "xsvc open -> -1 errno=2\n"},
-        {"a device that refuses the range", "xsvc map 0x000f0000 -6",
-         "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> -1 errno=6\nxsvc close\n"},
-    };
-    for (const auto& c : kCases) {
-        TestMachine machine;
-        machine.Fault(c.fault);
-        machine.StartTrace();
-        const RunResult result = machine.Script("EXIT");
-        EXPECT_EQ(result.output, kForeign) << c.catches;
-        EXPECT_EQ(result.errors, "") << c.catches;
-        EXPECT_EQ(result.status, 1) << c.catches;
-        EXPECT_EQ(machine.TakeTrace(), c.trace) << c.catches;
+    TestMachine machine;
+    machine.Fault("xsvc map 0x000f0000 -6");
+    machine.StartTrace();
+    const RunResult result = machine.Script("EXIT");
+    EXPECT_EQ(result.output + result.errors, kForeign);
+    EXPECT_EQ(machine.TakeTrace(), "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> -1 errno=6\nxsvc close\n");
+}
+
+TEST(FirmwareTables, DecideWhatTheProgramKnows) {
+    for (const ServerCase& c : kServers) {
+        LoadedTables tables(c.tables);
+        const RunResult result = tables.Machine().Script("SHOW SERVER");
+        EXPECT_EQ(result.output.substr(0, c.output.size()), c.output) << c.catches;
+        EXPECT_EQ(result.status, c.output.find("System  ") == std::string::npos ? 1 : 0) << c.catches;
     }
+}
+
+TEST(EmbeddedNics, AreThoseOfTheMakersRecordElseOfTheRom) {
+    for (const NicCase& c : kNics) {
+        LoadedTables tables(kRom + System("Corvex") + kArray + c.record);
+        TestMachine& machine = tables.Machine();
+        std::string variable;
+        for (const smbios_nic& nic : c.rom) variable += MachineBuilder::Plain(nic);
+        machine.Variable("ZTHMAC", variable);
+        if (c.rom.empty()) machine.Remove("crom/ZTHMAC");
+        EXPECT_EQ(ServerText(machine, "NICs : ", "\n\nProcessor"), c.lines) << c.catches;
+        const bool unknown = machine.Script("EXIT").output ==
+                             "\nFailed to read embedded NIC status.\nThis system may not have any embedded "
+                             "NICs installed.\n\n\n";
+        EXPECT_EQ(unknown, c.lines == "UNKNOWN") << c.catches;
+    }
+}
+
+TEST(ManagementProcessor, IsLookedForAmongTheDevices) {
+    LoadedTables tables(kRom + System("Corvex") + kArray);
+    TestMachine& machine = tables.Machine();
+    const auto present = [&] { return ServerText(machine, "Kelm present  : ", "\n") == "Yes"; };
+    EXPECT_FALSE(present()) << "no service";
+    for (const TreeCase& c : kTrees) {
+        machine.Write("picl", c.picl);
+        EXPECT_EQ(present(), c.present) << c.catches;
+    }
+    machine.Fault("picl root 1");
+    EXPECT_FALSE(present()) << "a service that fails";
 }

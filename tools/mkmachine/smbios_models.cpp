@@ -47,10 +47,10 @@ const Hardware kTr500k2 = {  // the second processor has the smaller L3 cache
      {0x1108, kArray, "Board 2 DIMM 4", 2048, 667, kFbDimm, kDdr2FullyBuffered},
      {0x1109, kArray, "Board 2 DIMM 5", 0,    0,   kFbDimm, kDdr2FullyBuffered}},
 };
-const Hardware kTr300 = {
+const Hardware kTr300 = {  // firmware that doesn't tell cores
     "Z07", "11/03/2006", "VX6447T300", kRackMount,
     {{0x0700, "Proc 1 L1", 1, 64}, {0x0701, "Proc 1 L2", 2, 4096}},
-    {{0x0400, "Proc 1", 2333, 2, 2, 0x0700, 0x0701},
+    {{0x0400, "Proc 1", 2333, 0, 0, 0x0700, 0x0701},
      {0x0401, "Proc 2", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket}},
     {kArray, 0x00800000, 4, 5},
     {{0x1100, kArray, "SLOT 0 DIMM 1", 1024, 533},

@@ -71,7 +71,7 @@ void SetChecksums(SMBIOSEntryPoint& entry) {
     constexpr size_t kIntermediate = offsetof(SMBIOSEntryPoint, sIntermediateAnchor);
     entry.byEPSChecksum = entry.byIntermediateChecksum = 0;
     entry.byIntermediateChecksum = Checksum(bytes + kIntermediate, sizeof entry - kIntermediate);
-    entry.byEPSChecksum = Checksum(bytes, entry.byEPSLength);
+    entry.byEPSChecksum = Checksum(bytes, std::min<size_t>(entry.byEPSLength, sizeof entry));
 }
 
 void AddTables(MachineBuilder& machine, const SmbiosTable& table) {

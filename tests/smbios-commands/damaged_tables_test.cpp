@@ -1,0 +1,87 @@
+// Whatever the firmware left, start-up and the commands come to one of their documented ends.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "cli/smbios-commands/smbios_commands.h"
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/firmware_records.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+int ShowServer() {
+    InputLineType line{};
+    line.NumWords = 2;
+    return do_show_server(&line);
+}
+
+int ShowPortMap() {
+    return do_show_nic_port_mapping(nullptr);
+}
+
+// Whether a step succeeds with its heading or fails with one line that explains it.
+bool EndsAsDocumented(int (*step)(), const std::string& heading, const std::string& message) {
+    testing::internal::CaptureStdout();
+    const int result = step();
+    const std::string output = testing::internal::GetCapturedStdout();
+    if (result == 0) return output.rfind(heading, 0) == 0;
+    return result == 1 && output.rfind(message, 0) == 0 && output.find('\n', 1) == std::string::npos;
+}
+
+void ExpectDocumentedEnds(const std::string& damage) {
+    EXPECT_TRUE(EndsAsDocumented(ShowServer, "\nSystem        : ", "\nERROR: Failed to get SMBIOS "))
+        << damage;
+    EXPECT_TRUE(EndsAsDocumented(ShowPortMap, "NIC Port Mapping INFO\n", "\n")) << damage;
+    EXPECT_TRUE(EndsAsDocumented(get_dimminfo_smbios, "", "")) << damage;
+    smbios_get_systemname();
+    EXPECT_GE(get_embedded_nics_smbios(), -1) << damage;
+}
+
+const std::string& GoodTables() {
+    static const std::string good = TablesOf(*FindModel("bx20")).Bytes();
+    return good;
+}
+
+}  // namespace
+
+TEST(DamagedTables, EndAsDocumentedWhereverTheyAreCut) {
+    LoadedTables tables;
+    for (size_t size = 1; size <= GoodTables().size(); ++size) {
+        ASSERT_TRUE(tables.Load(GoodTables().substr(0, size)));
+        ExpectDocumentedEnds("cut to " + std::to_string(size));
+    }
+}
+
+TEST(DamagedTables, EndAsDocumentedWhicheverByteIsWrong) {
+    LoadedTables tables;
+    for (size_t place = 0; place < GoodTables().size(); ++place) {
+        std::string bad = GoodTables();
+        bad[place] = static_cast<char>(~bad[place]);
+        ASSERT_TRUE(tables.Load(bad));
+        ExpectDocumentedEnds("byte " + std::to_string(place));
+    }
+}
+
+TEST(DamagedTables, AreFoundOrNotWhicheverByteOfTheEntryPointIsWrong) {
+    LoadedTables tables(GoodTables());
+    for (size_t place = 0; place < sizeof(SMBIOSEntryPoint); ++place) {
+        SMBIOSEntryPoint entry = TablesOf(*FindModel("bx20")).EntryPoint(kTablesAddress);
+        reinterpret_cast<uint8_t*>(&entry)[place] ^= 0xFF;
+        SetChecksums(entry);
+        tables.Machine().PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry));
+        if (tables.Load()) ExpectDocumentedEnds("entry point's byte " + std::to_string(place));
+    }
+}
+
+// As many arrays and devices as 64 KiB hold, each device to be looked up among all arrays.
+TEST(DamagedTables, TakeNoLongerThanAPersonWaits) {
+    std::string records;
+    for (uint16_t handle = 0; records.size() < 65000; ++handle) {
+        records += SmbiosRecord(kMemoryArray, handle).Byte(3).Byte(2).Byte(6).Bytes();
+        records += SmbiosRecord(kMemoryDevice, handle).Word(handle).Bytes();
+    }
+    LoadedTables tables(records);
+    unsigned int size = 1;
+    EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
+}

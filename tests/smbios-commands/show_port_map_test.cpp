@@ -1,0 +1,51 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/firmware_records.h"
+
+namespace {
+
+const std::string kHeading =
+    "NIC Port Mapping INFO\nGbx Connector Entry Table version : 1\n"
+    "Slot      SlotPort  Bay       BayPort   \n";
+constexpr char kNoBay[] = "\nERROR: Failed to get Enclosure Bay number.\n\n";
+
+std::string Rack(const char* bay) {
+    return RackRecord(1, "", bay).Bytes();
+}
+
+// The last entry of the record, with every bit set that isn't shown.
+const std::string kMap = PortMapRecord(2, {{3, 7, {2, 3, 15, 31, 3, 1}}}).Bytes();
+
+struct Case {
+    const char* catches;
+    std::string tables;  // beside the system record
+    std::string output;
+};
+
+const Case kCases[] = {
+    {"no rack", kMap, "\n       Port mapping information is not available on this server\n\n"},
+    {"bay 0", Rack("0") + kMap, kNoBay},
+    {"no number", Rack("five") + kMap, kNoBay},
+    {"no string", Rack("") + kMap, kNoBay},
+    {"a rack record too short for it", RackRecord(1, "", "5").CutTo(7).Bytes() + kMap, kNoBay},
+    {"no port map", Rack("5"), "\nERROR: Failed to get SMBIOS system data.\n\n"},
+    {"a neighbour's bits", Rack("5") + kMap, kHeading + "0         2         8         36        \n\n\n"},
+    {"a sum that wraps", Rack(" 99999999999") + kMap,
+     kHeading + "0         2         8         2147483647\n\n\n"},
+    {"a port past the record", Rack("5") + PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).CutTo(68).Bytes(),
+     kHeading + "\n\n"},
+};
+
+}  // namespace
+
+TEST(ShowPortMap, ReadsEachFieldAndSaysWhatIsMissing) {
+    for (const Case& c : kCases) {
+        LoadedTables tables(SystemRecord("Corvex", "").Bytes() + c.tables);
+        const RunResult result = tables.Machine().Script("SHOW PORTMAP PLEASE");
+        EXPECT_EQ(result.output, c.output) << c.catches;
+        EXPECT_EQ(result.status, c.output.find(kHeading) == 0 ? 0 : 1) << c.catches;
+    }
+}

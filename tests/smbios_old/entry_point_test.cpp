@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/smbios_table.h"
+
+namespace {
+
+struct Case {
+    const char* catches;
+    uint32_t address;
+    uint8_t minor_version, length, checksum_error;
+    uint16_t tables_length;
+    uint32_t tables_address;
+    const char* errors;  // on standard error; null: accepted
+};
+
+// clang-format off
+constexpr Case kCases[] = {
+    {"a good one refused",     0xF5000, 6, 31,  0, 6, kTablesAddress, nullptr},
+    {"version 2.0",            0xF5000, 0, 31,  0, 6, kTablesAddress, ""},
+    {"version 2.1 refused",    0xF5000, 1, 31,  0, 6, kTablesAddress, nullptr},
+    {"a bad checksum",         0xF5000, 6, 31,  1, 6, kTablesAddress, ""},
+    {"off its boundary",       0xF5008, 6, 31,  0, 6, kTablesAddress, ""},
+    {"the first place missed", 0xF0000, 6, 31,  0, 6, kTablesAddress, nullptr},
+    {"the last place missed",  0xFFFE0, 6, 31,  0, 6, kTablesAddress, nullptr},
+    {"cut by the area's end",  0xFFFF0, 6, 16,  0, 6, kTablesAddress, ""},
+    {"summed past the area",   0xFFFC0, 6, 255, 0, 6, kTablesAddress, ""},
+    {"no bytes of tables",     0xF5000, 6, 31,  0, 0, 0xFFFFFFFF,     ""},
+    {"tables out of reach",    0xF5000, 6, 31,  0, 6, 0xFFFFFFFF,     "smbios: ReadPhysMem: mmap FAILED\n"},
+};
+// clang-format on
+
+SMBIOSEntryPoint Entry(const Case& c) {
+    SMBIOSEntryPoint entry = SmbiosTable().EntryPoint(c.tables_address);
+    entry.byMinorVer = c.minor_version;
+    entry.byEPSLength = c.length;
+    entry.wSTLength = c.tables_length;
+    SetChecksums(entry);
+    entry.byEPSChecksum = static_cast<uint8_t>(entry.byEPSChecksum + c.checksum_error);
+    return entry;
+}
+
+}  // namespace
+
+TEST(EntryPoint, IsFoundOnlyWhereItIsWholeAndRight) {
+    for (const Case& c : kCases) {
+        LoadedTables tables;
+        tables.Machine().PhysicalMemory(c.address, MachineBuilder::Plain(Entry(c)));
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(tables.Load(), c.errors == nullptr) << c.catches;
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), c.errors != nullptr ? c.errors : "") << c.catches;
+    }
+}
+
+TEST(EntryPoint, IsTheFirstThatChecksWhateverItsOtherChecksum) {
+    LoadedTables tables;
+    SMBIOSEntryPoint second = Entry(kCases[0]);
+    ++second.byIntermediateChecksum;
+    --second.byEPSChecksum;
+    tables.Machine().PhysicalMemory(0xF5000, MachineBuilder::Plain(Entry(kCases[3])));
+    tables.Machine().PhysicalMemory(0xF5020, MachineBuilder::Plain(second));
+    tables.Machine().PhysicalMemory(0xF5040, MachineBuilder::Plain(Entry(kCases[10])));
+    EXPECT_TRUE(tables.Load());
+}
+
+TEST(EntryPoint, InAnAreaThatCannotBeReadIsReported) {
+    LoadedTables tables;
+    tables.Machine().Remove("xsvc");
+    testing::internal::CaptureStdout();
+    EXPECT_FALSE(tables.Load());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "ReadPhysMem failed\n");
+}

@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "cli/smbios_old/smbios.h"
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/smbios_table.h"
+
+namespace {
+
+// Literals with zeros in them.
+template <size_t kSize>
+std::string Raw(const char (&bytes)[kSize]) {
+    return std::string(bytes, kSize - 1);
+}
+
+// The handles of the records that the walk yields, a letter each.
+std::string Handles() {
+    std::string handles;
+    for (unsigned char* record = nullptr; SmbGetRecord(&record) == TRUE;) {
+        handles.push_back(static_cast<char>(SmbRead(record, kRecordHandle)));
+    }
+    return handles;
+}
+
+struct WalkCase {
+    const char* catches;
+    std::string tables;
+    const char* handles;
+};
+
+// A record is its type, its length, a letter and a zero for its handle, and its strings or two zeros.
+const WalkCase kWalks[] = {
+    // where the next record begins
+    {"a record without strings stepped over by its length alone", Raw("\1\4a\0\0\0\2\4b\0\0\0"), "ab"},
+    {"zeros in the formatted area taken for the set's end", Raw("\1\6a\0\0\0\0\0\2\4b\0\0\0"), "ab"},
+    {"a string's end taken for the set's", Raw("\1\4a\0x\0y\0\0\2\4b\0\0\0"), "ab"},
+    {"a set that begins with an empty string", Raw("\1\4a\0\0x\0\0\2\4b\0\0\0"), "ab"},
+    {"the end-of-table record taken for the end", Raw("\177\4a\0\0\0\2\4b\0\0\0"), "ab"},
+    // the end of the tables
+    {"a last record cut in its strings lost", Raw("\1\4a\0\0\0\2\4b\0x"), "ab"},
+    {"a last record cut before its strings lost", Raw("\1\4a\0\0\0\2\4b\0"), "ab"},
+    {"a record cut in its formatted area let through", Raw("\1\4a\0\0\0\2\6b\0\0"), "a"},
+    {"a cut header let through", Raw("\1\4a\0\0\0\2\4b"), "a"},
+    {"a record shorter than its header", Raw("\1\4a\0\0\0\2\3b\0\0\0\3\4c\0\0\0"), "a"},
+    {"a length of 0 walked for ever", Raw("\2\0b\0\0\0"), ""},
+};
+
+struct StringCase {
+    const char* catches;
+    std::string record;
+    unsigned short number;
+    const char* text;  // null: none
+};
+
+const StringCase kStrings[] = {
+    {"number 0", Raw("\1\4a\0one\0two\0\0"), 0, nullptr},
+    {"the first", Raw("\1\4a\0one\0two\0\0"), 1, "one"},
+    {"the last", Raw("\1\4a\0one\0two\0\0"), 2, "two"},
+    {"one too many", Raw("\1\4a\0one\0two\0\0next\0"), 3, ""},
+    {"far too many", Raw("\1\4a\0one\0two\0\0next\0"), 4, ""},
+    {"no strings", Raw("\1\4a\0\0\0next\0"), 1, ""},
+    {"no strings, the next number", Raw("\1\4a\0\0\0next\0"), 2, ""},
+    {"behind an empty first string", Raw("\1\4a\0\0two\0\0next\0"), 2, "two"},
+    {"cut by the tables' end", Raw("\1\4a\0one\0tw"), 2, "tw"},
+    {"behind one that is cut", Raw("\1\4a\0one\0tw"), 3, ""},
+    {"none because of the tables' end", Raw("\1\4a\0"), 1, ""},
+};
+
+}  // namespace
+
+TEST(Records, AreWalkedFromTheFirstToTheLastThatIsWhole) {
+    for (const WalkCase& c : kWalks) {
+        LoadedTables tables(c.tables);
+        EXPECT_EQ(Handles(), c.handles) << c.catches;
+    }
+}
+
+TEST(Records, HaveTheirStringsByNumberAndNoOthers) {
+    for (const StringCase& c : kStrings) {
+        LoadedTables tables(c.record);
+        void* record = nullptr;
+        ASSERT_EQ(SmbGetRecordByType(1, 0, &record), TRUE) << c.catches;
+        EXPECT_STREQ(reinterpret_cast<char*>(SmbGetStringByNumber(record, c.number)), c.text) << c.catches;
+    }
+}
+
+TEST(Records, AreFoundByTypeAndByHandle) {
+    SmbiosTable table;
+    table.Add(SmbiosRecord(1, 0x1234).Byte(1)).Add(SmbiosRecord(2, 0x3412));
+    table.Add(SmbiosRecord(1, 0x1234).Byte(2)).Add(SmbiosRecord(1, 0x7856));
+    LoadedTables tables(table.Bytes());
+    void* found = nullptr;
+    EXPECT_EQ(SmbGetRecordByType(1, 2, &found), TRUE) << "the last copy refused";
+    EXPECT_EQ(SmbRead(found, kRecordHandle), 0x7856) << "other types counted as copies";
+    void* untouched = &table;
+    EXPECT_EQ(SmbGetRecordByType(1, 3, &untouched), FALSE) << "a copy too many";
+    EXPECT_EQ(SmbGetRecordByHandle(0x0034, &untouched), FALSE) << "half a handle compared";
+    EXPECT_EQ(untouched, &table);
+    EXPECT_EQ(SmbGetRecordByHandle(0x1234, &found), TRUE);
+    EXPECT_EQ(SmbRead(found, SmbField<uint8_t>{4}), 1) << "not the first of a handle";
+
+    DeinitSMBIOS();
+    EXPECT_EQ(SmbGetRecordByType(1, 0, &untouched), FALSE) << "a record of tables that are gone";
+}

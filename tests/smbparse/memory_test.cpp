@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/firmware_records.h"
+
+namespace {
+
+constexpr uint16_t kHandle = 0x10;  // of the array
+
+// gMemoryMod, a line a socket: board.module, KiB, MHz, form factor/technology.
+std::string Inventory() {
+    std::string text;
+    for (const ZET_MemModule* module : gMemoryMod) {
+        if (module == nullptr) break;
+        text += std::to_string(module->memBoardIndex) + "." + std::to_string(module->memModuleIndex) + " " +
+                std::to_string(module->memModuleSize) + " " + std::to_string(module->memModuleFrequency) +
+                " " + std::to_string(module->memModuleType) + "/" +
+                std::to_string(module->memModuleTechnology) + "\n";
+    }
+    return text;
+}
+
+SmbiosRecord Array(uint16_t handle, uint8_t use = memory_array::kSystemMemory, uint8_t correction = 6) {
+    return MemoryArrayRecord({handle, 0, 0, correction, use});
+}
+
+// Devices of the array, of 1 MiB and 1 MHz but for what is given.
+SmbiosRecord Sized(uint16_t size) {
+    return MemoryDeviceRecord({0x11, kHandle, "", size, 1});
+}
+
+SmbiosRecord Kind(uint8_t form_factor, uint16_t type_detail = kSynchronous) {
+    return MemoryDeviceRecord({0x11, kHandle, "", 1, 1, form_factor, kDdr2, type_detail});
+}
+
+SmbiosRecord At(const char* locator) {
+    return MemoryDeviceRecord({0x11, kHandle, locator, 1, 1});
+}
+
+struct Case {
+    const char* catches;
+    std::string records;  // beside the array
+    const char* inventory;
+};
+
+const Case kCases[] = {
+    // size
+    {"MiB", Sized(0x0400).Bytes(), "0.1 1048576 1 8/5\n"},
+    {"KiB", Sized(0x8200).Bytes(), "0.1 512 1 8/5\n"},
+    {"an empty socket left out", Sized(0).Bytes(), "0.1 0 1 8/5\n"},
+    // codes
+    {"a form factor that has no row", Kind(kFbDimm).Bytes(), "0.1 1024 1 1/5\n"},
+    {"a row by its place", Kind(12).Bytes(), "0.1 1024 1 10/5\n"},
+    {"the last bit first", Kind(kDimm, 0x0280).Bytes(), "0.1 1024 1 8/5\n"},
+    {"the first row", Kind(kDimm, 0x0288).Bytes(), "0.1 1024 1 8/2\n"},
+    {"bits that have no row", Kind(kDimm, 0xFD77).Bytes(), "0.1 1024 1 8/1\n"},
+    // the place
+    {"either word of the locator", At("slot 2 Dimm 4").Bytes(), "2.4 1024 1 8/5\n"},
+    {"one word without the other", At("DIMM 4").Bytes(), "0.4 1024 1 8/5\n"},
+    {"the system board", At("SLOT 2 DIMM 4").Bytes() + DimmLocationRecord(1, 0x11, 0xFF, 3).Bytes(),
+     "0.3 1024 1 8/5\n"},
+    {"a record that is another's, or a later one",
+     At("").Bytes() + DimmLocationRecord(1, 0x12, 1, 1).Bytes() + DimmLocationRecord(2, 0x11, 5, 6).Bytes() +
+         DimmLocationRecord(3, 0x11, 7, 8).Bytes(),
+     "5.6 1024 1 8/5\n"},
+    // short records
+    {"half a speed", At("").CutTo(22).Bytes(), "0.1 1024 0 8/5\n"},
+    {"half a type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
+    {"a locator past the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
+    {"half an array handle", At("").CutTo(5).Bytes(), ""},
+    // several arrays: flash memory first
+    {"counted by array",
+     Array(0x20, 5).Bytes() + MemoryDeviceRecord({0x21, 0x20, "", 8}).Bytes() + Array(0x30).Bytes() +
+         MemoryDeviceRecord({0x31, 0x30, "", 2}).Bytes(),
+     "1.2 2048 0 8/5\n"},
+};
+
+}  // namespace
+
+TEST(MemoryModules, AreRecordedByTheRules) {
+    for (const Case& c : kCases) {
+        LoadedTables tables(c.records + Array(kHandle).Bytes());
+        EXPECT_EQ(Inventory(), c.inventory) << c.catches;
+    }
+    unsigned int size = 0;
+    LoadedTables several(std::end(kCases)[-1].records);
+    EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
+    EXPECT_EQ(size, 2048U) << "flash memory counted";
+}
+
+TEST(MemoryModules, BeyondTheTableAreLeftOutButCounted) {
+    std::string records = Array(kHandle).Bytes();
+    for (int i = 0; i < 130; ++i) records += Sized(0x7FFF).Bytes();
+    LoadedTables tables(records);
+    ASSERT_NE(gMemoryMod[63], nullptr);
+    EXPECT_EQ(gMemoryMod[63]->memModuleIndex, 64);
+    unsigned int size = 0;
+    EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
+    EXPECT_EQ(size, UINT_MAX) << "a sum that wraps";
+}
+
+TEST(MemoryArrays, TellWhetherErrorsAreCorrected) {
+    LoadedTables tables;
+    const auto corrects = [&](const SmbiosRecord& array) {
+        return tables.Load(array.Bytes()) && SmbChkForECCSupported() == TRUE;
+    };
+    EXPECT_FALSE(corrects(Array(kHandle, 3, 3))) << "none";
+    EXPECT_TRUE(corrects(Array(kHandle, 3, 4))) << "parity";
+    EXPECT_FALSE(corrects(Array(kHandle, 5, 6))) << "of flash memory";
+    EXPECT_FALSE(corrects(Array(kHandle).CutTo(6))) << "of a record too short to say";
+}

@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/firmware_records.h"
+
+namespace {
+
+// gCpu_tbl, a line a processor: MHz, socket, status, cores/threads, its caches as level:KiB.
+std::string Inventory() {
+    std::string text;
+    for (const ZET_CPU* cpu : gCpu_tbl) {
+        if (cpu == nullptr) break;
+        text += std::to_string(cpu->cpuSpeed) + " #" + std::to_string(cpu->cpuSocketNumber) + " s" +
+                std::to_string(cpu->cpuStatus) + " " + std::to_string(cpu->cpucorecount) + "/" +
+                std::to_string(cpu->threadcount);
+        for (const ZET_CACHE* cache : gCache_tbl) {
+            if (cache == nullptr || cache->cacheUnitIndex != cpu->cpuUnitIndex) continue;
+            text += " L" + std::to_string(cache->cacheLevelIndex) + ":" + std::to_string(cache->cacheSize);
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+// Processors of 1 MHz, all else zero or none but what is given.
+std::string Status(uint8_t status, uint8_t type = processor::kCentral) {
+    Processor part = {1, "", 1};
+    part.status = status;
+    part.type = type;
+    return ProcessorRecord(part).Bytes();
+}
+
+std::string Socket(const std::string& designation) {
+    return ProcessorRecord({1, designation.c_str(), 1}).Bytes();
+}
+
+SmbiosRecord FourCores() {
+    return ProcessorRecord({1, "", 1, 4, 8});
+}
+
+SmbiosRecord Caches(uint16_t l2, uint16_t l3 = kNoHandle) {
+    return ProcessorRecord({1, "", 1, 0, 0, 0x70, l2, l3});
+}
+
+std::string Cached(uint16_t handle, uint8_t level, uint16_t size) {
+    return CacheRecord({handle, "", level, size}).Bytes();
+}
+
+struct Case {
+    const char* catches;
+    std::string tables;
+    const char* inventory;
+};
+
+const Case kCases[] = {
+    // which records, and in which order
+    {"the first record first", ProcessorRecord({2, "", 7}).Bytes() + Socket(""),
+     "1 #1 s2 0/0\n7 #2 s2 0/0\n"},
+    {"an empty socket", Status(0x41) + Status(0x01), "1 #1 s2 0/0\n"},
+    {"a coprocessor", Status(0x41, 4), ""},
+    {"a record too short to say", ProcessorRecord({1, ""}).CutTo(24).Bytes(), ""},
+    // status
+    {"unknown", Status(0x40), "1 #1 s4 0/0\n"},
+    {"disabled by the user", Status(0x42), "1 #1 s5 0/0\n"},
+    {"disabled in POST", Status(0x43), "1 #1 s5 0/0\n"},
+    {"idle", Status(0x44), "1 #1 s2 0/0\n"},
+    {"reserved, and the reserved bits", Status(0xFF), "1 #1 s1 0/0\n"},
+    // socket numbers
+    {"the designation ignored", Socket("PROC 7"), "1 #7 s2 0/0\n"},
+    {"letter case, signs, TABs", Socket("\t \tA\tpROC\t \t#12b3"), "1 #12 s2 0/0\n"},
+    {"no word behind it", Socket("A Proc"), "1 #1 s2 0/0\n"},
+    {"a search that goes on", Socket("Proc A Proc 7"), "1 #1 s2 0/0\n"},
+    {"a word that only begins so", Socket("Processor 7"), "1 #1 s2 0/0\n"},
+    {"a word's beginning", Socket("Pro 7"), "1 #1 s2 0/0\n"},
+    {"a number that wraps", Socket("Proc 4294967303"), "1 #2147483647 s2 0/0\n"},
+    {"text past 255 characters", Socket(std::string(250, ' ') + "Proc 72"), "1 #1 s2 0/0\n"},
+    {"the maker's record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7"), "1 #1 s2 0/0\n"},
+    {"another's record taken", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7"), "1 #7 s2 0/0\n"},
+    // cores and threads
+    {"cores of an older record", FourCores().CutTo(35).Bytes(), "1 #1 s2 0/0\n"},
+    {"cores without threads", FourCores().CutTo(37).Bytes(), "1 #1 s2 0/0\n"},
+    {"the last byte missed", FourCores().CutTo(38).Bytes(), "1 #1 s2 4/8\n"},
+    // caches
+    {"L1 consulted, L3 before L2",
+     Cached(0x70, 1, 64) + Cached(0x73, 3, 0x8010) + Cached(0x72, 2, 0x0200) + Caches(0x72, 0x73).Bytes(),
+     "1 #1 s2 0/0 L2:512 L3:1024\n"},
+    {"an empty cache", Cached(0x72, 2, 0x8000) + Caches(0x72).Bytes(), "1 #1 s2 0/0\n"},
+    {"no handle looked up", Cached(kNoHandle, 2, 8) + Caches(kNoHandle).Bytes(), "1 #1 s2 0/0\n"},
+    {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).CutTo(28).Bytes(), "1 #1 s2 0/0\n"},
+    {"a shared cache counted once", Cached(0x72, 8, 8) + Caches(0x72).Bytes() + Caches(0x72).Bytes(),
+     "1 #1 s2 0/0 L8:8\n1 #2 s2 0/0 L8:8\n"},
+};
+
+}  // namespace
+
+TEST(Processors, AreRecordedByTheRules) {
+    for (const Case& c : kCases) {
+        LoadedTables tables(c.tables);
+        EXPECT_EQ(Inventory(), c.inventory) << c.catches;
+    }
+}
+
+TEST(Processors, BeyondTheTablesAreLeftOut) {
+    std::string records = Cached(0x72, 2, 8);
+    for (int i = 0; i < 13; ++i) records += Caches(0x72, 0x72).Bytes();
+    LoadedTables tables(records);
+    ASSERT_NE(gCpu_tbl[10], nullptr);
+    EXPECT_EQ(gCpu_tbl[10]->cpuUnitIndex, 10);
+    ASSERT_NE(gCache_tbl[20], nullptr);
+    EXPECT_EQ(gCache_tbl[20]->cacheUnitIndex, 10);
+}
