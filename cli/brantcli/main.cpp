@@ -1,5 +1,6 @@
 // The program: start-up checks, then the commands of the command line or of the keyboard.
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -24,6 +25,14 @@ namespace {
 
 constexpr char kDashes[] = "--------------------------------------------------------------------------";
 static_assert(sizeof kDashes - 1 == 74, "the banner's width");
+
+// A standard descriptor that the caller closed would go to the first device opened, and keys be read from it.
+// What takes its place can't be written either, so that lost output is noticed.
+void KeepStandardDescriptors() {
+    int fd = STDIN_FILENO;
+    while (fd >= 0 && fd <= STDERR_FILENO) fd = open("/dev/null", O_RDONLY);
+    if (fd >= 0) close(fd);
+}
 
 // What the system would do by default on a closed pipe is to end the process without a word, and what stdio
 // would do is to read ahead of the line editor, which reads the descriptor.
@@ -114,6 +123,7 @@ int RunScript(char* commands) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    KeepStandardDescriptors();
     PrepareStreams();
     if (getuid() != 0) {
         std::printf("ERROR: You must be root to run brantcli.\n");
