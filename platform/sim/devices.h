@@ -9,8 +9,8 @@ struct Device {
     const char* name;  // its directory's, too
     const char* path;  // the device file's
 
-    // Words a request. code, block: as vxIoctlRequest takes them. False for a request that the device doesn't
-    // know, or one that lacks its block.
+    // Words a request. code, block: as vxIoctlRequest takes them. call: words any request already. False for
+    // a request that the device doesn't know, or one that lacks its block.
     bool (*describe)(int code, const void* block, Call& call);
 
     // Carries out a request that describe accepted. Result: 0 or the request's status, or -E. May throw

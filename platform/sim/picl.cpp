@@ -3,6 +3,8 @@
 
 #include <cstring>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "platform/sim/call.h"
 #include "platform/sim/machine.h"

@@ -35,33 +35,35 @@ bool AreProperties(std::string_view text) {
     return true;
 }
 
+// Reads a line into the node that follows nodes in the file. False when it can't be one.
+bool ReadNode(std::string_view line, std::vector<PiclNode>& nodes) {
+    const size_t indentation = line.find_first_not_of(' ');
+    if (indentation == line.npos || indentation % 2 != 0) return false;
+    const size_t level = indentation / 2;
+    const bool fits = nodes.empty() ? level == 0 : level > 0 && level <= nodes.back().level + 1;
+    if (!fits) return false;
+
+    const std::string_view class_name = TakeWord(line);
+    if (!AreProperties(line)) return false;
+    nodes.push_back({level, class_name, line});
+    return true;
+}
+
 }  // namespace
 
 bool PiclTree::Read(std::string text) {
     nodes_.clear();
     text_ = std::move(text);
+    std::vector<PiclNode> nodes;
     for (size_t begin = 0; begin < text_.size();) {
         const size_t end = std::min(text_.find('\n', begin), text_.size());
         const std::string_view line = std::string_view(text_).substr(begin, end - begin);
         begin = end + 1;
-        if (line.empty() || line[0] == '#' || ReadLine(line)) continue;
-        nodes_.clear();
-        break;
+        const bool counts = !line.empty() && line[0] != '#';
+        if (counts && !ReadNode(line, nodes)) return false;
     }
+    nodes_ = std::move(nodes);
     return !nodes_.empty();
-}
-
-bool PiclTree::ReadLine(std::string_view line) {
-    const size_t indentation = line.find_first_not_of(' ');
-    if (indentation == line.npos || indentation % 2 != 0) return false;
-    const size_t level = indentation / 2;
-    const bool fits = nodes_.empty() ? level == 0 : level > 0 && level <= nodes_.back().level + 1;
-    if (!fits) return false;
-
-    const std::string_view class_name = TakeWord(line);
-    if (!AreProperties(line)) return false;
-    nodes_.push_back({level, class_name, line});
-    return true;
 }
 
 bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value) {

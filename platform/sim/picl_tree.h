@@ -25,8 +25,6 @@ class PiclTree {
     const std::vector<PiclNode>& Nodes() const { return nodes_; }
 
   private:
-    bool ReadLine(std::string_view line);
-
     std::string text_;
     std::vector<PiclNode> nodes_;
 };

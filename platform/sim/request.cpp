@@ -64,12 +64,12 @@ int vxIoctlRequest(int fd, int code, void* arg) {
     const Device* const device = DeviceOf(fd);
     Call call;
     call.request = ++requests_made;
-    const bool known = device != nullptr && device->describe(code, arg, call);
     if (device == nullptr) {
         call.Subject("fd=%d code=%d", fd, code);
-    } else if (!known) {
+    } else {
         call.Subject("%s code=%d", device->name, code);
     }
+    const bool known = device != nullptr && device->describe(code, arg, call);
 
     return Returned(Perform(call, [&] {
         if (device == nullptr) return -EBADF;

@@ -32,7 +32,7 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
         open crom -> -1 errno=20                    # a file in a device's place
         open /dev/zethealth/cdt2 -> -1 errno=2      # a path taken by its beginning
         open casr -> 0
-        casr code=69 -> -1 errno=22                 # another device's code
+        casr 69 -> -1 errno=22                      # another device's code
         fd=1 code=6 -> -1 errno=9                   # a descriptor that was never open
         fd=-1 code=6 -> -1 errno=9                  # a negative descriptor
         fd=1048576 code=6 -> -1 errno=9             # a descriptor past the last

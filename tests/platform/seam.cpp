@@ -113,7 +113,7 @@ const struct {
     {"open (.+)"_call,                       Open},
     {"close (.+)"_call,                      [](Words w) { return vxCloseRequest(descriptors[w[1]]), std::string(); }},
     {"cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)"_call, AskCdt},
-    {"casr (?:code=)?(\\d+)"_call,           [](Words w) { return AskCasr(descriptors["casr"], Number(w[1])); }},
+    {"casr (\\d+)"_call,                    [](Words w) { return AskCasr(descriptors["casr"], Number(w[1])); }},
     {"fd=(\\S+) code=(\\d+)"_call,           [](Words w) { return AskCasr(Number(w[1]), Number(w[2])); }},
     {"crom read (.*) length=(\\d+)"_call,    [](Words w) { return AskCrom(kReadVariable, w[1], Number(w[2]), ""); }},
     {"crom write (.*) length=(\\d+) data=(.*)"_call,
