@@ -1,0 +1,170 @@
+// The power subsystem, class 11: power supplies, power modules, the AC line, the clock's battery.
+// The conventions: event_payloads.h.
+#pragma once
+
+#include "include/event_chassis.h"
+
+#pragma pack(push, 1)
+
+struct EVT_POWER_SUPPLY_FAILURE {  // 11/1, 11/19
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    uint8_t bPsErrorId;
+    char cChassisName[1];  // 11/19: then an extra text
+};
+using PEVT_POWER_SUPPLY_FAILURE = EVT_POWER_SUPPLY_FAILURE*;
+static_assert(sizeof(EVT_POWER_SUPPLY_FAILURE) == 6 && offsetof(EVT_POWER_SUPPLY_FAILURE, cChassisName) == 5);
+
+struct EVT_BATTERY_LOW {  // 11/2, 11/18
+    EVT_CHASSIS Chassis;  // 11/18: then an extra text
+};
+using PEVT_BATTERY_LOW = EVT_BATTERY_LOW*;
+static_assert(sizeof(EVT_BATTERY_LOW) == 3);
+
+struct EVT_POWER_MODULE_FAILURE {  // 11/3
+    EVT_CHASSIS Chassis;
+    uint8_t bSlot;
+    uint8_t bConverter;
+    uint8_t bConverterType;  // 1 processor, 2 PCI, 3 I/O
+};
+using PEVT_POWER_MODULE_FAILURE = EVT_POWER_MODULE_FAILURE*;
+static_assert(sizeof(EVT_POWER_MODULE_FAILURE) == 6 &&
+              offsetof(EVT_POWER_MODULE_FAILURE, bConverterType) == 5);
+
+struct EVT_POWER_SUPPLY_REMOVED {  // 11/4
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    char cChassisName[1];
+};
+using PEVT_POWER_SUPPLY_REMOVED = EVT_POWER_SUPPLY_REMOVED*;
+static_assert(sizeof(EVT_POWER_SUPPLY_REMOVED) == 5 && offsetof(EVT_POWER_SUPPLY_REMOVED, cChassisName) == 4);
+
+struct EVT_POWER_SUPPLY_INSERTED {  // 11/5
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    char cChassisName[1];
+};
+using PEVT_POWER_SUPPLY_INSERTED = EVT_POWER_SUPPLY_INSERTED*;
+static_assert(sizeof(EVT_POWER_SUPPLY_INSERTED) == 5 &&
+              offsetof(EVT_POWER_SUPPLY_INSERTED, cChassisName) == 4);
+
+struct EVT_POWER_NOT_REDUNDANT {  // 11/6 of a server or a storage system
+    EVT_CHASSIS Chassis;
+    char cChassisName[1];
+};
+using PEVT_POWER_NOT_REDUNDANT = EVT_POWER_NOT_REDUNDANT*;
+static_assert(sizeof(EVT_POWER_NOT_REDUNDANT) == 4 && offsetof(EVT_POWER_NOT_REDUNDANT, cChassisName) == 3);
+
+struct EVT_INF_POWER_NOT_REDUNDANT {  // 11/6 of an enclosure
+    EVT_CHASSIS Chassis;
+    uint8_t bType;  // what has lost its redundancy
+    char cChassisName[1];
+};
+using PEVT_INF_POWER_NOT_REDUNDANT = EVT_INF_POWER_NOT_REDUNDANT*;
+static_assert(sizeof(EVT_INF_POWER_NOT_REDUNDANT) == 5 &&
+              offsetof(EVT_INF_POWER_NOT_REDUNDANT, cChassisName) == 4);
+
+struct EVT_POWER_MODULES_NOT_REDUNDANT {  // 11/7
+    EVT_CHASSIS Chassis;
+    uint8_t bSlot;
+    uint8_t bConverter;
+    uint8_t bConverterType;
+    char cChassisName[1];
+};
+using PEVT_POWER_MODULES_NOT_REDUNDANT = EVT_POWER_MODULES_NOT_REDUNDANT*;
+static_assert(sizeof(EVT_POWER_MODULES_NOT_REDUNDANT) == 7 &&
+              offsetof(EVT_POWER_MODULES_NOT_REDUNDANT, cChassisName) == 6);
+
+struct EVT_POWER_AC_VOLTAGE {  // 11/8, 11/17
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    uint8_t bError;
+    char cChassisName[1];  // 11/17: then an extra text
+};
+using PEVT_POWER_AC_VOLTAGE = EVT_POWER_AC_VOLTAGE*;
+static_assert(sizeof(EVT_POWER_AC_VOLTAGE) == 6 && offsetof(EVT_POWER_AC_VOLTAGE, cChassisName) == 5);
+
+struct EVT_POWER_AC_OVERLOAD {  // 11/9
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    uint8_t bVoltage;
+    char cChassisName[1];
+};
+using PEVT_POWER_AC_OVERLOAD = EVT_POWER_AC_OVERLOAD*;
+static_assert(sizeof(EVT_POWER_AC_OVERLOAD) == 6 && offsetof(EVT_POWER_AC_OVERLOAD, cChassisName) == 5);
+
+struct EVT_POWER_SUPPLY_UNPOWERED {  // 11/11
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    char cChassisName[1];
+};
+using PEVT_POWER_SUPPLY_UNPOWERED = EVT_POWER_SUPPLY_UNPOWERED*;
+static_assert(sizeof(EVT_POWER_SUPPLY_UNPOWERED) == 5 &&
+              offsetof(EVT_POWER_SUPPLY_UNPOWERED, cChassisName) == 4);
+
+struct EVT_POWER_SUPPLY_POWERED {  // 11/10
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    char cChassisName[1];
+};
+using PEVT_POWER_SUPPLY_POWERED = EVT_POWER_SUPPLY_POWERED*;
+static_assert(sizeof(EVT_POWER_SUPPLY_POWERED) == 5 && offsetof(EVT_POWER_SUPPLY_POWERED, cChassisName) == 4);
+
+struct EVT_SYS_POWER_MODULE_FAILURE {  // 11/12
+    EVT_CHASSIS Chassis;
+    uint8_t bId;
+    uint8_t bError;
+    char cChassisName[1];
+};
+using PEVT_SYS_POWER_MODULE_FAILURE = EVT_SYS_POWER_MODULE_FAILURE*;
+static_assert(sizeof(EVT_SYS_POWER_MODULE_FAILURE) == 6 &&
+              offsetof(EVT_SYS_POWER_MODULE_FAILURE, cChassisName) == 5);
+
+struct EVT_SYS_POWER_MODULE_REMOVED {  // 11/13
+    EVT_CHASSIS Chassis;
+    uint8_t bId;
+    char cChassisName[1];
+};
+using PEVT_SYS_POWER_MODULE_REMOVED = EVT_SYS_POWER_MODULE_REMOVED*;
+static_assert(sizeof(EVT_SYS_POWER_MODULE_REMOVED) == 5 &&
+              offsetof(EVT_SYS_POWER_MODULE_REMOVED, cChassisName) == 4);
+
+struct EVT_SYS_POWER_MODULE_INSERTED {  // 11/14
+    EVT_CHASSIS Chassis;
+    uint8_t bId;
+    char cChassisName[1];
+};
+using PEVT_SYS_POWER_MODULE_INSERTED = EVT_SYS_POWER_MODULE_INSERTED*;
+static_assert(sizeof(EVT_SYS_POWER_MODULE_INSERTED) == 5 &&
+              offsetof(EVT_SYS_POWER_MODULE_INSERTED, cChassisName) == 4);
+
+struct EVT_SYS_POWER_MODULE_NOT_REDUNDANT {  // 11/15
+    EVT_CHASSIS Chassis;
+    char cChassisName[1];
+};
+using PEVT_SYS_POWER_MODULE_NOT_REDUNDANT = EVT_SYS_POWER_MODULE_NOT_REDUNDANT*;
+static_assert(sizeof(EVT_SYS_POWER_MODULE_NOT_REDUNDANT) == 4 &&
+              offsetof(EVT_SYS_POWER_MODULE_NOT_REDUNDANT, cChassisName) == 3);
+
+struct EVT_SYS_POWER_MODULE_OVERLOAD {  // 11/16
+    EVT_CHASSIS Chassis;
+    uint8_t bId;
+    uint8_t bVoltage;
+    char cChassisName[1];
+};
+using PEVT_SYS_POWER_MODULE_OVERLOAD = EVT_SYS_POWER_MODULE_OVERLOAD*;
+static_assert(sizeof(EVT_SYS_POWER_MODULE_OVERLOAD) == 6 &&
+              offsetof(EVT_SYS_POWER_MODULE_OVERLOAD, cChassisName) == 5);
+
+struct EVT_SAS_POWER_SUPPLY_FAILURE {  // 11/20
+    EVT_CHASSIS Chassis;
+    uint8_t bPsId;
+    uint8_t szPortID[2];
+    uint8_t bBox;
+    char szChassis_Sun[1];
+};
+using PEVT_SAS_POWER_SUPPLY_FAILURE = EVT_SAS_POWER_SUPPLY_FAILURE*;
+static_assert(sizeof(EVT_SAS_POWER_SUPPLY_FAILURE) == 8 &&
+              offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, szChassis_Sun) == 7);
+
+#pragma pack(pop)

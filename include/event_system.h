@@ -1,0 +1,151 @@
+// Processors, buses, slots, POST, the operating system, notes: classes 4 to 10, 13, 14, 20, 32 and 33.
+// The conventions: event_payloads.h.
+#pragma once
+
+#include "include/event_chassis.h"
+
+#pragma pack(push, 1)
+
+struct EVT_CACHE_ACCEL_PARITY_ERROR {  // 4/1
+    uint8_t bSocket;
+};
+using PEVT_CACHE_ACCEL_PARITY_ERROR = EVT_CACHE_ACCEL_PARITY_ERROR*;
+static_assert(sizeof(EVT_CACHE_ACCEL_PARITY_ERROR) == 1);
+
+struct EVT_CPU_CORRECTABLE {  // 5/1
+    uint8_t bSocket;
+    uint8_t bSlot;
+    uint8_t bType;
+};
+using PEVT_CPU_CORRECTABLE = EVT_CPU_CORRECTABLE*;
+static_assert(sizeof(EVT_CPU_CORRECTABLE) == 3 && offsetof(EVT_CPU_CORRECTABLE, bType) == 2);
+
+struct EVT_CPU_UNCORRECTABLE {  // 5/2
+    uint8_t bSocket;
+    uint8_t bSlot;
+    uint8_t bType;
+};
+using PEVT_CPU_UNCORRECTABLE = EVT_CPU_UNCORRECTABLE*;
+static_assert(sizeof(EVT_CPU_UNCORRECTABLE) == 3 && offsetof(EVT_CPU_UNCORRECTABLE, bType) == 2);
+
+struct EVT_HOST_BUS_UNCORRECTABLE {  // 6/1
+    uint8_t bError;                  // parity of an address (0) or of data (1)
+};
+using PEVT_HOST_BUS_UNCORRECTABLE = EVT_HOST_BUS_UNCORRECTABLE*;
+static_assert(sizeof(EVT_HOST_BUS_UNCORRECTABLE) == 1);
+
+struct EVT_INTERMODULE_BUS_UNCORRECTABLE {  // 6/2
+    uint32_t ulError;
+};
+using PEVT_INTERMODULE_BUS_UNCORRECTABLE = EVT_INTERMODULE_BUS_UNCORRECTABLE*;
+static_assert(sizeof(EVT_INTERMODULE_BUS_UNCORRECTABLE) == 4);
+
+struct EVT_EISA_BUS {  // 7/1-4
+    uint8_t bSlot;
+};
+using PEVT_EISA_BUS = EVT_EISA_BUS*;
+static_assert(sizeof(EVT_EISA_BUS) == 1);
+
+struct EVT_PCI_BUS {  // 8/1
+    EVT_CHASSIS Chassis;
+    uint8_t bSlot;
+    uint8_t bBus;
+    uint8_t bDevice;
+    uint8_t bFunction;
+};
+using PEVT_PCI_BUS = EVT_PCI_BUS*;
+static_assert(sizeof(EVT_PCI_BUS) == 7 && offsetof(EVT_PCI_BUS, bFunction) == 6);
+
+struct EVT_EXPANSION_SLOT {  // 9/1-9
+    EVT_CHASSIS Chassis;
+    uint8_t bSlot;
+};
+using PEVT_EXPANSION_SLOT = EVT_EXPANSION_SLOT*;
+static_assert(sizeof(EVT_EXPANSION_SLOT) == 4 && offsetof(EVT_EXPANSION_SLOT, bSlot) == 3);
+
+struct EVT_EXPANSION_SLOT_CONFIG_ERR {  // no event shows it
+    EVT_CHASSIS Chassis;
+    uint8_t bSlot;
+    uint8_t bError;
+};
+using PEVT_EXPANSION_SLOT_CONFIG_ERR = EVT_EXPANSION_SLOT_CONFIG_ERR*;
+static_assert(sizeof(EVT_EXPANSION_SLOT_CONFIG_ERR) == 5 &&
+              offsetof(EVT_EXPANSION_SLOT_CONFIG_ERR, bError) == 4);
+
+struct EVT_POST_MESSAGE {  // 10/1
+    uint8_t bError;
+    char cMessage[1];
+};
+using PEVT_POST_MESSAGE = EVT_POST_MESSAGE*;
+static_assert(sizeof(EVT_POST_MESSAGE) == 2 && offsetof(EVT_POST_MESSAGE, cMessage) == 1);
+
+struct EVT_ASR_LOCKUP {  // 13/2
+    char cMessage[1];
+};
+using PEVT_ASR_LOCKUP = EVT_ASR_LOCKUP*;
+static_assert(sizeof(EVT_ASR_LOCKUP) == 1);
+
+struct EVT_OS_CRASH {  // 14/1
+    char cMessage[1];
+};
+using PEVT_OS_CRASH = EVT_OS_CRASH*;
+static_assert(sizeof(EVT_OS_CRASH) == 1);
+
+struct EVT_AUTO_SHUTDOWN {  // 14/2
+    uint8_t bCause;         // bit 7: aborted, or begun by software
+};
+using PEVT_AUTO_SHUTDOWN = EVT_AUTO_SHUTDOWN*;
+static_assert(sizeof(EVT_AUTO_SHUTDOWN) == 1);
+
+struct EVT_OS_FATAL_EXCEPTION {  // 14/3
+    uint8_t bException;
+    char cCause[1];
+};
+using PEVT_OS_FATAL_EXCEPTION = EVT_OS_FATAL_EXCEPTION*;
+static_assert(sizeof(EVT_OS_FATAL_EXCEPTION) == 2 && offsetof(EVT_OS_FATAL_EXCEPTION, cCause) == 1);
+
+struct EVT_OS_PWR_SHED {  // 14/5
+    EVT_CHASSIS Chassis;
+    uint8_t bZoneId;
+    uint8_t bZoneType;  // 13 network slot, 14 blade slot
+    char cChassisName[1];
+};
+using PEVT_OS_PWR_SHED = EVT_OS_PWR_SHED*;
+static_assert(sizeof(EVT_OS_PWR_SHED) == 6 && offsetof(EVT_OS_PWR_SHED, cChassisName) == 5);
+
+struct EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA {  // 20/3
+    uint32_t ulDataLow;
+    uint32_t ulDataHigh;
+};
+using PEVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA = EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA*;
+static_assert(sizeof(EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA) == 8 &&
+              offsetof(EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA, ulDataHigh) == 4);
+
+struct EVT_ROM_FLASH_OCCURRED {  // 32/1
+    char cText[1];
+};
+using PEVT_ROM_FLASH_OCCURRED = EVT_ROM_FLASH_OCCURRED*;
+static_assert(sizeof(EVT_ROM_FLASH_OCCURRED) == 1);
+
+struct EVT_MAINTENANCE_INFO {  // 33/1, 33/2
+    char cText[1];
+};
+using PEVT_MAINTENANCE_INFO = EVT_MAINTENANCE_INFO*;
+static_assert(sizeof(EVT_MAINTENANCE_INFO) == 1);
+
+struct EVT_HEALTHREQUEST {  // no event shows it
+    EVT_CHASSIS Chassis;
+    char cChassisName[1];
+};
+using PEVT_HEALTHREQUEST = EVT_HEALTHREQUEST*;
+static_assert(sizeof(EVT_HEALTHREQUEST) == 4 && offsetof(EVT_HEALTHREQUEST, cChassisName) == 3);
+
+struct EVT_EMBEDDED_HEALTH {  // no event shows it
+    uint16_t wAlertID;
+    uint16_t wFlags;
+    uint16_t wDataValue;
+};
+using PEVT_EMBEDDED_HEALTH = EVT_EMBEDDED_HEALTH*;
+static_assert(sizeof(EVT_EMBEDDED_HEALTH) == 6 && offsetof(EVT_EMBEDDED_HEALTH, wDataValue) == 4);
+
+#pragma pack(pop)
