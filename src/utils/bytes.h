@@ -1,8 +1,11 @@
-// Bytes from outside, with their count, and the one way of reading numbers from them.
+// Bytes from outside, with their count, and the one way of reading numbers and texts from them.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <string_view>
 
 struct Bytes {
     const uint8_t* data;
@@ -18,4 +21,25 @@ constexpr Unsigned ReadField(Bytes bytes, size_t offset, Unsigned missing = 0) {
         value = static_cast<Unsigned>(static_cast<uint64_t>(value) << 8 | bytes.data[offset + i]);
     }
     return value;
+}
+
+// The same, of bytes that count as zero past their end: what there is of a field that is cut is read.
+template <typename Unsigned>
+constexpr Unsigned ReadPaddedField(Bytes bytes, size_t offset) {
+    size_t there = offset < bytes.size ? std::min(bytes.size - offset, sizeof(Unsigned)) : 0;
+    Unsigned value = 0;
+    while (there-- > 0) {
+        value = static_cast<Unsigned>(static_cast<uint64_t>(value) << 8 | bytes.data[offset + there]);
+    }
+    return value;
+}
+
+// The text that begins at an offset: up to its terminating zero or, when it has none, to the end of the
+// bytes. Empty past the end. Looks at nothing behind the zero.
+inline std::string_view ReadText(Bytes bytes, size_t offset) {
+    if (offset >= bytes.size) return {};
+    const char* text = reinterpret_cast<const char*>(bytes.data + offset);
+    const size_t room = bytes.size - offset;
+    const void* end = std::memchr(text, 0, room);
+    return {text, end != nullptr ? static_cast<size_t>(static_cast<const char*>(end) - text) : room};
 }

@@ -1,0 +1,95 @@
+#include "cli/eventstr/catalogue.h"
+
+#include <algorithm>
+
+namespace eventstr {
+namespace {
+
+// A text, each of its marks replaced by the next argument.
+void PrintText(std::string_view text, const Argument* next, Bytes payload, TextWriter& out) {
+    for (size_t mark = text.find(kMark); mark != text.npos; mark = text.find(kMark)) {
+        out.Text(text.substr(0, mark));
+        (next++)->Print(payload, out);
+        text.remove_prefix(mark + kMark.size());
+    }
+    out.Text(text);
+}
+
+// The text for a chassis; null when there is none.
+const char* FormFor(EVT_CHASSIS chassis, const ChassisTexts& texts) {
+    switch (chassis.bType) {
+        case 1: return chassis.bId == 0 ? texts.server : texts.externalChassis;
+        case 2: return texts.externalStorage;
+        case 3: return texts.internalStorage;
+        case 4: return texts.bladeEnclosure;
+        case 5: return texts.powerEnclosure;
+        default: return nullptr;
+    }
+}
+
+// What names the chassis, ahead of the event's other fields in the parentheses. Result: how many arguments.
+size_t ChassisArguments(EVT_CHASSIS chassis, uint8_t name, Argument (&arguments)[2]) {
+    if (chassis.bType == 1 && chassis.bId != 0) {
+        arguments[0] = {name, GetSysChassis};
+        return 1;
+    }
+    if (chassis.bType == 2 || chassis.bType == 3) {
+        arguments[0] = {name, GetStorChassis};
+        arguments[1] = kChassisNumber;  // a storage system's is its slot
+        return 2;
+    }
+    return 0;
+}
+
+void PrintForm(const char* text, const ChassisEventRow& row, Bytes payload, TextWriter& out) {
+    Argument chassis[2];
+    const size_t chassisCount = ChassisArguments(ChassisOf(payload), row.chassisName, chassis);
+    const Argument* own = row.arguments;
+    const Argument* const ownEnd = own + Count(row.arguments);
+    const Argument* const ahead = own + MarksAhead(text);
+
+    Argument all[kMaxChassisEventArguments + 3];
+    Argument* next = std::copy(own, ahead, all);
+    next = std::copy(chassis, chassis + chassisCount, next);
+    next = std::copy(ahead, ownEnd, next);
+    *next = {row.chassisName, GetChassisEx};
+    PrintText(text, all, payload, out);
+}
+
+}  // namespace
+
+void Argument::Print(Bytes payload, TextWriter& out) const {
+    switch (kind_) {
+        case Kind::None: return;
+        case Kind::Word: return out.Text(word_(ReadPaddedField<uint8_t>(payload, offset_)));
+        case Kind::Byte: return byte_(ReadPaddedField<uint8_t>(payload, offset_), out);
+        case Kind::Dword: return dword_(ReadPaddedField<uint32_t>(payload, offset_), out);
+        case Kind::Place: return place_(payload, offset_, out);
+    }
+}
+
+void PrintRow(const EventRow& row, Bytes payload, TextWriter& out) {
+    PrintText(row.text, row.arguments, payload, out);
+}
+
+void PrintEvent(const EventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {
+    const EventRow* const row = std::find_if(rows, rows + count, [&](const EventRow& candidate) {
+        return candidate.code == code && candidate.when[0].Holds(payload) && candidate.when[1].Holds(payload);
+    });
+    if (row != rows + count) PrintRow(*row, payload, out);
+}
+
+void PrintEvent(const ChassisEventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {
+    for (const ChassisEventRow* row = rows; row != rows + count; ++row) {
+        const bool extra = row->codeWithExtraText != 0 && row->codeWithExtraText == code;
+        if (row->code != code && !extra) continue;
+        const char* const text = FormFor(ChassisOf(payload), row->texts);
+        if (text == nullptr) continue;
+
+        PrintForm(text, *row, payload, out);
+        if (extra) SecondExtraText(payload, row->chassisName, out);
+        return;
+    }
+}
+
+}  // namespace eventstr

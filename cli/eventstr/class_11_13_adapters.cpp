@@ -1,0 +1,112 @@
+// Classes 17 to 19: network adapters, SCSI and drive arrays. Most of their events know the server, whose
+// chassis number is 0, from an external chassis, whatever the chassis type.
+#include "cli/eventstr/catalogue.h"
+#include "cli/eventstr/translators.h"
+#include "include/event_adapters.h"
+
+namespace eventstr {
+namespace {
+
+// clang-format off
+// The chassis says more here than where.
+constexpr Argument kPort = {offsetof(EVT_CHASSIS, bPort), Byte2Str};    // of a network adapter
+constexpr Argument kBus  = {offsetof(EVT_CHASSIS, bPort), Byte2Str};    // of a disk or its controller
+constexpr Argument kStorageSlot = kChassisNumber;
+
+constexpr Argument kNicSlot    = {offsetof(EVT_NIC_ERROR, bSlot), Byte2Str};
+constexpr Argument kNicChassis = {offsetof(EVT_NIC_ERROR, cChassisName), GetSysChassis};
+constexpr Argument kNicExtra   = {offsetof(EVT_NIC_ERROR, cChassisName), SecondExtraText};
+
+constexpr EventRow kNetworkEvents[] = {
+    {1, {kServerItself}, "Network Adapter Fault (Slot %s, Port %s)", {kNicSlot, kPort}},
+    {1, {},              "Network Adapter Fault (Chassis %s, Slot %s, Port %s)",
+     {kNicChassis, kNicSlot, kPort}},
+    {2, {kServerItself}, "Network Adapter Link Down (Slot %s, Port %s)", {kNicSlot, kPort}},
+    {2, {},              "Network Adapter Link Down (Chassis %s, Slot %s, Port %s)",
+     {kNicChassis, kNicSlot, kPort}},
+    {3, {kServerItself}, "Network Adapter Transmit Timeout (Slot %s, Port %s)", {kNicSlot, kPort}},
+    {3, {},              "Network Adapter Transmit Timeout (Chassis %s, Slot %s, Port %s)",
+     {kNicChassis, kNicSlot, kPort}},
+    {4, {kServerItself}, "Network Adapters No Longer Redundant (Slot %s, Port %s)",
+     {{offsetof(EVT_NICS_NOT_REDUNDANT, bSlot), Byte2Str}, kPort}},
+    {4, {},              "Network Adapters No Longer Redundant (Chassis %s, Slot %s, Port %s)",
+     {{offsetof(EVT_NICS_NOT_REDUNDANT, cChassisName), GetSysChassis},
+      {offsetof(EVT_NICS_NOT_REDUNDANT, bSlot), Byte2Str}, kPort}},
+    {5, {kServerItself}, "Network Adapters Redundancy Reduced (Slot %s, Port %s)", {kNicSlot, kPort}},
+    {5, {},              "Network Adapters Redundancy Reduced (Chassis %s, Slot %s, Port %s)",
+     {kNicChassis, kNicSlot, kPort}},
+    {6, {kServerItself}, "Network Adapter Link Down (Slot %s, Port %s)%s",
+     {kNicSlot, kPort, kNicExtra}},
+    {6, {},              "Network Adapter Link Down (Chassis %s, Slot %s, Port %s)%s",
+     {kNicChassis, kNicSlot, kPort, kNicExtra}},
+    {7, {kServerItself}, "Network Adapters Redundancy Reduced (Slot %s, Port %s)%s",
+     {kNicSlot, kPort, kNicExtra}},
+    {7, {},              "Network Adapters Redundancy Reduced (Chassis %s, Slot %s, Port %s)%s",
+     {kNicChassis, kNicSlot, kPort, kNicExtra}},
+};
+static_assert(WellFormed(kNetworkEvents));
+
+constexpr EventRow kScsiEvents[] = {
+    {1, {kServerItself}, "SCSI Controller Failure (Slot %s)",
+     {{offsetof(EVT_SCSI_CTRL_FAILURE, bSlot), Byte2Str}}},
+    {1, {},              "SCSI Controller Failure (Chassis %s, Slot %s)",
+     {{offsetof(EVT_SCSI_CTRL_FAILURE, cChassisName), GetSysChassis},
+      {offsetof(EVT_SCSI_CTRL_FAILURE, bSlot), Byte2Str}}},
+    {2, {}, "SCSI Device Failure (%sSlot %s, Bus %s, Bay %s)",
+     {{offsetof(EVT_SCSI_DEVICE_FAILURE, cChassisName), GetStorChassis}, kStorageSlot, kBus,
+      {offsetof(EVT_SCSI_DEVICE_FAILURE, bBay), Byte2Str}}},
+    {3, {kServerItself}, "SCSI Controllers No Longer Redundant", {}},
+    {3, {},              "SCSI Controllers No Longer Redundant (Chassis %s)",
+     {{offsetof(EVT_SCSI_CTRLS_NOT_REDUNDANT, cChassisName), GetSysChassis}}},
+};
+static_assert(WellFormed(kScsiEvents));
+
+constexpr EventRow kArrayEvents[] = {
+    {1, {kServerItself}, "Drive Array Controller Failure (Slot %s)",
+     {{offsetof(EVT_ARRAY_CTRL_FAILURE, bSlot), Byte2Str}}},
+    {1, {},              "Drive Array Controller Failure (Chassis %s, Slot %s)",
+     {{offsetof(EVT_ARRAY_CTRL_FAILURE, cChassisName), GetSysChassis},
+      {offsetof(EVT_ARRAY_CTRL_FAILURE, bSlot), Byte2Str}}},
+    {2, {}, "Drive Array Device Failure (%sSlot %s, Bus %s, Bay %s)",
+     {{offsetof(EVT_ARRAY_DEV_FAILURE, cChassisName), GetStorChassis}, kStorageSlot, kBus,
+      {offsetof(EVT_ARRAY_DEV_FAILURE, bBay), Byte2Str}}},
+    {3, {kServerItself}, "Drive Array Accelerator Battery Failure (Bus %s, Slot %s)",
+     {kBus, {offsetof(EVT_ARRAY_ACCEL_FAILURE, bSlot), Byte2Str}}},
+    {3, {},              "Drive Array Accelerator Battery Failure (Chassis %s, Bus %s, Slot %s)",
+     {{offsetof(EVT_ARRAY_ACCEL_FAILURE, cChassisName), GetSysChassis}, kBus,
+      {offsetof(EVT_ARRAY_ACCEL_FAILURE, bSlot), Byte2Str}}},
+    {4, {kServerItself}, "Drive Array Controllers No Longer Redundant", {}},
+    {4, {},              "Drive Array Controllers No Longer Redundant (Chassis %s)",
+     {{offsetof(EVT_ARRAY_CTRLS_NOT_REDUNDANT, cChassisName), GetSysChassis}}},
+    {7, {}, "%s SAS Enclosure Device Failure (Bay %s, Box %s, Port %s, %s)",
+     {{offsetof(EVT_SAS_ARRAY_DEV_FAILURE, Chassis.bType), GetInternalExternal},
+      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, bBay),          PlainByte},
+      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, bBox),          PlainByte},
+      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, szPortID),      GetSASPort},
+      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, szChassis_Sun), GetSlotChassisSun}}},
+    {8, {}, "%s SAS Enclosure PHY Link Error (PHY %s, Expander %s, Box %s, Port %s, %s)",
+     {{offsetof(EVT_SAS_ARRAY_PHY_ERROR, Chassis.bType),      GetInternalExternal},
+      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bExpanderPhyNumber), PlainByte},
+      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bExpanderNumber),    PlainByte},
+      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bBox),               PlainByte},
+      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, szPortID),           GetSASPort},
+      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, szChassis_Sun),      GetSlotChassisSun}}},
+};
+static_assert(WellFormed(kArrayEvents));
+// clang-format on
+
+}  // namespace
+
+void TranslateClass11(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
+    PrintEvent(kNetworkEvents, wEventCode, eventData, out);
+}
+
+void TranslateClass12(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
+    PrintEvent(kScsiEvents, wEventCode, eventData, out);
+}
+
+void TranslateClass13(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
+    PrintEvent(kArrayEvents, wEventCode, eventData, out);
+}
+
+}  // namespace eventstr

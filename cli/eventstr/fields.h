@@ -1,0 +1,38 @@
+// How the fields of a payload print: numbers, letters and texts. A value that stands for "not known" prints
+// as "Unknown". Where an event happened: chassis.h; bytes that stand for a word: words.h.
+#pragma once
+
+#include <cstdint>
+
+#include "src/utils/bytes.h"
+#include "src/utils/text_writer.h"
+
+namespace eventstr {
+
+// By value. The first five know 255 or 0xFFFFFFFF as "not known".
+void Byte2Str(uint8_t bValue, TextWriter& out);        // decimal
+void Char2Str(uint8_t bValue, TextWriter& out);        // the character; nothing for 0
+void GetTemp(uint8_t bTemp, TextWriter& out);          // degrees Celsius, "42C"
+void Dword2Str(uint32_t dwValue, TextWriter& out);     // decimal
+void Dword2HexStr(uint32_t dwValue, TextWriter& out);  // "0x0000001F"
+void PlainByte(uint8_t value, TextWriter& out);        // decimal, 255 too
+void PlainHexByte(uint8_t value, TextWriter& out);     // two digits, upper case
+void GetBCDString(uint8_t bBCD, TextWriter& out);      // two digits, the low one first: 0x12 is "21"
+
+// By place: of the payload, the field at an offset.
+void PlainWord(Bytes payload, size_t offset, TextWriter& out);        // 16 bits in decimal
+void PlainText(Bytes payload, size_t offset, TextWriter& out);        // a text as it stands
+void ReformattedText(Bytes payload, size_t offset, TextWriter& out);  // by CopyAndReformat
+void BoardPrefix(Bytes payload, size_t offset, TextWriter& out);      // "Board 2, "; nothing for 0
+void SerialNumber(Bytes payload, size_t offset, TextWriter& out);  // ", Serial Number S1"; nothing for none
+void SpareNumber(Bytes payload, size_t offset, TextWriter& out);   // ", Spare Number P1", the second text
+void ExtraText(Bytes payload, size_t offset, TextWriter& out);     // ", Replace soon"; nothing for none
+void SecondExtraText(Bytes payload, size_t offset, TextWriter& out);  // the same with the second text
+
+// The text that follows the one at an offset, right behind its terminating zero.
+std::string_view SecondText(Bytes payload, size_t offset);
+
+// Copies a text with its white space normalised: none at either end, one blank for each run inside.
+void CopyAndReformat(TextWriter& out, std::string_view source);
+
+}  // namespace eventstr

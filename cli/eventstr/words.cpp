@@ -1,0 +1,225 @@
+#include "cli/eventstr/words.h"
+
+#include <cstddef>
+
+namespace eventstr {
+
+const char szUnknown[] = "Unknown";
+
+namespace {
+
+// clang-format off
+constexpr const char* szLocations[] = {
+    "System",           // 0
+    "System Board",
+    "I/O Board",
+    "CPU",
+    "Memory",           // 4
+    "Storage",
+    "Removable Media",
+    "Power Supply",
+    "Ambient",          // 8
+    "Chassis",
+    "Bridge Board",
+    "Management Board",
+    "Backplane",        // 12
+    "Network Slot",
+    "Blade Slot",
+    "Virtual",
+};
+constexpr const char* szRedundancy[] = {
+    "",
+    "Enclosure",
+    "Power Module",
+    "Bus Bar",
+    "Breaker",
+    "Power Subsystem",
+};
+constexpr const char* szACProblem[] = {
+    "",
+    "Line Over Voltage",
+    "Line Under Voltage",
+    "Line Hit",
+    "Brown Out",
+    "AC Power Loss",
+};
+constexpr const char* szInadequatePowerReason[] = {
+    "",
+    "Lost Redundant Power",
+    "Not Enough Power",
+    "Denied By Server Enclosure Management Board",
+    "Denied By Power Enclosure Management Board",
+};
+constexpr const char* szImproperPowerReason[] = {
+    "",
+    "Load Balancing Wire Missing",
+    "Too Many Power Enclosures",
+    "Improperly Populated Power Bank",
+    "DC-to-DC Configuration Invalid",
+};
+constexpr const char* szRackSide[] = {
+    "Unknown Location",
+    "Left Side",
+    "Right Side",
+};
+constexpr const char* szEthSwErr[] = {
+    "Unknown",                          // 0
+    "Powering up",
+    "Micro-controller fault",
+    "Power fault",
+    "Over-current fault",               // 4
+    "Fan 1 failed or removed",
+    "Temperature at caution level",
+    "Temperature at critical level",
+    "RJ45 module missing",              // 8
+    "Fan 2 failed or removed",
+};
+constexpr const char* szPwrBus[] = {
+    "Unknown Location",
+    "Power Bus A",
+    "Power Bus B",
+};
+constexpr const char* szFailedPowerModule[] = {
+    "A Power Module has Failed",
+    "A CPU Power Module has Failed",
+    "A PCI Power Module has Failed",
+    "An I/O Power Module has Failed",
+};
+constexpr const char* szInfMainLocation[] = {
+    "Chassis Slot 1",                   // 0
+    "Chassis Slot 2",
+    "Chassis Slot 3",
+    "Chassis Slot 4",
+    "Chassis Slot 5",                   // 4
+    "Chassis Slot 6",
+    "Chassis Slot 7",
+    "Chassis Slot 8",
+    "Server Blade Management Module",   // 8
+    "Signal Backplane",
+    "Power Backplane A",
+    "Power Backplane B",
+    "Interconnect Blade A",             // 12
+    "Interconnect Blade B",
+    "RJ45 10 East",
+    "RJ45 10 West",
+    "RJ45 6 East",                      // 16
+    "RJ45 6 West",
+    "Unknown",
+};
+constexpr const char* szInfSubLocation[] = {
+    "Kelm Management Controller",       // 0
+    "FRU EEPROM",
+    "Memory",
+    "ICMB UART",
+    "ROM",                              // 4
+    "LM75",
+    "I2C Bus 0",
+    "I2C Bus 1",
+    "I2C Bus 2",                        // 8
+    "Software",
+    "I2C Bus",
+    "9544 Fuse Mux",
+    "9555 Quick Switch",                // 12
+    "9555 Sense",
+    "9555 Enable",
+    "9555 IO Expander",
+    "9555 Mux",                         // 16
+};
+constexpr const char* szInfError[] = {
+    "I2C Error",                        // 0
+    "Interrupt Error",
+    "Invalid FRU Data",
+    "POST Failure",
+    "Backup ROM Booted",                // 4
+    "Bus Error",
+    "Stack Overflow",
+    "I2C Bus Timeout",
+    "Unknown I2C Error",                // 8
+};
+// clang-format on
+
+// The word at an index; beyond the last one, the word given.
+template <size_t N>
+const char* WordAt(const char* const (&words)[N], uint8_t index, const char* beyond = szUnknown) {
+    return index < N ? words[index] : beyond;
+}
+
+}  // namespace
+
+const char* GetLocation(uint8_t bLocation) {
+    return WordAt(szLocations, bLocation);
+}
+
+const char* GetRedundancy(uint8_t bRedundancy) {
+    return WordAt(szRedundancy, bRedundancy);
+}
+
+const char* GetACProblem(uint8_t bACProblem) {
+    return WordAt(szACProblem, bACProblem);
+}
+
+const char* GetInadequatePowerReason(uint8_t bReason) {
+    return WordAt(szInadequatePowerReason, bReason);
+}
+
+const char* GetImproperPowerReason(uint8_t bReason) {
+    return WordAt(szImproperPowerReason, bReason);
+}
+
+const char* GetRackSide(uint8_t bLocation) {
+    return WordAt(szRackSide, bLocation, szRackSide[0]);
+}
+
+const char* GetEthSwErr(uint8_t bError) {
+    return WordAt(szEthSwErr, bError);
+}
+
+const char* GetPwrBus(uint8_t bLocation) {
+    return WordAt(szPwrBus, bLocation);
+}
+
+const char* GetPSError(uint8_t bPSError) {
+    switch (bPSError) {
+        case 0: return "General Failure";
+        case 1: return "BIST Failure";
+        case 2: return "Fan Failure";
+        case 5: return "EPROM Failure";
+        case 6: return "VREF Failure";
+        case 7: return "DAC Failure";
+        case 8: return "RAM Test Failed";
+        case 9: return "Voltage Channel Failure";
+        case 12: return "Give Up On Startup";
+        case 13: return "NVRAM Invalid";
+        case 14: return "Calibration Table Invalid";
+        case 255: return "No Error";
+        default: return "Unknown Failure";
+    }
+}
+
+const char* GetFailedPowerModule(uint8_t bType) {
+    return WordAt(szFailedPowerModule, bType, szFailedPowerModule[0]);
+}
+
+const char* GetInfMainLocation(uint8_t bLocation) {
+    return WordAt(szInfMainLocation, bLocation);
+}
+
+const char* GetInfSubLocation(uint8_t bLocation) {
+    return WordAt(szInfSubLocation, bLocation);
+}
+
+const char* GetInfErrString(uint8_t bErr) {
+    return WordAt(szInfError, bErr);
+}
+
+const char* GetInternalExternal(uint8_t bType) {
+    if (bType == 2) return "External";
+    return bType == 3 ? "Internal" : "";
+}
+
+const char* GetEnclosureType(uint8_t bType) {
+    if (bType == 4) return "Server Blade Enclosure";
+    return bType == 5 ? "Power Enclosure" : "";
+}
+
+}  // namespace eventstr
