@@ -1,0 +1,158 @@
+// SHOW HLOG and CLEAR HLOG: the firmware's event log, over the cevt device.
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "cli/eventstr/eventstr.h"
+#include "cli/generic_dtioctl/devices.h"
+#include "cli/misc-commands/event_class.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/parse/handler.h"
+#include "platform/request.h"
+
+namespace {
+
+// What the driver answers to a read.
+enum ReadStatus : int { kEntryRead = 0, kEndOfLog = 1, kBufferTooSmall = 3 };
+
+constexpr uint16_t kPresetLength = 284;  // a header and 256 bytes of payload, what the driver may fill
+constexpr int kTextSize = 256;           // bytes of an event's text, the terminating zero included
+constexpr int kRequestsAScreen = 6;
+constexpr int kMostTooSmall = 6;  // such answers in a row, after which the driver won't change its mind
+
+// The buffer of a read: the request, and room for the longest entry behind what a nominal one takes.
+struct EventRead {
+    EVT_IOCTL_ENTRY request;
+    uint8_t more[kEventReadSize - sizeof(EVT_IOCTL_ENTRY)];
+};
+static_assert(sizeof(EventRead) == 312, "as the driver takes it");
+
+struct Freed {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+// Stops a listing after each screen until a key is pressed.
+class Pager {
+  public:
+    // Counts a request; at the end of a screen, asks. False when the user has seen enough.
+    bool GoOn();
+
+  private:
+    static constexpr int kOff = -1;
+    int displayed_ = 0;  // requests since the last prompt, or kOff
+};
+
+bool Pager::GoOn() {
+    if (displayed_ == kOff || ++displayed_ < kRequestsAScreen) return true;
+
+    displayed_ = 0;
+    std::printf(
+        "\nPress q to quit, c to continue without pagination\n"
+        "or any other key to see the next screen.: ");
+    std::fflush(stdout);
+    const int key = std::fgetc(stdin);
+    if (key == 'q' || key == 'Q') return false;
+    if (key == 'c' || key == 'C') displayed_ = kOff;
+    std::printf("\n");
+    return true;
+}
+
+// Reads the first entry whose number is `number` or higher. Result: the driver's status, or errno where the
+// call itself failed. On kEntryRead the entry is in the buffer.
+int ReadEvent(EventRead& buffer, uint32_t number) {
+    std::memset(&buffer, 0, sizeof buffer);
+    LOG_INFO& info = buffer.request.info;
+    info.length = sizeof buffer;
+    info.choice = kReadEvent;
+    info.EvtNumber = static_cast<int32_t>(number);
+    buffer.request.Evt.Hdr.wEvtLength = kPresetLength;
+    const int status = vxIoctlRequest(cevt_fd, kEventLogRequest, &buffer);
+    return status < 0 ? errno : status;
+}
+
+const char* SeverityWord(uint8_t bSeverity) {
+    switch (bSeverity) {
+        case 2:
+        case 3: return "INFO";
+        case 6: return "REPAIRED";
+        case 9: return "CAUTION";
+        case 15: return "CRITICAL";
+        default: return "UNKNOWN";
+    }
+}
+
+// Control characters, and bytes that aren't ASCII, would disturb the terminal.
+void BlankUnprintable(char* text) {
+    for (; *text != '\0'; ++text) {
+        if (static_cast<signed char>(*text) < ' ') *text = ' ';
+    }
+}
+
+void ShowEvent(EVT_LOG_ENTRY& entry) {
+    char text[kTextSize];
+    TranslateEventLogMessage(&entry, text, sizeof text);
+    BlankUnprintable(text);
+
+    const EVT_HEADER& header = entry.Hdr;
+    const EVT_TIME_STAMP& time = header.UpdateTime;
+    std::printf("\nEvent: %d Added: ", static_cast<int32_t>(header.dwEvtNumber));
+    std::printf("%02d/%02d/%02d%02d %02d:%02d", time.bMonth, time.bDay, time.bCentury, time.bYear, time.bHour,
+                time.bMinute);
+    std::printf("\n%s: %s - %s.\n", SeverityWord(header.bSeverity), EventClassName(header.wClass), text);
+}
+
+// Shows the log from its lowest number on. Result: the command's.
+int ListEvents(EventRead& buffer) {
+    Pager pager;
+    uint32_t wanted = 0;
+    int tooSmall = 0;  // such answers in a row
+    int status = kEntryRead;
+    do {
+        status = ReadEvent(buffer, wanted);
+        tooSmall = status == kBufferTooSmall ? tooSmall + 1 : 0;
+        if (status == kEntryRead) {
+            EVT_LOG_ENTRY& entry = buffer.request.Evt;
+            const uint32_t number = entry.Hdr.dwEvtNumber;
+            if (number < wanted) return Fail("\nERROR: Invalid error code returned.");  // it would never end
+            ShowEvent(entry);
+            if (number == UINT32_MAX) return 0;
+            wanted = number + 1;
+        } else if (status == kBufferTooSmall) {
+            std::printf("\nERROR: Event log buffer is too small.");
+            if (tooSmall == kMostTooSmall) return 1;
+        } else if (status != kEndOfLog) {
+            return Fail("\nERROR: Invalid error code returned.");
+        }
+    } while (pager.GoOn() && status != kEndOfLog);
+
+    if (wanted == 0) std::printf("The HLOG Log is empty.");
+    return 0;
+}
+
+}  // namespace
+
+int do_show_hlog(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    const std::unique_ptr<EventRead, Freed> buffer(
+        static_cast<EventRead*>(std::calloc(1, sizeof(EventRead))));
+    if (buffer == nullptr) return Fail("\nERROR: Could not allocate memory for \"SHOW HLOG\" command.");
+
+    std::printf("\n");
+    return ListEvents(*buffer);
+}
+
+int do_clear_hlog(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    EVT_IOCTL_ENTRY request{};
+    request.info.length = sizeof request;
+    request.info.choice = kClearEvents;
+    if (vxIoctlRequest(cevt_fd, kEventLogRequest, &request) != 0) {
+        return Fail("\nERROR: Failed to clear HLOG Log.");
+    }
+    std::printf("\nHLOG Log successfully cleared.");
+    return 0;
+}
