@@ -1,5 +1,7 @@
 #include "tools/mkmachine/models.h"
 
+#include "tools/mkmachine/events.h"
+
 namespace {
 
 constexpr Model kModels[] = {
@@ -17,7 +19,7 @@ const Model* FindModel(const std::string& name) {
     return nullptr;
 }
 
-void MakeMachine(const Model& model, const std::string& directory) {
+void MakeMachine(const Model& model, const std::string& directory, std::optional<size_t> events) {
     MachineBuilder machine(directory);
     AddFans(machine, model.id);
     AddTemperatures(machine, model.id);
@@ -26,4 +28,5 @@ void MakeMachine(const Model& model, const std::string& directory) {
     AddMemoryModules(machine, model.id);
     AddFirmware(machine, model);
     AddRomVariables(machine, model.id);
+    machine.Write("cevt/hlog", EventLog(events ? *events : EveryEvent().size()));
 }

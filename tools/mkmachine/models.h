@@ -1,6 +1,7 @@
 // The machines that mkmachine knows how to make.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "tools/mkmachine/machine_builder.h"
@@ -16,8 +17,9 @@ struct Model {
 // The model of a name; null when there is none. The default is the first, tr500k2.
 const Model* FindModel(const std::string& name);
 
-// Builds a model's whole machine in a directory that is empty or doesn't exist. Throws std::system_error.
-void MakeMachine(const Model& model, const std::string& directory);
+// Builds a model's whole machine in a directory that is empty or doesn't exist. events: the entries of its
+// event log, else one of each. Throws std::system_error.
+void MakeMachine(const Model& model, const std::string& directory, std::optional<size_t> events = {});
 
 // The families of facts, a file each.
 void AddFans(MachineBuilder& machine, ModelId model);

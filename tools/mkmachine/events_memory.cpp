@@ -1,0 +1,71 @@
+// Class 3: main memory.
+#include "tools/mkmachine/events.h"
+
+namespace {
+
+// The places that an error of one module, or of one bank, can have; each with and without a serial number.
+void AddPlaces(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t moduleOrBank) {
+    constexpr uint8_t kNotKnown = 255;
+    const EVT_MAIN_MEMORY places[] = {
+        {kNotKnown, kNotKnown, {}},    {0, kNotKnown, {}}, {0, moduleOrBank, {}}, {2, moduleOrBank, {}},
+        {kNotKnown, moduleOrBank, {}}, {2, kNotKnown, {}},
+    };
+    for (const EVT_MAIN_MEMORY& place : places) {
+        events.push_back({severity, 3, code, WithTexts(place, {""})});
+        events.push_back({severity, 3, code, WithTexts(place, {"ABC123"})});
+    }
+}
+
+template <typename Record>
+void Add(SampleEvents& events, uint8_t severity, uint16_t code, const Record& record) {
+    events.push_back({severity, 3, code, MachineBuilder::Plain(record)});
+}
+
+void AddSuspects(SampleEvents& events, uint8_t resolution, const char* serials) {
+    const EVT_MAIN_MEMORY_MULTI suspects = {resolution, {{3, 1}, {5, 2}, {255, 0}, {7, 0}}, {}};
+    events.push_back({kCritical, 3, 3, WithTexts(suspects, {serials})});
+}
+
+void AddRomDiag(SampleEvents& events, const EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG& record, const char* serial,
+                const char* spare) {
+    events.push_back({kCritical, 3, 18, WithTexts(record, {serial, spare})});
+}
+
+}  // namespace
+
+void AddMemoryEvents(SampleEvents& events) {
+    AddPlaces(events, kCaution, 1, 4);
+    AddPlaces(events, kCritical, 2, 6);
+    AddSuspects(events, 0, "");
+    AddSuspects(events, 2, "S1,S2");
+    AddSuspects(events, 4, " A1 ,,B  2,C3,D4");
+    AddSuspects(events, 6, "A1");
+    events.push_back({kCritical, 3, 3,
+                      WithTexts(EVT_MAIN_MEMORY_MULTI{2, {{255, 255}, {255, 255}, {}, {}}, {}}, {",S2"})});
+    for (uint8_t action = 0; action < 4; ++action) {
+        Add(events, kNotice, 4, EVT_MAIN_MEMORY_USER_ACTION{5, action, 1});
+        Add(events, kNotice, 4, EVT_MAIN_MEMORY_USER_ACTION{6, action, 0});
+    }
+    for (uint8_t status = 0; status < 4; ++status) {
+        Add(events, kCaution, 5, EVT_MAIN_MEMORY_HW_STATUS{7, status});
+    }
+    Add(events, kCaution, 6, EVT_MAIN_MEMORY_CONFIG_ERR{2, 3, 1});
+    Add(events, kCaution, 6, EVT_MAIN_MEMORY_CONFIG_ERR{4, 5, 0});
+    Add(events, kInformational, 7, EVT_MAIN_MEMORY_CONFIG_CHG{9, 0, 4096});
+    Add(events, kInformational, 7, EVT_MAIN_MEMORY_CONFIG_CHG{9, 1, 4096});
+    for (const uint8_t slot : {uint8_t{0}, uint8_t{3}}) {
+        Add(events, kRepaired, 8, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 8});
+        Add(events, kRepaired, 9, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 9});
+    }
+    AddPlaces(events, kCaution, 10, 'B');
+    for (const uint8_t slot : {uint8_t{0}, uint8_t{3}}) {
+        Add(events, kRepaired, 11, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 'C'});
+        Add(events, kRepaired, 12, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 'D'});
+    }
+    for (uint16_t code = 13; code <= 16; ++code) events.push_back({kCaution, 3, code, ""});
+    Add(events, kCritical, 17, EVT_MAIN_MEMORY_BOARD_FAILURE{4});
+    AddRomDiag(events, {0, 3, 9, {0, 0}, {}}, "", "");
+    AddRomDiag(events, {2, 3, 9, {0, 0}, {}}, "SN77", "");
+    AddRomDiag(events, {2, 5, 9, {1, 0}, {}}, "SN77", "SP88");
+    AddRomDiag(events, {0, 5, 9, {1, 127}, {}}, "", "SP88");
+}

@@ -1,0 +1,55 @@
+// Classes 4 to 10, 13, 14, 20, 32 and 33: processors, buses, slots, POST, the operating system, notes.
+#include "tools/mkmachine/events.h"
+
+namespace {
+
+template <typename Record>
+void Add(SampleEvents& events, uint8_t severity, uint16_t event_class, uint16_t code, const Record& record) {
+    events.push_back({severity, event_class, code, MachineBuilder::Plain(record)});
+}
+
+// In the server itself and in an external chassis, of a type that doesn't matter.
+constexpr EVT_CHASSIS kChassis[] = {{4, 0, 0}, {3, 2, 0}};
+
+}  // namespace
+
+void AddHardwareEvents(SampleEvents& events) {
+    Add(events, kCaution, 4, 1, EVT_CACHE_ACCEL_PARITY_ERROR{2});
+    Add(events, kCaution, 5, 1, EVT_CPU_CORRECTABLE{1, 0, 9});
+    Add(events, kCritical, 5, 2, EVT_CPU_UNCORRECTABLE{3, 2, 9});
+    Add(events, kCritical, 6, 1, EVT_HOST_BUS_UNCORRECTABLE{0});
+    Add(events, kCritical, 6, 1, EVT_HOST_BUS_UNCORRECTABLE{1});
+    Add(events, kCritical, 6, 2, EVT_INTERMODULE_BUS_UNCORRECTABLE{0x1F});
+    for (uint16_t code = 1; code <= 4; ++code) Add(events, kCritical, 7, code, EVT_EISA_BUS{6});
+    for (const EVT_CHASSIS& chassis : kChassis)
+        Add(events, kCritical, 8, 1, EVT_PCI_BUS{chassis, 3, 4, 5, 6});
+    for (uint16_t code = 1; code <= 9; ++code) {
+        for (const EVT_CHASSIS& chassis : kChassis) {
+            Add(events, code < 5 ? kNotice : kCaution, 9, code, EVT_EXPANSION_SLOT{chassis, 7});
+        }
+    }
+}
+
+void AddSystemEvents(SampleEvents& events) {
+    events.push_back(
+        {kCaution, 10, 1, WithTexts(EVT_POST_MESSAGE{7, {}}, {"  301-Keyboard\r\n\tError  or  absent \n"})});
+    events.push_back({kCritical, 13, 1, ""});
+    events.push_back({kCritical, 13, 2, WithTexts(EVT_ASR_LOCKUP{}, {"CPU 0 stopped"})});
+    events.push_back({kCritical, 13, 3, ""});
+    events.push_back({kCritical, 14, 1, WithTexts(EVT_OS_CRASH{}, {"bad\ttrap"})});
+    for (const int cause : {0x01, 0x02, 0x03, 0x81, 0x82, 0x83, 0x84, 0x85, 0x86}) {
+        Add(events, kCaution, 14, 2, EVT_AUTO_SHUTDOWN{static_cast<uint8_t>(cause)});
+    }
+    events.push_back({kCritical, 14, 3, WithTexts(EVT_OS_FATAL_EXCEPTION{14, {}}, {"page fault"})});
+    events.push_back({kCaution, 14, 4, ""});
+    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 5, 14, {}}, {""})});
+    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 6, 13, {}}, {""})});
+    events.push_back({kCaution, 14, 6, ""});
+    events.push_back({kCritical, 20, 1, ""});
+    events.push_back({kCritical, 20, 2, ""});
+    Add(events, kCritical, 20, 3, EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA{0x12, 0xABCDEF34});
+    events.push_back({kInformational, 32, 1, WithTexts(EVT_ROM_FLASH_OCCURRED{}, {"P56 2006.03.15"})});
+    events.push_back({kInformational, 33, 1, WithTexts(EVT_MAINTENANCE_INFO{}, {"by root"})});
+    events.push_back(
+        {kInformational, 33, 2, WithTexts(EVT_MAINTENANCE_INFO{}, {"Fan 9 changed,\nall well"})});
+}
