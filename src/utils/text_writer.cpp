@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
-#include <cstring>
 
 TextWriter::TextWriter(char* buffer, size_t size) : begin_(buffer), next_(buffer), last_(buffer + size - 1) {
     *next_ = '\0';
@@ -15,9 +14,8 @@ void TextWriter::Letter(char letter) {
 
 void TextWriter::Text(std::string_view text) {
     const size_t room = static_cast<size_t>(last_ - next_);
-    const size_t length = std::min(text.size(), room);
+    const size_t length = text.copy(next_, room);
     cut_ = cut_ || length < text.size();
-    std::memcpy(next_, text.data(), length);
     next_ += length;
     *next_ = '\0';
 }
