@@ -1,0 +1,149 @@
+// Nothing past the caller's buffer is written, nothing past the entry's end is read, whatever the entry says.
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+#include <algorithm>
+
+#include "tests/eventstr/translate.h"
+
+namespace {
+
+constexpr size_t kPayloadRoom = kEventEntryRoom - sizeof(EVT_HEADER);
+constexpr char kUntouched = '#';
+
+// The buffer after a translation that was told of `room` bytes, and the bytes behind them.
+std::string BufferAfter(const std::string& entry, unsigned room, size_t size) {
+    std::vector<char> bytes(entry.begin(), entry.end());
+    std::string buffer(size, kUntouched);
+    TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(bytes.data()), buffer.data(), room);
+    return buffer;
+}
+
+TEST(EventText, IsCutAtTheBuffersEndAndNowhereElse) {
+    for (const SampleEvent& event : EveryEvent()) {
+        const std::string entry =
+            EventEntry(EventHeader(1, event.severity, event.event_class, event.code), event.payload);
+        const std::string whole = TranslateEntry(entry, 512).text;
+        const auto length = static_cast<unsigned>(whole.size());
+        for (const unsigned room : {1u, 2u, length / 2 + 1, length, length + 1, length + 9}) {
+            std::string expected = whole.substr(0, room - 1);
+            expected.resize(room, '\0');
+            expected += std::string(8, kUntouched);
+            EXPECT_EQ(BufferAfter(entry, room, room + 8), expected) << whole << " in " << room;
+        }
+    }
+}
+
+TEST(EventText, OfNoBytesIsNotWritten) {
+    const std::string entry = EventEntry(EventHeader(1, kCaution, 13, 1), "");
+    EXPECT_EQ(BufferAfter(entry, 0, 4), std::string(4, kUntouched));
+}
+
+// One byte of room tells nothing, yet the event is known.
+TEST(EventText, ThatIsCutWholeIsKnown) {
+    EXPECT_EQ(TranslateEntry(EventEntry(EventHeader(1, kCaution, 13, 1), ""), 1), (Translation{"", true}));
+    EXPECT_EQ(TranslateEntry(EventEntry(EventHeader(1, kCaution, 13, 9), ""), 1), (Translation{"", false}));
+}
+
+// A long piece in the middle doesn't push out what stands before it.
+TEST(EventText, KeepsWhatStandsBeforeALongPiece) {
+    const std::string name(240, 'N');
+    const std::string text =
+        Translate(2, 8, WithTexts(EVT_MACH_FAN_FAIL{{2, 3, 0}, 1, 3, {}}, {name, "extra"})).text;
+    EXPECT_EQ(text, ("External Storage System Fan Failure (Chassis " + name).substr(0, 255));
+}
+
+// An entry that ends early reads as if zeros followed: this is what a payload cut to a length must print.
+Translation Padded(uint16_t event_class, uint16_t code, std::string payload) {
+    payload.resize(kPayloadRoom, '\0');
+    return Translate(event_class, code, payload);
+}
+
+TEST(EventPayload, CutAnywhereReadsAsIfZerosFollowed) {
+    for (const SampleEvent& event : EveryEvent()) {
+        for (size_t length = 0; length < event.payload.size(); ++length) {
+            const std::string cut = event.payload.substr(0, length);
+            EXPECT_EQ(Translate(event.event_class, event.code, cut),
+                      Padded(event.event_class, event.code, cut))
+                << event.event_class << "/" << event.code << " cut to " << length;
+        }
+    }
+}
+
+TEST(EventPayload, OfAnyBytesReadsAsIfZerosFollowed) {
+    EXPECT_TRUE(rc::check([] {
+        const auto event_class = *rc::gen::inRange<uint16_t>(0, 36);
+        const auto code = *rc::gen::inRange<uint16_t>(0, 28);
+        auto payload = *rc::gen::arbitrary<std::string>();
+        payload.resize(std::min(payload.size(), kPayloadRoom));
+        const Translation event = Translate(event_class, code, payload);
+        RC_ASSERT(event == Padded(event_class, code, payload));
+        RC_ASSERT(event.known == (event.text != Fallback(event_class, code)));
+    }));
+}
+
+// Six texts that run to the end of the entry: each is cut there.
+TEST(EventPayload, TextsWithoutAZeroEndWithTheEntry) {
+    const auto without_zero = [](std::string payload) {
+        payload.pop_back();
+        return payload;
+    };
+    EXPECT_EQ(Translate(32, 1, "P56").text, "ROM flashed (P56)");
+    EXPECT_EQ(Translate(33, 2, "note").text, "note");
+    EXPECT_EQ(Translate(10, 1, "\x07 a  b ").text, "POST Error: a b");
+    EXPECT_EQ(Translate(11, 18, std::string("\1\0\0soon", 7)).text, "Real-Time Clock Battery Failing, soon");
+    EXPECT_EQ(
+        Translate(2, 8, without_zero(WithTexts(EVT_MACH_FAN_FAIL{{1, 2, 0}, 1, 3, {}}, {"N", "extra"}))).text,
+        "External Chassis Fan Failure (Chassis N, Fan 1, Location CPU), extra");
+    EXPECT_EQ(Translate(2, 8, without_zero(WithTexts(EVT_MACH_FAN_FAIL{{1, 2, 0}, 1, 3, {}}, {"N"}))).text,
+              "External Chassis Fan Failure (Chassis N, Fan 1, Location CPU)");
+}
+
+// A number that the entry's end cuts in two keeps the byte that is there.
+TEST(EventPayload, NumbersCutInTwo) {
+    const std::string size = MachineBuilder::Plain(EVT_MAIN_MEMORY_CONFIG_CHG{1, 0, 0x04030201});
+    EXPECT_EQ(Translate(3, 7, size.substr(0, 3)).text, "Memory Added (Size 1 MB)");
+    EXPECT_EQ(Translate(3, 7, size.substr(0, 5)).text, "Memory Added (Size 197121 MB)");
+    EXPECT_EQ(Translate(3, 7, size.substr(0, 2)).text, "Memory Added (Size 0 MB)");
+}
+
+struct LengthCase {
+    const char* catches;
+    uint16_t length;  // as the entry gives it
+    const char* text;
+};
+
+// A length that can't be: the buffer holds kEventEntryRoom bytes and no more.
+TEST(EventLength, IsNeverBelievedPastTheBuffer) {
+    const std::string note(kPayloadRoom, 'x');
+    const LengthCase cases[] = {
+        {"no room for a header", 0, ""},
+        {"half a header", 27, ""},
+        {"a header alone", 28, ""},
+        {"a byte too much", 29, "x"},
+        {"past the buffer", 297, note.c_str()},
+        {"all bits set", 65535, note.c_str()},
+        {"all of the buffer", 296, note.c_str()},
+    };
+    for (const LengthCase& c : cases) {
+        std::string entry = EventEntry(EventHeader(1, kCaution, 33, 1), note);
+        entry[0] = static_cast<char>(c.length);
+        entry[1] = static_cast<char>(c.length >> 8);
+        EXPECT_EQ(TranslateEntry(entry, 512).text, "HLOG Cleared (" + std::string(c.text) + ")") << c.catches;
+    }
+}
+
+TEST(IpmiEvent, ReadsAsTheLogsEntryDoes) {
+    for (const SampleEvent& event : EveryEvent()) {
+        std::string entry = {static_cast<char>(event.event_class), static_cast<char>(event.code), 1, 2, 3};
+        entry += event.payload + std::string(3, '\0');
+        std::vector<char> bytes(entry.begin(), entry.end());
+        char text[256];
+        const bool known = TranslateIPMIEventMessage(reinterpret_cast<PEVT_IPMI_LOG_ENTRY>(bytes.data()),
+                                                     text, sizeof text) != 0;
+        EXPECT_EQ((Translation{text, known}), Translate(event.event_class, event.code, event.payload));
+    }
+}
+
+}  // namespace

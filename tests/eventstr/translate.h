@@ -1,0 +1,36 @@
+// An event's text, from bytes that end where the entry does: a read past them is a fault that the sanitizers
+// see.
+#pragma once
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "cli/eventstr/eventstr.h"
+#include "tools/mkmachine/events.h"
+
+struct Translation {
+    std::string text;
+    bool known;
+};
+
+inline bool operator==(const Translation& a, const Translation& b) {
+    return a.text == b.text && a.known == b.known;
+}
+
+// The text of an entry in a buffer of exactly so many bytes.
+inline Translation TranslateEntry(const std::string& bytes, unsigned room = 256) {
+    std::vector<char> entry(bytes.begin(), bytes.end());
+    std::vector<char> text(room, '#');
+    const bool known =
+        TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text.data(), room) != 0;
+    return {std::string(text.data(), strnlen(text.data(), room)), known};
+}
+
+inline Translation Translate(uint16_t event_class, uint16_t code, const std::string& payload) {
+    return TranslateEntry(EventEntry(EventHeader(1, kCaution, event_class, code), payload));
+}
+
+inline std::string Fallback(int event_class, int code) {
+    return "Unknown Event (Class " + std::to_string(event_class) + ", Code " + std::to_string(code) + ")";
+}
