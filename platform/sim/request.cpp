@@ -9,8 +9,6 @@
 
 namespace {
 
-const Device* const kDevices[] = {&kCdt, &kCevt, &kCasr, &kCrom};
-
 constexpr int kMaxOpen = 64;
 const Device* open_devices[kMaxOpen];  // by descriptor; null: not open
 unsigned long requests_made = 0;
@@ -32,20 +30,6 @@ int OpenDescriptor(const Device* device) {
 }
 
 }  // namespace
-
-const Device* FindDeviceByName(std::string_view name) {
-    for (const Device* device : kDevices) {
-        if (name == device->name) return device;
-    }
-    return nullptr;
-}
-
-const Device* FindDeviceByPath(std::string_view path) {
-    for (const Device* device : kDevices) {
-        if (path == device->path) return device;
-    }
-    return nullptr;
-}
 
 int vxOpenRequest(char* path, int) {
     const Device* const device = FindDeviceByPath(path);
