@@ -1,0 +1,99 @@
+// Reading within bounds, and writing within bounds.
+
+#include "src/utils/bytes.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+#include "src/utils/text_writer.h"
+
+namespace {
+
+constexpr uint8_t kBytes[] = {0x34, 0x12, 0xFF, 0x80, 0x01};
+
+struct FieldCase {
+    const char* catches;
+    size_t size, offset;
+    uint32_t whole, padded;  // by ReadField, by ReadPaddedField
+};
+
+TEST(Bytes, FieldsAndWhatLiesPastTheirEnd) {
+    const FieldCase cases[] = {
+        {"the high byte taken first", 5, 0, 0x80FF1234, 0x80FF1234},
+        {"the last field refused", 5, 1, 0x0180FF12, 0x0180FF12},
+        {"a byte past the end", 5, 2, 0xEEEEEEEE, 0x000180FF},
+        {"one byte that is left", 5, 4, 0xEEEEEEEE, 0x00000001},
+        {"none left", 5, 5, 0xEEEEEEEE, 0},
+        {"an offset past the end", 5, 6, 0xEEEEEEEE, 0},
+        {"no bytes at all", 0, 0, 0xEEEEEEEE, 0},
+        {"offset + 4 wrapping to 0", 5, SIZE_MAX - 3, 0xEEEEEEEE, 0},
+    };
+    for (const FieldCase& c : cases) {
+        EXPECT_EQ(ReadField<uint32_t>({kBytes, c.size}, c.offset, 0xEEEEEEEE), c.whole) << c.catches;
+        EXPECT_EQ(ReadPaddedField<uint32_t>({kBytes, c.size}, c.offset), c.padded) << c.catches;
+    }
+    EXPECT_EQ(ReadPaddedField<uint16_t>({kBytes, 5}, 2), 0x80FF);
+    EXPECT_EQ(ReadPaddedField<uint8_t>({kBytes, 5}, 3), 0x80);
+}
+
+struct TextCase {
+    const char* catches;
+    std::string bytes;
+    size_t offset;
+    const char* text;
+};
+
+TEST(Bytes, TextsEndAtTheirZeroOrAtTheEnd) {
+    const TextCase cases[] = {
+        {"the zero overlooked", std::string("ab\0cd", 5), 0, "ab"},
+        {"a text in the middle", std::string("ab\0cd\0", 6), 3, "cd"},
+        {"a text without a zero", std::string("ab\0cd", 5), 3, "cd"},
+        {"an empty text", std::string("ab\0cd", 5), 2, ""},
+        {"past the end", "ab", 2, ""},
+        {"far past the end", "ab", SIZE_MAX, ""},
+        {"no bytes", "", 0, ""},
+    };
+    for (const TextCase& c : cases) {
+        const Bytes bytes = {reinterpret_cast<const uint8_t*>(c.bytes.data()), c.bytes.size()};
+        EXPECT_EQ(ReadText(bytes, c.offset), c.text) << c.catches;
+    }
+}
+
+TEST(TextWriter, CutsTheEndAndKeepsTheStart) {
+    char buffer[8];
+    TextWriter out(buffer, 6);
+    buffer[6] = buffer[7] = '#';
+    EXPECT_TRUE(out.Empty());
+    out.Text({});
+    out.Text("ab");
+    out.Format("%d", 7);
+    EXPECT_STREQ(buffer, "ab7");
+    EXPECT_FALSE(out.Cut());
+    out.Format("%d", 1234);
+    EXPECT_STREQ(buffer, "ab712");
+    EXPECT_TRUE(out.Cut());
+    out.Letter('x');
+    out.Text("y");
+    out.Format("z");
+    EXPECT_STREQ(buffer, "ab712");
+    EXPECT_EQ(out.Length(), 5u);
+    EXPECT_EQ(buffer[6], '#');
+}
+
+TEST(TextWriter, FitsExactlyAndIntoOneByte) {
+    char buffer[4];
+    TextWriter exact(buffer, 4);
+    exact.Text("abc");
+    EXPECT_FALSE(exact.Cut());
+    TextWriter none(buffer, 1);
+    none.Text("");
+    EXPECT_FALSE(none.Cut());
+    none.Letter('a');
+    EXPECT_TRUE(none.Cut());
+    EXPECT_TRUE(none.Empty());
+    EXPECT_STREQ(buffer, "");
+}
+
+}  // namespace
