@@ -27,7 +27,7 @@ constexpr RomTexts kEmbeddedTexts = {
     0,
 };
 
-constexpr unsigned kUartDisabled = 7;
+constexpr int kUartDisabled = 7;
 constexpr char kPortLetters[] = "AB";
 
 SERIALPORT& EmbeddedPort(WOLEVREC& configuration, int port) {
@@ -78,6 +78,18 @@ constexpr EmbeddedChoice kEmbeddedChoices[2][5] = {
     },
 };
 // clang-format on
+
+// Whether each choice's byte holds the COM number that is its place.
+template <typename Choice, size_t kCount>
+constexpr bool HoldItsPlace(const Choice (&choices)[kCount]) {
+    for (size_t com = 0; com < kCount; ++com) {
+        if ((choices[com].byte & 7) != (com == 0 ? size_t{kUartDisabled} : com)) return false;
+    }
+    return true;
+}
+static_assert(HoldItsPlace(kVirtualChoices) && HoldItsPlace(kEmbeddedChoices[0]) &&
+                  HoldItsPlace(kEmbeddedChoices[1]),
+              "a port would get another number than the one asked for");
 
 // Gives the other embedded port the next number when it has the one that this port is getting.
 void MoveOtherPort(WOLEVREC& configuration, int port, int com) {
