@@ -17,15 +17,24 @@ bool BeginsRecord(const unsigned char* place) {
     return formatted >= sizeof(SMBIOS_HEADER) && formatted <= left;
 }
 
-// A record's strings with a zero behind each, without the zero that closes the set. A set that the tables'
-// end cuts reaches up to there, where InitSMBIOS left a zero: in either case one follows the last byte.
-Bytes StringSet(const unsigned char* record) {
-    const unsigned char* start = record + SmbFormattedArea(record).size;
-    const size_t left = BytesFrom(start);
-    for (size_t i = 1; i < left; ++i) {
-        if (start[i - 1] == 0 && start[i] == 0) return {start, i};
+unsigned char* StringsOf(unsigned char* record) {
+    return record + SmbFormattedArea(record).size;
+}
+
+// The size of a record's strings, each with its zero, without the zero that closes the set. A set that the
+// tables' end cuts reaches up to there, where InitSMBIOS left a zero: in either case one follows.
+size_t SizeOfStrings(const unsigned char* strings) {
+    const size_t left = BytesFrom(strings);
+    for (size_t size = 1; size < left; ++size) {
+        if (strings[size - 1] == 0 && strings[size] == 0) return size;
     }
-    return {start, left};
+    return left;
+}
+
+// The first byte behind a record: the next record, if there is one.
+unsigned char* EndOf(unsigned char* record) {
+    unsigned char* strings = StringsOf(record);
+    return strings + std::min(SizeOfStrings(strings) + 1, BytesFrom(strings));
 }
 
 }  // namespace
@@ -37,12 +46,7 @@ Bytes SmbFormattedArea(const void* pRecord) {
 
 BOOL SmbGetRecord(unsigned char** ppRecord) {
     if (pSMBTables == nullptr) return FALSE;
-    unsigned char* next = pSMBTables;
-    if (*ppRecord != nullptr) {
-        const Bytes strings = StringSet(*ppRecord);
-        const size_t closed = std::min(strings.size + 1, BytesFrom(strings.data));
-        next += strings.data + closed - pSMBTables;
-    }
+    unsigned char* next = *ppRecord != nullptr ? EndOf(*ppRecord) : pSMBTables;
     if (!BeginsRecord(next)) return FALSE;
     *ppRecord = next;
     return TRUE;
@@ -77,13 +81,13 @@ BOOL SmbGetRecordByHandle(unsigned short wHandle, void** ppRecord) {
 
 unsigned char* SmbGetStringByNumber(void* pRecord, unsigned short wString) {
     if (wString == 0) return nullptr;
-    auto* record = static_cast<unsigned char*>(pRecord);
-    const Bytes set = StringSet(record);
+    unsigned char* strings = StringsOf(static_cast<unsigned char*>(pRecord));
+    const size_t size = SizeOfStrings(strings);
     size_t offset = 0;
-    for (; wString > 1 && offset < set.size; --wString) {
-        offset += std::strlen(reinterpret_cast<const char*>(set.data) + offset) + 1;
+    for (; wString > 1 && offset < size; --wString) {
+        offset += std::strlen(reinterpret_cast<const char*>(strings) + offset) + 1;
     }
-    return record + SmbFormattedArea(record).size + std::min(offset, set.size);
+    return strings + std::min(offset, size);
 }
 
 const char* SmbText(void* pRecord, SmbField<uint8_t> field) {

@@ -57,8 +57,8 @@ uint16_t InstalledSize(const void* cache_record) {
     return SmbRead(cache_record, cache::kInstalledSize) & static_cast<uint16_t>(~cache::kIn64KiB);
 }
 
-// The socket number that a designation like "Proc 2" tells; without one, that of the place in gCpu_tbl. The
-// designations of machines that have the maker's processor records aren't meant for this.
+// By the place in gCpu_tbl, unless a designation like "Proc 2" says otherwise. Where the maker's own record
+// describes the processor, firmware numbers its designations in another way, and they don't count.
 unsigned int SocketNumber(void* record, int place) {
     int number = place + 1;
     if (FindZetProcRec(SmbRead(record, kRecordHandle)) == nullptr) {
@@ -116,11 +116,11 @@ BOOL SmbParseProcRecords() {
     return count != 0 ? TRUE : FALSE;
 }
 
-void ParseCache(const void* record, ZET_CACHE* cache, int cpu) {
+void ParseCache(const void* record, ZET_CACHE* entry, int cpu) {
     const bool in_64KiB = (SmbRead(record, cache::kInstalledSize) & cache::kIn64KiB) != 0;
-    cache->cacheUnitIndex = cpu;
-    cache->cacheLevelIndex = static_cast<uint8_t>((SmbRead(record, cache::kConfiguration) & 7) + 1);
-    cache->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
+    entry->cacheUnitIndex = cpu;
+    entry->cacheLevelIndex = static_cast<uint8_t>((SmbRead(record, cache::kConfiguration) & 7) + 1);
+    entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
 }
 
 PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {

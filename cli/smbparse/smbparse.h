@@ -63,8 +63,8 @@ BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSoc
 // The name of a processor family, "Other" for one that isn't known.
 const char* FindProcName(unsigned char type);
 
-// Fills *cache from a cache record. cpu: its processor's cpuUnitIndex.
-void ParseCache(const void* record, ZET_CACHE* cache, int cpu);
+// Fills *entry from a cache record. cpu: its processor's cpuUnitIndex.
+void ParseCache(const void* record, ZET_CACHE* entry, int cpu);
 
 // Reads the number in the word that follows pToken in a text of words between blanks, as 2 from "Proc 2".
 // Only the first word that equals pToken counts, whatever its case. Result: FALSE, with *piValue left alone,
