@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "cli/parse/dispatcher.h"
+#include "src/utils/text_writer.h"
 
 namespace {
 
@@ -57,7 +58,7 @@ void Parse(InputLineType* InputLine) {
     }
 
     for (int i = 0; i < InputLine->NumWords; ++i) {
-        std::strcpy(InputLine->OrigCaseWords[i], InputLine->Words[i]);
+        TextWriter(InputLine->OrigCaseWords[i], kLineSize).Text(InputLine->Words[i]);
         if (InputLine->Quote[i] == 0) MakeUpper(InputLine->Words[i]);
     }
 }
