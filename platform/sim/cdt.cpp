@@ -5,19 +5,15 @@
 #include <cstring>
 #include <string>
 
-#include "include/data_tables.h"
+#include "include/indicator_records.h"
 #include "platform/sim/change.h"
 #include "platform/sim/devices.h"
 #include "platform/sim/machine.h"
 
 namespace {
 
-constexpr DataTableType kIndicatorTable = 1503;
 constexpr size_t kLargestIndicator = size_t{1} << 16;  // bytes of its record
-constexpr size_t kStateOffset = 1;                     // of ucCurrState in it
-
-// What a request does to an indicator: CRUSubfunction, with CRUFunction 1.
-enum IndicatorControl : uint8_t { kTurnOn = 1, kTurnOff = 2, kReport = 4 };
+constexpr size_t kStateOffset = offsetof(INDCBASIC, ucCurrState);
 
 struct RecordName {
     char text[24];
@@ -41,7 +37,7 @@ int Report(const DT_IOCTL& block) {
 }
 
 // Stores an indicator's new state, then reports the record that has been stored.
-int SetIndicator(const DT_IOCTL& block, char state) {
+int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
     const RecordName name(block.DtHdr);
     const Change change(kCdt.name);
     if (!change) return AnswerForMissing();
@@ -51,7 +47,7 @@ int SetIndicator(const DT_IOCTL& block, char state) {
     std::string record;
     if (!ReadWhole(file, kLargestIndicator, record)) return -errno;
     record.resize(std::max(record.size(), kStateOffset + 1));
-    record[kStateOffset] = state;
+    record[kStateOffset] = static_cast<char>(state);
     const int result = change.Replace(name.text, record);
     if (result == 0)
         std::memcpy(block.pData, record.data(), std::min<size_t>(record.size(), block.DtHdr.size));
@@ -59,11 +55,11 @@ int SetIndicator(const DT_IOCTL& block, char state) {
 }
 
 int ControlIndicator(const DT_IOCTL& block) {
-    if (block.DtHdr.CRUFunction != 1) return 1;
+    if (block.DtHdr.CRUFunction != kIndicatorControl) return 1;
     switch (block.DtHdr.CRUSubfunction) {
-        case kReport: return Report(block);
-        case kTurnOn: return SetIndicator(block, 1);
-        case kTurnOff: return SetIndicator(block, 0);
+        case kReportState: return Report(block);
+        case kTurnOn: return SetIndicator(block, kIndicatorOn);
+        case kTurnOff: return SetIndicator(block, kIndicatorOff);
         default: return 1;
     }
 }
@@ -71,7 +67,7 @@ int ControlIndicator(const DT_IOCTL& block) {
 int Request(int, void* arg) {
     const DT_IOCTL& block = *static_cast<const DT_IOCTL*>(arg);
     if (block.pData == nullptr) return -EFAULT;
-    return block.DtHdr.DT_Type == kIndicatorTable ? ControlIndicator(block) : Report(block);
+    return block.DtHdr.DT_Type == kIndicatorControlTable ? ControlIndicator(block) : Report(block);
 }
 
 }  // namespace
