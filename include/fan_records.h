@@ -12,6 +12,8 @@ constexpr DataTableType kFanDataTable = 352;     // FANDDATA, which not every dr
 constexpr DataTableType kFanBasicTable = 353;    // FANBASIC
 constexpr DataTableType kFanFeatureTable = 356;  // COMMONFEATUREINFO
 
+enum FanSpeed : uint8_t { kFanNormal = 1, kFanHigh = 2, kFanOff = 3 };
+
 #pragma pack(push, 1)
 
 struct FANHEADER {
@@ -63,7 +65,7 @@ struct FANBASIC {
     uint8_t ucSpinTypeIsValid;
     uint8_t ucSpinType;
     uint8_t ucSpeedStateIsValid;
-    uint8_t ucSpeedState;  // 1 normal, 2 high, 3 off
+    uint8_t ucSpeedState;  // a FanSpeed, or another
     uint8_t ucSpeedPctIsValid;
     uint8_t ucSpeedPct;  // percent of maximum
     REDUNDANCYGROUPINFO SharedRedGroup;

@@ -61,9 +61,9 @@ void SetFailed(outdata& row) {
 
 const char* SpeedText(uint8_t speed_state) {
     switch (speed_state) {
-        case 1: return "NORMAL";
-        case 2: return "HIGH";
-        case 3: return "OFF";
+        case kFanNormal: return "NORMAL";
+        case kFanHigh: return "HIGH";
+        case kFanOff: return "OFF";
         default: return "UNKNOWN";
     }
 }

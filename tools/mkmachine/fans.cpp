@@ -6,15 +6,15 @@
 
 namespace {
 
-enum Speed : unsigned { kUnknown = 0, kNormal = 1, kHigh = 2, kOff = 3 };
+constexpr uint8_t kOtherSpeed = 0;
 constexpr int kNoPercent = -1;
 
 struct Fan {
     unsigned state;  // bits of State
     Zone zone;
     unsigned instance;  // of the zone
-    Speed speed;
-    int percent;  // of maximum, or kNoPercent
+    uint8_t speed;      // a FanSpeed, or another
+    int percent;        // of maximum, or kNoPercent
     bool hot_plug;
     unsigned partner;  // and redundancy group
     bool older_record;
@@ -22,27 +22,27 @@ struct Fan {
 
 // clang-format off
 const std::vector<Fan> kTr500k2Fans = {
-    {kPresent | kRedundant, kSystem,  0, kNormal,   35,         true,  2, false},
-    {kPresent | kRedundant, kSystem,  0, kNormal,   35,         true,  1, false},
-    {kPresent,              kCpu,     1, kHigh,     100,        true,  0, false},
-    {kPresent | kFailed,    kCpu,     2, kOff,      0,          true,  0, false},
-    {kPresent,              kCpu,     0, kNormal,   40,         false, 0, false},
-    {kPresent,              kMemory,  0, kOff,      0,          true,  0, false},
-    {kPresent,              kIo,      0, kUnknown,  kNoPercent, false, 0, false},
-    {kAbsent,               kScsi,    0, kOff,      kNoPercent, true,  0, false},
-    {kAbsent | kFailed,     kSupply,  0, kOff,      kNoPercent, false, 0, false},
-    {kPresent,              kExhaust, 0, kHigh,     85,         false, 0, false},
-    {kPresent,              kVirtual, 0, kNormal,   50,         false, 0, false},
+    {kPresent | kRedundant, kSystem,  0, kFanNormal,  35,         true,  2, false},
+    {kPresent | kRedundant, kSystem,  0, kFanNormal,  35,         true,  1, false},
+    {kPresent,              kCpu,     1, kFanHigh,    100,        true,  0, false},
+    {kPresent | kFailed,    kCpu,     2, kFanOff,     0,          true,  0, false},
+    {kPresent,              kCpu,     0, kFanNormal,  40,         false, 0, false},
+    {kPresent,              kMemory,  0, kFanOff,     0,          true,  0, false},
+    {kPresent,              kIo,      0, kOtherSpeed, kNoPercent, false, 0, false},
+    {kAbsent,               kScsi,    0, kFanOff,     kNoPercent, true,  0, false},
+    {kAbsent | kFailed,     kSupply,  0, kFanOff,     kNoPercent, false, 0, false},
+    {kPresent,              kExhaust, 0, kFanHigh,    85,         false, 0, false},
+    {kPresent,              kVirtual, 0, kFanNormal,  50,         false, 0, false},
 };
 const std::vector<Fan> kTr300Fans = {
-    {kPresent | kRedundant, kSystemBoard, 0, kNormal, 45,         false, 2, true},
-    {kPresent | kRedundant, kSystemBoard, 0, kNormal, 45,         false, 1, true},
-    {kPresent,              kCpu,         1, kHigh,   90,         false, 0, true},
-    {kPresent | kRedundant, kIo,          0, kNormal, kNoPercent, false, 3, false},
-    {kAbsent,               kMedia,       0, kOff,    kNoPercent, false, 0, false},
+    {kPresent | kRedundant, kSystemBoard, 0, kFanNormal,  45,         false, 2, true},
+    {kPresent | kRedundant, kSystemBoard, 0, kFanNormal,  45,         false, 1, true},
+    {kPresent,              kCpu,         1, kFanHigh,    90,         false, 0, true},
+    {kPresent | kRedundant, kIo,          0, kFanNormal,  kNoPercent, false, 3, false},
+    {kAbsent,               kMedia,       0, kFanOff,     kNoPercent, false, 0, false},
 };
 const std::vector<Fan> kBx20Fans = {  // the enclosure's own fans cool a blade
-    {kPresent | kRedundant, kVirtual, 0, kNormal, 40, false, 1, false},
+    {kPresent | kRedundant, kVirtual, 0, kFanNormal, 40, false, 1, false},
 };
 // clang-format on
 
@@ -73,7 +73,7 @@ void AddFan(MachineBuilder& machine, int index, const Fan& fan) {
     basic.ucDataAvailable = 1;
     basic.FanDescriptor.s1.bit_HotPlug = fan.hot_plug;
     basic.ucSpeedStateIsValid = 1;
-    basic.ucSpeedState = static_cast<uint8_t>(fan.speed);
+    basic.ucSpeedState = fan.speed;
     basic.ucSpeedPctIsValid = fan.percent != kNoPercent;
     basic.ucSpeedPct = static_cast<uint8_t>(fan.percent != kNoPercent ? fan.percent : 0);
     machine.Table(kFanBasicTable, index, 0, basic);
