@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "cli/generic_dtioctl/devices.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/locations.h"
 #include "cli/health-table/older_records.h"
@@ -88,7 +87,7 @@ const char* FillRow(outdata& row, int index, OlderRecords<FANDDATA>& older_recor
     Presence presence{};
     DEVICE_STATE_FLAGS state{};
     {
-        const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index, cdt_fd);
+        const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index);
         if (!feature) return "\nERROR: \"SHOW FAN\" command failed.";
         presence = newway ? PresenceOf(*feature) : PresenceOf(older);
         state = feature->DeviceState;
@@ -100,7 +99,7 @@ const char* FillRow(outdata& row, int index, OlderRecords<FANDDATA>& older_recor
         return nullptr;
     }
 
-    const Reply<FANBASIC> basic(kFanBasicTable, index, cdt_fd);
+    const Reply<FANBASIC> basic(kFanBasicTable, index);
     if (!basic) return "\nERROR: \"SHOW FAN\" command failed";
     SetSpeed(row, *basic, presence.present);
     return nullptr;
@@ -113,7 +112,7 @@ int do_show_fans(InputLineType* InputLine) {
 
     int NumFans = 0;
     {
-        const Reply<FANHEADER> header(kFanHeaderTable, 0, cdt_fd);
+        const Reply<FANHEADER> header(kFanHeaderTable, 0);
         if (!header) return Fail("\nERROR: \"SHOW\" FAN command failed");
         if (header->ucDataAvailable == 0) return Fail("\nERROR: This system does not support fans.");
         NumFans = header->ucNumSupportedByChassis;

@@ -4,6 +4,9 @@
 #include <cstdlib>
 #include <type_traits>
 
+#include "cli/generic_dtioctl/devices.h"
+#include "include/data_tables.h"
+
 // Reads one record. dt_type: the table. index, index2: narrowed to bytes, so -1 arrives as 255. size: bytes
 // of the record. fd: the cdt device.
 // Result: a buffer of size bytes, zero where the driver wrote nothing; the caller frees it. Null when the
@@ -14,9 +17,10 @@ void* generic_dtioctl(short dt_type, int index, int index2, int size, int fd);
 template <typename Record>
 class Reply {
   public:
-    Reply(int dt_type, int index, int fd, int index2 = 0)
-        : record_(static_cast<Record*>(generic_dtioctl(static_cast<short>(dt_type), index, index2,
-                                                       static_cast<int>(sizeof(Record)), fd))) {}
+    // Asks the cdt device for it; the arguments are generic_dtioctl's.
+    Reply(DataTableType table, int index, int index2 = 0)
+        : record_(static_cast<Record*>(generic_dtioctl(static_cast<short>(table), index, index2,
+                                                       static_cast<int>(sizeof(Record)), cdt_fd))) {}
     ~Reply() { std::free(record_); }
     Reply(const Reply&) = delete;
     Reply& operator=(const Reply&) = delete;

@@ -3,7 +3,6 @@
 // feature record.
 #pragma once
 
-#include "cli/generic_dtioctl/devices.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "include/data_tables.h"
 
@@ -17,7 +16,7 @@ class OlderRecords {
     // from then on the table isn't asked again, and the command goes by the common feature record.
     bool Read(int index, Record* record) {
         if (newway_) return false;
-        const Reply<Record> reply(table_, index, cdt_fd);
+        const Reply<Record> reply(table_, index);
         newway_ = !reply;
         if (reply) *record = *reply;
         return !newway_;

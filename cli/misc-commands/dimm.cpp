@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/generic_dtioctl/devices.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/handler.h"
@@ -70,11 +69,11 @@ int Bounded(uint32_t count, int most) {
 
 Walk FindMemory() {
     Walk walk;
-    if (const Reply<RESMEM_CONFIG> memory{kMemoryTable, 0, cdt_fd}) {
+    if (const Reply<RESMEM_CONFIG> memory{kMemoryTable, 0}) {
         walk.dimms = Bounded(memory->ulNumberModules, kMaxModules);
         walk.carts = Bounded(memory->ulNumberCartridges, kMaxCartridges);
     }
-    const Reply<CartridgeBeginning> board(kCartridgeTable, kSystemBoardCartridge, cdt_fd);
+    const Reply<CartridgeBeginning> board(kCartridgeTable, kSystemBoardCartridge);
     if (board && board->ulCartID == 0 && board->ulNumModules != 0) {
         walk.cart_start = kSystemBoardCartridge;
         walk.carts = kSystemBoardCartridge + 1;
@@ -85,11 +84,11 @@ Walk FindMemory() {
 enum class Outcome { Shown, Empty, NoSuchModule, Failed };
 
 Outcome ShowModule(int cartridge, int module) {
-    const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge, cdt_fd, module);
+    const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge, module);
     if (!config) return Outcome::NoSuchModule;
     if (config->ulPresent == 0) return Outcome::Empty;
 
-    const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge, cdt_fd, module);
+    const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge, module);
     if (!status) return Outcome::Failed;
     PrintModule(*config, status->ulStatus);
     return Outcome::Shown;

@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "cli/generic_dtioctl/devices.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/older_records.h"
 #include "cli/misc-commands/misc_commands.h"
@@ -41,14 +40,14 @@ bool ShowBay(int index, OlderRecords<POWERSUPPLYNUMBERS>& older_records) {
         return true;
     }
 
-    const Reply<COMMONFEATUREINFO> feature(kSupplyFeatureTable, index, cdt_fd);
+    const Reply<COMMONFEATUREINFO> feature(kSupplyFeatureTable, index);
     if (!feature) return false;
     if (newway && feature->DeviceState.s1.bit_PhysicallyPresent == 0) {
         PrintNotPresent();
         return true;
     }
 
-    const Reply<POWERSUPPLYBASIC> basic(kSupplyBasicTable, index, cdt_fd);
+    const Reply<POWERSUPPLYBASIC> basic(kSupplyBasicTable, index);
     if (!basic) return false;
     PrintSupply(feature->DeviceState, basic->PsDescriptor);
     return true;
@@ -59,7 +58,7 @@ bool ShowBay(int index, OlderRecords<POWERSUPPLYNUMBERS>& older_records) {
 int do_show_powersupply(InputLineType* /*InputLine*/) {
     int num_ps = 0;
     {
-        const Reply<POWERSUPPLYHEADER> header(kSupplyHeaderTable, 0, cdt_fd);
+        const Reply<POWERSUPPLYHEADER> header(kSupplyHeaderTable, 0);
         if (!header) return Fail("\nNo powersupplies were detected.");
         if (header->ucDataAvailable == 0) {
             return Fail(

@@ -62,7 +62,7 @@ int do_set_uid(InputLineType* InputLine) {
     if (!on && std::strncmp(word, "OFF", 3) != 0) return InvalidArguments();
 
     {
-        const Reply<INDCHEADER> header(kIndicatorHeaderTable, 0, cdt_fd);
+        const Reply<INDCHEADER> header(kIndicatorHeaderTable, 0);
         if (!header) return Fail("\nERROR: \"SET UID\" command failed.");
         if (header->ucNumSupportedByChassis == 0 || header->ucDataAvailable == 0) {
             return Fail("\nERROR: This server does not support the SET UID command.");

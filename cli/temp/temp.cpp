@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "cli/generic_dtioctl/devices.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/locations.h"
 #include "cli/health-table/rows.h"
@@ -45,7 +44,7 @@ bool IsPresent(const COMMONFEATUREINFO& feature) {
 // Fills the row of a sensor by the driver's index, of which -1 is one too. False when a record can't be read.
 bool FillRow(outdata& row, int index) {
     {
-        const Reply<COMMONFEATUREINFO> feature(kTemperatureFeatureTable, index, cdt_fd);
+        const Reply<COMMONFEATUREINFO> feature(kTemperatureFeatureTable, index);
         if (!feature) return false;
         if (!IsPresent(*feature)) {
             for (const Column& column : kColumns) SetUnknown(row.tdata[column.cell]);
@@ -54,7 +53,7 @@ bool FillRow(outdata& row, int index) {
         SetLocation(row.tdata[kLocation], feature->Location, kZoneWords);
     }
 
-    const Reply<TEMPERATURENUMBERS> numbers(kTemperatureNumbersTable, index, cdt_fd);
+    const Reply<TEMPERATURENUMBERS> numbers(kTemperatureNumbersTable, index);
     if (!numbers) return false;
     SetDegrees(row.tdata[kTemperature], numbers->ucTemperatureIsValid != 0, numbers->ucCelciusTemperature);
     SetDegrees(row.tdata[kThreshold], numbers->ucThresholdIsValid != 0, numbers->ucCelciusThreshold);
@@ -68,7 +67,7 @@ int do_show_temp(InputLineType* InputLine) {
 
     int sensors = 0;
     {
-        const Reply<TEMPERATUREHEADER> header(kTemperatureHeaderTable, 0, cdt_fd);
+        const Reply<TEMPERATUREHEADER> header(kTemperatureHeaderTable, 0);
         if (!header) return Fail("\nERROR: \"SHOW TEMP\" command failed.");
         if (header->ucDataAvailable == 0) return Fail("\nINFO: No temperature sensors found.");
         sensors = header->ucNumSupportedByChassis;
