@@ -55,6 +55,7 @@ bool ShowBay(int index, OlderRecords<POWERSUPPLYNUMBERS>& older_records) {
 
 }  // namespace
 
+// Words behind the command are ignored.
 int do_show_powersupply(InputLineType* /*InputLine*/) {
     int num_ps = 0;
     {

@@ -27,6 +27,7 @@ constexpr Case kCases[] = {
     {"SHOW FANS NOW", "", "", "", "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans."},
     {"SHOW FANS", "cdt 351.0.0 1", "", "", "\nERROR: \"SHOW\" FAN command failed"},
     {"SHOW FANS", "", "cdt/351.0.0", "\13\0\1\13"sv, "\nERROR: This system does not support fans."},
+    {"SHOW FANS", "", "cdt/351.0.0", "\13"sv, "\nERROR: This system does not support fans."},  // a short record
     {"SHOW FANS", "cdt 356.2.0 -5", "", "", "\nERROR: \"SHOW FAN\" command failed."},
     {"SHOW FANS", "cdt 353.10.0 1", "", "", "\nERROR: \"SHOW FAN\" command failed"},
 
@@ -42,7 +43,7 @@ constexpr Case kCases[] = {
     {"SHOW POWERSUPPLY", "cdt 159.1.0 -5", "", "",
      "\nPower supply #1\n\tPresent : Yes\n\tRedundant: Yes\n\tCondition: Ok\n\tHotplug  : Supported\n"
      "\nPower supply #2\nERROR \"SHOW POWERSUPPLY\" command failed."},
-    {"SHOW POWERSUPPLY", "", "cdt/151.0.0", "\0\1\0\0\0"sv, "", 0},
+    {"SHOW POWERSUPPLY NOW", "", "cdt/151.0.0", "\0\1\0\0\0"sv, "", 0},  // no word is too many
 
     {"SHOW UID NOW", "", "", "", "\nInvalid argument(s)\nUSAGE: SHOW UID: Shows the UID state."},
     {"SHOW UID", "cdt 1503.0.0 1", "", "", "\nERROR: \"SHOW UID\" command failed."},
