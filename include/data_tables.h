@@ -21,7 +21,10 @@ struct DT_IOCTL_HEADER {
     uint8_t CRUSubfunction;  // likewise
     uint8_t pad[2];
 };
-static_assert(sizeof(DT_IOCTL_HEADER) == 12 && offsetof(DT_IOCTL_HEADER, CRUFunction) == 8,
+static_assert(sizeof(DT_IOCTL_HEADER) == 12 && offsetof(DT_IOCTL_HEADER, DT_Type) == 4 &&
+                  offsetof(DT_IOCTL_HEADER, Index) == 6 && offsetof(DT_IOCTL_HEADER, Index2) == 7 &&
+                  offsetof(DT_IOCTL_HEADER, CRUFunction) == 8 &&
+                  offsetof(DT_IOCTL_HEADER, CRUSubfunction) == 9,
               "as the driver has it");
 
 struct DT_IOCTL {

@@ -71,8 +71,8 @@ struct FANBASIC {
     REDUNDANCYGROUPINFO SharedRedGroup;
 };
 using PFANBASIC = FANBASIC*;
-static_assert(sizeof(FANBASIC) == 11 && offsetof(FANBASIC, ucSpeedState) == 6 &&
-                  offsetof(FANBASIC, ucSpeedPct) == 8,
+static_assert(sizeof(FANBASIC) == 11 && offsetof(FANBASIC, FanDescriptor) == 1 &&
+                  offsetof(FANBASIC, ucSpeedState) == 6 && offsetof(FANBASIC, ucSpeedPct) == 8,
               "as the driver has it");
 
 #pragma pack(pop)

@@ -46,7 +46,8 @@ struct RESMEM_CONFIG {
     uint32_t ulConfiguredForMirrored;
 };
 using PRESMEM_CONFIG = RESMEM_CONFIG*;
-static_assert(sizeof(RESMEM_CONFIG) == 108 && offsetof(RESMEM_CONFIG, ulSupportsMirrored) == 100,
+static_assert(sizeof(RESMEM_CONFIG) == 108 && offsetof(RESMEM_CONFIG, ulNumberCartridges) == 4 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsMirrored) == 100,
               "as the driver has it");
 
 struct RESMEM_CARTRIDGE_CONFIG {
@@ -115,7 +116,8 @@ struct RESMEM_DIMM_INFO {
     uint8_t spd[256];
 };
 static_assert(sizeof(RESMEM_DIMM_INFO) == 366 && offsetof(RESMEM_DIMM_INFO, ulFormFactor) == 38 &&
-                  offsetof(RESMEM_DIMM_INFO, partNumber) == 74,
+                  offsetof(RESMEM_DIMM_INFO, ulMemType) == 42 && offsetof(RESMEM_DIMM_INFO, ulSize) == 46 &&
+                  offsetof(RESMEM_DIMM_INFO, ulSpeed) == 50 && offsetof(RESMEM_DIMM_INFO, partNumber) == 74,
               "as the driver has it");
 
 struct RESMEM_DIMM_CONFIG {
@@ -126,7 +128,9 @@ struct RESMEM_DIMM_CONFIG {
     RESMEM_DIMM_INFO dimmInfo;
 };
 using PRESMEM_DIMM_CONFIG = RESMEM_DIMM_CONFIG*;
-static_assert(sizeof(RESMEM_DIMM_CONFIG) == 382 && offsetof(RESMEM_DIMM_CONFIG, dimmInfo) == 16,
+static_assert(sizeof(RESMEM_DIMM_CONFIG) == 382 && offsetof(RESMEM_DIMM_CONFIG, ulModuleID) == 4 &&
+                  offsetof(RESMEM_DIMM_CONFIG, ulPresent) == 12 &&
+                  offsetof(RESMEM_DIMM_CONFIG, dimmInfo) == 16,
               "as the driver has it");
 
 struct RESMEM_LED_STATUS {

@@ -47,6 +47,7 @@ constexpr Case kCases[] = {
 
     {"SHOW UID NOW", "", "", "", "\nInvalid argument(s)\nUSAGE: SHOW UID: Shows the UID state."},
     {"SHOW UID", "cdt 1503.0.0 1", "", "", "\nERROR: \"SHOW UID\" command failed."},
+    {"SHOW UID", "", kLight, "\1"sv, "\nUID is currently off.", 0},  // a short record
     {"SHOW UID", "", kLight, "\1\7\0\0\0"sv, "\nUID is currently in an unknown state.", 0},
     {"SET UID ON NOW", "", "", "", "\nInvalid argument(s)\nUSAGE: SET UID ON: Turns the server UID on."},
     {"SET UID ON", "cdt 1500.0.0 1", "", "", "\nERROR: \"SET UID\" command failed."},
