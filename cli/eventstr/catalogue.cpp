@@ -18,11 +18,11 @@ void PrintText(std::string_view text, const Argument* next, Bytes payload, TextW
 // The text for a chassis; null when there is none.
 const char* FormFor(EVT_CHASSIS chassis, const ChassisTexts& texts) {
     switch (chassis.bType) {
-        case 1: return chassis.bId == 0 ? texts.server : texts.externalChassis;
-        case 2: return texts.externalStorage;
-        case 3: return texts.internalStorage;
-        case 4: return texts.bladeEnclosure;
-        case 5: return texts.powerEnclosure;
+        case 1: return chassis.bId == 0 ? texts.server : texts.external_chassis;
+        case 2: return texts.external_storage;
+        case 3: return texts.internal_storage;
+        case 4: return texts.blade_enclosure;
+        case 5: return texts.power_enclosure;
         default: return nullptr;
     }
 }
@@ -43,16 +43,16 @@ size_t ChassisArguments(EVT_CHASSIS chassis, uint8_t name, Argument (&arguments)
 
 void PrintForm(const char* text, const ChassisEventRow& row, Bytes payload, TextWriter& out) {
     Argument chassis[2];
-    const size_t chassisCount = ChassisArguments(ChassisOf(payload), row.chassisName, chassis);
+    const size_t chassis_count = ChassisArguments(ChassisOf(payload), row.chassis_name, chassis);
     const Argument* own = row.arguments;
-    const Argument* const ownEnd = own + Count(row.arguments);
+    const Argument* const own_end = own + Count(row.arguments);
     const Argument* const ahead = own + MarksAhead(text);
 
     Argument all[kMaxChassisEventArguments + 3];
     Argument* next = std::copy(own, ahead, all);
-    next = std::copy(chassis, chassis + chassisCount, next);
-    next = std::copy(ahead, ownEnd, next);
-    *next = {row.chassisName, GetChassisEx};
+    next = std::copy(chassis, chassis + chassis_count, next);
+    next = std::copy(ahead, own_end, next);
+    *next = {row.chassis_name, GetChassisEx};
     PrintText(text, all, payload, out);
 }
 
@@ -81,13 +81,13 @@ void PrintEvent(const EventRow* rows, size_t count, uint16_t code, Bytes payload
 
 void PrintEvent(const ChassisEventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {
     for (const ChassisEventRow* row = rows; row != rows + count; ++row) {
-        const bool extra = row->codeWithExtraText != 0 && row->codeWithExtraText == code;
+        const bool extra = row->code_with_extra_text != 0 && row->code_with_extra_text == code;
         if (row->code != code && !extra) continue;
         const char* const text = FormFor(ChassisOf(payload), row->texts);
         if (text == nullptr) continue;
 
         PrintForm(text, *row, payload, out);
-        if (extra) SecondExtraText(payload, row->chassisName, out);
+        if (extra) SecondExtraText(payload, row->chassis_name, out);
         return;
     }
 }

@@ -78,21 +78,21 @@ struct EventRow {
 // last of an enclosure, when the row's arguments leave one over, is its serial number or address.
 struct ChassisTexts {
     const char* server;
-    const char* externalChassis;
-    const char* externalStorage;
-    const char* internalStorage;
-    const char* bladeEnclosure;
-    const char* powerEnclosure;
+    const char* external_chassis;
+    const char* external_storage;
+    const char* internal_storage;
+    const char* blade_enclosure;
+    const char* power_enclosure;
 };
 
 constexpr size_t kMaxChassisEventArguments = 3;
 
 struct ChassisEventRow {
     uint16_t code;
-    uint16_t codeWithExtraText;  // the same event with a second text behind the chassis name; 0: none
+    uint16_t code_with_extra_text;  // the same event with a second text behind the chassis name; 0: none
     ChassisTexts texts;
     Argument arguments[kMaxChassisEventArguments];  // for the "%s" left over; a form may leave out the last
-    uint8_t chassisName;                            // the offset of the name in the event's record
+    uint8_t chassis_name;                           // the offset of the name in the event's record
 };
 
 constexpr std::string_view kMark = "%s";
@@ -149,11 +149,11 @@ constexpr bool WellFormed(const ChassisEventRow (&rows)[N]) {
         const size_t all = Count(rows[i].arguments);
         const size_t shared = texts.server != nullptr ? Marks(texts.server) : all;
         if (i > 0 && rows[i].code < rows[i - 1].code) return false;
-        if (shared > all || !WellFormed(texts.externalChassis, "(Chassis %s", shared + 1, shared + 1) ||
-            !WellFormed(texts.externalStorage, "(%sSlot %s", shared + 2, shared + 2) ||
-            !WellFormed(texts.internalStorage, "(%sSlot %s", shared + 2, shared + 2) ||
-            !WellFormed(texts.bladeEnclosure, "Server Blade Enclosure ", all, all + 1) ||
-            !WellFormed(texts.powerEnclosure, "Power Enclosure ", all, all + 1)) {
+        if (shared > all || !WellFormed(texts.external_chassis, "(Chassis %s", shared + 1, shared + 1) ||
+            !WellFormed(texts.external_storage, "(%sSlot %s", shared + 2, shared + 2) ||
+            !WellFormed(texts.internal_storage, "(%sSlot %s", shared + 2, shared + 2) ||
+            !WellFormed(texts.blade_enclosure, "Server Blade Enclosure ", all, all + 1) ||
+            !WellFormed(texts.power_enclosure, "Power Enclosure ", all, all + 1)) {
             return false;
         }
     }

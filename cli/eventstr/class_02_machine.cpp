@@ -93,9 +93,9 @@ static_assert(WellFormed(kEvents));
 
 }  // namespace
 
-void TranslateClass02(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kChassisEvents, wEventCode, eventData, out);
-    PrintEvent(kEvents, wEventCode, eventData, out);
+void TranslateClass02(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kChassisEvents, wEventCode, event_data, out);
+    PrintEvent(kEvents, wEventCode, event_data, out);
 }
 
 }  // namespace eventstr

@@ -184,17 +184,17 @@ void TranslateSuspects(Bytes payload, TextWriter& out) {
 // Event 18: an error that the ROM's memory test has found.
 void TranslateMainMemRomDiagFail(Bytes payload, TextWriter& out) {
     const auto flags = ReadPaddedField<uint8_t>(payload, offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, flags));
-    const unsigned notIsolated = flags & 1;
-    PrintRow(kRomDiagEvents[notIsolated], payload, out);
+    const unsigned not_isolated = flags & 1;
+    PrintRow(kRomDiagEvents[not_isolated], payload, out);
 }
 
 }  // namespace
 
-void TranslateClass03(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
+void TranslateClass03(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
     switch (wEventCode) {
-        case 3: return TranslateSuspects(eventData, out);
-        case 18: return TranslateMainMemRomDiagFail(eventData, out);
-        default: return PrintEvent(kEvents, wEventCode, eventData, out);
+        case 3: return TranslateSuspects(event_data, out);
+        case 18: return TranslateMainMemRomDiagFail(event_data, out);
+        default: return PrintEvent(kEvents, wEventCode, event_data, out);
     }
 }
 

@@ -86,28 +86,28 @@ static_assert(WellFormed(kSlotEvents));
 
 }  // namespace
 
-void TranslateClass04(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kCacheEvents, wEventCode, eventData, out);
+void TranslateClass04(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kCacheEvents, wEventCode, event_data, out);
 }
 
-void TranslateClass05(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kProcessorEvents, wEventCode, eventData, out);
+void TranslateClass05(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kProcessorEvents, wEventCode, event_data, out);
 }
 
-void TranslateClass06(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kHostBusEvents, wEventCode, eventData, out);
+void TranslateClass06(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kHostBusEvents, wEventCode, event_data, out);
 }
 
-void TranslateClass07(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kEisaBusEvents, wEventCode, eventData, out);
+void TranslateClass07(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kEisaBusEvents, wEventCode, event_data, out);
 }
 
-void TranslateClass08(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kPciBusEvents, wEventCode, eventData, out);
+void TranslateClass08(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kPciBusEvents, wEventCode, event_data, out);
 }
 
-void TranslateClass09(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kSlotEvents, wEventCode, eventData, out);
+void TranslateClass09(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kSlotEvents, wEventCode, event_data, out);
 }
 
 }  // namespace eventstr

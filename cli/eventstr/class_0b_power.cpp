@@ -176,9 +176,9 @@ static_assert(WellFormed(kEvents));
 
 }  // namespace
 
-void TranslateClass0B(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kChassisEvents, wEventCode, eventData, out);
-    PrintEvent(kEvents, wEventCode, eventData, out);
+void TranslateClass0B(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kChassisEvents, wEventCode, event_data, out);
+    PrintEvent(kEvents, wEventCode, event_data, out);
 }
 
 }  // namespace eventstr

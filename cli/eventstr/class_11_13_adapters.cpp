@@ -97,16 +97,16 @@ static_assert(WellFormed(kArrayEvents));
 
 }  // namespace
 
-void TranslateClass11(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kNetworkEvents, wEventCode, eventData, out);
+void TranslateClass11(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kNetworkEvents, wEventCode, event_data, out);
 }
 
-void TranslateClass12(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kScsiEvents, wEventCode, eventData, out);
+void TranslateClass12(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kScsiEvents, wEventCode, event_data, out);
 }
 
-void TranslateClass13(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kArrayEvents, wEventCode, eventData, out);
+void TranslateClass13(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kArrayEvents, wEventCode, event_data, out);
 }
 
 }  // namespace eventstr

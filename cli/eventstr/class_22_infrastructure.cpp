@@ -158,8 +158,8 @@ static_assert(WellFormed(kEvents));
 
 }  // namespace
 
-void TranslateClass22(unsigned short wEventCode, Bytes eventData, TextWriter& out) {
-    PrintEvent(kEvents, wEventCode, eventData, out);
+void TranslateClass22(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
+    PrintEvent(kEvents, wEventCode, event_data, out);
 }
 
 }  // namespace eventstr

@@ -1,5 +1,5 @@
 // The translators, one for each class of events. Each writes the event's text, or nothing when it doesn't
-// know the code or what the payload says. wEventCode: the code within the class. eventData: the payload,
+// know the code or what the payload says. wEventCode: the code within the class. event_data: the payload,
 // which may be shorter than its record. out: the text so far, empty.
 #pragma once
 
@@ -8,24 +8,24 @@
 
 namespace eventstr {
 
-void TranslateClass02(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // machine environment
-void TranslateClass03(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // main memory
-void TranslateClass04(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // cache memory
-void TranslateClass05(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // CPU
-void TranslateClass06(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // host bus
-void TranslateClass07(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // EISA bus
-void TranslateClass08(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // PCI bus
-void TranslateClass09(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // expansion slots
-void TranslateClass0A(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // POST messages
-void TranslateClass0B(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // power subsystem
-void TranslateClass0D(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // server recovery
-void TranslateClass0E(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // operating system
-void TranslateClass11(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // network adapters
-void TranslateClass12(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // SCSI
-void TranslateClass13(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // drive arrays
-void TranslateClass14(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // unrecoverable errors
-void TranslateClass20(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // system revision
-void TranslateClass21(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // maintenance notes
-void TranslateClass22(unsigned short wEventCode, Bytes eventData, TextWriter& out);  // blade enclosures
+void TranslateClass02(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // machine environment
+void TranslateClass03(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // main memory
+void TranslateClass04(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // cache memory
+void TranslateClass05(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // CPU
+void TranslateClass06(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // host bus
+void TranslateClass07(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // EISA bus
+void TranslateClass08(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // PCI bus
+void TranslateClass09(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // expansion slots
+void TranslateClass0A(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // POST messages
+void TranslateClass0B(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // power subsystem
+void TranslateClass0D(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // server recovery
+void TranslateClass0E(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // operating system
+void TranslateClass11(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // network adapters
+void TranslateClass12(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // SCSI
+void TranslateClass13(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // drive arrays
+void TranslateClass14(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // unrecoverable errors
+void TranslateClass20(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // system revision
+void TranslateClass21(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // maintenance notes
+void TranslateClass22(unsigned short wEventCode, Bytes event_data, TextWriter& out);  // blade enclosures
 
 }  // namespace eventstr

@@ -107,11 +107,11 @@ void ShowEvent(EVT_LOG_ENTRY& entry) {
 int ListEvents(EventRead& buffer) {
     Pager pager;
     uint32_t wanted = 0;
-    int tooSmall = 0;  // such answers in a row
+    int too_small = 0;  // such answers in a row
     int status = kEntryRead;
     do {
         status = ReadEvent(buffer, wanted);
-        tooSmall = status == kBufferTooSmall ? tooSmall + 1 : 0;
+        too_small = status == kBufferTooSmall ? too_small + 1 : 0;
         if (status == kEntryRead) {
             EVT_LOG_ENTRY& entry = buffer.request.Evt;
             const uint32_t number = entry.Hdr.dwEvtNumber;
@@ -121,7 +121,7 @@ int ListEvents(EventRead& buffer) {
             wanted = number + 1;
         } else if (status == kBufferTooSmall) {
             std::printf("\nERROR: Event log buffer is too small.");
-            if (tooSmall == kMostTooSmall) return 1;
+            if (too_small == kMostTooSmall) return 1;
         } else if (status != kEndOfLog) {
             return Fail("\nERROR: Invalid error code returned.");
         }

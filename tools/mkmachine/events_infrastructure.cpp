@@ -26,10 +26,10 @@ void AddTroubleWithBlades(SampleEvents& events) {
     Add(events, kNotice, 2, EVT_INF_ENV_MANUAL_OVERRIDE{kBlades, 4, {}}, kSerial);
     Add(events, kCritical, 3, EVT_INF_ENV_FUSE_OPEN{kBlades, 0x12, kBladeSlot, {}}, kSerial);
     Add(events, kCritical, 3, EVT_INF_ENV_FUSE_OPEN{kBlades, 0x01, kNetworkSlot, {}});
-    Add(events, kCaution, 4, EVT_INF_ENV_I2C_FAULT{kBlades, 7, {}}, "-not a serial number");
+    Add(events, kCaution, 4, EVT_INF_ENV_I2C_FAULT{kBlades, 7, {}}, kSerial);
     Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kBlades, 3, 0, {}}, kSerial);
     Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kBlades, 3, 1, {}}, "01234567890123456789");
-    Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kNeither, 5, 1, {}});
+    Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kNeither, 5, 1, {}}, "-not a serial number");
 }
 
 void AddTroubleWithPower(SampleEvents& events) {

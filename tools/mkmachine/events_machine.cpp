@@ -39,10 +39,10 @@ void AddMachineEvents(SampleEvents& events) {
     });
     events.push_back(
         {kCritical, 2, 11,
-         WithTexts(EVT_MACH_SAS_FAN_FAIL{{2, 4, 0}, 2, kStorage, {'1', 'A'}, 6, {}}, {"ARRAY1", ""})});
+         WithTexts(EVT_MACH_SAS_FAN_FAIL{{2, 4, 0}, 15, kStorage, {'1', 'A'}, 6, {}}, {"ARRAY1", ""})});
     events.push_back(
         {kCritical, 2, 11,
-         WithTexts(EVT_MACH_SAS_FAN_FAIL{{3, 5, 0}, 3, kCpu, {'2', 'B'}, 7, {}}, {"ENC", "Shelf 1"})});
+         WithTexts(EVT_MACH_SAS_FAN_FAIL{{3, 5, 0}, 16, kCpu, {'2', 'B'}, 7, {}}, {"ENC", "Shelf 1"})});
     events.push_back(
         {kCritical, 2, 12,
          WithTexts(EVT_MACH_SAS_OVERHEAT{{3, 2, 0}, 13, kAmbient, {'3', 'C'}, 8, {}}, {"", ""})});

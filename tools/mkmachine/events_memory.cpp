@@ -4,11 +4,11 @@
 namespace {
 
 // The places that an error of one module, or of one bank, can have; each with and without a serial number.
-void AddPlaces(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t moduleOrBank) {
+void AddPlaces(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t module_or_bank) {
     constexpr uint8_t kNotKnown = 255;
     const EVT_MAIN_MEMORY places[] = {
-        {kNotKnown, kNotKnown, {}},    {0, kNotKnown, {}}, {0, moduleOrBank, {}}, {2, moduleOrBank, {}},
-        {kNotKnown, moduleOrBank, {}}, {2, kNotKnown, {}},
+        {kNotKnown, kNotKnown, {}},      {0, kNotKnown, {}}, {0, module_or_bank, {}}, {2, module_or_bank, {}},
+        {kNotKnown, module_or_bank, {}}, {2, kNotKnown, {}},
     };
     for (const EVT_MAIN_MEMORY& place : places) {
         events.push_back({severity, 3, code, WithTexts(place, {""})});
