@@ -21,7 +21,7 @@ void FreeHistory() {
     }
 }
 
-void EndProcess(int status) {
+void ReleaseEverything() {
     vxCloseRequest(cdt_fd);
     vxCloseRequest(cevt_fd);
     vxCloseRequest(casr_fd);
@@ -29,5 +29,9 @@ void EndProcess(int status) {
     RestoreTerminal();
     FreeHistory();
     DeinitSMBIOS();
+}
+
+void EndProcess(int status) {
+    ReleaseEverything();
     std::exit(FinalStatus(status));
 }

@@ -8,6 +8,9 @@ int FinalStatus(int status);
 // Frees the buffers of the command history.
 void FreeHistory();
 
-// Closes the devices, gives the terminal back, frees the history and the SMBIOS copy, and ends the process
-// with FinalStatus(status).
+// Closes the devices in the order in which they were opened, gives the terminal back, frees the history and
+// the SMBIOS copy.
+void ReleaseEverything();
+
+// The same, and ends the process with FinalStatus(status).
 [[noreturn]] void EndProcess(int status);

@@ -1,9 +1,11 @@
 #include <cstdio>
+#include <cstdlib>
 
 #include "cli/brantcli/exit.h"
 #include "cli/misc-commands/misc_commands.h"
 
 int do_exit(InputLineType* /*InputLine*/) {
+    ReleaseEverything();
     std::printf("\n");
-    EndProcess(0);
+    std::exit(FinalStatus(0));
 }
