@@ -1,5 +1,6 @@
 #include "cli/parse/keys.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "cli/parse/terminal.h"
@@ -21,7 +22,12 @@ constexpr Sequence kSequences[] = {
     {"20~", kF9},     {"21~", kF10},    {"23~", kF11},    {"24~", kF12},
 };
 // clang-format on
-constexpr size_t kLongestSequence = 3;
+
+constexpr size_t LongestSequence() {
+    size_t longest = 0;
+    for (const Sequence& sequence : kSequences) longest = std::max(longest, sequence.bytes.size());
+    return longest;
+}
 
 int LastKey = 0;           // the last key that can be doubled, TAB or ESC; or 0
 int MultiKeySequence = 0;  // 0 idle, 1 that key was just returned, 2 the key after it is being read
@@ -46,8 +52,8 @@ int UnknownSequence() {
 // The key of what follows ESC and '['. Reads only as long as the bytes can still become a key, and never
 // waits: a byte that isn't there reads as -1, which begins nothing.
 int ReadSequence() {
-    char bytes[kLongestSequence];
-    for (size_t length = 1; length <= kLongestSequence; ++length) {
+    char bytes[LongestSequence()];
+    for (size_t length = 1; length <= sizeof bytes; ++length) {
         bytes[length - 1] = ReadChar(0);
         const std::string_view read(bytes, length);
         bool begins_one = false;
