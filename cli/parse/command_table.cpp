@@ -1,7 +1,6 @@
 #include "cli/parse/command_table.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 #include "cli/fan/fan.h"
@@ -13,7 +12,7 @@
 
 namespace {
 
-// Each begins with "USAGE:"; what stands before the next ':' is the usage that inner nodes list.
+// What stands between "USAGE:" and the next ':' is the usage that inner nodes list.
 constexpr char HelpHelp[] =
     "USAGE: HELP <command>: Show help messages for <command> or list the toplevel\ncommands if no "
     "arguments are provided.";
@@ -181,10 +180,37 @@ constexpr CommandRow kCommands[] = {
 };
 // clang-format on
 
-// The node at the end of a path; null when a word of it is no node.
+// The path without its last token; "" for a top-level command.
+constexpr std::string_view ParentOf(std::string_view path) {
+    const size_t blank = path.rfind(' ');
+    return path.substr(0, blank != path.npos ? blank : 0);
+}
+
+constexpr bool IsAmongFirst(size_t rows, std::string_view path) {
+    for (size_t i = 0; i < rows; ++i) {
+        if (path == kCommands[i].path) return true;
+    }
+    return false;
+}
+
+constexpr bool WellFormed() {
+    size_t before = 0;
+    for (const CommandRow& row : kCommands) {
+        const std::string_view parent = ParentOf(row.path);
+        if (!parent.empty() && !IsAmongFirst(before, parent)) return false;
+        if (row.synonym_of != nullptr && !IsAmongFirst(before, row.synonym_of)) return false;
+        if (IsAmongFirst(before, row.path)) return false;
+        if (std::string_view(row.help).substr(0, kUsagePrefix.size()) != kUsagePrefix) return false;
+        ++before;
+    }
+    return true;
+}
+static_assert(WellFormed(), "no row comes twice or before one that it needs; help texts begin as they must");
+
+// The node at the end of a path that was appended already; the root for "".
 CmdType* FindNode(std::string_view path) {
     CmdType* node = Cmds;
-    while (!path.empty() && node != nullptr) {
+    while (!path.empty()) {
         const size_t word = std::min(path.find(' '), path.size());
         node = FindChild(node, path.substr(0, word));
         path.remove_prefix(std::min(word + 1, path.size()));
@@ -193,10 +219,10 @@ CmdType* FindNode(std::string_view path) {
 }
 
 void AppendRow(const CommandRow& row) {
-    const char* blank = std::strrchr(row.path, ' ');
-    CmdType* parent = blank != nullptr ? FindNode({row.path, static_cast<size_t>(blank - row.path)}) : Cmds;
+    const std::string_view parent = ParentOf(row.path);
+    const char* token = row.path + (parent.empty() ? 0 : parent.size() + 1);
     CmdType* synonym = row.synonym_of != nullptr ? FindNode(row.synonym_of) : nullptr;
-    AppendCmd(parent, blank != nullptr ? blank + 1 : row.path, synonym, row.help, row.function);
+    AppendCmd(FindNode(parent), token, synonym, row.help, row.function);
 }
 
 }  // namespace

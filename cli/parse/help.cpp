@@ -9,9 +9,8 @@
 
 namespace {
 
-constexpr int kColumns = 80;                          // of the list of commands
-constexpr size_t kUsagePrefix = sizeof "USAGE:" - 1;  // what begins every help text
-constexpr size_t kUsageMax = 199;                     // characters of a usage that are listed
+constexpr int kColumns = 80;       // of the list of commands
+constexpr size_t kUsageMax = 199;  // characters of a usage that are listed
 
 const char* HelpOf(const CmdType* node) {
     return node->Help != nullptr ? node->Help : "(No help available)";
@@ -31,9 +30,9 @@ void ListCommands() {
     }
 }
 
-// What stands between "USAGE:" and the next ':', the blank at its beginning included.
+// What stands between the prefix and the next ':', the blank at its beginning included.
 std::string_view UsageOf(const CmdType& node) {
-    const std::string_view usage = std::string_view(node.Help).substr(kUsagePrefix, kUsageMax);
+    const std::string_view usage = std::string_view(node.Help).substr(kUsagePrefix.size(), kUsageMax);
     return usage.substr(0, usage.find(':'));
 }
 

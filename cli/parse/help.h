@@ -1,7 +1,12 @@
 // How the shell explains itself from the tree's help texts.
 #pragma once
 
+#include <string_view>
+
 #include "cli/parse/input_line.h"
+
+// What the help text of every command begins with; the listings of usages leave it out.
+constexpr std::string_view kUsagePrefix = "USAGE:";
 
 // HELP and ?. Result: 1 for HELP TREE, else 0.
 int do_help(InputLineType* InputLine);
