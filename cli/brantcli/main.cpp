@@ -153,7 +153,7 @@ int main(int argc, char** argv) {
 
     int status = 1;
     if (script_mode != 0) {
-        status = RunScript(argc > 2 ? argv[2] : nullptr);
+        status = RunScript(argc > 2 ? argv[2] : nullptr);  // -s takes no value that getopt would have
     } else {
         while (Command(&CurrentCommandLine, 0) != 0) continue;
     }

@@ -52,10 +52,12 @@ TEST(StartUp, EndsWhenADeviceDoesNotOpen) {
     }
 }
 
+const std::string kRule(74, '-');
+
 struct OptionCase {
     const char* catches;
     std::vector<std::string> arguments;
-    const char* output;
+    std::string output;
     int status;
     bool touches_the_machine;
 };
@@ -84,6 +86,13 @@ const OptionCase kOptionCases[] = {
      0,
      true},
     {"a command run after EXIT", {"-s", "EXIT;nonsense"}, "\n", 0, true},
+    {"an argument without an option run, no banner, no end at the end of the input",
+     {"EXIT"},
+     "VX management CLI for Solaris (v1.1)\n" + kRule +
+         "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" + kRule +
+         "\nbrantcli> \n",
+     0,
+     true},
 };
 
 TEST(StartUp, ReadsItsOptions) {
