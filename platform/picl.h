@@ -1,5 +1,6 @@
 // The platform information and control library, as far as the program uses it: a tree of nodes that
-// describes the hardware, each node with a class and named properties. All results are picl_errno_t.
+// describes the hardware, each node with a class and named properties. All results are picl_errno_t. The
+// server's own is a C library, so the functions have C linkage.
 #pragma once
 
 #include <cstddef>
@@ -19,6 +20,8 @@ enum picl_errno_t : int {
     PICL_WALK_TERMINATE = 25,  // a callback's result: the walk is over, and succeeded
 };
 
+extern "C" {
+
 // Connects to the service.
 int picl_initialize(void);
 
@@ -32,3 +35,5 @@ int picl_walk_tree_by_class(picl_nodehdl_t root, const char* class_name, void* a
 
 // Copies a property's value into value, a buffer of size bytes. PICL_VALUETOOBIG when it doesn't fit.
 int picl_get_propval_by_name(picl_nodehdl_t node, const char* name, void* value, size_t size);
+
+}  // extern "C"

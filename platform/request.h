@@ -1,6 +1,9 @@
 // The health driver's request library, as the program sees it. The driver offers four device files under
 // /dev/zethealth: cdt (data tables), cevt (event log), casr (recovery timer) and crom (ROM variables).
+// The server's own is a C library, so the functions have C linkage.
 #pragma once
+
+extern "C" {
 
 // Opens a device file. path: one of the four, zero-terminated. mode: 2, reading and writing.
 // Result: a descriptor, 0 or more; -1 with errno set when the device can't be opened.
@@ -13,3 +16,5 @@ int vxIoctlRequest(int fd, int code, void* arg);
 
 // Gives a descriptor back. A descriptor that isn't open is ignored.
 void vxCloseRequest(int fd);
+
+}  // extern "C"
