@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -49,12 +50,15 @@ void TraceFile::Append(const char* format, ...) const {
     char line[kLongestLine];
     va_list arguments;
     va_start(arguments, format);
-    const int length = std::vsnprintf(line, sizeof line, format, arguments);
+    const int wanted = std::vsnprintf(line, sizeof line, format, arguments);
     va_end(arguments);
-    // Whatever a request carries in the place of a name, it stays within its own line.
-    for (char* next = line; next < line + length - 1; ++next) {
+    if (wanted <= 0) return;
+    // Whatever a request carries in the place of a name, and however much, it stays within its own line.
+    char* const end = line + std::min(static_cast<size_t>(wanted), sizeof line - 1) - 1;
+    for (char* next = line; next < end; ++next) {
         if (static_cast<unsigned char>(*next) < ' ') *next = '?';
     }
+    *end = '\n';
     // One write, so that the lines of two processes don't mix. A full disk costs the line, not the call.
-    if (write(fd_, line, static_cast<size_t>(length)) < 0) return;
+    if (write(fd_, line, static_cast<size_t>(end + 1 - line)) < 0) return;
 }

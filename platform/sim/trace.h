@@ -9,7 +9,8 @@ class TraceFile {
     TraceFile(const TraceFile&) = delete;
     TraceFile& operator=(const TraceFile&) = delete;
 
-    // Appends a line, which ends in the format's newline; does nothing when the machine isn't traced.
+    // Appends a line, which ends in the format's newline; cuts one that is too long. Does nothing when the
+    // machine isn't traced.
     __attribute__((format(printf, 2, 3))) void Append(const char* format, ...) const;
 
   private:
