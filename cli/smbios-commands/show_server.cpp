@@ -22,7 +22,7 @@ void PrintSystem(void* system, void* rom) {
     std::printf("\nSystem        : %s", SmbText(system, system_information::kProductName));
     std::printf("\nSerial No.    : %s", SmbText(system, system_information::kSerialNumber));
     std::printf("\nROM version   : %s %s", SmbText(rom, bios::kVersion), SmbText(rom, bios::kDate));
-    std::printf("\nKelm present  : %s", got_kelm != 0 ? "Yes" : "No");
+    std::printf("\nKelm present  : %s", YesNo(got_kelm != 0));
 }
 
 void PrintNics() {
@@ -90,6 +90,6 @@ int do_show_server(InputLineType* InputLine) {
     }
     std::printf("\n\nProcessor total  : %d\n", processors);
     std::printf("\nMemory installed : %u MBytes", memoryKiB / 1024);
-    std::printf("\nECC supported    : %s", SmbChkForECCSupported() == TRUE ? "Yes" : "No");
+    std::printf("\nECC supported    : %s", YesNo(SmbChkForECCSupported() == TRUE));
     return 0;
 }
