@@ -2,9 +2,11 @@
 
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <string>
 
-#include "tests/support/test_machine.h"
+#include "tests/support/loaded_tables.h"
+#include "tools/mkmachine/firmware_records.h"
 
 // models/MODEL.txt holds the commands of one run in its first line, then what they print.
 TEST(ShowServer, TellsEachModelInFull) {
@@ -17,4 +19,25 @@ TEST(ShowServer, TellsEachModelInFull) {
         EXPECT_EQ(result.output, expected) << model;
         EXPECT_EQ(result.errors, "") << model;
     }
+}
+
+// What the models' processors, all of one family and in order, don't show. The last record is shown first.
+TEST(ShowServer, NamesTheFamilyAndTheStateOfAProcessor) {
+    std::string records = SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes();
+    records += MemoryArrayRecord({1}).Bytes();
+    constexpr uint8_t kFamiliesAndStates[][2] = {{0xB5, 0x45}, {0x10, 0x42}, {0xFF, 0x40}};
+    for (const auto& [family, state] : kFamiliesAndStates) {
+        Processor part = {2, ""};
+        part.family = family;
+        part.status = state;
+        records += ProcessorRecord(part).Bytes();
+    }
+    LoadedTables tables(records);
+    const std::string output = tables.Machine().Script("SHOW SERVER").output;
+    const std::regex line("\t(?:Name|Status) +: (.*)");
+    std::string names;
+    for (std::sregex_iterator match(output.begin(), output.end(), line), end; match != end; ++match) {
+        names += match->str(1) + ", ";
+    }
+    EXPECT_EQ(names, "Other, Failed, Pentium II Xeon, Disabled, Intel Xeon MP, Unknown, ");
 }

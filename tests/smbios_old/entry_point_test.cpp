@@ -10,31 +10,36 @@ namespace {
 struct Case {
     const char* catches;
     uint32_t address;
-    uint8_t minor_version, length, checksum_error;
+    uint16_t version;  // major and minor number, a byte each
+    uint8_t length, checksum_error;
     uint16_t tables_length;
     uint32_t tables_address;
     const char* errors;  // on standard error; null: accepted
 };
 
+constexpr Case kGood = {"a good one refused", 0xF5000, 0x206, 31, 0, 6, kTablesAddress, nullptr};
+
 // clang-format off
 constexpr Case kCases[] = {
-    {"a good one refused",     0xF5000, 6, 31,  0, 6, kTablesAddress, nullptr},
-    {"version 2.0",            0xF5000, 0, 31,  0, 6, kTablesAddress, ""},
-    {"version 2.1 refused",    0xF5000, 1, 31,  0, 6, kTablesAddress, nullptr},
-    {"a bad checksum",         0xF5000, 6, 31,  1, 6, kTablesAddress, ""},
-    {"off its boundary",       0xF5008, 6, 31,  0, 6, kTablesAddress, ""},
-    {"the first place missed", 0xF0000, 6, 31,  0, 6, kTablesAddress, nullptr},
-    {"the last place missed",  0xFFFE0, 6, 31,  0, 6, kTablesAddress, nullptr},
-    {"cut by the area's end",  0xFFFF0, 6, 16,  0, 6, kTablesAddress, ""},
-    {"summed past the area",   0xFFFC0, 6, 255, 0, 6, kTablesAddress, ""},
-    {"no bytes of tables",     0xF5000, 6, 31,  0, 0, 0xFFFFFFFF,     ""},
-    {"tables out of reach",    0xF5000, 6, 31,  0, 6, 0xFFFFFFFF,     "smbios: ReadPhysMem: mmap FAILED\n"},
+    kGood,
+    {"version 2.0",            0xF5000, 0x200, 31,  0, 6, kTablesAddress, ""},
+    {"version 2.1 refused",    0xF5000, 0x201, 31,  0, 6, kTablesAddress, nullptr},
+    {"a minor number alone",   0xF5000, 0x300, 31,  0, 6, kTablesAddress, nullptr},
+    {"a bad checksum",         0xF5000, 0x206, 31,  1, 6, kTablesAddress, ""},
+    {"off its boundary",       0xF5008, 0x206, 31,  0, 6, kTablesAddress, ""},
+    {"the first place missed", 0xF0000, 0x206, 31,  0, 6, kTablesAddress, nullptr},
+    {"the last place missed",  0xFFFE0, 0x206, 31,  0, 6, kTablesAddress, nullptr},
+    {"cut by the area's end",  0xFFFF0, 0x206, 16,  0, 6, kTablesAddress, ""},
+    {"summed past the area",   0xFFFC0, 0x206, 255, 0, 6, kTablesAddress, ""},
+    {"no bytes of tables",     0xF5000, 0x206, 31,  0, 0, 0xFFFFFFFF,     ""},
+    {"tables out of reach",    0xF5000, 0x206, 31,  0, 6, 0xFFFFFFFF,     "smbios: ReadPhysMem: mmap FAILED\n"},
 };
 // clang-format on
 
 SMBIOSEntryPoint Entry(const Case& c) {
     SMBIOSEntryPoint entry = SmbiosTable().EntryPoint(c.tables_address);
-    entry.byMinorVer = c.minor_version;
+    entry.byMajorVer = static_cast<uint8_t>(c.version >> 8);
+    entry.byMinorVer = static_cast<uint8_t>(c.version);
     entry.byEPSLength = c.length;
     entry.wSTLength = c.tables_length;
     SetChecksums(entry);
@@ -56,12 +61,15 @@ TEST(EntryPoint, IsFoundOnlyWhereItIsWholeAndRight) {
 
 TEST(EntryPoint, IsTheFirstThatChecksWhateverItsOtherChecksum) {
     LoadedTables tables;
-    SMBIOSEntryPoint second = Entry(kCases[0]);
+    Case first = kGood, last = kGood;
+    first.checksum_error = 1;
+    last.tables_address = 0xFFFFFFFF;
+    SMBIOSEntryPoint second = Entry(kGood);
     ++second.byIntermediateChecksum;
     --second.byEPSChecksum;
-    tables.Machine().PhysicalMemory(0xF5000, MachineBuilder::Plain(Entry(kCases[3])));
+    tables.Machine().PhysicalMemory(0xF5000, MachineBuilder::Plain(Entry(first)));
     tables.Machine().PhysicalMemory(0xF5020, MachineBuilder::Plain(second));
-    tables.Machine().PhysicalMemory(0xF5040, MachineBuilder::Plain(Entry(kCases[10])));
+    tables.Machine().PhysicalMemory(0xF5040, MachineBuilder::Plain(Entry(last)));
     EXPECT_TRUE(tables.Load());
 }
 

@@ -40,6 +40,10 @@ SmbiosRecord At(const char* locator) {
     return MemoryDeviceRecord({0x11, kHandle, locator, 1, 1});
 }
 
+// Flash memory of 8 MiB, then system memory of 2.
+const std::string kFlashFirst = Array(0x20, 5).Bytes() + MemoryDeviceRecord({0x21, 0x20, "", 8}).Bytes() +
+                                Array(0x30).Bytes() + MemoryDeviceRecord({0x31, 0x30, "", 2}).Bytes();
+
 struct Case {
     const char* catches;
     std::string records;  // beside the array
@@ -71,11 +75,8 @@ const Case kCases[] = {
     {"half a type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
     {"a locator past the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
     {"half an array handle", At("").CutTo(5).Bytes(), ""},
-    // several arrays: flash memory first
-    {"counted by array",
-     Array(0x20, 5).Bytes() + MemoryDeviceRecord({0x21, 0x20, "", 8}).Bytes() + Array(0x30).Bytes() +
-         MemoryDeviceRecord({0x31, 0x30, "", 2}).Bytes(),
-     "1.2 2048 0 8/5\n"},
+    // several arrays
+    {"counted by array", kFlashFirst, "1.2 2048 0 8/5\n"},
 };
 
 }  // namespace
@@ -86,7 +87,7 @@ TEST(MemoryModules, AreRecordedByTheRules) {
         EXPECT_EQ(Inventory(), c.inventory) << c.catches;
     }
     unsigned int size = 0;
-    LoadedTables several(std::end(kCases)[-1].records);
+    LoadedTables several(kFlashFirst);
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
     EXPECT_EQ(size, 2048U) << "flash memory counted";
 }
