@@ -1,6 +1,7 @@
 #include "tests/support/test_machine.h"
 
-#include <fcntl.h>
+#include <spawn.h>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -31,11 +32,37 @@ std::string ReadWhole(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Standard input and both outputs are files, so that no pipe can fill up and no reader is needed.
-void Redirect(int descriptor, const std::string& path, int flags) {
-    const int fd = open(path.c_str(), flags, 0666);
-    if (fd < 0 || dup2(fd, descriptor) < 0) _exit(126);
-    close(fd);
+// A file without a name, for what a program reads or writes: no pipe that could fill up, and no reader.
+class MemoryFile {
+  public:
+    explicit MemoryFile(const std::string& bytes = {}) : fd_(memfd_create("", MFD_CLOEXEC)) {
+        if (pwrite(fd_, bytes.data(), bytes.size(), 0) < 0) throw std::runtime_error("memfd");
+    }
+    ~MemoryFile() { close(fd_); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    int Descriptor() const { return fd_; }
+    std::string Read() const { return ReadWhole("/proc/self/fd/" + std::to_string(fd_)); }
+
+  private:
+    int fd_;
+};
+
+// A command line, with the emulator in front where the machine needs one for the program.
+std::vector<std::string> Words(const std::string& program, const std::vector<std::string>& arguments) {
+    std::vector<std::string> words = {BRANT_EMULATOR, program};
+    if (words[0].empty()) words.erase(words.begin());
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return words;
+}
+
+// As the system's calls take a list of texts, which stay the list's.
+std::vector<char*> Pointers(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts) pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
 }
 
 }  // namespace
@@ -45,37 +72,33 @@ std::string ProgramPath(const char* name) {
 }
 
 void ExecProgram(const std::string& program, const std::vector<std::string>& arguments) {
-    std::vector<char*> words = {const_cast<char*>(program.c_str())};
-    static char emulator[] = BRANT_EMULATOR;  // empty: the machine runs the program by itself
-    if (emulator[0] != '\0') words.insert(words.begin(), emulator);
-    for (const std::string& word : arguments) words.push_back(const_cast<char*>(word.c_str()));
-    words.push_back(nullptr);
-    execvp(words[0], words.data());
+    std::vector<std::string> words = Words(program, arguments);
+    execvp(words[0].c_str(), Pointers(words).data());
     _exit(127);
 }
 
 RunResult RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      const std::string& machine, const RunOptions& options) {
-    const std::string files = NewDirectory();
-    std::ofstream(files + "/in", std::ios::binary) << options.input;
+    std::vector<std::string> words = Words(program, arguments);
+    if (!options.as_root) words.insert(words.begin(), {"setpriv", "--reuid=65534"});
+    std::vector<std::string> environment = options.environment;  // of two with a name, the first counts
+    environment.push_back("BRANT_MACHINE=" + machine);
+    for (char** variable = environ; *variable != nullptr; ++variable) environment.emplace_back(*variable);
 
-    const pid_t child = fork();
-    if (child == 0) {
-        Redirect(0, files + "/in", O_RDONLY);
-        Redirect(1, files + "/out", O_WRONLY | O_CREAT | O_APPEND);
-        Redirect(2, files + "/err", O_WRONLY | O_CREAT | O_APPEND);
-        setenv("BRANT_MACHINE", machine.c_str(), 1);
-        for (const std::string& variable : options.environment) putenv(const_cast<char*>(variable.c_str()));
-        if (!options.as_root && setuid(65534) != 0) _exit(126);
-        ExecProgram(program, arguments);
-    }
+    const MemoryFile input(options.input), output, errors;
+    posix_spawn_file_actions_t streams;
+    posix_spawn_file_actions_init(&streams);
+    posix_spawn_file_actions_adddup2(&streams, input.Descriptor(), STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&streams, output.Descriptor(), STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&streams, errors.Descriptor(), STDERR_FILENO);
+    pid_t child = -1;
+    const int refused = posix_spawnp(&child, words[0].c_str(), &streams, nullptr, Pointers(words).data(),
+                                     Pointers(environment).data());
+    posix_spawn_file_actions_destroy(&streams);
+
     int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) != child) throw std::runtime_error("can't run " + program);
-
-    RunResult result = {ReadWhole(files + "/out"), ReadWhole(files + "/err"),
-                        WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status)};
-    std::filesystem::remove_all(files);
-    return result;
+    if (refused != 0 || waitpid(child, &status, 0) != child) throw std::runtime_error("can't run " + program);
+    return {output.Read(), errors.Read(), WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status)};
 }
 
 TestMachine::TestMachine() : MachineBuilder(NewDirectory()) {
