@@ -1,0 +1,69 @@
+#include "tests/sweep/sweep.h"
+
+#include <filesystem>
+
+#include "cli/parse/command_table.h"
+#include "cli/parse/command_tree.h"
+#include "tools/mkmachine/events.h"
+
+namespace {
+
+const std::map<std::string, std::string> kArguments = {
+    {"DISABLE ISCSI", "NIC1"},
+    {"DISABLE PXE", "NIC1"},
+    {"ENABLE ISCSI", "NIC2"},
+    {"ENABLE PXE", "NIC2"},
+    {"SET ASR", "15"},
+    {"SET ASSET", "Rack7"},
+    {"SET BOOT FIRST", "CDROM"},
+    {"SET BOOT ONCE", "PXE"},
+    {"SET F1", "DELAYED"},
+    {"SET NAME", "web7"},
+    {"SET SERIAL BIOS", "COM2 115200"},
+    {"SET SERIAL EMBEDDED PORTA", "COM3"},
+    {"SET SERIAL EMBEDDED PORTB", "COM4"},
+    {"SET SERIAL VIRTUAL", "COM2"},
+};
+
+void AddCommandsBelow(const CmdType* parent, const std::string& path, std::vector<std::string>& commands) {
+    for (const CmdType* node = parent->Sub; node != nullptr; node = node->Next) {
+        const std::string command = path + node->Token;
+        const auto arguments = kArguments.find(command);
+        commands.push_back(arguments == kArguments.end() ? command : command + " " + arguments->second);
+        AddCommandsBelow(node, command + " ", commands);
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> Commands() {
+    if (Cmds == nullptr) CreateCommands();
+    std::vector<std::string> commands;
+    AddCommandsBelow(Cmds, "", commands);
+    return commands;
+}
+
+SweptMachine::SweptMachine(const std::string& model) : TestMachine(model) {
+    Write("cevt/hlog", EventLog(3));
+    made_ = State();
+}
+
+Files SweptMachine::State() const {
+    Files files;
+    for (const char* device : {"casr", "cdt", "cevt", "crom"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(Directory() + "/" + device)) {
+            const std::string path = device + ("/" + entry.path().filename().string());
+            files[path] = Read(path);
+        }
+    }
+    return files;
+}
+
+void SweptMachine::Restore() {
+    for (const auto& [path, bytes] : State()) {
+        if (made_.count(path) == 0) Remove(path);
+    }
+    for (const auto& [path, bytes] : made_) {
+        if (Read(path) != bytes) Write(path, bytes);
+    }
+}
