@@ -106,7 +106,7 @@ TestMachine::TestMachine() : MachineBuilder(NewDirectory()) {
     Variable("ZTHMAC", std::string(64, '\0'));
 }
 
-TestMachine::TestMachine(const std::string& model) : TestMachine() {
+TestMachine::TestMachine(const std::string& model) : MachineBuilder(NewDirectory()) {
     MakeMachine(*FindModel(model), Directory());
 }
 
