@@ -56,7 +56,7 @@ TEST(ShowHlog, SaysThatTheLogIsEmpty) {
 struct PagingCase {
     const char* catches;
     uint32_t entries;
-    const char* answers;
+    std::string answers;
     const char* shape;
 };
 
@@ -80,7 +80,7 @@ TEST(ShowHlog, StopsAfterEachScreen) {
         {"c on the second screen", 19, "xc", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?/13 14 15 16 17 18 19 //"},
         {"another key taken for one of them", 12, " q", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
         {"a newline that isn't an answer", 12, "\nq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
-        {"a 0 taken for the end", 12, "\0q", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?///"},
+        {"a 0 taken for the end", 12, {"\0q", 2}, "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
         {"more than one key read", 12, "xq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
         {"a byte of 0xFF taken for c", 12, "\xFFq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
     };
