@@ -68,15 +68,11 @@ void Argument::Print(Bytes payload, TextWriter& out) const {
     }
 }
 
-void PrintRow(const EventRow& row, Bytes payload, TextWriter& out) {
-    PrintText(row.text, row.arguments, payload, out);
-}
-
 void PrintEvent(const EventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {
     const EventRow* const row = std::find_if(rows, rows + count, [&](const EventRow& candidate) {
         return candidate.code == code && candidate.when[0].Holds(payload) && candidate.when[1].Holds(payload);
     });
-    if (row != rows + count) PrintRow(*row, payload, out);
+    if (row != rows + count) PrintText(row->text, row->arguments, payload, out);
 }
 
 void PrintEvent(const ChassisEventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {

@@ -39,22 +39,20 @@ class Argument {
     };
 };
 
-// What a byte of the payload must be for a row to apply; holds always when it is left out.
+// What a byte of the payload, or some of its bits, must be for a row to apply; left out, it holds always.
 class Condition {
   public:
     constexpr Condition() = default;
-    constexpr Condition(size_t offset, uint8_t value)
-        : always_(false), offset_(static_cast<uint8_t>(offset)), value_(value) {}
+    constexpr Condition(size_t offset, uint8_t value, uint8_t bits = 0xFF)
+        : offset_(static_cast<uint8_t>(offset)), value_(value), bits_(bits) {}
 
-    constexpr bool Always() const { return always_; }
-    bool Holds(Bytes payload) const {
-        return always_ || ReadPaddedField<uint8_t>(payload, offset_) == value_;
-    }
+    constexpr bool Always() const { return bits_ == 0; }
+    bool Holds(Bytes payload) const { return (ReadPaddedField<uint8_t>(payload, offset_) & bits_) == value_; }
 
   private:
-    bool always_ = true;
     uint8_t offset_ = 0;
     uint8_t value_ = 0;
+    uint8_t bits_ = 0;  // those that are looked at
 };
 
 // What the catalogues share of the chassis, which every record that has one begins with.
@@ -159,9 +157,6 @@ constexpr bool WellFormed(const ChassisEventRow (&rows)[N]) {
     }
     return true;
 }
-
-// A row's text with its arguments.
-void PrintRow(const EventRow& row, Bytes payload, TextWriter& out);
 
 // Prints the row of an event; nothing when no row applies. code: the event's. payload: its record, which may
 // be cut short. rows, count: the catalogue.

@@ -47,6 +47,13 @@ constexpr Condition kConfigBoard     = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bCa
 constexpr Argument kConfigSlot       = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bSlot), Byte2Str};
 constexpr Argument kConfigModule     = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bModule), Byte2Str};
 
+constexpr uint8_t kNotIsolated = 0x01;  // bNotIsolated's place in flags
+constexpr Condition kDiagIsolated = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, flags), 0, kNotIsolated};
+constexpr Argument kDiagBoard  = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bBoard), BoardPrefix};
+constexpr Argument kDiagModule = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bModule), PlainByte};
+constexpr Argument kDiagSerial = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SerialNumber};
+constexpr Argument kDiagSpare  = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SpareNumber};
+
 constexpr EventRow kEvents[] = {
     {1, {kNoSlot, kNoModule}, "Corrected Memory Error threshold exceeded (Memory Module Unknown%s)",
      {kSerial}},
@@ -112,7 +119,12 @@ constexpr EventRow kEvents[] = {
     {16, {}, "Online Spare Memory Switchover Complete", {}},
     {17, {}, "Memory Board Failure (Slot %s)", {{offsetof(EVT_MAIN_MEMORY_BOARD_FAILURE, bSlot), Byte2Str}}},
 
-    // 18: TranslateMainMemRomDiagFail
+    {18, {kDiagIsolated}, "Uncorrectable Memory Error detected by ROM-based memory validation "
+                          "(%sMemory Module %s%s%s)",
+     {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
+    {18, {}, "Uncorrectable Memory Error detected by ROM-based memory validation "
+             "(unable to isolate to single module) (%sMemory Module %s%s%s)",
+     {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
 };
 static_assert(WellFormed(kEvents));
 
@@ -124,21 +136,6 @@ constexpr EventRow kFurtherSuspects[] = {
     {2, {},       " or (Slot %s, Memory Module %s%s)", {kSlot, kModule, kSerial}},
 };
 static_assert(WellFormed(kFurtherSuspects));
-
-constexpr Argument kDiagBoard  = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bBoard), BoardPrefix};
-constexpr Argument kDiagModule = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bModule), PlainByte};
-constexpr Argument kDiagSerial = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SerialNumber};
-constexpr Argument kDiagSpare  = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SpareNumber};
-
-// By the flag bNotIsolated.
-constexpr EventRow kRomDiagEvents[] = {
-    {18, {}, "Uncorrectable Memory Error detected by ROM-based memory validation "
-             "(%sMemory Module %s%s%s)",
-     {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
-    {18, {}, "Uncorrectable Memory Error detected by ROM-based memory validation "
-             "(unable to isolate to single module) (%sMemory Module %s%s%s)",
-     {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
-};
 // clang-format on
 
 // One suspect of several, laid out as EVT_MAIN_MEMORY is, so that the same rows print it.
@@ -181,21 +178,11 @@ void TranslateSuspects(Bytes payload, TextWriter& out) {
     }
 }
 
-// Event 18: an error that the ROM's memory test has found.
-void TranslateMainMemRomDiagFail(Bytes payload, TextWriter& out) {
-    const auto flags = ReadPaddedField<uint8_t>(payload, offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, flags));
-    const unsigned not_isolated = flags & 1;
-    PrintRow(kRomDiagEvents[not_isolated], payload, out);
-}
-
 }  // namespace
 
 void TranslateClass03(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    switch (wEventCode) {
-        case 3: return TranslateSuspects(event_data, out);
-        case 18: return TranslateMainMemRomDiagFail(event_data, out);
-        default: return PrintEvent(kEvents, wEventCode, event_data, out);
-    }
+    if (wEventCode == 3) return TranslateSuspects(event_data, out);
+    PrintEvent(kEvents, wEventCode, event_data, out);
 }
 
 }  // namespace eventstr
