@@ -14,8 +14,9 @@
 
 namespace {
 
-// What the driver answers to a read.
-enum ReadStatus : int { kEntryRead = 0, kEndOfLog = 1, kBufferTooSmall = 3 };
+// What comes of a read: the driver's answers, and an entry from before the number asked for, which a listing
+// would follow for ever.
+enum ReadStatus : int { kEntryRead = 0, kEndOfLog = 1, kBufferTooSmall = 3, kEntryFromBefore = -1 };
 
 constexpr uint16_t kPresetLength = 284;  // a header and 256 bytes of payload, what the driver may fill
 constexpr int kTextSize = 256;           // bytes of an event's text, the terminating zero included
@@ -59,8 +60,8 @@ bool Pager::GoOn() {
     return true;
 }
 
-// Reads the first entry whose number is `number` or higher. Result: the driver's status, or errno where the
-// call itself failed. On kEntryRead the entry is in the buffer.
+// Reads the first entry whose number is `number` or higher. Result: the driver's status, errno where the call
+// itself failed, or kEntryFromBefore. On kEntryRead the entry is in the buffer.
 int ReadEvent(EventRead& buffer, uint32_t number) {
     std::memset(&buffer, 0, sizeof buffer);
     LOG_INFO& info = buffer.request.info;
@@ -68,8 +69,10 @@ int ReadEvent(EventRead& buffer, uint32_t number) {
     info.choice = kReadEvent;
     info.EvtNumber = static_cast<int32_t>(number);
     buffer.request.Evt.Hdr.wEvtLength = kPresetLength;
-    const int status = vxIoctlRequest(cevt_fd, kEventLogRequest, &buffer);
-    return status < 0 ? errno : status;
+    int status = vxIoctlRequest(cevt_fd, kEventLogRequest, &buffer);
+    if (status < 0) status = errno;
+    if (status == kEntryRead && buffer.request.Evt.Hdr.dwEvtNumber < number) return kEntryFromBefore;
+    return status;
 }
 
 const char* SeverityWord(uint8_t bSeverity) {
@@ -115,7 +118,6 @@ int ListEvents(EventRead& buffer) {
         if (status == kEntryRead) {
             EVT_LOG_ENTRY& entry = buffer.request.Evt;
             const uint32_t number = entry.Hdr.dwEvtNumber;
-            if (number < wanted) return Fail("\nERROR: Invalid error code returned.");  // it would never end
             ShowEvent(entry);
             if (number == UINT32_MAX) return 0;
             wanted = number + 1;
