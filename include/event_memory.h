@@ -1,4 +1,4 @@
-// Main memory, class 3. A slot of 0 is the system board's own memory; 255 anywhere is not known.
+// Main memory, class 3. A slot of 0 is the system board's own memory.
 // The conventions: event_payloads.h.
 #pragma once
 

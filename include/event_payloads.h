@@ -4,7 +4,11 @@
 //
 // All are packed and little-endian, as the firmware has them. A field of type char[1] is a zero-terminated
 // text that begins there and runs on past the record; where a second text follows, it begins right behind the
-// first one's zero. 255, and 0xFFFFFFFF in a 32-bit field, stand for a value that isn't known.
+// first one's zero. 255, and 0xFFFFFFFF in a 32-bit field, stand for a value that isn't known; the numbers of
+// the SAS records and of 3/18, and addresses, have no such value.
+//
+// In the SAS records szPortID is the port's two letters, bBox a box in the enclosure, and szChassis_Sun the
+// chassis name, then a location that is shown in place of the slot when it isn't empty.
 #pragma once
 
 #include "include/event_adapters.h"

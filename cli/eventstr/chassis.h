@@ -14,7 +14,9 @@ EVT_CHASSIS ChassisOf(Bytes payload);
 void GetSysChassis(Bytes payload, size_t offset, TextWriter& out);   // the name, or else the number
 void GetStorChassis(Bytes payload, size_t offset, TextWriter& out);  // "Chassis NAME, ", or nothing
 void GetChassisEx(Bytes payload, size_t offset, TextWriter& out);  // an enclosure's serial number or address
-void GetSlotChassisSun(Bytes payload, size_t offset, TextWriter& out);  // the same, then slot or second text
+
+// A SAS enclosure: as GetStorChassis, then the text that follows the name or, when that is empty, "Slot 3".
+void GetSlotChassisSun(Bytes payload, size_t offset, TextWriter& out);
 
 // The two characters of a SAS port at an offset; a zero ends them.
 void GetSASPort(Bytes payload, size_t offset, TextWriter& out);
