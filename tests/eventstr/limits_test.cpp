@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "tests/eventstr/translate.h"
 
@@ -82,6 +83,23 @@ TEST(EventFields, NumbersAtTheirLimits) {
         {"a voltage of one byte", 34, 7, Voltage(0x1234), dc + "4660 mV)"},
         {"a voltage read as signed", 34, 7, Voltage(0xFFFF), dc + "65535 mV)"},
     });
+}
+
+// 255 prints as Unknown wherever a byte is a number, but in these events, of which it counts the bytes.
+TEST(EventFields, OnlyTheseShowANumberOf255) {
+    const std::map<std::pair<int, int>, int> shown = {
+        {{2, 11}, 2}, {{2, 12}, 2}, {{3, 18}, 2}, {{11, 20}, 2}, {{19, 7}, 2}, {{19, 8}, 3},
+    };
+    for (const SampleEvent& event : EveryEvent()) {
+        int bytes = 0;
+        for (size_t i = 0; i < event.payload.size(); ++i) {
+            std::string payload = event.payload;
+            payload[i] = '\xFF';
+            bytes += Translate(event.event_class, event.code, payload).text.find("255") != std::string::npos;
+        }
+        const auto row = shown.find({event.event_class, event.code});
+        EXPECT_EQ(bytes, row != shown.end() ? row->second : 0) << event.event_class << "/" << event.code;
+    }
 }
 
 std::string Removed(EVT_CHASSIS chassis, const std::string& name) {
