@@ -15,3 +15,6 @@ using PEVT_CHASSIS = EVT_CHASSIS*;
 static_assert(sizeof(EVT_CHASSIS) == 3 && offsetof(EVT_CHASSIS, bPort) == 2);
 
 #pragma pack(pop)
+
+// The kinds of zone (bZoneType) that the choice of a text depends on; elsewhere a kind only prints as a word.
+enum EventZoneType : uint8_t { kNetworkSlot = 13, kBladeSlot = 14 };

@@ -28,7 +28,7 @@ static_assert(sizeof(EVT_INF_ENV_MANUAL_OVERRIDE) == 5 &&
 struct EVT_INF_ENV_FUSE_OPEN {  // 34/3
     EVT_CHASSIS Chassis;
     uint8_t bZoneId;    // bits 3-0 slot or side, bit 4 fuse B
-    uint8_t bZoneType;  // 13 network slot, 14 blade slot
+    uint8_t bZoneType;  // an EventZoneType
     char cChassisName[1];
 };
 using PEVT_INF_ENV_FUSE_OPEN = EVT_INF_ENV_FUSE_OPEN*;
@@ -175,7 +175,7 @@ static_assert(sizeof(EVT_INF_ENV_INPUT_PWR_SENSE_ERR) == 5 &&
 struct EVT_INF_ENV_BLADE_INS_REM_2 {  // 34/19, 34/20
     EVT_CHASSIS Chassis;
     uint8_t bZoneId;
-    uint8_t bZoneType;  // 13 network slot, 14 blade slot
+    uint8_t bZoneType;  // an EventZoneType
     char cChassisName[1];
 };
 using PEVT_INF_ENV_BLADE_INS_REM_2 = EVT_INF_ENV_BLADE_INS_REM_2*;

@@ -107,7 +107,7 @@ static_assert(sizeof(EVT_OS_FATAL_EXCEPTION) == 2 && offsetof(EVT_OS_FATAL_EXCEP
 struct EVT_OS_PWR_SHED {  // 14/5
     EVT_CHASSIS Chassis;
     uint8_t bZoneId;
-    uint8_t bZoneType;  // 13 network slot, 14 blade slot
+    uint8_t bZoneType;  // an EventZoneType
     char cChassisName[1];
 };
 using PEVT_OS_PWR_SHED = EVT_OS_PWR_SHED*;

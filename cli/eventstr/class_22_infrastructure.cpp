@@ -23,10 +23,6 @@ const char* FuseLetter(uint8_t zone) {
     return (zone & kFuseB) != 0 ? "B" : "A";
 }
 
-// The zones of fuses and inserted parts that have a text.
-constexpr uint8_t kNetworkSlot = 13;
-constexpr uint8_t kBladeSlot = 14;
-
 // clang-format off
 constexpr Condition kFuseOfComponent = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kNetworkSlot};
 constexpr Condition kFuseOfBlade     = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kBladeSlot};

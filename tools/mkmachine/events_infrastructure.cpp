@@ -3,8 +3,6 @@
 
 namespace {
 
-constexpr uint8_t kNetworkSlot = 13;
-constexpr uint8_t kBladeSlot = 14;
 constexpr EVT_CHASSIS kBlades = {4, 0x01, 0x2F};
 constexpr EVT_CHASSIS kPower = {5, 0x00, 0x12};
 constexpr EVT_CHASSIS kNeither = {1, 0x00, 0x34};

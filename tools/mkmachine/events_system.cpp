@@ -42,8 +42,8 @@ void AddSystemEvents(SampleEvents& events) {
     }
     events.push_back({kCritical, 14, 3, WithTexts(EVT_OS_FATAL_EXCEPTION{14, {}}, {"page fault"})});
     events.push_back({kCaution, 14, 4, ""});
-    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 5, 14, {}}, {""})});
-    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 6, 13, {}}, {""})});
+    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 5, kBladeSlot, {}}, {""})});
+    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 6, kNetworkSlot, {}}, {""})});
     events.push_back({kCaution, 14, 6, ""});
     events.push_back({kCritical, 20, 1, ""});
     events.push_back({kCritical, 20, 2, ""});
