@@ -1,5 +1,5 @@
-// Classes 4 to 9: cache, processors, buses and expansion slots. Their events know the server, whose chassis
-// number is 0, from an external chassis, whatever the chassis type.
+// Classes 4 to 9: cache, processors, buses and expansion slots. The events that have a chassis know the
+// server, whose chassis number is 0, from an external one, whatever the chassis type.
 #include "cli/eventstr/catalogue.h"
 #include "cli/eventstr/translators.h"
 #include "include/event_system.h"
