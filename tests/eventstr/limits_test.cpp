@@ -223,12 +223,19 @@ TEST(EventFields, WhiteSpaceAndSerialNumbers) {
     const std::string second = ") or (Slot 2, Memory Module 5";
     const std::string serial = ", Serial Number ";
     const std::string long79(79, 'x');
+    const std::string note = " a  b\n";
     ExpectTexts({
         {"white space at the ends", 10, 1, Post("  DIMM  1,\tA  "), "POST Error: DIMM 1, A"},
         {"a kind of white space", 10, 1, Post("\va\fb\rc\nd\te "), "POST Error: a b c d e"},
         {"only white space", 10, 1, Post(" \t\r\n"), "POST Error: "},
         {"no message", 10, 1, Post(""), "POST Error: "},
         {"letters of other alphabets", 10, 1, Post("\xA0x\x85\x1Fy"), "POST Error: \xA0x\x85\x1Fy"},
+        {"a lockup's text normalised", 13, 2, note, "ASR Lockup Detected: " + note},
+        {"a kernel panic's", 14, 1, note, "Kernel Panic (" + note + ")"},
+        {"an exception's", 14, 3, '\2' + note, "Fatal Exception (Number 2, Cause " + note + ")"},
+        {"a flash's", 32, 1, note, "ROM flashed (" + note + ")"},
+        {"an erasure's", 33, 1, note, "HLOG Cleared (" + note + ")"},
+        {"a note's", 33, 2, note, note},
         {"serial numbers in order", 3, 3, Suspects("S1,S2"), first + serial + "S1" + second + serial + "S2)"},
         {"a piece not normalised", 3, 3, Suspects(" A  1 , B2"),
          first + serial + "A 1" + second + serial + "B2)"},
