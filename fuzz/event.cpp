@@ -1,0 +1,52 @@
+// An entry of the event log through the translator.
+//
+// Input: one byte, the room for the text; one byte of flags; then the entry. Flag 1: it is one of the
+// management processor's. Flag 2: the entry's own length counts where it is lower than the input's.
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "cli/eventstr/eventstr.h"
+#include "fuzz/target.h"
+
+namespace {
+
+constexpr uint8_t kFromProcessor = 1, kOwnLength = 2;
+
+// The bytes that the translator may read, and not one more: the sanitizers see a read past them.
+std::vector<char> LogEntry(std::string bytes, bool own_length) {
+    if (bytes.size() < sizeof(EVT_HEADER)) bytes.resize(sizeof(EVT_HEADER));
+    const auto whole = static_cast<uint16_t>(std::min<size_t>(bytes.size(), UINT16_MAX));
+    EVT_HEADER header;
+    std::memcpy(&header, bytes.data(), sizeof header);
+    header.wEvtLength = own_length ? std::min(header.wEvtLength, whole) : whole;
+    std::memcpy(bytes.data(), &header, sizeof header);
+    const size_t read = std::clamp<size_t>(header.wEvtLength, sizeof header, kEventEntryRoom);
+    return std::vector<char>(bytes.data(), bytes.data() + read);
+}
+
+std::vector<char> ProcessorEntry(const std::string& bytes) {
+    std::vector<char> entry(sizeof(EVT_IPMI_HEADER) + kIpmiPayloadRoom);
+    std::copy_n(bytes.begin(), std::min(bytes.size(), entry.size()), entry.begin());
+    return entry;
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    if (size < 2) return 0;
+    const unsigned int room = data[0];
+    const uint8_t flags = data[1];
+    const std::string bytes = Input(data + 2, size - 2);
+    const bool from_processor = (flags & kFromProcessor) != 0;
+
+    std::vector<char> entry = from_processor ? ProcessorEntry(bytes) : LogEntry(bytes, flags & kOwnLength);
+    std::vector<char> text(room, '#');
+    if (from_processor) {
+        TranslateIPMIEventMessage(reinterpret_cast<PEVT_IPMI_LOG_ENTRY>(entry.data()), text.data(), room);
+    } else {
+        TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text.data(), room);
+    }
+    Require(room == 0 || std::memchr(text.data(), '\0', room) != nullptr);
+    return 0;
+}

@@ -1,0 +1,76 @@
+// The files of a machine directory that are read as a whole: `picl`, `faults` and the event log.
+//
+// Input: the three, each of the first two ended by a zero. `faults` is looked for once a process, so the
+// reader is used by itself; the other two also through the seam.
+#include "cli/generic_dtioctl/devices.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/pci/kelm.h"
+#include "fuzz/target.h"
+#include "platform/request.h"
+#include "platform/sim/event_index.h"
+#include "platform/sim/faults.h"
+#include "platform/sim/picl_tree.h"
+#include "tests/support/test_machine.h"
+
+namespace {
+
+class Machine : public TestMachine {
+  public:
+    Machine() {
+        setenv("BRANT_MACHINE", Directory().c_str(), 1);
+        cevt_fd = vxOpenRequest(cevt_path, 2);
+        Require(cevt_fd >= 0);  // and from here on the process has no faults of its own
+    }
+};
+
+std::string TakeFile(std::string& input) {
+    std::string text = Take(input, input.find('\0'));
+    Take(input, 1);
+    return text;
+}
+
+void ReadTree(const std::string& text) {
+    PiclTree tree;
+    tree.Read(text);
+    uint32_t value = 0;
+    for (const PiclNode& node : tree.Nodes()) FindProperty(node, "DeviceID", value);
+    find_kelm();
+}
+
+void ReadFaults() {
+    const Faults faults;
+    for (const char* subject : {"cevt read 1", "cdt 351.0.0", "xsvc map 0x000f0000", "picl root"}) {
+        int result = 0;
+        faults.Meets(subject, 3, &result);
+    }
+}
+
+// Every place that the index gives lies within the file, and they ascend: a listing comes to its end.
+void ReadLog(const Machine& machine) {
+    EventIndex index;
+    const Descriptor log = OpenFile(OpenDevice("cevt"), "hlog");
+    Require(index.Follow(log) == 0);
+    const auto size = static_cast<off_t>(machine.Read("cevt/hlog").size());
+    for (uint32_t number = 0; const EventPlace* place = index.Find(number); number = place->number + 1) {
+        Require(place->number >= number && place->offset <= size - place->length);
+        if (place->number == UINT32_MAX) break;
+    }
+    InputLineType line{};
+    line.NumWords = 2;
+    do_show_hlog(&line);
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static Machine machine;
+    std::string input = Input(data, size);
+    const std::string picl = TakeFile(input);
+    machine.Write("picl", picl);
+    machine.Write("faults", TakeFile(input));
+    machine.Write("cevt/hlog", input);
+    ReadTree(picl);
+    ReadFaults();
+    ReadLog(machine);
+    return 0;
+}

@@ -1,0 +1,102 @@
+// make_seeds DIR: the inputs that fuzzing starts from, a folder a target, out of what the project's own
+// tables and machines hold.
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "cli/parse/command_table.h"
+#include "cli/parse/command_tree.h"
+#include "tools/mkmachine/events.h"
+#include "tools/mkmachine/firmware_records.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+class Seeds {
+  public:
+    Seeds(const std::string& directory, const char* target) : folder_(directory + "/" + target) {
+        std::filesystem::create_directories(folder_);
+    }
+    void Add(const std::string& bytes) {
+        const std::string path = folder_ + "/" + std::to_string(++count_);
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+
+  private:
+    const std::string folder_;
+    int count_ = 0;
+};
+
+void AddTables(Seeds& seeds) {
+    for (const char* name : {"tr500k2", "tr300", "bx20"}) {
+        const SmbiosTable table = TablesOf(*FindModel(name));
+        seeds.Add('\0' + table.Bytes());
+        seeds.Add('\1' + MachineBuilder::Plain(table.EntryPoint(0x10000)) + table.Bytes());
+    }
+}
+
+void AddEvents(Seeds& seeds) {
+    for (const SampleEvent& event : EveryEvent()) {
+        const EVT_HEADER header = EventHeader(1, event.severity, event.event_class, event.code);
+        seeds.Add(std::string("\xFF\0", 2) + EventEntry(header, event.payload));
+        const EVT_IPMI_HEADER short_header = {static_cast<uint8_t>(event.event_class),
+                                              static_cast<uint8_t>(event.code), 0, 0, event.severity};
+        seeds.Add("\xFF\1" + MachineBuilder::Plain(short_header) + event.payload);
+    }
+}
+
+// Every command by itself, typed out and with a TAB behind it.
+void AddCommands(const CmdType* parent, const std::string& words, Seeds& lines, Seeds& keys) {
+    for (const CmdType* node = parent->Sub; node != nullptr; node = node->Next) {
+        const std::string command = words + node->Token;
+        lines.Add(command);
+        keys.Add(command + "\t\t\r");
+        AddCommands(node, command + " ", lines, keys);
+    }
+}
+
+void AddEditing(Seeds& keys) {
+    for (const char* bytes :
+         {"show fa\33[D\33[11~\r", "a\rb\r\33[A\33[A\33[B\r", "ab\33[1~\33[2~\33[3~\33[4~\x7f\r",
+          "\33\33\33\33\3\x15\r", "set name \"My  b\"\t\r\33[13~\r"}) {
+        keys.Add(bytes);
+    }
+    keys.Add(std::string(253, 'x') + "\rshow\r");
+}
+
+// machine: an empty directory to make a machine in.
+void AddMachine(Seeds& seeds, const std::string& machine) {
+    MakeMachine(*FindModel("tr500k2"), machine);
+    std::ifstream file(machine + "/picl", std::ios::binary);
+    const std::string picl(std::istreambuf_iterator<char>(file), {});
+    const std::string faults =
+        "open cdt -5\ncdt 351.0.0 3\ncasr 1 -5\ncrom read ZTMISC 1\ncrom write ZTMISC -28\ncevt read * 3\n"
+        "cevt read -1 3\ncevt clear -5\nxsvc open -2\nxsvc map 0xF0000 -22\npicl root 1\nrequest 3 -5\n";
+    seeds.Add(picl + '\0' + faults + '\0' + EventLog(12));
+    std::filesystem::remove_all(machine);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+    if (argc != 2) {
+        std::fputs("usage: make_seeds DIR\n", stderr);
+        return 2;
+    }
+    const std::string directory = argv[1];
+    Seeds smbios(directory, "smbios"), event(directory, "event"), line(directory, "line"),
+        keys(directory, "keys"), machine(directory, "machine");
+    AddTables(smbios);
+    AddEvents(event);
+    CreateCommands();
+    AddCommands(Cmds, "", line, keys);
+    AddEditing(keys);
+    AddMachine(machine, directory + "/made");
+    return 0;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "make_seeds: %s\n", error.what());
+    return 1;
+}

@@ -1,0 +1,27 @@
+// What every fuzz target is: one function that libFuzzer calls with one input after the other, in one
+// process. A finding is a sanitizer's report, or a Require that doesn't hold.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+// Result: 0 always.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
+
+inline std::string Input(const uint8_t* data, size_t size) {
+    return std::string(reinterpret_cast<const char*>(data), size);
+}
+
+// Takes the first count bytes off the input, or what is left of it.
+inline std::string Take(std::string& input, size_t count) {
+    const std::string taken = input.substr(0, count);
+    input.erase(0, taken.size());
+    return taken;
+}
+
+// What holds whatever the input is.
+inline void Require(bool holds) {
+    if (!holds) std::abort();
+}
