@@ -57,5 +57,6 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Require(CheckRom());
     loaded.Load();
     RunInventoryCommands();
+    LoadedTables::Unload();  // now: what an input leaves behind costs a search for leaks
     return 0;
 }

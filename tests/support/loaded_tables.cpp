@@ -15,21 +15,17 @@ void Clear(Record* (&table)[kEntries]) {
     }
 }
 
-void Unload() {
-    Clear(gCpu_tbl);
-    Clear(gCache_tbl);
-    Clear(gMemoryMod);
-    DeinitSMBIOS();
-}
-
 }  // namespace
 
 LoadedTables::LoadedTables() {
     setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
 }
 
-LoadedTables::~LoadedTables() {
-    Unload();
+void LoadedTables::Unload() {
+    Clear(gCpu_tbl);
+    Clear(gCache_tbl);
+    Clear(gMemoryMod);
+    DeinitSMBIOS();
 }
 
 bool LoadedTables::Load(const std::string& records) {
