@@ -61,14 +61,6 @@ std::string FromHex(const std::string& digits) {
     return bytes;
 }
 
-std::string ToHex(const std::string& bytes) {
-    std::string digits;
-    for (const char byte : bytes) {
-        for (const int digit : {byte >> 4 & 15, byte & 15}) digits += "0123456789abcdef"[digit];
-    }
-    return digits;
-}
-
 void CheckRow(const RomCase& row) {
     SCOPED_TRACE(std::string(row.model) + ": " + row.commands + ": " + row.catches);
     TestMachine machine(row.model);
@@ -83,7 +75,7 @@ void CheckRow(const RomCase& row) {
     EXPECT_EQ(Requests(machine.TakeTrace()), row.requests);
     for (const std::string& item : Items(row.after)) {
         const std::string name = item.substr(0, item.find('='));
-        EXPECT_EQ(name + "=" + ToHex(machine.Read("crom/" + name)), item);
+        EXPECT_EQ(name + "=" + Hexadecimal(machine.Read("crom/" + name)), item);
     }
 }
 

@@ -29,7 +29,6 @@ void SetFacts(TestMachine& machine, const char* facts);
 std::string Requests(const std::string& trace);
 
 std::string FromHex(const std::string& digits);
-std::string ToHex(const std::string& bytes);
 
 // The commands in this process, on a machine without variables: for tests that need very many of them.
 class RomShell {

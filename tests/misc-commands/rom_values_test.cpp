@@ -99,7 +99,7 @@ TEST(RomValues, BitsOfOthersComeBackAsTheyWere) {
             ASSERT_EQ(after.size(), before.size()) << row.command;
             for (size_t i = 0; i < after.size(); ++i) {
                 const int free = i < owned.size() ? owned[i] : 0;
-                ASSERT_EQ((after[i] ^ before[i]) & ~free, 0) << row.command << ", " << ToHex(before);
+                ASSERT_EQ((after[i] ^ before[i]) & ~free, 0) << row.command << ", " << Hexadecimal(before);
             }
         }
     }
@@ -166,8 +166,8 @@ TEST(RomSerial, EmbeddedInEverySituation) {
         const char* refusal = Refusal(tr500k2, port, com);
         std::string after = before;
         const std::string text = refusal != nullptr ? refusal : Set(after, port, com, word);
-        ASSERT_EQ(shell.Run(line), text) << system_name << ", " << ToHex(before);
-        ASSERT_EQ(ToHex(shell.machine.Read("crom/ZTSBKT")), ToHex(after)) << line << ", " << ToHex(before);
+        ASSERT_EQ(shell.Run(line), text) << system_name << ", " << Hexadecimal(before);
+        ASSERT_EQ(Hexadecimal(shell.machine.Read("crom/ZTSBKT")), Hexadecimal(after)) << line << ", " << Hexadecimal(before);
     }
 }
 

@@ -133,14 +133,6 @@ const struct {
 
 }  // namespace
 
-std::string Hexadecimal(const std::string& bytes) {
-    std::string text;
-    for (const char byte : bytes) {
-        for (const int nibble : {byte >> 4 & 15, byte & 15}) text += "0123456789abcdef"[nibble];
-    }
-    return text;
-}
-
 std::string Make(const std::string& call) {
     std::smatch words;
     for (const auto& [pattern, make] : kCalls) {

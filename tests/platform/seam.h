@@ -11,8 +11,6 @@
 // that a signal ends. What it prints on standard error goes into the machine's file "stderr".
 void InChild(const TestMachine& machine, const std::function<void()>& body);
 
-std::string Hexadecimal(const std::string& bytes);
-
 // Makes a call. Result: what the trace shows of its result, then what it stored in its caller's buffers:
 // "0 = 01020304".
 std::string Make(const std::string& call);

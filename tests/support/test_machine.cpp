@@ -67,6 +67,14 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 
 }  // namespace
 
+std::string Hexadecimal(const std::string& bytes) {
+    std::string text;
+    for (const char byte : bytes) {
+        for (const int nibble : {byte >> 4 & 15, byte & 15}) text += "0123456789abcdef"[nibble];
+    }
+    return text;
+}
+
 std::string ProgramPath(const char* name) {
     return std::string(BRANT_BIN_DIR) + "/" + name;
 }

@@ -18,6 +18,9 @@ struct RunOptions {
     std::vector<std::string> environment = {};  // NAME=VALUE, beside the test's own
 };
 
+// Bytes as the trace shows them: two lower-case digits each.
+std::string Hexadecimal(const std::string& bytes);
+
 // The path of a program that was built beside the tests.
 std::string ProgramPath(const char* name);
 
