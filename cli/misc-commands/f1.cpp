@@ -1,5 +1,6 @@
 // The POST F1 prompt.
 #include <cstdio>
+#include <iterator>
 
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
@@ -18,19 +19,20 @@ constexpr RomTexts kTexts = {
     0,
 };
 
+// A mode's place in the table is its bits_F1.
 struct Mode {
-    uint8_t code;      // bits_F1
     const char* word;  // null: can't be set
     const char* shown;
 };
 // clang-format off
 constexpr Mode kModes[] = {
-    {0, nullptr,    "undefined"},
-    {1, "ENABLED",  "enabled"},
-    {2, "DISABLED", "disabled"},
-    {3, "DELAYED",  "delayed"},
+    {nullptr,    "undefined"},
+    {"ENABLED",  "enabled"},
+    {"DISABLED", "disabled"},
+    {"DELAYED",  "delayed"},
 };
 // clang-format on
+static_assert(std::size(kModes) == 4, "a mode for each value of two bits");
 
 // False, with the reason printed, for a word that is no mode.
 bool SetMode(WOLEVREC& configuration, const char* word) {
@@ -39,7 +41,7 @@ bool SetMode(WOLEVREC& configuration, const char* word) {
         std::printf("\nERROR: Invalid argument(s)\n%s", current_command->Help);
         return false;
     }
-    configuration.flags2.s.bits_F1 = mode->code & 3;
+    configuration.flags2.s.bits_F1 = (mode - kModes) & 3;
     return true;
 }
 
