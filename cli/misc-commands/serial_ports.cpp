@@ -91,7 +91,8 @@ static_assert(HoldItsPlace(kVirtualChoices) && HoldItsPlace(kEmbeddedChoices[0])
                   HoldItsPlace(kEmbeddedChoices[1]),
               "a port would get another number than the one asked for");
 
-// Gives the other embedded port the next number when it has the one that this port is getting.
+// Gives the other embedded port another number when it has the one that this port is getting. Whether the
+// virtual port has that other number isn't asked.
 void MoveOtherPort(WOLEVREC& configuration, int port, int com) {
     const int other = 1 - port;
     SERIALPORT& moved = EmbeddedPort(configuration, other);
