@@ -167,7 +167,8 @@ TEST(RomSerial, EmbeddedInEverySituation) {
         std::string after = before;
         const std::string text = refusal != nullptr ? refusal : Set(after, port, com, word);
         ASSERT_EQ(shell.Run(line), text) << system_name << ", " << Hexadecimal(before);
-        ASSERT_EQ(Hexadecimal(shell.machine.Read("crom/ZTSBKT")), Hexadecimal(after)) << line << ", " << Hexadecimal(before);
+        ASSERT_EQ(Hexadecimal(shell.machine.Read("crom/ZTSBKT")), Hexadecimal(after))
+            << line << ", " << Hexadecimal(before);
     }
 }
 
