@@ -272,7 +272,7 @@ TEST(EventFields, ExtraTexts) {
         {"a third text", 17, 6, nic({"N", "", "Bay 2"}), down},
         {"behind a text without parentheses", 2, 9, door(1, {"N", "Bay 2"}),
          "Side panel removed or improperly installed, Bay 2"},
-        {"a battery's second text", 11, 18, battery + std::string("a\0b", 4),
+        {"a battery's second text", 11, 18, battery + std::string("a\0b\0", 4),
          "Real-Time Clock Battery Failing, a"},
         {"a battery's text where it has none", 11, 2, battery + "a", "Real-Time Clock Battery Failing"},
         {"a battery without a text", 11, 18, battery, "Real-Time Clock Battery Failing"},
