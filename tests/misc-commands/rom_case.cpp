@@ -9,6 +9,7 @@
 #include <sstream>
 #include <vector>
 
+#include "cli/brantcli/state.h"
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/parse/command_table.h"
 #include "cli/parse/command_tree.h"
@@ -80,6 +81,7 @@ void CheckRow(const RomCase& row) {
 }
 
 RomShell::RomShell() {
+    script_mode = 1;
     machine.StartTrace();
     setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
     crom_fd = vxOpenRequest(crom_path, 2);
@@ -90,7 +92,7 @@ std::string RomShell::Run(const std::string& line) {
     std::memset(&CurrentCommandLine, 0, sizeof CurrentCommandLine);
     line.copy(CurrentCommandLine.CmdLine, kLineSize - 1);
     testing::internal::CaptureStdout();
-    Command(&CurrentCommandLine, 1);
+    status = Command(&CurrentCommandLine, 1);
     const std::string output = testing::internal::GetCapturedStdout();
     return output.substr(0, output.size() - 1);
 }

@@ -39,4 +39,5 @@ class RomShell {
     std::string Run(const std::string& line);
 
     TestMachine machine;  // traced
+    int status = 0;       // the last line's result
 };
