@@ -134,7 +134,7 @@ TEST(StartUp, ClosesTheDevicesInTheOrderOfItsEnd) {
 
 TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
     TestMachine machine("tr500k2");
-    const std::string command = "'" + ProgramPath("brantcli") + "' ";
+    const std::string command = BRANT_EMULATOR " '" + ProgramPath("brantcli") + "' ";
     const auto status = [&](const std::string& words) {
         return RunProgram("/bin/sh", {"-c", command + words}, machine.Directory()).status;
     };

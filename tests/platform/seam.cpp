@@ -59,7 +59,7 @@ std::string AskCasr(int fd, int code) {
 
 std::string AskCdt(Words words) {
     const Number type(words[1]), index(words[2]), index2(words[3]), size(words[4]);
-    std::string reply(size.value + kGuard, kUntouched);
+    std::string reply(size_t{size} + kGuard, kUntouched);
     DT_IOCTL block = {{size, type, index, index2, Number(words[5]), Number(words[6]), {}}, reply.data()};
     const int result = vxIoctlRequest(descriptors["cdt"], kDataTableRequest, &block);
     return Answer(result, reply);
@@ -77,7 +77,7 @@ std::string AskCrom(int code, const std::string& name, Number length, const std:
 
 std::string AskCevt(int choice, Number number, Number length) {
     std::string block = MachineBuilder::Plain(LOG_INFO{length, choice, 0, number});
-    block.resize(std::max<size_t>(length.value, sizeof(LOG_INFO)) + kGuard, kUntouched);
+    block.resize(std::max(size_t{length}, sizeof(LOG_INFO)) + kGuard, kUntouched);
     const int result = vxIoctlRequest(descriptors["cevt"], kEventLogRequest, block.data());
     return Answer(result, block.substr(sizeof(LOG_INFO)));
 }

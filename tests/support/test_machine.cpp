@@ -49,10 +49,10 @@ class MemoryFile {
     int fd_;
 };
 
-// A command line, with the emulator in front where the machine needs one for the program.
+// A command line, with the emulator in front where the machine needs one for the programs that were built.
 std::vector<std::string> Words(const std::string& program, const std::vector<std::string>& arguments) {
     std::vector<std::string> words = {BRANT_EMULATOR, program};
-    if (words[0].empty()) words.erase(words.begin());
+    if (words[0].empty() || program.rfind(BRANT_BIN_DIR, 0) != 0) words.erase(words.begin());
     words.insert(words.end(), arguments.begin(), arguments.end());
     return words;
 }
