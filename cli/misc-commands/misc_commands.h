@@ -1,5 +1,5 @@
-// The command handlers that have no module of their own, by family. Each takes the tokenized line, checks its
-// own words, prints its own messages, and returns 0 for success or 1 for failure.
+// The command handlers that have no module of their own, by family. Each takes the tokenized line, checks
+// those of its words that it reads, prints its own messages, and returns 0 for success or 1 for failure.
 #pragma once
 
 #include "cli/parse/input_line.h"

@@ -8,11 +8,13 @@
 #include <new>
 
 #include "platform/sim/devices.h"
+#include "platform/sim/lines.h"
 #include "platform/sim/machine.h"
 #include "platform/sim/numbers.h"
 
 namespace {
 
+constexpr char kFile[] = "faults";
 constexpr size_t kLargestFile = size_t{1} << 20;  // bytes
 constexpr char kAnyEvent[] = "cevt read *";
 constexpr std::string_view kEventRead = "cevt read ";
@@ -134,7 +136,7 @@ bool ReadResult(std::string_view text, const Form& form, int& result) {
 Faults::Faults() {
     const Descriptor machine = OpenMachine();
     if (!machine) return;
-    const Descriptor file = OpenFile(machine, "faults");
+    const Descriptor file = OpenFile(machine, kFile);
     if (!file && errno == ENOENT) return;
     if (!file || !Read(file)) std::fprintf(stderr, "simulated machine: faults: %s\n", std::strerror(errno));
 }
@@ -143,14 +145,8 @@ bool Faults::Read(const Descriptor& file) try {
     std::string text;
     if (!ReadWhole(file, kLargestFile, text)) return false;
 
-    int number = 0;
-    for (size_t begin = 0; begin < text.size();) {
-        const size_t end = std::min(text.find('\n', begin), text.size());
-        const std::string_view line = std::string_view(text).substr(begin, end - begin);
-        begin = end + 1;
-        ++number;
-        if (line.empty() || line[0] == '#' || ReadLine(line)) continue;
-        std::fprintf(stderr, "simulated machine: faults: line %d can't be read\n", number);
+    for (Lines lines(kFile, text); lines.Take();) {
+        if (!ReadLine(lines.Line())) lines.Reject();
     }
     return true;
 } catch (const std::bad_alloc&) {

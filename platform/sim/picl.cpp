@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr char kFile[] = "picl";
 constexpr size_t kLargestTree = size_t{1} << 24;  // bytes
 
 PiclTree& Tree() {
@@ -25,20 +26,21 @@ const PiclNode* NodeOf(picl_nodehdl_t handle) {
     return handle >= 1 && handle <= nodes.size() ? &nodes[static_cast<size_t>(handle - 1)] : nullptr;
 }
 
-bool IsConnected() {
-    return NodeOf(1) != nullptr;
-}
+bool connected = false;
 
 int Connect() {
-    const Descriptor file = OpenFile(OpenMachine(), "picl");
+    connected = false;
+    const Descriptor file = OpenFile(OpenMachine(), kFile);
     std::string text;
     if (!file || !ReadWhole(file, kLargestTree, text)) return PICL_FAILURE;
-    return Tree().Read(std::move(text)) ? PICL_SUCCESS : PICL_FAILURE;
+    Tree().Read(kFile, std::move(text));
+    connected = true;
+    return PICL_SUCCESS;
 }
 
 int Walk(picl_nodehdl_t root, std::string_view class_name, void* arg,
          int (*callback)(picl_nodehdl_t, void*)) {
-    if (!IsConnected()) return PICL_NOTINITIALIZED;
+    if (!connected) return PICL_NOTINITIALIZED;
     if (NodeOf(root) == nullptr) return PICL_INVALIDHANDLE;
     const size_t level = NodeOf(root)->level;
     picl_nodehdl_t handle = root + 1;
@@ -65,7 +67,8 @@ int picl_get_root(picl_nodehdl_t* node) {
     call.Subject("picl root");
     return Perform(call, [&]() -> int {
         if (node == nullptr) return PICL_INVALIDARG;
-        if (!IsConnected()) return PICL_NOTINITIALIZED;
+        if (!connected) return PICL_NOTINITIALIZED;
+        if (NodeOf(1) == nullptr) return PICL_FAILURE;
         *node = 1;
         return PICL_SUCCESS;
     });
@@ -83,7 +86,7 @@ int picl_walk_tree_by_class(picl_nodehdl_t root, const char* class_name, void* a
 
 int picl_get_propval_by_name(picl_nodehdl_t node, const char* name, void* value, size_t size) {
     if (name == nullptr || value == nullptr) return PICL_INVALIDARG;
-    if (!IsConnected()) return PICL_NOTINITIALIZED;
+    if (!connected) return PICL_NOTINITIALIZED;
     const PiclNode* const found = NodeOf(node);
     if (found == nullptr) return PICL_INVALIDHANDLE;
 

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/sim/lines.h"
 #include "platform/sim/numbers.h"
 
 namespace {
+
+constexpr size_t kBlanksPerLevel = 2;
 
 // Takes the next of the words that blanks separate; empty at the end.
 std::string_view TakeWord(std::string_view& text) {
@@ -36,12 +39,10 @@ bool AreProperties(std::string_view text) {
 }
 
 // Reads a line into the node that follows nodes in the file. False when it can't be one.
-bool ReadNode(std::string_view line, std::vector<PiclNode>& nodes) {
-    const size_t indentation = line.find_first_not_of(' ');
-    if (indentation == line.npos || indentation % 2 != 0) return false;
-    const size_t level = indentation / 2;
+bool ReadNode(std::string_view line, size_t indentation, std::vector<PiclNode>& nodes) {
+    const size_t level = indentation / kBlanksPerLevel;
     const bool fits = nodes.empty() ? level == 0 : level > 0 && level <= nodes.back().level + 1;
-    if (!fits) return false;
+    if (!fits || indentation % kBlanksPerLevel != 0) return false;
 
     const std::string_view class_name = TakeWord(line);
     if (!AreProperties(line)) return false;
@@ -51,19 +52,17 @@ bool ReadNode(std::string_view line, std::vector<PiclNode>& nodes) {
 
 }  // namespace
 
-bool PiclTree::Read(std::string text) {
+void PiclTree::Read(const char* file, std::string text) {
     nodes_.clear();
     text_ = std::move(text);
-    std::vector<PiclNode> nodes;
-    for (size_t begin = 0; begin < text_.size();) {
-        const size_t end = std::min(text_.find('\n', begin), text_.size());
-        const std::string_view line = std::string_view(text_).substr(begin, end - begin);
-        begin = end + 1;
-        const bool counts = !line.empty() && line[0] != '#';
-        if (counts && !ReadNode(line, nodes)) return false;
+    size_t skipped = SIZE_MAX;  // the indentation of a line that was skipped: so is what stands below it
+    for (Lines lines(file, text_); lines.Take();) {
+        const size_t indentation = lines.Indentation();
+        if (indentation > skipped) continue;
+        const bool is_node = ReadNode(lines.Line(), indentation, nodes_);
+        skipped = is_node ? SIZE_MAX : indentation;
+        if (!is_node) lines.Reject();
     }
-    nodes_ = std::move(nodes);
-    return !nodes_.empty();
 }
 
 bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value) {

@@ -16,10 +16,10 @@ struct PiclNode {
 
 class PiclTree {
   public:
-    // Reads the tree. False, with the tree empty, when the text isn't one: no root or a second one, a level
-    // that is skipped or half a level, a property whose value isn't a number of 32 bits. Throws
-    // std::bad_alloc.
-    bool Read(std::string text);
+    // Reads the tree in place of the one before. file: the name by which a line that can't be read is
+    // reported on standard error: a second root, a level that is skipped or half a level, a property whose
+    // value isn't a number of 32 bits. It is skipped with what stands below it. Throws std::bad_alloc.
+    void Read(const char* file, std::string text);
 
     // The nodes in file order, so that what stands below a node follows it at higher levels.
     const std::vector<PiclNode>& Nodes() const { return nodes_; }

@@ -20,6 +20,9 @@ const Model* FindModel(const std::string& name) {
 }
 
 void MakeMachine(const Model& model, const std::string& directory, std::optional<size_t> events) {
+    // What may be too large for memory comes first: nothing is left behind.
+    const std::string log = EventLog(events ? *events : EveryEvent().size());
+
     MachineBuilder machine(directory);
     AddFans(machine, model.id);
     AddTemperatures(machine, model.id);
@@ -28,5 +31,5 @@ void MakeMachine(const Model& model, const std::string& directory, std::optional
     AddMemoryModules(machine, model.id);
     AddFirmware(machine, model);
     AddRomVariables(machine, model.id);
-    machine.Write("cevt/hlog", EventLog(events ? *events : EveryEvent().size()));
+    machine.Write("cevt/hlog", log);
 }
