@@ -5,9 +5,9 @@
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
-#include "cli/misc-commands/word_table.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/handler.h"
+#include "src/utils/word_table.h"
 
 namespace {
 
