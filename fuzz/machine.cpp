@@ -31,7 +31,7 @@ std::string TakeFile(std::string& input) {
 
 void ReadTree(const std::string& text) {
     PiclTree tree;
-    tree.Read(text);
+    tree.Read("picl", text);
     uint32_t value = 0;
     for (const PiclNode& node : tree.Nodes()) FindProperty(node, "DeviceID", value);
     find_kelm();

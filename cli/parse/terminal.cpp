@@ -82,7 +82,8 @@ extern "C" void OnContinued(int /*signal*/) {
 extern "C" void OnEndOrStop(int signal);
 
 void CatchEndOrStop(int signal) {
-    Catch(signal, OnEndOrStop, SA_RESETHAND | SA_NODEFER);
+    constexpr auto kOnce = static_cast<int>(SA_RESETHAND | SA_NODEFER);
+    Catch(signal, OnEndOrStop, kOnce);
 }
 
 // raise() has the signal's own action follow at once: the handler is no longer in place (SA_RESETHAND), the
