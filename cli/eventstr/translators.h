@@ -1,6 +1,7 @@
-// The translators, one for each class of events. Each writes the event's text, or nothing when it doesn't
-// know the code or what the payload says. wEventCode: the code within the class. event_data: the payload,
-// which may be shorter than its record. out: the text so far, empty.
+// The translators, one for each class of events; the two digits of a name are the class in hexadecimal. Each
+// writes the event's text, or nothing when it doesn't know the code or what the payload says. wEventCode: the
+// code within the class. event_data: the payload, which may be shorter than its record. out: the text so far,
+// empty.
 #pragma once
 
 #include "src/utils/bytes.h"
