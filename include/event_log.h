@@ -9,6 +9,10 @@ constexpr int kEventLogRequest = 81;  // the cevt device's one request code
 
 enum EventLogChoice : int32_t { kReadEvent = 2, kClearEvents = 5 };  // LOG_INFO::choice
 
+// The driver's answer to a read. kEndOfLog: no entry has the number asked for or a higher one.
+// kBufferTooSmall: one has, but it doesn't fit behind the block.
+enum EventLogStatus : int { kEntryRead = 0, kEndOfLog = 1, kBufferTooSmall = 3 };
+
 // Stands in front of every request; naturally aligned, unlike the entries.
 struct LOG_INFO {
     uint32_t length;     // bytes of the whole request buffer, this block included

@@ -14,9 +14,9 @@
 
 namespace {
 
-// What comes of a read: the driver's answers, and an entry from before the number asked for, which a listing
-// would follow for ever.
-enum ReadStatus : int { kEntryRead = 0, kEndOfLog = 1, kBufferTooSmall = 3, kEntryFromBefore = -1 };
+// Beside the driver's answers: an entry from before the number asked for, which a listing would follow for
+// ever.
+constexpr int kEntryFromBefore = -1;
 
 constexpr uint16_t kPresetLength = 284;  // a header and 256 bytes of payload, what the driver may fill
 constexpr int kTextSize = 256;           // bytes of an event's text, the terminating zero included

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr char kLogFile[] = "hlog";
-enum Status : int { kOk = 0, kEndOfLog = 1, kTooSmall = 3 };
 
 bool Describe(int code, const void* arg, Call& call) {
     if (code != kEventLogRequest || arg == nullptr) return false;
@@ -36,12 +35,12 @@ int Read(const LOG_INFO& block, void* entry) {
 
     const EventPlace* const place = index.Find(static_cast<uint32_t>(block.EvtNumber));
     if (place == nullptr) return kEndOfLog;
-    if (block.length < sizeof block || block.length - sizeof block < place->length) return kTooSmall;
+    if (block.length < sizeof block || block.length - sizeof block < place->length) return kBufferTooSmall;
     uint8_t bytes[UINT16_MAX];
     const ssize_t count = ReadAt(log.Get(), bytes, place->length, place->offset);
     if (count != place->length) return count < 0 ? -errno : -EIO;
     std::memcpy(entry, bytes, place->length);
-    return kOk;
+    return kEntryRead;
 }
 
 int Clear() {
