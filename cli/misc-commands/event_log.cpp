@@ -1,9 +1,9 @@
 // SHOW HLOG and CLEAR HLOG: the firmware's event log, over the cevt device.
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
 
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/devices.h"
@@ -29,10 +29,6 @@ struct EventRead {
     uint8_t more[kEventReadSize - sizeof(EVT_IOCTL_ENTRY)];
 };
 static_assert(sizeof(EventRead) == 312, "as the driver takes it");
-
-struct Freed {
-    void operator()(void* memory) const { std::free(memory); }
-};
 
 // Stops a listing after each screen until a key is pressed.
 class Pager {
@@ -138,8 +134,7 @@ int ListEvents(EventRead& buffer) {
 int do_show_hlog(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    const std::unique_ptr<EventRead, Freed> buffer(
-        static_cast<EventRead*>(std::calloc(1, sizeof(EventRead))));
+    const std::unique_ptr<EventRead> buffer(new (std::nothrow) EventRead);
     if (buffer == nullptr) return Fail("\nERROR: Could not allocate memory for \"SHOW HLOG\" command.");
 
     std::printf("\n");
