@@ -56,8 +56,10 @@ bool Pager::GoOn() {
     return true;
 }
 
-// Reads the first entry whose number is `number` or higher. Result: the driver's status, errno where the call
-// itself failed, or kEntryFromBefore. On kEntryRead the entry is in the buffer.
+// Reads the first entry whose number is `number` or higher. Result: an EventLogStatus, kEntryFromBefore, or a
+// status that isn't known. On kEntryRead the entry is in the buffer. A failed call's errno stands among the
+// statuses and is taken for one: EPERM ends the listing as the log's end does, and after ESRCH the same entry
+// is asked for again.
 int ReadEvent(EventRead& buffer, uint32_t number) {
     std::memset(&buffer, 0, sizeof buffer);
     LOG_INFO& info = buffer.request.info;
