@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "src/utils/word_table.h"
+
 namespace eventstr {
 
 const char szUnknown[] = "Unknown";
@@ -136,6 +138,25 @@ constexpr const char* szInfError[] = {
     "I2C Bus Timeout",
     "Unknown I2C Error",                // 8
 };
+
+struct PowerSupplyError {
+    uint8_t code;
+    const char* word;
+};
+constexpr PowerSupplyError kPSErrors[] = {
+    {0,   "General Failure"},
+    {1,   "BIST Failure"},
+    {2,   "Fan Failure"},
+    {5,   "EPROM Failure"},
+    {6,   "VREF Failure"},
+    {7,   "DAC Failure"},
+    {8,   "RAM Test Failed"},
+    {9,   "Voltage Channel Failure"},
+    {12,  "Give Up On Startup"},
+    {13,  "NVRAM Invalid"},
+    {14,  "Calibration Table Invalid"},
+    {255, "No Error"},
+};
 // clang-format on
 
 // The word at an index; beyond the last one, the word given.
@@ -179,21 +200,8 @@ const char* GetPwrBus(uint8_t bLocation) {
 }
 
 const char* GetPSError(uint8_t bPSError) {
-    switch (bPSError) {
-        case 0: return "General Failure";
-        case 1: return "BIST Failure";
-        case 2: return "Fan Failure";
-        case 5: return "EPROM Failure";
-        case 6: return "VREF Failure";
-        case 7: return "DAC Failure";
-        case 8: return "RAM Test Failed";
-        case 9: return "Voltage Channel Failure";
-        case 12: return "Give Up On Startup";
-        case 13: return "NVRAM Invalid";
-        case 14: return "Calibration Table Invalid";
-        case 255: return "No Error";
-        default: return "Unknown Failure";
-    }
+    const PowerSupplyError* const row = FindCode(kPSErrors, bPSError);
+    return row != nullptr ? row->word : "Unknown Failure";
 }
 
 const char* GetFailedPowerModule(uint8_t bType) {
