@@ -23,6 +23,9 @@ struct LOG_INFO {
 using PLOG_INFO = LOG_INFO*;
 static_assert(sizeof(LOG_INFO) == 16, "as the driver has it");
 
+// EVT_HEADER::bSeverity.
+enum EventSeverity : uint8_t { kInformational = 2, kNotice = 3, kRepaired = 6, kCaution = 9, kCritical = 15 };
+
 #pragma pack(push, 1)
 
 struct EVT_TIME_STAMP {  // binary, not BCD
@@ -40,7 +43,7 @@ struct EVT_HEADER {
     uint16_t wEvtLength;   // bytes of the whole entry, this header included
     uint32_t dwEvtNumber;  // at an odd place: read it as a member, never through a uint32_t*
     uint8_t bHdrRev;
-    uint8_t bSeverity;  // 2, 3 informational; 6 repaired; 9 caution; 15 critical
+    uint8_t bSeverity;  // an EventSeverity
     uint16_t wClass;    // 0 to 34
     uint16_t wCode;     // within the class
     EVT_TIME_STAMP InitTime;

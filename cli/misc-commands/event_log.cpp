@@ -11,6 +11,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/handler.h"
 #include "platform/request.h"
+#include "src/utils/word_table.h"
 
 namespace {
 
@@ -73,15 +74,18 @@ int ReadEvent(EventRead& buffer, uint32_t number) {
     return status;
 }
 
+struct Severity {
+    EventSeverity code;
+    const char* word;
+};
+constexpr Severity kSeverities[] = {
+    {kInformational, "INFO"}, {kNotice, "INFO"},       {kRepaired, "REPAIRED"},
+    {kCaution, "CAUTION"},    {kCritical, "CRITICAL"},
+};
+
 const char* SeverityWord(uint8_t bSeverity) {
-    switch (bSeverity) {
-        case 2:
-        case 3: return "INFO";
-        case 6: return "REPAIRED";
-        case 9: return "CAUTION";
-        case 15: return "CRITICAL";
-        default: return "UNKNOWN";
-    }
+    const Severity* const row = FindCode(kSeverities, bSeverity);
+    return row != nullptr ? row->word : "UNKNOWN";
 }
 
 // Control characters, and bytes that aren't ASCII, would disturb the terminal.

@@ -8,8 +8,6 @@
 #include "include/event_payloads.h"
 #include "tools/mkmachine/machine_builder.h"
 
-enum Severity : uint8_t { kInformational = 2, kNotice = 3, kRepaired = 6, kCaution = 9, kCritical = 15 };
-
 // A payload whose record ends in a text field: the record up to there, then each text with its zero.
 template <typename Record>
 std::string WithTexts(const Record& record, std::initializer_list<std::string> texts) {
