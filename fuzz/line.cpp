@@ -13,7 +13,6 @@
 #include "cli/parse/keys.h"
 #include "cli/pci/kelm.h"
 #include "fuzz/target.h"
-#include "platform/request.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/events.h"
 
@@ -28,11 +27,7 @@ class Shell {
   public:
     Shell() : machine_("tr500k2") {
         setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
-        Require(CheckRom() && ReadFirmwareTables());
-        cdt_fd = vxOpenRequest(cdt_path, 2);
-        cevt_fd = vxOpenRequest(cevt_path, 2);
-        casr_fd = vxOpenRequest(casr_path, 2);
-        crom_fd = vxOpenRequest(crom_path, 2);
+        Require(CheckRom() && ReadFirmwareTables() && OpenDevices());
         CountEmbeddedNics();
         got_kelm = find_kelm();
         script_mode = 1;

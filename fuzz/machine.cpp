@@ -18,7 +18,7 @@ class Machine : public TestMachine {
   public:
     Machine() {
         setenv("BRANT_MACHINE", Directory().c_str(), 1);
-        cevt_fd = vxOpenRequest(cevt_path, 2);
+        cevt_fd = vxOpenRequest(cevt_path, kReadWrite);
         Require(cevt_fd >= 0);  // and from here on the process has no faults of its own
     }
 };

@@ -3,9 +3,11 @@
 // The server's own is a C library, so the functions have C linkage.
 #pragma once
 
+constexpr int kReadWrite = 2;  // the one mode in which the program opens a device
+
 extern "C" {
 
-// Opens a device file. path: one of the four, zero-terminated. mode: 2, reading and writing.
+// Opens a device file. path: one of the four, zero-terminated. mode: kReadWrite.
 // Result: a descriptor, 0 or more; -1 with errno set when the device can't be opened.
 int vxOpenRequest(char* path, int mode);
 

@@ -7,7 +7,6 @@
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/parse/terminal.h"
 #include "cli/smbios_old/smbios.h"
-#include "platform/request.h"
 
 int FinalStatus(int status) {
     const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
@@ -22,10 +21,7 @@ void FreeHistory() {
 }
 
 void ReleaseEverything() {
-    vxCloseRequest(cdt_fd);
-    vxCloseRequest(cevt_fd);
-    vxCloseRequest(casr_fd);
-    vxCloseRequest(crom_fd);
+    CloseDevices();
     RestoreTerminal();
     FreeHistory();
     DeinitSMBIOS();

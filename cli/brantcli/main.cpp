@@ -6,7 +6,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 #include "cli/brantcli/exit.h"
 #include "cli/brantcli/firmware.h"
@@ -19,7 +18,6 @@
 #include "cli/parse/terminal.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
-#include "platform/request.h"
 
 namespace {
 
@@ -59,43 +57,6 @@ void PrintBanner() {
     std::printf("\n%s", kDashes);
     std::printf("\nNOTE: Some brantcli commands may not be supported on all Corvex servers.");
     std::printf("\n%s\n", kDashes);
-}
-
-struct Device {
-    char* path;
-    int* descriptor;
-    const char* refusal;
-};
-
-constexpr char kDaemonHint[] =
-    "\nPlease make sure the brantd/brantlited daemon is started and running properly.";
-
-Device kDevices[] = {
-    // in the order in which they are opened
-    {cdt_path, &cdt_fd, "\nERROR: Could not communicate with brantd/brantlited.\n"},
-    {cevt_path, &cevt_fd, "\nERROR: Could not open /dev/zethealth/cevt."},
-    {casr_path, &casr_fd, "\nERROR: Could not open /dev/zethealth/casr."},
-    {crom_path, &crom_fd, "\nERROR: Could not open /dev/zethealth/crom."},
-};
-constexpr int kDeviceCount = sizeof kDevices / sizeof kDevices[0];
-
-// Closes the first count devices, the last one first.
-void CloseDevices(int count) {
-    while (count > 0) vxCloseRequest(*kDevices[--count].descriptor);
-}
-
-// False, with a message and everything closed again, when one of the devices doesn't open.
-bool OpenDevices() {
-    for (int i = 0; i < kDeviceCount; ++i) {
-        const Device& device = kDevices[i];
-        *device.descriptor = vxOpenRequest(device.path, 2);
-        if (*device.descriptor >= 0) continue;
-
-        std::printf("%s%s%s", device.refusal, kDaemonHint, i == 0 ? "" : "\n");
-        CloseDevices(i);
-        return false;
-    }
-    return true;
 }
 
 bool AllocateHistory() {
@@ -160,7 +121,7 @@ int main(int argc, char** argv) {
 
     RestoreTerminal();
     FreeHistory();
-    CloseDevices(kDeviceCount);
+    CloseDevicesLastFirst();
     DeinitSMBIOS();
     return CommonEnd(status);
 }

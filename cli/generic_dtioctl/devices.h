@@ -6,7 +6,16 @@ extern int cevt_fd;  // the event log
 extern int casr_fd;  // the automatic server recovery timer
 extern int crom_fd;  // ROM variables
 
-extern char cdt_path[19];
-extern char cevt_path[20];
-extern char casr_path[20];
-extern char crom_path[20];
+// Their files. Not const: the request library takes a char*.
+extern char cdt_path[];
+extern char cevt_path[];
+extern char casr_path[];
+extern char crom_path[];
+
+// Opens cdt, cevt, casr and crom, in this order. False, with a message, when one of them doesn't open; those
+// before it are closed again, the last one first.
+bool OpenDevices();
+
+// Close all four: in the order in which they were opened, or the last one first.
+void CloseDevices();
+void CloseDevicesLastFirst();

@@ -84,7 +84,7 @@ RomShell::RomShell() {
     script_mode = 1;
     machine.StartTrace();
     setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
-    crom_fd = vxOpenRequest(crom_path, 2);
+    crom_fd = vxOpenRequest(crom_path, kReadWrite);
     if (Cmds == nullptr) CreateCommands();
 }
 

@@ -48,7 +48,7 @@ std::string Answer(int result, std::string buffer = "") {
 
 std::string Open(Words words) {
     std::string path = (words.str(1)[0] == '/' ? "" : "/dev/zethealth/") + words.str(1);
-    return Answer(std::min(descriptors[words[1]] = vxOpenRequest(path.data(), 2), 0));
+    return Answer(std::min(descriptors[words[1]] = vxOpenRequest(path.data(), kReadWrite), 0));
 }
 
 std::string AskCasr(int fd, int code) {
