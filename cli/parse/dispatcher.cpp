@@ -5,6 +5,7 @@
 #include "cli/brantcli/state.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
+#include "cli/parse/tokenizer.h"
 
 InputLineType CurrentCommandLine;
 

@@ -7,11 +7,11 @@
 #include "cli/brantcli/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/completion.h"
-#include "cli/parse/dispatcher.h"
 #include "cli/parse/help.h"
 #include "cli/parse/history.h"
 #include "cli/parse/keys.h"
 #include "cli/parse/terminal.h"
+#include "cli/parse/tokenizer.h"
 
 namespace {
 

@@ -1,14 +1,68 @@
+// Cuts a line into words, in a copy of it in which zeros take the place of separators and quotes.
+//
+// Outside quotes a separator ends a word. A double quote where a word could begin opens quotes: the word
+// begins behind it, and up to the closing quote, or the line's end, separators are part of it. Two quotes
+// there are an empty word, which counts as unquoted.
+//
+// Within a word a quote ends its text, and what follows is dropped up to the next separator. A quote in what
+// is dropped may open quotes again, whose separators are dropped, too; a quote right behind that one doesn't
+// close them.
+//
+// The 25th word has no end: it is the rest of the line.
+#include "cli/parse/tokenizer.h"
+
 #include <cctype>
 #include <cstring>
 
-#include "cli/parse/dispatcher.h"
 #include "src/utils/text_writer.h"
 
 namespace {
 
-// Blanks and control characters but TAB, and, since a byte is signed here, everything from 0x80 up.
+// Blanks and control characters, but neither TAB nor the zero that ends the line; and, since a byte is signed
+// here, everything from 0x80 up.
 bool IsSeparator(char byte) {
-    return static_cast<signed char>(byte) <= 0x20 && byte != '\t';
+    return static_cast<signed char>(byte) <= 0x20 && byte != '\t' && byte != '\0';
+}
+
+// Result: the first byte that is no separator.
+char* EraseSeparators(char* byte) {
+    for (; IsSeparator(*byte); ++byte) *byte = '\0';
+    return byte;
+}
+
+// Records the word that byte begins, or the quote there opens. Result: the byte from which its end is to be
+// looked for.
+char* BeginWord(InputLineType& line, char* byte) {
+    bool quoted = *byte == '"';
+    if (quoted) *byte++ = '\0';
+    if (quoted && *byte == '"') {
+        *byte = '\0';
+        quoted = false;
+    }
+    line.Words[line.NumWords] = byte;
+    line.Quote[line.NumWords] = quoted ? 1 : 0;
+    ++line.NumWords;
+    return quoted ? byte : byte + 1;
+}
+
+// Ends the text of a word, and passes what is dropped. Result: the separator or the zero behind it.
+char* EndWord(char* byte, bool in_quotes) {
+    for (; *byte != '\0' && (in_quotes || !IsSeparator(*byte)); ++byte) {
+        if (*byte != '"') continue;
+        *byte = '\0';
+        in_quotes = !in_quotes;
+        if (in_quotes && byte[1] != '\0') ++byte;
+    }
+    return byte;
+}
+
+void CutIntoWords(InputLineType& line) {
+    char* byte = EraseSeparators(line.ParseLine);
+    while (*byte != '\0') {
+        byte = BeginWord(line, byte);
+        if (line.NumWords == kMaxWords) return;
+        byte = EraseSeparators(EndWord(byte, line.Quote[line.NumWords - 1] != 0));
+    }
 }
 
 }  // namespace
@@ -24,38 +78,7 @@ void Parse(InputLineType* InputLine) {
     InputLine->NumWords = 0;
     std::memcpy(InputLine->ParseLine, InputLine->CmdLine, kLineSize);
     InputLine->ParseLine[kLineSize - 1] = '\0';
-    const char* end = InputLine->ParseLine + std::strlen(InputLine->ParseLine);
-
-    bool in_quotes = false;
-    bool at_word_start = true;
-    char* byte = InputLine->ParseLine;
-    while (*byte != '\0' && InputLine->NumWords < kMaxWords) {
-        if (IsSeparator(*byte)) {
-            if (!in_quotes) {
-                *byte = '\0';
-                at_word_start = true;
-            }
-            ++byte;
-            continue;
-        }
-        if (*byte == '"') {
-            in_quotes = !in_quotes;
-            *byte = '\0';
-            if (in_quotes) ++byte;  // the word begins behind the opening quote
-        }
-        if (at_word_start) {
-            at_word_start = false;
-            if (in_quotes && *byte == '"') {  // nothing between the quotes: an empty word
-                *byte = '\0';
-                in_quotes = false;
-            }
-            InputLine->Words[InputLine->NumWords] = byte;
-            InputLine->Quote[InputLine->NumWords] = in_quotes ? 1 : 0;
-            ++InputLine->NumWords;
-        }
-        if (byte == end) break;  // an opening quote was the line's last byte
-        ++byte;
-    }
+    CutIntoWords(*InputLine);
 
     for (int i = 0; i < InputLine->NumWords; ++i) {
         TextWriter(InputLine->OrigCaseWords[i], kLineSize).Text(InputLine->Words[i]);

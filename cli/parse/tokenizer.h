@@ -1,0 +1,10 @@
+// Cuts a line into words.
+#pragma once
+
+#include "cli/parse/input_line.h"
+
+// Fills ParseLine, Words, OrigCaseWords, Quote and NumWords from CmdLine.
+void Parse(InputLineType* InputLine);
+
+// Upper-cases a zero-terminated string in place; null is left alone.
+void MakeUpper(char* String);
