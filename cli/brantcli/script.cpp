@@ -13,9 +13,7 @@ int do_scripted_command(char* command) {
         if (separator != nullptr) *separator = '\0';
 
         InputLineType& line = CurrentCommandLine;
-        std::memset(line.CmdLine, 0, sizeof line.CmdLine);
-        std::memset(line.ParseLine, 0, sizeof line.ParseLine);
-        std::memset(line.Words, 0, sizeof line.Words);
+        ClearLine(&line);
         TextWriter(line.CmdLine, sizeof line.CmdLine).Text(segment);
         result = Command(&line, 1);
 

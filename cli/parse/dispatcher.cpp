@@ -7,8 +7,6 @@
 #include "cli/parse/editor.h"
 #include "cli/parse/tokenizer.h"
 
-InputLineType CurrentCommandLine;
-
 int Command(InputLineType* InputLine, int scriptFlag) {
     if (scriptFlag != 0) {
         Parse(InputLine);

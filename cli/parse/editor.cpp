@@ -223,9 +223,7 @@ int BackupCursor(int currpos, int newpos, int erase) {
 }
 
 void GetCmd(InputLineType* InputLine) {
-    std::memset(InputLine->CmdLine, 0, sizeof InputLine->CmdLine);
-    std::memset(InputLine->ParseLine, 0, sizeof InputLine->ParseLine);
-    std::memset(InputLine->Words, 0, sizeof InputLine->Words);
+    ClearLine(InputLine);
     Line line = {InputLine->CmdLine, 0, history_index, false};
     PrintPromptAndLine(line);
     std::fflush(stdout);

@@ -1,0 +1,11 @@
+#include "cli/parse/input_line.h"
+
+#include <cstring>
+
+InputLineType CurrentCommandLine;
+
+void ClearLine(InputLineType* InputLine) {
+    std::memset(InputLine->CmdLine, 0, sizeof InputLine->CmdLine);
+    std::memset(InputLine->ParseLine, 0, sizeof InputLine->ParseLine);
+    std::memset(InputLine->Words, 0, sizeof InputLine->Words);
+}
