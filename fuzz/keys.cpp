@@ -4,10 +4,10 @@
 
 #include <cstring>
 
-#include "cli/brantcli/state.h"
 #include "cli/parse/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
+#include "cli/parse/history.h"
 #include "cli/parse/keys.h"
 #include "fuzz/target.h"
 
@@ -26,10 +26,8 @@ void TypeOnKeyboard(const std::string& keys) {
 }
 
 void StartShell() {
-    static char slots[kHistorySlots][kHistorySlotSize];
-    std::memset(slots, 0, sizeof slots);
-    for (int i = 0; i < kHistorySlots; ++i) History[i] = slots[i];
-    history_index = 0;
+    FreeHistory();
+    Require(AllocateHistory());
     if (Cmds == nullptr) CreateCommands();
     GetChar(1);  // no TAB or ESC is half of a pair
 }

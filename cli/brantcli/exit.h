@@ -5,9 +5,6 @@
 // output. Flushes it.
 int FinalStatus(int status);
 
-// Frees the buffers of the command history.
-void FreeHistory();
-
 // Closes the devices in the order in which they were opened, gives the terminal back, frees the history and
 // the SMBIOS copy.
 void ReleaseEverything();

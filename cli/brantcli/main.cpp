@@ -5,7 +5,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 
 #include "cli/brantcli/exit.h"
 #include "cli/brantcli/firmware.h"
@@ -15,6 +14,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/command_table.h"
 #include "cli/parse/dispatcher.h"
+#include "cli/parse/history.h"
 #include "cli/parse/terminal.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
@@ -57,15 +57,6 @@ void PrintBanner() {
     std::printf("\n%s", kDashes);
     std::printf("\nNOTE: Some brantcli commands may not be supported on all Corvex servers.");
     std::printf("\n%s\n", kDashes);
-}
-
-bool AllocateHistory() {
-    history_index = 0;
-    for (char*& slot : History) {
-        slot = static_cast<char*>(std::calloc(1, kHistorySlotSize));
-        if (slot == nullptr) return false;
-    }
-    return true;
 }
 
 int CommonEnd(int status) {

@@ -11,7 +11,8 @@ constexpr int kMaxEmbeddedNics = 8;
 constexpr int kNicEntrySize = 8;  // bytes
 extern unsigned char zthmac[kMaxEmbeddedNics * kNicEntrySize];
 
-// The command history: a ring of zeroed buffers, and the slot that the next command goes into.
+// The command history: a ring of zeroed buffers, and the slot that the next command goes into. What is done
+// with it is in cli/parse/history.h.
 constexpr int kHistorySlots = 50;
 constexpr int kHistorySlotSize = 256;  // bytes
 extern char* History[kHistorySlots];

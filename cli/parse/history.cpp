@@ -1,5 +1,6 @@
 #include "cli/parse/history.h"
 
+#include <cstdlib>
 #include <cstring>
 
 #include "cli/brantcli/state.h"
@@ -16,6 +17,22 @@ int SlotAfter(int slot) {
 }
 
 }  // namespace
+
+bool AllocateHistory() {
+    history_index = 0;
+    for (char*& slot : History) {
+        slot = static_cast<char*>(std::calloc(1, kHistorySlotSize));
+        if (slot == nullptr) return false;
+    }
+    return true;
+}
+
+void FreeHistory() {
+    for (char*& slot : History) {
+        std::free(slot);
+        slot = nullptr;
+    }
+}
 
 void StoreInHistory(const char* line) {
     TextWriter(History[history_index], kHistorySlotSize).Text(line);

@@ -2,6 +2,13 @@
 // that it holds one command fewer than it has slots. Nothing is kept between runs.
 #pragma once
 
+// Gives each slot of History its buffer, zeroed, and begins at the first. False when there is no memory; then
+// some slots may have one.
+bool AllocateHistory();
+
+// Frees the buffers that there are.
+void FreeHistory();
+
 // Adds a line as the newest command; the oldest goes once the ring is full. At most 255 characters are kept.
 void StoreInHistory(const char* line);
 
