@@ -193,11 +193,27 @@ constexpr bool IsAmongFirst(size_t rows, std::string_view path) {
     return false;
 }
 
+// A word's beginning is enough: SHOW names FAN by its synonym FANS.
+constexpr bool Names(std::string_view help, std::string_view word) {
+    size_t found = help.find(word);
+    while (found != help.npos && (found == 0 || help[found - 1] != ' ')) found = help.find(word, found + 1);
+    return found != help.npos;
+}
+
+// Whether the parent of a path is among the first rows and names its child; a top-level command has none.
+constexpr bool ParentKnowsOf(std::string_view path, size_t rows) {
+    const std::string_view parent = ParentOf(path);
+    if (parent.empty()) return true;
+    for (size_t i = 0; i < rows; ++i) {
+        if (parent == kCommands[i].path) return Names(kCommands[i].help, path.substr(parent.size() + 1));
+    }
+    return false;
+}
+
 constexpr bool WellFormed() {
     size_t before = 0;
     for (const CommandRow& row : kCommands) {
-        const std::string_view parent = ParentOf(row.path);
-        if (!parent.empty() && !IsAmongFirst(before, parent)) return false;
+        if (!ParentKnowsOf(row.path, before)) return false;
         if (row.synonym_of != nullptr && !IsAmongFirst(before, row.synonym_of)) return false;
         if (IsAmongFirst(before, row.path)) return false;
         if (std::string_view(row.help).substr(0, kUsagePrefix.size()) != kUsagePrefix) return false;
@@ -205,7 +221,9 @@ constexpr bool WellFormed() {
     }
     return true;
 }
-static_assert(WellFormed(), "no row comes twice or before one that it needs; help texts begin as they must");
+static_assert(WellFormed(),
+              "no row comes twice or before one that it needs; help texts begin as they must, and a parent's "
+              "names its children");
 
 // The node at the end of a path that was appended already; the root for "".
 CmdType* FindNode(std::string_view path) {
