@@ -1,4 +1,5 @@
-// The ways out of the program.
+// The ways out of the program. EXIT and fatal errors close the devices in the order of opening, the end of
+// main in the reverse one; traces show either, and tests hold both.
 #pragma once
 
 // The status to end with: status itself, or 1 instead of 0 when something could not be written to standard

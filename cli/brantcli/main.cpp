@@ -32,14 +32,14 @@ void KeepStandardDescriptors() {
     if (fd >= 0) close(fd);
 }
 
-// What the system would do by default on a closed pipe is to end the process without a word, and what stdio
-// would do is to read ahead of the line editor, which reads the descriptor.
+// A write to a closed pipe must fail and be noticed, not end the process; and stdio must not read ahead,
+// because the line editor reads descriptor 0 itself.
 void PrepareStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     std::setvbuf(stdin, nullptr, _IONBF, 0);
 }
 
-void show_usage(void) {
+void show_usage() {
     std::printf("\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n");
 }
 
@@ -97,7 +97,7 @@ int main(int argc, char** argv) {
     get_terminfo();
     if (!AllocateHistory()) {
         std::printf("Failed to allocate memory for command history.");
-        do_exit(nullptr);
+        do_exit(nullptr);  // EXIT's way out, its status 0 included
     }
 
     got_kelm = find_kelm();
@@ -105,7 +105,9 @@ int main(int argc, char** argv) {
 
     int status = 1;
     if (script_mode != 0) {
-        status = RunScript(argc > 2 ? argv[2] : nullptr);  // -s takes no value that getopt would have
+        // getopt knows -s as an option without a value: the commands are the second argument, whatever the
+        // first.
+        status = RunScript(argc > 2 ? argv[2] : nullptr);
     } else {
         while (Command(&CurrentCommandLine, 0) != 0) continue;
     }

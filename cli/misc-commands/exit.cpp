@@ -1,3 +1,4 @@
+// EXIT and QUIT.
 #include <cstdio>
 #include <cstdlib>
 
