@@ -6,7 +6,7 @@
 #include <cstddef>
 
 // Opens the device for reading and writing. Result: a descriptor, or -1 with errno set.
-int xsvc_open(void);
+int xsvc_open();
 
 // Maps length bytes of the device from a physical address; both are whole pages. The mapping outlives the
 // descriptor and belongs to the caller. Result: its first byte; null with errno set when it is refused.

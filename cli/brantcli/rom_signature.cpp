@@ -5,7 +5,7 @@
 #include "include/bios_area.h"
 #include "src/utils/map_physical.h"
 
-int detect_zet_rom(void) {
+int detect_zet_rom() {
     // One byte short of the area, which the rounding to whole pages makes up for.
     constexpr unsigned int kMapped = kBiosAreaSize - 1;
     auto* area = static_cast<unsigned char*>(zetMapPhys32UnCache(kBiosArea, kMapped));

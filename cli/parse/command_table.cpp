@@ -245,7 +245,7 @@ void AppendRow(const CommandRow& row) {
 
 }  // namespace
 
-void CreateCommands(void) {
+void CreateCommands() {
     Cmds = NewCommandNode("Top Level of Command Tree", nullptr, HelpRoot, nullptr);
     for (const CommandRow& row : kCommands) AppendRow(row);
     PropagateSynonyms(Cmds);

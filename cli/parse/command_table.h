@@ -2,4 +2,4 @@
 #pragma once
 
 // Builds the tree Cmds from the table. Ends the process with status 1 when there is no memory for it.
-void CreateCommands(void);
+void CreateCommands();

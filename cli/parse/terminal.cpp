@@ -111,14 +111,14 @@ bool InputIsReady(timeval* timeout) {
 
 }  // namespace
 
-void get_terminfo(void) {
+void get_terminfo() {
     for (const int signal : kEndOrStop) CatchEndOrStop(signal);
     Catch(SIGCONT, OnContinued, 0);
     terminal_wanted = 1;
     TakeTerminal();
 }
 
-void RestoreTerminal(void) {
+void RestoreTerminal() {
     terminal_wanted = 0;
     GiveTerminalBack();
 }

@@ -4,10 +4,10 @@
 // Switches descriptor 0 to character mode: no echo, no line editing and no signals by keys. Whatever ends or
 // stops the process from then on gives the terminal back first. What is no terminal, or another's while the
 // process runs in the background, is left alone.
-void get_terminfo(void);
+void get_terminfo();
 
 // Gives the terminal back as get_terminfo found it. Does nothing when there was none, or the second time.
-void RestoreTerminal(void);
+void RestoreTerminal();
 
 // One byte of descriptor 0, as a signed char. wait: nonzero to wait for it; 0 to take a byte only when it is
 // there already or comes within 10 microseconds. -1 when there is none (0xFF reads the same).

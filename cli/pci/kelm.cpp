@@ -22,7 +22,7 @@ int is_kelm(picl_nodehdl_t p, void* arg) {
     return PICL_WALK_TERMINATE;
 }
 
-int find_kelm(void) {
+int find_kelm() {
     int found = 0;
     picl_nodehdl_t root{};
     if (picl_initialize() != PICL_SUCCESS || picl_get_root(&root) != PICL_SUCCESS) return 0;

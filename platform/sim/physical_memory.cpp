@@ -40,7 +40,7 @@ int Map(int fd, off_t address, size_t length, void*& mapping) {
 
 }  // namespace
 
-int xsvc_open(void) {
+int xsvc_open() {
     Call call;
     call.Subject("xsvc open");
     Descriptor file;

@@ -5,7 +5,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-int xsvc_open(void) {
+int xsvc_open() {
     return open("/dev/xsvc", O_RDWR, 0600);
 }
 
