@@ -3,13 +3,21 @@
 #pragma once
 
 #include <cerrno>
+#include <cstddef>
 #include <new>
+
+#include "include/rom_variables.h"
+
+// The longest words that the program has for a call are the write of a ROM variable: its name, and its bytes
+// in hexadecimal.
+constexpr size_t kSubjectSize = sizeof "crom write " + sizeof EV_IOCTL_STRUCT::EvName;
+constexpr size_t kDetailSize = sizeof " length=4294967295 data=" + 2 * sizeof EV_IOCTL_STRUCT::DataBuffer;
 
 // A call in the words of `faults` and `trace`.
 struct Call {
-    char subject[272] = "";     // what a fault names: "cdt 351.0.0"
-    char detail[552] = "";      // what else the trace shows of it: " size=4 cru=0.0"
-    unsigned long request = 0;  // its place among the process's requests, from 1; 0: it isn't a request
+    char subject[kSubjectSize] = "";  // what a fault names: "cdt 351.0.0"
+    char detail[kDetailSize] = "";    // what else the trace shows of it: " size=4 cru=0.0"
+    unsigned long request = 0;        // its place among the process's requests, from 1; 0: it isn't a request
 
     __attribute__((format(printf, 2, 3))) void Subject(const char* format, ...);
     __attribute__((format(printf, 2, 3))) void Detail(const char* format, ...);

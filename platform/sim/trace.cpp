@@ -10,12 +10,13 @@
 #include <cstdio>
 #include <cstring>
 
+#include "platform/sim/call.h"
 #include "platform/sim/machine.h"
 
 namespace {
 
 constexpr int kAppend = O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC;
-constexpr int kLongestLine = 1024;  // the write of a ROM variable: its name and 256 bytes in hexadecimal
+constexpr size_t kLongestLine = kSubjectSize + kDetailSize + sizeof " -> -1 errno=2147483647\n";
 
 // Clear of the standard streams, which may be closed: what the program prints must not end up in the trace.
 int AboveStandardStreams(int fd) {
