@@ -1,6 +1,6 @@
 // The files of a machine directory that are read as a whole: `picl`, `faults` and the event log.
 //
-// Input: the three, each of the first two ended by a zero. `faults` is looked for once a process, so the
+// Input: the three, each of the first two ended by a zero. `faults` is looked for once per process, so the
 // reader is used by itself; the other two also through the seam.
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/misc-commands/misc_commands.h"

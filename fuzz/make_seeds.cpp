@@ -1,4 +1,4 @@
-// make_seeds DIR: the inputs that fuzzing starts from, a folder a target, out of what the project's own
+// make_seeds DIR: the inputs that fuzzing starts from, one folder per target, out of what the project's own
 // tables and machines hold.
 
 #include <cstdio>

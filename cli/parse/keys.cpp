@@ -12,6 +12,7 @@ struct Sequence {
     Key key;
 };
 
+// Keys without a function are here too, so that their bytes don't arrive as text.
 // clang-format off
 constexpr Sequence kSequences[] = {
     {"A",   kUp},     {"B",   kDown},   {"C",   kRight},  {"D",   kLeft},

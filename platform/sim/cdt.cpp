@@ -1,4 +1,4 @@
-// The data tables: one file a record, named by the three numbers of the request.
+// The data tables: one file per record, named by the three numbers of the request.
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>

@@ -1,4 +1,4 @@
-// The machine's file `faults`: calls that go wrong, one a line, and what they then come to.
+// The machine's file `faults`: calls that go wrong, one per line, and what they then come to.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The machine's file `picl`: one node a line, indented by two blanks a level, its class and then its
+// The machine's file `picl`: one node per line, indented by two blanks per level, its class and then its
 // properties.
 #pragma once
 
