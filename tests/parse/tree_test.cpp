@@ -36,7 +36,7 @@ void AppendTwice() {
     AppendCmd(root, "TEMP", nullptr, "", Nothing);
 }
 
-// The stored listing was compared with the documentation letter by letter; a difference is a changed text.
+// Help texts are an interface: a difference here is a changed text.
 TEST(CommandTree, HasEveryCommandWithItsHelpText) {
     CreateCommands();
     EXPECT_EQ(Listing(Cmds, ""), ReadStored("help_texts.golden"));
