@@ -8,6 +8,7 @@
 #include "cli/health-table/rows.h"
 #include "cli/parse/handler.h"
 #include "include/fan_records.h"
+#include "src/utils/word_table.h"
 
 namespace {
 
@@ -24,6 +25,12 @@ constexpr char kHeading[] =
 constexpr Column kColumns[] = {
     {kFan, 5},     {kLocation, 16},  {kPresent, 8}, {kSpeed, 7},
     {kPercent, 8}, {kRedundant, 11}, {kPartner, 9}, {kHotPluggable, 14},
+};
+
+constexpr CodeText kSpeeds[] = {
+    {kFanNormal, "NORMAL"},
+    {kFanHigh, "HIGH"},
+    {kFanOff, "OFF"},
 };
 
 // What either generation of records says.
@@ -58,18 +65,9 @@ void SetFailed(outdata& row) {
     for (int cell = 2; cell <= kPresent; ++cell) SetCell(row.tdata[cell], "FAILED");
 }
 
-const char* SpeedText(uint8_t speed_state) {
-    switch (speed_state) {
-        case kFanNormal: return "NORMAL";
-        case kFanHigh: return "HIGH";
-        case kFanOff: return "OFF";
-        default: return "UNKNOWN";
-    }
-}
-
 void SetSpeed(outdata& row, const FANBASIC& basic, bool present) {
     SetCell(row.tdata[kHotPluggable], "%s", YesNo(basic.FanDescriptor.s1.bit_HotPlug != 0));
-    if (present) SetCell(row.tdata[kSpeed], "%s", SpeedText(basic.ucSpeedState));
+    if (present) SetCell(row.tdata[kSpeed], "%s", TextOfCode(kSpeeds, basic.ucSpeedState, "UNKNOWN"));
     if (basic.ucSpeedPctIsValid != 0) {
         SetCell(row.tdata[kPercent], "%d%%", basic.ucSpeedPct);
     } else {

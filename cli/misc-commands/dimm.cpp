@@ -9,6 +9,7 @@
 #include "cli/parse/handler.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/memory_records.h"
+#include "src/utils/word_table.h"
 
 namespace {
 
@@ -19,12 +20,8 @@ constexpr int kUnknownCount = 20;
 constexpr int kMaxModules = 256;
 constexpr int kMaxCartridges = 255;
 
-struct StatusLine {
-    uint32_t status;
-    const char* text;
-};
-
-constexpr StatusLine kStatusLines[] = {
+constexpr CodeText kStatuses[] = {
+    // by RESMEM_DIMM_STATUS::ulStatus
     {2, "Ok"},
     {5, "DIMM is missing"},
     {6, "DIMM does not match"},
@@ -35,13 +32,11 @@ constexpr StatusLine kStatusLines[] = {
 
 void PrintStatus(uint32_t status) {
     std::printf("\nStatus:");
-    for (const StatusLine& line : kStatusLines) {
-        if (line.status == status) {
-            std::printf("        %s\n", line.text);
-            return;
-        }
+    if (const CodeText* row = FindCode(kStatuses, status)) {
+        std::printf("        %s\n", row->text);
+    } else {
+        std::printf("        Unknown - 0x%x\n", status);
     }
-    std::printf("        Unknown - 0x%x\n", status);
 }
 
 void PrintModule(const RESMEM_DIMM_CONFIG& config, uint32_t status) {

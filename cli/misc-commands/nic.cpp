@@ -28,11 +28,7 @@ constexpr RomTexts kIscsiTexts = {
     "\nSuccessfully %sd %s iSCSI support.",
 };
 
-struct NicState {
-    uint8_t code;  // a NicBoot
-    const char* shown;
-};
-constexpr NicState kStates[] = {
+constexpr CodeText kStates[] = {
     {kNicBootNone, "PXE disabled"},
     {kNicBootPxe, "PXE enabled"},
     {kNicBootIscsi, "iSCSI enabled"},
@@ -153,8 +149,7 @@ int do_show_nic(InputLineType* InputLine) {
     }
     if (nics < 1) std::printf("\nbrantcli didn't detect any embedded NICs.");
     for (int i = 0; i < std::min(nics, kShortRead); ++i) {
-        const NicState* state = FindCode(kStates, settings.nic[i]);
-        std::printf("\nNIC%d: %s", i + 1, state != nullptr ? state->shown : "Unknown setting");
+        std::printf("\nNIC%d: %s", i + 1, TextOfCode(kStates, settings.nic[i], "Unknown setting"));
     }
     return 0;
 }

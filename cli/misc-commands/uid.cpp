@@ -11,8 +11,15 @@
 #include "cli/parse/handler.h"
 #include "include/indicator_records.h"
 #include "platform/request.h"
+#include "src/utils/word_table.h"
 
 namespace {
+
+constexpr CodeText kStates[] = {
+    {kIndicatorOff, "off."},
+    {kIndicatorOn, "on."},
+    {kIndicatorBlinking, "blinking."},
+};
 
 // A cleared reply buffer; null when there is no memory for it.
 std::unique_ptr<INDCBASIC> NewReply() {
@@ -31,15 +38,6 @@ int ControlLight(IndicatorSubfunction subfunction, INDCBASIC* reply) {
     return vxIoctlRequest(cdt_fd, kDataTableRequest, &request);
 }
 
-const char* StateText(uint8_t state) {
-    switch (state) {
-        case kIndicatorOff: return "off.";
-        case kIndicatorOn: return "on.";
-        case kIndicatorBlinking: return "blinking.";
-        default: return "in an unknown state.";
-    }
-}
-
 }  // namespace
 
 int do_show_uid(InputLineType* InputLine) {
@@ -49,7 +47,7 @@ int do_show_uid(InputLineType* InputLine) {
     if (!reply) return Fail("\nERROR: Could not allocate memory for \"SHOW UID\" command.");
     if (ControlLight(kReportState, reply.get()) != 0) return Fail("\nERROR: \"SHOW UID\" command failed.");
 
-    std::printf("\nUID is currently %s", StateText(reply->ucCurrState));
+    std::printf("\nUID is currently %s", TextOfCode(kStates, reply->ucCurrState, "in an unknown state."));
     return 0;
 }
 

@@ -5,18 +5,16 @@
 #include "cli/parse/handler.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbparse/smbparse.h"
+#include "src/utils/word_table.h"
 
 namespace {
 
-const char* StatusText(uint8_t status) {
-    switch (status) {
-        case kCpuOk: return "Ok";
-        case kCpuDegraded: return "Degraded";
-        case kCpuFailed: return "Failed";
-        case kCpuDisabled: return "Disabled";
-        default: return "Unknown";
-    }
-}
+constexpr CodeText kCpuStatuses[] = {
+    {kCpuOk, "Ok"},
+    {kCpuDegraded, "Degraded"},
+    {kCpuFailed, "Failed"},
+    {kCpuDisabled, "Disabled"},
+};
 
 void PrintSystem(void* system, void* rom) {
     std::printf("\nSystem        : %s", SmbText(system, system_information::kProductName));
@@ -59,7 +57,7 @@ void PrintProcessor(const ZET_CPU& cpu) {
     }
     std::printf("\n\tSocket       : %u", cpu.cpuSocketNumber);
     PrintCaches(cpu.cpuUnitIndex);
-    std::printf("\n\tStatus       : %s", StatusText(cpu.cpuStatus));
+    std::printf("\n\tStatus       : %s", TextOfCode(kCpuStatuses, cpu.cpuStatus, "Unknown"));
 }
 
 }  // namespace

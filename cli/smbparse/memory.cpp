@@ -3,19 +3,20 @@
 
 #include "cli/smbparse/inventory_table.h"
 #include "cli/smbparse/smbparse.h"
+#include "src/utils/word_table.h"
 
 ZET_MemModule* gMemoryMod[64];
 
 namespace {
 
-constexpr int kNotInTable = 1;  // the code of a form factor or a technology that has no row
+constexpr int kNotInTable = 1;  // the number of a form factor or a technology that has no row
 
-struct FormFactorCode {
-    uint8_t form_factor;
-    int code;
+struct FormFactor {
+    uint8_t code;  // in the firmware's records
+    int number;    // in the inventory
 };
 
-constexpr FormFactorCode SmbMemFormFactorTable[] = {
+constexpr FormFactor SmbMemFormFactorTable[] = {
     {3, 5},    // SIMM
     {8, 7},    // proprietary card
     {9, 8},    // DIMM
@@ -24,28 +25,26 @@ constexpr FormFactorCode SmbMemFormFactorTable[] = {
     {14, 11},  // SRIMM
 };
 
-struct TypeDetailCode {
+struct TypeDetail {
     uint16_t mask;
-    int code;
+    int number;
 };
 
 // The first row whose bit is set counts.
-constexpr TypeDetailCode SmbMemTypeDetailTable[] = {
+constexpr TypeDetail SmbMemTypeDetailTable[] = {
     {0x0008, 2},  // fast-paged
     {0x0080, 5},  // synchronous
     {0x0200, 3},  // EDO
 };
 
-int CodeOfFormFactor(uint8_t form_factor) {
-    for (const FormFactorCode& row : SmbMemFormFactorTable) {
-        if (row.form_factor == form_factor) return row.code;
-    }
-    return kNotInTable;
+int NumberOfFormFactor(uint8_t form_factor) {
+    const FormFactor* const row = FindCode(SmbMemFormFactorTable, form_factor);
+    return row != nullptr ? row->number : kNotInTable;
 }
 
-int CodeOfTypeDetail(uint16_t detail) {
-    for (const TypeDetailCode& row : SmbMemTypeDetailTable) {
-        if ((detail & row.mask) != 0) return row.code;
+int NumberOfTypeDetail(uint16_t detail) {
+    for (const TypeDetail& row : SmbMemTypeDetailTable) {
+        if ((detail & row.mask) != 0) return row.number;
     }
     return kNotInTable;
 }
@@ -90,8 +89,8 @@ void RecordModule(void* record, int array, int device) {
     module->memModuleIndex = device + 1;
     LocateModule(record, &module->memBoardIndex, &module->memModuleIndex);
     module->memModuleSize = SizeKiB(record);
-    module->memModuleType = CodeOfFormFactor(SmbRead(record, memory_device::kFormFactor));
-    module->memModuleTechnology = CodeOfTypeDetail(SmbRead(record, memory_device::kTypeDetail));
+    module->memModuleType = NumberOfFormFactor(SmbRead(record, memory_device::kFormFactor));
+    module->memModuleTechnology = NumberOfTypeDetail(SmbRead(record, memory_device::kTypeDetail));
     module->memModuleFrequency = SmbRead(record, memory_device::kSpeed);
 }
 

@@ -1,19 +1,14 @@
 #include "cli/smbparse/inventory_table.h"
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/text_writer.h"
+#include "src/utils/word_table.h"
 
 ZET_CPU* gCpu_tbl[11];
 ZET_CACHE* gCache_tbl[21];
 
 namespace {
 
-struct FamilyName {
-    uint8_t family;
-    const char* name;
-};
-
-// The first row of a family counts.
-constexpr FamilyName SmbProcTable[] = {
+constexpr CodeText SmbProcTable[] = {
     {0x01, "Other"},
     {0x02, "Unknown"},
     {0x03, "8086"},
@@ -133,8 +128,5 @@ PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {
 }
 
 const char* FindProcName(unsigned char type) {
-    for (const FamilyName& row : SmbProcTable) {
-        if (row.family == type) return row.name;
-    }
-    return "Other";
+    return TextOfCode(SmbProcTable, type, "Other");
 }

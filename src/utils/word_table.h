@@ -22,3 +22,16 @@ constexpr const Row* FindCode(const Row (&rows)[kCount], unsigned code) {
     }
     return nullptr;
 }
+
+// A row that has nothing but the code and the text that stands for it.
+struct CodeText {
+    unsigned code;
+    const char* text;
+};
+
+// The text of a code; the one given for a code that has no row.
+template <size_t kCount>
+constexpr const char* TextOfCode(const CodeText (&rows)[kCount], unsigned code, const char* without_row) {
+    const CodeText* const row = FindCode(rows, code);
+    return row != nullptr ? row->text : without_row;
+}
