@@ -47,7 +47,7 @@ int do_show_asr(InputLineType* InputLine) {
     if (!ReadVariable(kTimeout, asr)) return Fail(kUnreadable);
 
     std::printf("\nASR timeout is %d minutes.", asr.ucTimeoutValue);
-    std::printf("\nASR is currently %s.", OnOff(enabled != 0));
+    std::printf("\nASR is currently %s.", EnabledOrDisabled(enabled != 0));
     return 0;
 }
 

@@ -34,7 +34,7 @@ int do_show_eaas(InputLineType* InputLine) {
     CSMEVSTRUCT shutdown;
     if (!ReadVariable(kShutdown, shutdown)) return Fail(kUnreadable);
 
-    std::printf("\nEAAS is currently %s.", OnOff((shutdown.ucEAAshutdown & 1) != 0));
+    std::printf("\nEAAS is currently %s.", EnabledOrDisabled((shutdown.ucEAAshutdown & 1) != 0));
     return 0;
 }
 

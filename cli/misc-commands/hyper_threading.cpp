@@ -25,7 +25,7 @@ int do_show_ht(InputLineType* InputLine) {
     if (!ReadVariable(kWholeConfiguration, configuration)) return Fail(kUnreadable);
 
     std::printf("\nProcessor hyper-threading is currently %s.",
-                OnOff(configuration.flags2.s.bit_HyperThreading == 0));
+                EnabledOrDisabled(configuration.flags2.s.bit_HyperThreading == 0));
     return 0;
 }
 

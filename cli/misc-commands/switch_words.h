@@ -17,7 +17,3 @@ constexpr SwitchWay kDisable = {false, "disable"};
 inline const SwitchWay& WayOf(const InputLineType& line) {
     return std::strcmp(line.Words[0], "ENABLE") == 0 ? kEnable : kDisable;
 }
-
-constexpr const char* OnOff(bool on) {
-    return on ? "enabled" : "disabled";
-}

@@ -24,7 +24,7 @@ int do_show_wol(InputLineType* InputLine) {
     WOLEVREC configuration;
     if (!ReadVariable(kConfiguration, configuration)) return Fail(kUnreadable);
 
-    std::printf("\nWake-On-Lan is currently %s.", OnOff(configuration.flags.s.bits_WOL == 1));
+    std::printf("\nWake-On-Lan is currently %s.", EnabledOrDisabled(configuration.flags.s.bits_WOL == 1));
     return 0;
 }
 

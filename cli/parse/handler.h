@@ -14,3 +14,7 @@ __attribute__((format(printf, 1, 2))) int Fail(const char* format, ...);
 constexpr const char* YesNo(bool yes) {
     return yes ? "Yes" : "No";
 }
+
+constexpr const char* EnabledOrDisabled(bool enabled) {
+    return enabled ? "enabled" : "disabled";
+}
