@@ -66,7 +66,7 @@ int do_set_asr(InputLineType* InputLine) {
         asr.ucTimeoutValue = static_cast<uint8_t>(minutes);
         return true;
     });
-    return Report(outcome, &kTimeoutTexts, minutes);
+    return Report<kTimeoutTexts>(outcome, minutes);
 }
 
 int do_enable_asr(InputLineType* InputLine) {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr RomVariable<AssetText> kAsset = {kAssetVariable};
 constexpr RomTexts kTexts = {
-    nullptr,
+    "",
     "\nERROR: Failed to set Asset Text.",
     "\nSuccessfully set Asset Text.",
 };
@@ -32,5 +32,5 @@ int do_set_asset(InputLineType* InputLine) {
     const char* text = InputLine->Words[2];
     AssetText asset{};
     std::memcpy(asset.asset_text, text, strnlen(text, sizeof asset.asset_text));
-    return Report(StoreVariable(kAsset, asset), &kTexts);
+    return Report<kTexts>(StoreVariable(kAsset, asset));
 }

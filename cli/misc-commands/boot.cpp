@@ -25,7 +25,7 @@ constexpr RomTexts kBootFirstTexts = {
     0,
 };
 constexpr RomTexts kBootOnceTexts = {
-    nullptr,
+    "",
     "\nERROR: Failed to set first boot.",
     "\nSuccessfully set next boot to %s.",
 };
@@ -116,7 +116,7 @@ int do_set_boot_once(InputLineType* InputLine) {
 
     ZTTBT1STRUCT once{};
     once.boot.bVal = device->code;
-    return Report(StoreVariable(kBootOnce, once), &kBootOnceTexts, device->word);
+    return Report<kBootOnceTexts>(StoreVariable(kBootOnce, once), device->word);
 }
 
 int do_set_boot_first(InputLineType* InputLine) {
@@ -134,7 +134,7 @@ int do_set_boot_first(InputLineType* InputLine) {
     const RomOutcome outcome = ChangeVariable(kBootOrder, [&](ZTHIPLSTRUCT& order) {
         return MoveToFront(order.ucPriority, ListLength(count), code, device->word);
     });
-    return Report(outcome, &kBootFirstTexts, device->word);
+    return Report<kBootFirstTexts>(outcome, device->word);
 }
 
 int do_show_ipl(InputLineType* InputLine) {

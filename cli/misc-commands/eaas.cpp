@@ -23,7 +23,7 @@ int SwitchShutdown(InputLineType* line, const SwitchWay& way) {
         shutdown.ucEAAshutdown = way.on ? 1 : 0;  // the whole byte is the command's
         return true;
     });
-    return Report(outcome, &kTexts, way.verb);
+    return Report<kTexts>(outcome, way.verb);
 }
 
 }  // namespace

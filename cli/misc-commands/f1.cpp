@@ -64,5 +64,5 @@ int do_set_f1(InputLineType* InputLine) {
     const char* word = InputLine->Words[2];
     const RomOutcome outcome =
         ChangeVariable(kConfiguration, [=](WOLEVREC& configuration) { return SetMode(configuration, word); });
-    return Report(outcome, &kTexts, word);
+    return Report<kTexts>(outcome, word);
 }

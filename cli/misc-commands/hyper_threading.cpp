@@ -37,5 +37,5 @@ int do_enable_disable_ht(InputLineType* InputLine) {
         configuration.flags2.s.bit_HyperThreading = way.on ? 0 : 1;
         return true;
     });
-    return Report(outcome, &kTexts, way.verb);
+    return Report<kTexts>(outcome, way.verb);
 }

@@ -116,7 +116,7 @@ int SwitchPxe(InputLineType* line, const SwitchWay& way) {
             return true;
         });
     }
-    return Report(outcome, &kPxeTexts, way.verb, word);
+    return Report<kPxeTexts>(outcome, way.verb, word);
 }
 
 int SwitchIscsi(InputLineType* line, const SwitchWay& way) {
@@ -130,7 +130,7 @@ int SwitchIscsi(InputLineType* line, const SwitchWay& way) {
         settings.nic[place] = way.on ? kNicBootIscsi : kNicBootNone;
         return true;
     });
-    return Report(outcome, &kIscsiTexts, way.verb, word);
+    return Report<kIscsiTexts>(outcome, way.verb, word);
 }
 
 }  // namespace

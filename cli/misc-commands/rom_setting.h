@@ -4,6 +4,8 @@
 // for each outcome.
 #pragma once
 
+#include <cstdio>
+#include <string_view>
 #include <type_traits>
 
 #include "cli/misc-commands/rom_variables.h"
@@ -28,17 +30,63 @@ enum class RomOutcome {
     Written,
 };
 
-// What a command says of an outcome, in printf's form. The last two take the same arguments, in one order;
-// either may leave out the last ones.
+// What a command says of an outcome. The last two are in printf's form; each takes all arguments of the
+// report, in their order, or none.
 struct RomTexts {
-    const char* unreadable;  // null for a variable that isn't read first
+    const char* unreadable;  // empty for a variable that isn't read first
     const char* not_written;
     const char* written;
     int not_written_result = 1;  // of the command; some don't count a failed write as a failure
 };
 
-// Prints the outcome's text with the arguments after texts. Result: the command's, 0 or 1.
-int Report(RomOutcome outcome, const RomTexts* texts, ...);
+// The mark that an argument of this type takes the place of: its letter, 's' of "%s".
+constexpr char MarkFor(const char*) {
+    return 's';
+}
+constexpr char MarkFor(int) {
+    return 'd';
+}
+constexpr char MarkFor(char) {
+    return 'c';
+}
+
+// Whether a text has the marks of these letters, in their order, and no others.
+constexpr bool HasMarks(std::string_view text, std::string_view letters) {
+    for (; !letters.empty(); letters.remove_prefix(1)) {
+        const size_t mark = text.find('%');
+        if (mark == text.npos || text.substr(mark + 1, 1) != letters.substr(0, 1)) return false;
+        text.remove_prefix(mark + 2);
+    }
+    return text.find('%') == text.npos;
+}
+
+// Prints one of the texts. They are arguments of the template, so that the compiler can hold their marks
+// against the arguments.
+template <const RomTexts& kTexts, const char* RomTexts::*kWhich, typename... Arguments>
+void PrintText(Arguments... arguments) {
+    constexpr const char* kText = kTexts.*kWhich;
+    if constexpr (HasMarks(kText, "")) {
+        std::fputs(kText, stdout);
+    } else {
+        constexpr char kLetters[] = {MarkFor(Arguments{})..., '\0'};
+        static_assert(HasMarks(kText, kLetters), "the marks are those of the arguments");
+        std::printf(kText, arguments...);
+    }
+}
+
+// Says what came of a setting: the outcome's text, with the arguments. Result: the command's, 0 or 1.
+template <const RomTexts& kTexts, typename... Arguments>
+int Report(RomOutcome outcome, Arguments... arguments) {
+    switch (outcome) {
+        case RomOutcome::Unreadable: PrintText<kTexts, &RomTexts::unreadable>(); return 1;
+        case RomOutcome::Refused: return 1;
+        case RomOutcome::NotWritten:
+            PrintText<kTexts, &RomTexts::not_written>(arguments...);
+            return kTexts.not_written_result;
+        case RomOutcome::Written: PrintText<kTexts, &RomTexts::written>(arguments...); return 0;
+    }
+    return 1;
+}
 
 // Reads a variable into a cleared copy. False when it can't be read: the copy is then all zeros.
 template <typename Record>

@@ -180,7 +180,7 @@ int do_set_virtual_serial_port(InputLineType* InputLine) {
     const char* word = InputLine->Words[3];
     const RomOutcome outcome = ChangeVariable(
         kConfiguration, [=](WOLEVREC& configuration) { return SetVirtualPort(configuration, word); });
-    return Report(outcome, &kVirtualTexts, word);
+    return Report<kVirtualTexts>(outcome, word);
 }
 
 int do_show_vsp(InputLineType* InputLine) {
@@ -214,7 +214,7 @@ int do_set_embedded_serial_port(InputLineType* InputLine) {
     const char* word = InputLine->Words[4];
     const RomOutcome outcome = ChangeVariable(
         kConfiguration, [=](WOLEVREC& configuration) { return SetEmbeddedPort(configuration, port, word); });
-    return Report(outcome, &kEmbeddedTexts, kPortLetters[port], word);
+    return Report<kEmbeddedTexts>(outcome, kPortLetters[port], word);
 }
 
 int do_show_embedded_serial_port(InputLineType* InputLine) {

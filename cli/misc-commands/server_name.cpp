@@ -11,7 +11,7 @@ namespace {
 
 constexpr RomVariable<ServerName> kName = {kServerNameVariable};
 constexpr RomTexts kTexts = {
-    nullptr,
+    "",
     "\nFailed to set server name. ",
     "\nSuccessfully set new server name: %s",
 };
@@ -52,5 +52,5 @@ int do_set_name(InputLineType* InputLine) {
     const size_t first = std::min(length, kHalf);
     std::memcpy(name.first_half, typed, first);
     std::memcpy(name.second_half, typed + first, length - first);
-    return Report(StoreVariable(kName, name), &kTexts, typed);
+    return Report<kTexts>(StoreVariable(kName, name), typed);
 }

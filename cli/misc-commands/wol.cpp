@@ -36,5 +36,5 @@ int do_enable_disable_wol(InputLineType* InputLine) {
         configuration.flags.s.bits_WOL = way.on ? 1 : 2;
         return true;
     });
-    return Report(outcome, &kTexts, way.verb);
+    return Report<kTexts>(outcome, way.verb);
 }
