@@ -31,8 +31,8 @@ class Seeds {
 };
 
 void AddTables(Seeds& seeds) {
-    for (const char* name : {"tr500k2", "tr300", "bx20"}) {
-        const SmbiosTable table = TablesOf(*FindModel(name));
+    for (const Model& model : Models()) {
+        const SmbiosTable table = TablesOf(model);
         seeds.Add('\0' + table.Bytes());
         seeds.Add('\1' + MachineBuilder::Plain(table.EntryPoint(0x10000)) + table.Bytes());
     }
@@ -69,7 +69,7 @@ void AddEditing(Seeds& keys) {
 
 // machine: an empty directory to make a machine in.
 void AddMachine(Seeds& seeds, const std::string& machine) {
-    MakeMachine(*FindModel("tr500k2"), machine);
+    MakeMachine(Models().front(), machine);
     std::ifstream file(machine + "/picl", std::ios::binary);
     const std::string picl(std::istreambuf_iterator<char>(file), {});
     const std::string faults =

@@ -8,11 +8,13 @@
 #include <iterator>
 
 #include "tests/support/test_machine.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 
 TEST(HealthDisplays, EveryModelInFull) {
-    for (const std::string model : {"tr500k2", "tr300", "bx20"}) {
+    for (const Model& made : Models()) {
+        const std::string model = made.name;
         std::ifstream file(BRANT_TEST_DIR "/health-table/models/" + model + ".txt", std::ios::binary);
         std::string commands;
         std::getline(file, commands);

@@ -7,10 +7,12 @@
 
 #include "tests/support/loaded_tables.h"
 #include "tools/mkmachine/firmware_records.h"
+#include "tools/mkmachine/models.h"
 
 // models/MODEL.txt holds the commands of one run in its first line, then what they print.
 TEST(ShowServer, TellsEachModelInFull) {
-    for (const std::string model : {"tr500k2", "tr300", "bx20"}) {
+    for (const Model& made : Models()) {
+        const std::string model = made.name;
         std::ifstream file(BRANT_TEST_DIR "/smbios-commands/models/" + model + ".txt", std::ios::binary);
         std::string commands;
         std::getline(file, commands);

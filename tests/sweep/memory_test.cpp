@@ -5,6 +5,7 @@
 #include <set>
 
 #include "tests/sweep/sweep.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 
@@ -56,9 +57,9 @@ class ShortOfMemory : public testing::Test {
 
 TEST_F(ShortOfMemory, EveryCommandEndsAsDocumented) {
     constexpr bool kEmulated = sizeof BRANT_EMULATOR > 1;  // a start costs ten times as much then
-    for (const char* model : kModels) {
-        if (kEmulated && model != *kModels) break;
-        SweptMachine machine(model);
+    for (const Model& model : Models()) {
+        if (kEmulated && &model != &Models().front()) break;
+        SweptMachine machine(model.name);
         const size_t at_start = Sweep(machine, "", 1);
         for (const std::string& command : Commands()) Sweep(machine, command, at_start - 1);
     }

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "tests/sweep/sweep.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 
@@ -55,7 +56,7 @@ struct Outcome {
     Files state;                        // of the machine afterwards
 };
 
-class FailingRequests : public testing::TestWithParam<const char*> {
+class FailingRequests : public testing::TestWithParam<std::string> {
   protected:
     // Runs a command on the machine as it was made. failing: the request that fails, from 1.
     Outcome Run(const std::string& command, size_t failing) {
@@ -104,7 +105,7 @@ class FailingRequests : public testing::TestWithParam<const char*> {
     SweptMachine machine_{GetParam()};
     // The sanitizers cost ten times a run. What one model alone has is in its family's own tests, under them.
     const std::string program_ =
-        ProgramPath(GetParam() == *kModels ? "brantcli" : "brantcli_short_of_memory");
+        ProgramPath(GetParam() == Models().front().name ? "brantcli" : "brantcli_short_of_memory");
     const Files as_made_ = machine_.State();
 };
 
@@ -118,6 +119,11 @@ TEST_P(FailingRequests, EndEachCommandWithNothingHalfDone) {
     }
     for (const std::string& command : Commands()) Sweep(command, at_start);
 }
-INSTANTIATE_TEST_SUITE_P(Model, FailingRequests, testing::ValuesIn(kModels));
+std::vector<std::string> ModelNames() {
+    std::vector<std::string> names;
+    for (const Model& model : Models()) names.emplace_back(model.name);
+    return names;
+}
+INSTANTIATE_TEST_SUITE_P(Model, FailingRequests, testing::ValuesIn(ModelNames()));
 
 }  // namespace

@@ -7,8 +7,6 @@
 
 #include "tests/support/test_machine.h"
 
-constexpr const char* kModels[] = {"tr500k2", "tr300", "bx20"};
-
 // The whole tree's commands, with arguments that have each do its work.
 std::vector<std::string> Commands();
 

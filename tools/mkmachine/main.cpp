@@ -10,10 +10,8 @@
 
 namespace {
 
-constexpr char kUsage[] = "usage: mkmachine [--model tr500k2|tr300|bx20] [--events N] DIR\n";
-
 struct Order {
-    const Model* model = FindModel("tr500k2");
+    const Model* model = &Models().front();
     std::optional<size_t> events;  // entries of the event log; else one of each
     std::string directory;
 };
@@ -45,12 +43,18 @@ bool ReadOrder(int argc, char** argv, Order& order) {
     return !order.directory.empty();
 }
 
+void PrintUsage() {
+    std::string names;
+    for (const Model& model : Models()) names += (names.empty() ? "" : "|") + std::string(model.name);
+    std::fprintf(stderr, "usage: mkmachine [--model %s] [--events N] DIR\n", names.c_str());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
     Order order;
     if (!ReadOrder(argc, argv, order)) {
-        std::fputs(kUsage, stderr);
+        PrintUsage();
         return 2;
     }
     if (std::filesystem::exists(order.directory) && !std::filesystem::is_empty(order.directory)) {

@@ -2,18 +2,17 @@
 
 #include "tools/mkmachine/events.h"
 
-namespace {
-
-constexpr Model kModels[] = {
-    {ModelId::Tr500k2, "tr500k2", "Corvex TR500 K2"},  // everything
-    {ModelId::Tr300, "tr300", "Corvex TR300"},         // an ordinary server with an older driver
-    {ModelId::Bx20, "bx20", "Corvex BX20"},            // a blade
-};
-
-}  // namespace
+const std::vector<Model>& Models() {
+    static const std::vector<Model> models = {
+        {ModelId::Tr500k2, "tr500k2", "Corvex TR500 K2"},  // everything
+        {ModelId::Tr300, "tr300", "Corvex TR300"},         // an ordinary server with an older driver
+        {ModelId::Bx20, "bx20", "Corvex BX20"},            // a blade
+    };
+    return models;
+}
 
 const Model* FindModel(const std::string& name) {
-    for (const Model& model : kModels) {
+    for (const Model& model : Models()) {
         if (name == model.name) return &model;
     }
     return nullptr;

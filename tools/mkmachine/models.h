@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tools/mkmachine/machine_builder.h"
 
@@ -14,7 +15,10 @@ struct Model {
     const char* product_name;  // as SMBIOS gives it
 };
 
-// The model of a name; null when there is none. The default is the first, tr500k2.
+// All of them; the first is the default.
+const std::vector<Model>& Models();
+
+// The model of a name; null when there is none.
 const Model* FindModel(const std::string& name);
 
 // Builds a model's whole machine in a directory that is empty or doesn't exist. events: the entries of its
