@@ -1,3 +1,4 @@
+// The event log, out of the samples of all families.
 #include "tools/mkmachine/events.h"
 
 #include <algorithm>

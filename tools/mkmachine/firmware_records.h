@@ -13,6 +13,7 @@ constexpr uint8_t kDimm = 0x09;  // form factors of memory devices
 constexpr uint8_t kFbDimm = 0x0F;
 constexpr uint8_t kDdr2 = 0x13;  // memory types
 constexpr uint8_t kDdr2FullyBuffered = 0x14;
+constexpr uint8_t kEmptySocket = 0;        // a status of processors
 constexpr uint16_t kSynchronous = 0x0080;  // type details
 
 SmbiosRecord BiosRecord(const std::string& version, const std::string& date);
@@ -28,7 +29,7 @@ struct Processor {
     uint16_t l1_cache = kNoHandle;
     uint16_t l2_cache = kNoHandle;
     uint16_t l3_cache = kNoHandle;
-    uint8_t status = 0x41;  // populated, enabled; 0: an empty socket
+    uint8_t status = 0x41;  // populated, enabled; or kEmptySocket
     uint8_t type = processor::kCentral;
     uint8_t family = 0xB3;
     uint32_t id = 0x000106A5;  // its low four bits are the stepping
@@ -82,8 +83,3 @@ struct MappedPort {
     GBX_PORT_MAP entry;
 };
 SmbiosRecord PortMapRecord(uint16_t handle, const std::vector<MappedPort>& ports);
-
-struct Model;
-
-// A model's tables.
-SmbiosTable TablesOf(const Model& model);

@@ -1,13 +1,10 @@
 #include "tools/mkmachine/models.h"
 
 #include "tools/mkmachine/events.h"
+#include "tools/mkmachine/firmware.h"
 
 const std::vector<Model>& Models() {
-    static const std::vector<Model> models = {
-        {ModelId::Tr500k2, "tr500k2", "Corvex TR500 K2"},  // everything
-        {ModelId::Tr300, "tr300", "Corvex TR300"},         // an ordinary server with an older driver
-        {ModelId::Bx20, "bx20", "Corvex BX20"},            // a blade
-    };
+    static const std::vector<Model> models = {kTr500k2, kTr300, kBx20};
     return models;
 }
 
@@ -23,12 +20,14 @@ void MakeMachine(const Model& model, const std::string& directory, std::optional
     const std::string log = EventLog(events ? *events : EveryEvent().size());
 
     MachineBuilder machine(directory);
-    AddFans(machine, model.id);
-    AddTemperatures(machine, model.id);
-    AddPowerSupplies(machine, model.id);
-    AddIndicators(machine, model.id);
-    AddMemoryModules(machine, model.id);
-    AddFirmware(machine, model);
-    AddRomVariables(machine, model.id);
+    AddFans(machine, model.fans);
+    AddTemperatures(machine, model.sensors);
+    AddPowerSupplies(machine, model.supplies);
+    AddIndicators(machine, model.uid);
+    AddMemoryModules(machine, model.memory);
+    AddRomSignature(machine);
+    AddTables(machine, TablesOf(model));
+    AddPicl(machine, model.kelm);
+    AddRomVariables(machine, model.settings);
     machine.Write("cevt/hlog", log);
 }

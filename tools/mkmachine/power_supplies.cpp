@@ -1,39 +1,13 @@
-#include <vector>
-
+// The driver's records of power supplies.
 #include "include/power_supply_records.h"
-#include "tools/mkmachine/features.h"
-#include "tools/mkmachine/models.h"
+#include "tools/mkmachine/facts.h"
 
 namespace {
 
-enum class Older { None, Absent, Present };  // what the older record says, if there is one
-
-struct Supply {
-    unsigned state;
-    bool hot_plug;
-    Older older;
-};
-
-// clang-format off
-const std::vector<Supply> kTr500k2Supplies = {
-    {kPresent | kRedundant,           true,  Older::None},
-    {kPresent | kFailed | kRedundant, true,  Older::None},
-    {kPresent | kFailed,              false, Older::None},
-    {kAbsent,                         true,  Older::None},
-};
-const std::vector<Supply> kTr300Supplies = {
-    {kPresent,           true,  Older::Present},
-    {kAbsent,            true,  Older::Absent},
-    {kAbsent,            false, Older::Present},  // the two records disagree
-    {kPresent | kFailed, true,  Older::None},
-    {kAbsent,            true,  Older::None},
-};
-// clang-format on
-
 void AddSupply(MachineBuilder& machine, int index, const Supply& supply) {
-    if (supply.older != Older::None) {
+    if (supply.older != OlderRecord::None) {
         POWERSUPPLYNUMBERS older{};
-        older.ucPresent = supply.older == Older::Present;
+        older.ucPresent = supply.older == OlderRecord::Present;
         machine.Table(kSupplyNumbersTable, index, 0, older);
     }
     machine.Table(kSupplyFeatureTable, index, 0, Feature(index, supply.state, kSupply));
@@ -46,12 +20,11 @@ void AddSupply(MachineBuilder& machine, int index, const Supply& supply) {
 
 }  // namespace
 
-void AddPowerSupplies(MachineBuilder& machine, ModelId model) {
-    if (model == ModelId::Bx20) {  // the enclosure powers a blade
+void AddPowerSupplies(MachineBuilder& machine, const std::vector<Supply>& supplies) {
+    if (supplies.empty()) {
         machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{});
         return;
     }
-    const std::vector<Supply>& supplies = model == ModelId::Tr500k2 ? kTr500k2Supplies : kTr300Supplies;
     const auto count = static_cast<uint8_t>(supplies.size());
     machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{count, 1, 1, 0, count});
     for (size_t i = 0; i < supplies.size(); ++i) AddSupply(machine, static_cast<int>(i), supplies[i]);

@@ -1,62 +1,12 @@
-#include "include/rom_variables.h"
-
+// The ROM variables, and the recovery timer's state.
+#include <algorithm>
 #include <cstring>
 
-#include "tools/mkmachine/models.h"
+#include "tools/mkmachine/facts.h"
 
 namespace {
 
-struct Settings {
-    bool asr_enabled;
-    uint8_t asr_minutes;
-    const char* asset;
-    const char* name;  // at most 14 characters
-    bool shutdown;     // automatic, when the environment is abnormal
-    uint8_t boot_devices;
-    ZTHIPLSTRUCT boot_order;
-    uint8_t boot_once;
-    NicBoot nics[4];
-    uint8_t port_a, port_b,
-        virtual_port;     // the interrupt line in the high four bits, the UART in the low three
-    uint8_t wake_on_lan;  // bits_WOL
-    uint8_t f1_prompt;    // bits_F1
-    bool hyper_threading;
-    uint8_t bios_port;
-    uint8_t bios_baud;
-    VERSEVREC versions;
-};
-
-// clang-format off
-const Settings kTr500k2 = {     // its boot order holds a USB key, code 3, and PXE, code 4
-    true, 20, "Rack 4, unit 12", "corvex-db1", true,
-    5, {{2, 0, 3, 4, 1, 0xFF, 0xFF, 0xFF}}, 0x00, {kNicBootPxe, kNicBootIscsi},
-    0x41, 0x32, 0x07, 1, 1, true, 6, 4,
-    {{3, 1, 0}, {3, 2, 0}, {1, 5, 2}, {1, 5, 4}, {2, 0, 0}, {2, 1, 7}, {1, 0, 0},
-     {1, 0, 0}, {4, 2, 0}, {4, 3, 0}, {1, 1, 0}, {1, 2, 0}, {0, 9, 0}, {1, 0, 3}},
-};
-const Settings kTr300 = {       // PXE is code 3; its firmware knows no versions
-    false, 10, "", "", false,
-    4, {{0, 1, 2, 3, 0xFF, 0xFF, 0xFF, 0xFF}}, 0x02, {kNicBootNone, kNicBootPxe},
-    0x53, 0x32, 0x07, 2, 3, false, 1, 1,
-    {},
-};
-const Settings kBx20 = {        // a blade has neither floppy nor CD-ROM
-    true, 5, "Enclosure 2, bay 7", "blade-07", true,
-    2, {{3, 2, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}}, 0x40, {kNicBootPxe},
-    0x41, 0x07, 0x32, 1, 2, true, 0, 0,
-    {{1, 0, 0}, {1, 2, 0}, {}, {}, {1, 0, 1}, {1, 0, 1}, {}, {}, {}, {}, {}, {}, {}, {}},
-};
-// clang-format on
-
-const Settings& SettingsOf(ModelId model) {
-    switch (model) {
-        case ModelId::Tr500k2: return kTr500k2;
-        case ModelId::Tr300: return kTr300;
-        default: return kBx20;
-    }
-}
-
-void AddTexts(MachineBuilder& machine, const Settings& settings) {
+void AddTexts(MachineBuilder& machine, const RomSettings& settings) {
     AssetText asset{};
     std::strncpy(asset.asset_text, settings.asset, sizeof asset.asset_text);
     machine.Variable(kAssetVariable, asset);
@@ -65,21 +15,21 @@ void AddTexts(MachineBuilder& machine, const Settings& settings) {
     machine.Variable(kServerNameVariable, name);
 }
 
-void AddTimers(MachineBuilder& machine, const Settings& settings) {
+void AddTimers(MachineBuilder& machine, const RomSettings& settings) {
     machine.Asr(settings.asr_enabled);
     machine.Variable(kAsrVariable, ASREVSTRUCT{1, 1, settings.asr_minutes, 0, 0x0CA0, 60});
     const uint8_t shutdown = settings.shutdown;
     machine.Variable(kShutdownVariable, CSMEVSTRUCT{shutdown, {0x20, 0x06, 0x14}, 1, shutdown, 0});
 }
 
-void AddBoot(MachineBuilder& machine, const Settings& settings) {
+void AddBoot(MachineBuilder& machine, const RomSettings& settings) {
     machine.Variable(kBootOrderVariable, settings.boot_order);
     machine.Variable(kBootCountVariable, BootDeviceCount{settings.boot_devices});
     machine.Variable(kBootOnceVariable, ZTTBT1STRUCT{{settings.boot_once}, 0});
 }
 
-void AddNics(MachineBuilder& machine, const Settings& settings) {
-    std::string boot(10, '\0');  // a byte a NIC, with room for more NICs than any model has
+void AddNics(MachineBuilder& machine, const RomSettings& settings) {
+    std::string boot(10, '\0');  // one byte per NIC, with room for more NICs than any model has
     NicPxeFlags flags{};
     for (size_t i = 0; i < sizeof settings.nics; ++i) {
         boot[i] = static_cast<char>(settings.nics[i]);
@@ -89,7 +39,13 @@ void AddNics(MachineBuilder& machine, const Settings& settings) {
     machine.Variable(kNicPxeVariable, flags);
 }
 
-void AddConfiguration(MachineBuilder& machine, const Settings& settings) {
+void AddNicAddresses(MachineBuilder& machine, const std::vector<smbios_nic>& nics) {
+    smbios_nic entries[8] = {};
+    std::copy(nics.begin(), nics.end(), entries);
+    machine.Variable(kNicAddressVariable, entries);
+}
+
+void AddConfiguration(MachineBuilder& machine, const RomSettings& settings) {
     WOLEVREC configuration{};
     configuration.ucHeader = 1;
     configuration.uart1.ucData = settings.port_a;
@@ -111,12 +67,12 @@ void AddConfiguration(MachineBuilder& machine, const Settings& settings) {
 
 }  // namespace
 
-void AddRomVariables(MachineBuilder& machine, ModelId model) {
-    const Settings& settings = SettingsOf(model);
+void AddRomVariables(MachineBuilder& machine, const RomSettings& settings) {
     AddTexts(machine, settings);
     AddTimers(machine, settings);
     AddBoot(machine, settings);
     AddNics(machine, settings);
+    if (!settings.nic_addresses.empty()) AddNicAddresses(machine, settings.nic_addresses);
     AddConfiguration(machine, settings);
     machine.Variable(kVersionsVariable, settings.versions);
 }

@@ -1,0 +1,124 @@
+// What a machine can have: the facts that a model states, family by family, each with the function that
+// writes them into a machine.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "include/fan_records.h"
+#include "include/indicator_records.h"
+#include "include/rom_variables.h"
+#include "include/temperature_records.h"
+#include "tools/mkmachine/features.h"
+#include "tools/mkmachine/firmware_records.h"
+#include "tools/mkmachine/machine_builder.h"
+
+constexpr uint8_t kOtherSpeed = 0;  // of a fan: none that the driver's interface names
+constexpr int kNoPercent = -1;
+
+struct Fan {
+    unsigned state;  // bits of State
+    Zone zone;
+    unsigned instance;  // of the zone
+    uint8_t speed;      // a FanSpeed, or kOtherSpeed
+    int percent;        // of maximum, or kNoPercent
+    bool hot_plug;
+    unsigned partner;  // and redundancy group
+    bool older_record;
+};
+void AddFans(MachineBuilder& machine, const std::vector<Fan>& fans);
+
+constexpr uint8_t kOtherKind = 0;  // of a sensor: none of SensorKind
+constexpr int kInvalid = -1;       // no reading, no threshold
+
+struct Sensor {
+    uint8_t kind;  // a SensorKind, or kOtherKind
+    unsigned state;
+    Zone zone;
+    unsigned instance;  // of the zone
+    int reading;        // degrees Celsius, or kInvalid
+    int threshold;      // likewise
+};
+// The first sensor is the one before the first that the driver counts, its index 255.
+void AddTemperatures(MachineBuilder& machine, const std::vector<Sensor>& sensors);
+
+enum class OlderRecord { None, Absent, Present };  // what the older record says, if there is one
+
+struct Supply {
+    unsigned state;
+    bool hot_plug;
+    OlderRecord older;
+};
+void AddPowerSupplies(MachineBuilder& machine, const std::vector<Supply>& supplies);
+
+// The unit identification light.
+void AddIndicators(MachineBuilder& machine, IndicatorState uid);
+
+struct Module {
+    uint32_t present;  // 0: an empty socket
+    uint32_t size;     // megabytes
+    uint32_t speed;    // MHz
+    uint32_t status;
+};
+
+// Memory as the driver tells it. A driver that knows nothing of memory has neither.
+struct DriverMemory {
+    std::vector<std::vector<Module>> cartridges;  // labelled from 1; all have as many sockets as the first
+    std::vector<Module> system_board;
+};
+void AddMemoryModules(MachineBuilder& machine, const DriverMemory& memory);
+
+constexpr uint16_t kArray = 0x1000;  // the handle of a model's one memory array
+
+// Whether the maker's records tell where processors and memory devices are.
+enum class Locations { NotTold, Told };
+
+struct RackPlace {  // a blade's
+    const char* enclosure;
+    const char* bay;
+};
+
+// What the SMBIOS tables tell. What comes from the maker's own records stands at the end, and may be missing.
+struct Hardware {
+    const char* rom_version;
+    const char* rom_date;
+    const char* serial;
+    uint8_t chassis;
+    std::vector<Cache> caches;
+    std::vector<Processor> processors;
+    MemoryArray array;
+    std::vector<MemoryDevice> devices;
+    std::vector<smbios_nic> nics = {};
+    Locations locations = Locations::NotTold;
+    std::optional<RackPlace> rack = {};
+    std::vector<MappedPort> ports = {};
+};
+
+// The management processor, which the PICL tree shows.
+enum class Kelm { Absent, Present };
+void AddPicl(MachineBuilder& machine, Kelm kelm);
+
+// The firmware's settings, and whether the recovery timer runs.
+struct RomSettings {
+    bool asr_enabled;
+    uint8_t asr_minutes;
+    const char* asset;
+    const char* name;  // at most 14 characters
+    bool shutdown;     // automatic, when the environment is abnormal
+    uint8_t boot_devices;
+    ZTHIPLSTRUCT boot_order;
+    uint8_t boot_once;
+    NicBoot nics[4];
+    // Serial ports: the interrupt line in the high four bits, the UART in the low three.
+    uint8_t port_a, port_b, virtual_port;
+    uint8_t wake_on_lan;  // bits_WOL
+    uint8_t f1_prompt;    // bits_F1
+    bool hyper_threading;
+    uint8_t bios_port;
+    uint8_t bios_baud;
+    VERSEVREC versions;
+    std::vector<smbios_nic> nic_addresses =
+        {};  // kept here by firmware without the maker's SMBIOS record; at most 8
+};
+void AddRomVariables(MachineBuilder& machine, const RomSettings& settings);

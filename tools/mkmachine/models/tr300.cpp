@@ -1,0 +1,69 @@
+// The Corvex TR300: an ordinary server with older firmware and an older driver, which knows nothing of
+// memory.
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+// clang-format off
+const std::vector<Fan> kFans = {
+    // state, zone, instance, speed, percent, hot-plug, partner, older record
+    {kPresent | kRedundant, kSystemBoard, 0, kFanNormal,  45,         false, 2, true},
+    {kPresent | kRedundant, kSystemBoard, 0, kFanNormal,  45,         false, 1, true},
+    {kPresent,              kCpu,         1, kFanHigh,    90,         false, 0, true},
+    {kPresent | kRedundant, kIo,          0, kFanNormal,  kNoPercent, false, 3, false},
+    {kAbsent,               kMedia,       0, kFanOff,     kNoPercent, false, 0, false},
+};
+
+const std::vector<Sensor> kSensors = {
+    // kind, state, zone, instance, reading, threshold
+    {kBasicSensor, kPresent, kSystemBoard, 0, 26, 60},
+    {kBasicSensor, kPresent, kAmbient,     0, 22, 42},
+    {kMax1617,     kPresent, kCpu,         1, 43, 90},
+    {kMax1617,     kAbsent,  kCpu,         2, 0,  90},
+};
+
+const std::vector<Supply> kSupplies = {
+    // state, hot-plug, older record
+    {kPresent,           true,  OlderRecord::Present},
+    {kAbsent,            true,  OlderRecord::Absent},
+    {kAbsent,            false, OlderRecord::Present},  // the two records disagree
+    {kPresent | kFailed, true,  OlderRecord::None},
+    {kAbsent,            true,  OlderRecord::None},
+};
+
+const DriverMemory kDriverMemory = {};
+
+const Hardware kHardware = {  // firmware that doesn't tell cores
+    "Z07", "11/03/2006", "VX6447T300", kRackMount,
+    {{0x0700, "Proc 1 L1", 1, 64}, {0x0701, "Proc 1 L2", 2, 4096}},
+    {{0x0400, "Proc 1", 2333, 0, 0, 0x0700, 0x0701},
+     {0x0401, "Proc 2", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket}},
+    {kArray, 0x00800000, 4, 5},
+    {{0x1100, kArray, "SLOT 0 DIMM 1", 1024, 533},
+     {0x1101, kArray, "SLOT 0 DIMM 2", 512,  533},
+     {0x1102, kArray, "SLOT 0 DIMM 3", 0},
+     {0x1103, kArray, "SLOT 0 DIMM 4", 0}},
+};
+
+const RomSettings kSettings = {
+    false, 10,  // recovery timer: runs, minutes
+    "", "",  // asset, name
+    false,  // automatic shutdown
+    4, {{0, 1, 2, 3, 0xFF, 0xFF, 0xFF, 0xFF}},  // boot devices: count, order; 3 is PXE
+    0x02,  // the device of the next start alone
+    {kNicBootNone, kNicBootPxe},  // NICs, from NIC 1
+    0x53, 0x32, 0x07,  // serial ports A, B and virtual
+    2, 3, false,  // wake on LAN, F1 prompt, hyper-threading
+    1, 1,  // BIOS console: port, baud rate
+    {},  // its firmware knows no versions
+    {{0x00, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2A}},
+     {0x01, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2B}}},
+};
+
+}  // namespace
+
+const Model kTr300 = {
+    "tr300", "Corvex TR300",
+    kFans, kSensors, kSupplies, kIndicatorOn, kDriverMemory, kHardware, kSettings, Kelm::Absent,
+};
+// clang-format on

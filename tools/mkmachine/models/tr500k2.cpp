@@ -1,0 +1,119 @@
+// The Corvex TR500 K2: everything that a machine can have.
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+// clang-format off
+const std::vector<Fan> kFans = {
+    // state, zone, instance, speed, percent, hot-plug, partner, older record
+    {kPresent | kRedundant, kSystem,  0, kFanNormal,  35,         true,  2, false},
+    {kPresent | kRedundant, kSystem,  0, kFanNormal,  35,         true,  1, false},
+    {kPresent,              kCpu,     1, kFanHigh,    100,        true,  0, false},
+    {kPresent | kFailed,    kCpu,     2, kFanOff,     0,          true,  0, false},
+    {kPresent,              kCpu,     0, kFanNormal,  40,         false, 0, false},
+    {kPresent,              kMemory,  0, kFanOff,     0,          true,  0, false},
+    {kPresent,              kIo,      0, kOtherSpeed, kNoPercent, false, 0, false},
+    {kAbsent,               kScsi,    0, kFanOff,     kNoPercent, true,  0, false},
+    {kAbsent | kFailed,     kSupply,  0, kFanOff,     kNoPercent, false, 0, false},
+    {kPresent,              kExhaust, 0, kFanHigh,    85,         false, 0, false},
+    {kPresent,              kVirtual, 0, kFanNormal,  50,         false, 0, false},
+};
+
+const std::vector<Sensor> kSensors = {
+    // kind, state, zone, instance, reading, threshold
+    {kBasicSensor, kPresent, kSystem,      0, 24,       60},
+    {kBasicSensor, kPresent, kSystemBoard, 0, 31,       65},
+    {kMax1617,     kPresent, kCpu,         1, 37,       85},
+    {kMax1617,     kPresent, kCpu,         2, 40,       85},
+    {kMax1617,     kAbsent,  kCpu,         3, 99,       99},
+    {kLm75,        kPresent, kCpu,         0, 1,        kInvalid},
+    {kLm75,        kAbsent,  kMemory,      0, 0,        70},
+    {kTc610,       kPresent, kIo,          0, kInvalid, 70},
+    {kTc620,       kPresent, kScsi,        0, kInvalid, kInvalid},
+    {kLm75,        kPresent, kMedia,       0, 28,       55},
+    {kLm75,        kPresent, kSupply,      0, 45,       0},
+    {kBasicSensor, kPresent, kAmbient,     0, 21,       42},
+    {kBasicSensor, kPresent, kChassis,     0, 29,       60},
+    {kLm75,        kPresent, kBridge,      0, 55,       100},
+    {kOtherKind,   kAbsent,  kExhaust,     0, 36,       70},
+    {kOtherKind,   kPresent, kUnnamed,     0, 30,       70},
+    {kOtherKind,   kPresent, kVirtual,     0, 255,      255},
+};
+
+const std::vector<Supply> kSupplies = {
+    // state, hot-plug, older record
+    {kPresent | kRedundant,           true,  OlderRecord::None},
+    {kPresent | kFailed | kRedundant, true,  OlderRecord::None},
+    {kPresent | kFailed,              false, OlderRecord::None},
+    {kAbsent,                         true,  OlderRecord::None},
+};
+
+const std::vector<Module> kCartridge1 = {
+    // present, megabytes, MHz, status
+    {1, 2048, 667, 2},
+    {1, 2048, 667, 2},
+    {0, 0,    0,   4},
+    {1, 2048, 667, 9},
+    {1, 1024, 533, 3},  // a status that has no text
+};
+const std::vector<Module> kCartridge2 = {
+    {1, 2048, 667, 2},
+    {1, 1024, 533, 6},
+    {1, 4096, 800, 7},
+    {1, 2048, 667, 8},
+    {2, 0,    0,   5},  // expected, but gone
+};
+
+const std::vector<smbios_nic> kNics = {
+    {0x08, 3, {0x00, 0x1C, 0x4E, 0x0A, 0x5B, 0x10}},
+    {0x09, 3, {0x00, 0x1C, 0x4E, 0x0A, 0x5B, 0x11}},
+    {},
+    {0x08, 5, {0x00, 0x1C, 0x4E, 0x0A, 0x5B, 0x12}},
+    {0x09, 5, {0x00, 0x1C, 0x4E, 0x0A, 0x5B, 0x13}},
+};
+
+const DriverMemory kDriverMemory = {{kCartridge1, kCartridge2}, {}};
+
+const Hardware kHardware = {  // the second processor has the smaller L3 cache
+    "Z18", "06/12/2009", "VX8431T5K2", kRackMount,
+    {{0x0700, "Proc 1 L1", 1, 256}, {0x0701, "Proc 1 L2", 2, 1024}, {0x0702, "Proc 1 L3", 3, 0x8100},
+     {0x0703, "Proc 2 L1", 1, 256}, {0x0704, "Proc 2 L2", 2, 1024}, {0x0705, "Proc 2 L3", 3, 0x8080}},
+    {{0x0400, "Proc 1", 2933, 4, 8, 0x0700, 0x0701, 0x0702},
+     {0x0401, "Proc 2", 2933, 4, 8, 0x0703, 0x0704, 0x0705},
+     {0x0402, "Proc 3", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
+     {0x0403, "Proc 4", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket}},
+    {kArray, 0x04000000, 10},
+    {{0x1100, kArray, "Board 1 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+     {0x1101, kArray, "Board 1 DIMM 2", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+     {0x1102, kArray, "Board 1 DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
+     {0x1103, kArray, "Board 1 DIMM 4", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+     {0x1104, kArray, "Board 1 DIMM 5", 1024, 533, kFbDimm, kDdr2FullyBuffered},
+     {0x1105, kArray, "Board 2 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+     {0x1106, kArray, "Board 2 DIMM 2", 1024, 533, kFbDimm, kDdr2FullyBuffered},
+     {0x1107, kArray, "Board 2 DIMM 3", 4096, 800, kFbDimm, kDdr2FullyBuffered},
+     {0x1108, kArray, "Board 2 DIMM 4", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+     {0x1109, kArray, "Board 2 DIMM 5", 0,    0,   kFbDimm, kDdr2FullyBuffered}},
+    kNics, Locations::Told,
+};
+
+const RomSettings kSettings = {
+    true, 20,  // recovery timer: runs, minutes
+    "Rack 4, unit 12", "corvex-db1",  // asset, name
+    true,  // automatic shutdown
+    5, {{2, 0, 3, 4, 1, 0xFF, 0xFF, 0xFF}},  // boot devices: count, order; 3 is the USB key, 4 PXE
+    0x00,  // the device of the next start alone
+    {kNicBootPxe, kNicBootIscsi},  // NICs, from NIC 1
+    0x41, 0x32, 0x07,  // serial ports A, B and virtual
+    1, 1, true,  // wake on LAN, F1 prompt, hyper-threading
+    6, 4,  // BIOS console: port, baud rate
+    {{3, 1, 0}, {3, 2, 0}, {1, 5, 2}, {1, 5, 4}, {2, 0, 0}, {2, 1, 7}, {1, 0, 0},
+     {1, 0, 0}, {4, 2, 0}, {4, 3, 0}, {1, 1, 0}, {1, 2, 0}, {0, 9, 0}, {1, 0, 3}},
+};
+
+}  // namespace
+
+const Model kTr500k2 = {
+    "tr500k2", "Corvex TR500 K2",
+    kFans, kSensors, kSupplies, kIndicatorOff, kDriverMemory, kHardware, kSettings, Kelm::Present,
+};
+// clang-format on
