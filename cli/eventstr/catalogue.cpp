@@ -18,22 +18,22 @@ void PrintText(std::string_view text, const Argument* next, Bytes payload, TextW
 // The text for a chassis; null when there is none.
 const char* FormFor(EVT_CHASSIS chassis, const ChassisTexts& texts) {
     switch (chassis.bType) {
-        case 1: return chassis.bId == 0 ? texts.server : texts.external_chassis;
-        case 2: return texts.external_storage;
-        case 3: return texts.internal_storage;
-        case 4: return texts.blade_enclosure;
-        case 5: return texts.power_enclosure;
+        case kChassisServer: return chassis.bId == 0 ? texts.server : texts.external_chassis;
+        case kChassisExternalStorage: return texts.external_storage;
+        case kChassisInternalStorage: return texts.internal_storage;
+        case kChassisBladeEnclosure: return texts.blade_enclosure;
+        case kChassisPowerEnclosure: return texts.power_enclosure;
         default: return nullptr;
     }
 }
 
 // What names the chassis, ahead of the event's other fields in the parentheses. Result: how many arguments.
 size_t ChassisArguments(EVT_CHASSIS chassis, uint8_t name, Argument (&arguments)[2]) {
-    if (chassis.bType == 1 && chassis.bId != 0) {
+    if (chassis.bType == kChassisServer && chassis.bId != 0) {
         arguments[0] = {name, GetSysChassis};
         return 1;
     }
-    if (chassis.bType == 2 || chassis.bType == 3) {
+    if (chassis.bType == kChassisExternalStorage || chassis.bType == kChassisInternalStorage) {
         arguments[0] = {name, GetStorChassis};
         arguments[1] = kChassisNumber;  // a storage system's is its slot
         return 2;

@@ -24,8 +24,8 @@ const char* FuseLetter(uint8_t zone) {
 }
 
 // clang-format off
-constexpr Condition kFuseOfComponent = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kNetworkSlot};
-constexpr Condition kFuseOfBlade     = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kBladeSlot};
+constexpr Condition kFuseOfComponent = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kZoneNetworkSlot};
+constexpr Condition kFuseOfBlade     = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kZoneBladeSlot};
 constexpr Argument kFuseEnclosure    = {offsetof(EVT_INF_ENV_FUSE_OPEN, cChassisName), GetChassisEx};
 constexpr Argument kFuseSlot         = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneId), FuseSlot};
 constexpr Argument kFuseSide         = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneId), FuseSide};
@@ -51,8 +51,8 @@ constexpr Argument kMisconfigReason =
 constexpr Argument kMisconfigEnclosure =
     {offsetof(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED, cChassisName), GetChassisEx};
 
-constexpr Condition kPartIsComponent = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneType), kNetworkSlot};
-constexpr Condition kPartIsBlade     = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneType), kBladeSlot};
+constexpr Condition kPartIsComponent = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneType), kZoneNetworkSlot};
+constexpr Condition kPartIsBlade     = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneType), kZoneBladeSlot};
 constexpr Argument kPartSlot         = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneId), Byte2Str};
 constexpr Argument kPartSide         = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneId), GetRackSide};
 constexpr Argument kPartEnclosure    = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, cChassisName), GetChassisEx};

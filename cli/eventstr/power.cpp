@@ -139,9 +139,9 @@ constexpr ChassisEventRow kChassisEvents[] = {
 };
 static_assert(WellFormed(kChassisEvents));
 
-constexpr Condition kServer          = {offsetof(EVT_CHASSIS, bType), 1};
-constexpr Condition kExternalStorage = {offsetof(EVT_CHASSIS, bType), 2};
-constexpr Condition kInternalStorage = {offsetof(EVT_CHASSIS, bType), 3};
+constexpr Condition ChassisIs(EventChassisType type) {
+    return {offsetof(EVT_CHASSIS, bType), type};
+}
 
 constexpr Argument kBatteryText = {sizeof(EVT_BATTERY_LOW), ExtraText};
 
@@ -153,12 +153,12 @@ constexpr EventRow kEvents[] = {
     {2, {kServerItself}, "Real-Time Clock Battery Failing", {}},
     {2, {},              "Real-Time Clock Battery Failing (Chassis %s)", {kChassisNumber}},
 
-    {3, {kServer, kServerItself}, "%s (System Board, Socket %s)", {kFailed, kFailedSocket}},
-    {3, {kServer}, "%s (Chassis %s, Slot %s, Socket %s)",
+    {3, {ChassisIs(kChassisServer), kServerItself}, "%s (System Board, Socket %s)", {kFailed, kFailedSocket}},
+    {3, {ChassisIs(kChassisServer)}, "%s (Chassis %s, Slot %s, Socket %s)",
      {kFailed, kChassisNumber, kFailedSlot, kFailedSocket}},
-    {3, {kExternalStorage}, "%s (Chassis %s, Slot %s, Socket %s)",
+    {3, {ChassisIs(kChassisExternalStorage)}, "%s (Chassis %s, Slot %s, Socket %s)",
      {kFailed, kChassisNumber, kFailedSlot, kFailedSocket}},
-    {3, {kInternalStorage}, "%s (Chassis %s, Slot %s, Socket %s)",
+    {3, {ChassisIs(kChassisInternalStorage)}, "%s (Chassis %s, Slot %s, Socket %s)",
      {kFailed, kChassisNumber, kFailedSlot, kFailedSocket}},
 
     {18, {kServerItself}, "Real-Time Clock Battery Failing%s", {kBatteryText}},

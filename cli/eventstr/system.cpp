@@ -23,8 +23,8 @@ static_assert(WellFormed(kRecoveryEvents));
 constexpr Condition CauseIs(uint8_t cause) {
     return {offsetof(EVT_AUTO_SHUTDOWN, bCause), cause};
 }
-constexpr Condition kShedComponent = {offsetof(EVT_OS_PWR_SHED, bZoneType), kNetworkSlot};
-constexpr Condition kShedBlade     = {offsetof(EVT_OS_PWR_SHED, bZoneType), kBladeSlot};
+constexpr Condition kShedComponent = {offsetof(EVT_OS_PWR_SHED, bZoneType), kZoneNetworkSlot};
+constexpr Condition kShedBlade     = {offsetof(EVT_OS_PWR_SHED, bZoneType), kZoneBladeSlot};
 constexpr Argument kShedSlot       = {offsetof(EVT_OS_PWR_SHED, bZoneId), Byte2Str};
 
 constexpr EventRow kSystemEvents[] = {

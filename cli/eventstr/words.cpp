@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "include/event_chassis.h"
 #include "src/utils/word_table.h"
 
 namespace eventstr {
@@ -11,7 +12,7 @@ const char szUnknown[] = "Unknown";
 namespace {
 
 // clang-format off
-constexpr const char* szLocations[] = {
+constexpr const char* szLocations[] = {    // by EventZoneType
     "System",           // 0
     "System Board",
     "I/O Board",
@@ -221,13 +222,13 @@ const char* GetInfErrString(uint8_t bErr) {
 }
 
 const char* GetInternalExternal(uint8_t bType) {
-    if (bType == 2) return "External";
-    return bType == 3 ? "Internal" : "";
+    if (bType == kChassisExternalStorage) return "External";
+    return bType == kChassisInternalStorage ? "Internal" : "";
 }
 
 const char* GetEnclosureType(uint8_t bType) {
-    if (bType == 4) return "Server Blade Enclosure";
-    return bType == 5 ? "Power Enclosure" : "";
+    if (bType == kChassisBladeEnclosure) return "Server Blade Enclosure";
+    return bType == kChassisPowerEnclosure ? "Power Enclosure" : "";
 }
 
 }  // namespace eventstr

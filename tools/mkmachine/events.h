@@ -45,6 +45,13 @@ void AddPowerEvents(SampleEvents& events);
 void AddAdapterEvents(SampleEvents& events);
 void AddInfrastructureEvents(SampleEvents& events);
 
+constexpr EVT_CHASSIS ExternalStorage(uint8_t slot) {
+    return {kChassisExternalStorage, slot, 0};
+}
+constexpr EVT_CHASSIS InternalStorage(uint8_t slot) {
+    return {kChassisInternalStorage, slot, 0};
+}
+
 struct SampleChassis {
     EVT_CHASSIS chassis;
     const char* name;
@@ -55,9 +62,14 @@ struct SampleChassis {
 template <typename Make>
 void AddForEachChassis(SampleEvents& events, uint8_t severity, uint16_t event_class, uint16_t code,
                        Make make) {
-    constexpr SampleChassis kNamed[] = {{{1, 0, 0}, "SELF"},         {{1, 2, 0}, "RACK7"},
-                                        {{2, 3, 0}, "SHELF"},        {{3, 4, 0}, "CAGE"},
-                                        {{4, 0x01, 0x2F}, "SGH123"}, {{5, 0x00, 0x12}, "PWR456"}};
+    constexpr SampleChassis kNamed[] = {
+        {{kChassisServer, 0, 0}, "SELF"},
+        {{kChassisServer, 2, 0}, "RACK7"},
+        {ExternalStorage(3), "SHELF"},
+        {InternalStorage(4), "CAGE"},
+        {{kChassisBladeEnclosure, 0x01, 0x2F}, "SGH123"},
+        {{kChassisPowerEnclosure, 0x00, 0x12}, "PWR456"},
+    };
     bool named = code % 2 == 0;
     for (const SampleChassis& kind : kNamed) {
         events.push_back({severity, event_class, code, make(kind.chassis, named ? kind.name : "")});

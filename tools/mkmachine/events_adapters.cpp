@@ -4,7 +4,11 @@
 namespace {
 
 // The server itself, an external chassis without a name, and one that has a name; the type doesn't matter.
-constexpr SampleChassis kPlaces[] = {{{1, 0, 8}, "SELF"}, {{2, 3, 8}, ""}, {{4, 3, 8}, "EXP1"}};
+constexpr SampleChassis kPlaces[] = {
+    {{kChassisServer, 0, 8}, "SELF"},
+    {{kChassisExternalStorage, 3, 8}, ""},
+    {{kChassisBladeEnclosure, 3, 8}, "EXP1"},
+};
 
 // A record of a chassis, a slot or a bay, and the chassis name.
 template <typename Record>
@@ -43,8 +47,8 @@ void AddAdapterEvents(SampleEvents& events) {
     AddNotRedundant<EVT_ARRAY_CTRLS_NOT_REDUNDANT>(events, 19, 4);
     events.push_back(
         {kCritical, 19, 7,
-         WithTexts(EVT_SAS_ARRAY_DEV_FAILURE{{3, 255, 0}, 23, {'6', 'F'}, 11, {}}, {"ARRAY4", ""})});
-    events.push_back(
-        {kCritical, 19, 8,
-         WithTexts(EVT_SAS_ARRAY_PHY_ERROR{{2, 4, 0}, {'7', 'G'}, 12, 24, 25, {}}, {"ARRAY3", "Rear"})});
+         WithTexts(EVT_SAS_ARRAY_DEV_FAILURE{InternalStorage(255), 23, {'6', 'F'}, 11, {}}, {"ARRAY4", ""})});
+    events.push_back({kCritical, 19, 8,
+                      WithTexts(EVT_SAS_ARRAY_PHY_ERROR{ExternalStorage(4), {'7', 'G'}, 12, 24, 25, {}},
+                                {"ARRAY3", "Rear"})});
 }

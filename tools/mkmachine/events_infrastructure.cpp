@@ -3,9 +3,9 @@
 
 namespace {
 
-constexpr EVT_CHASSIS kBlades = {4, 0x01, 0x2F};
-constexpr EVT_CHASSIS kPower = {5, 0x00, 0x12};
-constexpr EVT_CHASSIS kNeither = {1, 0x00, 0x34};
+constexpr EVT_CHASSIS kBlades = {kChassisBladeEnclosure, 0x01, 0x2F};
+constexpr EVT_CHASSIS kPower = {kChassisPowerEnclosure, 0x00, 0x12};
+constexpr EVT_CHASSIS kNeither = {kChassisServer, 0x00, 0x34};
 constexpr char kSerial[] = "SGH123";
 
 template <typename Record>
@@ -15,15 +15,15 @@ void Add(SampleEvents& events, uint8_t severity, uint16_t code, const Record& re
 
 template <typename Record>
 void AddPart(SampleEvents& events, uint16_t code) {
-    Add(events, kNotice, code, Record{kBlades, 6, kBladeSlot, {}}, kSerial);
-    Add(events, kNotice, code, Record{kBlades, 2, kNetworkSlot, {}}, "");
+    Add(events, kNotice, code, Record{kBlades, 6, kZoneBladeSlot, {}}, kSerial);
+    Add(events, kNotice, code, Record{kBlades, 2, kZoneNetworkSlot, {}}, "");
 }
 
 void AddTroubleWithBlades(SampleEvents& events) {
     Add(events, kCaution, 1, EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON{kBlades, 3, 2, {}}, kSerial);
     Add(events, kNotice, 2, EVT_INF_ENV_MANUAL_OVERRIDE{kBlades, 4, {}}, kSerial);
-    Add(events, kCritical, 3, EVT_INF_ENV_FUSE_OPEN{kBlades, 0x12, kBladeSlot, {}}, kSerial);
-    Add(events, kCritical, 3, EVT_INF_ENV_FUSE_OPEN{kBlades, 0x01, kNetworkSlot, {}});
+    Add(events, kCritical, 3, EVT_INF_ENV_FUSE_OPEN{kBlades, 0x12, kZoneBladeSlot, {}}, kSerial);
+    Add(events, kCritical, 3, EVT_INF_ENV_FUSE_OPEN{kBlades, 0x01, kZoneNetworkSlot, {}});
     Add(events, kCaution, 4, EVT_INF_ENV_I2C_FAULT{kBlades, 7, {}}, kSerial);
     Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kBlades, 3, 0, {}}, kSerial);
     Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kBlades, 3, 1, {}}, "01234567890123456789");

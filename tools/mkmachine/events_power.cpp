@@ -22,12 +22,19 @@ void AddUnit(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t unit
 
 std::string NotRedundant(EVT_CHASSIS chassis, const char* name) {
     constexpr uint8_t kPowerModule = 2;
-    if (chassis.bType < 4) return WithTexts(EVT_POWER_NOT_REDUNDANT{chassis, {}}, {name});
+    if (chassis.bType < kChassisBladeEnclosure) {
+        return WithTexts(EVT_POWER_NOT_REDUNDANT{chassis, {}}, {name});
+    }
     return WithTexts(EVT_INF_POWER_NOT_REDUNDANT{chassis, kPowerModule, {}}, {name});
 }
 
 void AddPowerModules(SampleEvents& events) {
-    constexpr EVT_CHASSIS kPlaces[] = {{1, 0, 0}, {1, 2, 0}, {2, 3, 0}, {3, 4, 0}};
+    constexpr EVT_CHASSIS kPlaces[] = {
+        {kChassisServer, 0, 0},
+        {kChassisServer, 2, 0},
+        ExternalStorage(3),
+        InternalStorage(4),
+    };
     for (uint8_t type = 0; type < 4; ++type) {
         for (const EVT_CHASSIS& chassis : kPlaces) {
             events.push_back(
@@ -37,7 +44,8 @@ void AddPowerModules(SampleEvents& events) {
 }
 
 void AddBatteries(SampleEvents& events, uint16_t code, const std::string& text) {
-    for (const EVT_CHASSIS& chassis : {EVT_CHASSIS{1, 0, 0}, EVT_CHASSIS{4, 3, 0}}) {
+    for (const EVT_CHASSIS& chassis :
+         {EVT_CHASSIS{kChassisServer, 0, 0}, EVT_CHASSIS{kChassisBladeEnclosure, 3, 0}}) {
         const std::string battery = MachineBuilder::Plain(EVT_BATTERY_LOW{chassis});
         events.push_back({kCaution, 11, code, battery + text + '\0'});
     }
@@ -71,5 +79,5 @@ void AddPowerEvents(SampleEvents& events) {
     AddUnit<EVT_POWER_SUPPLY_FAILURE>(events, kCritical, 19, 19, 255, "Spare 9");
     events.push_back(
         {kCritical, 11, 20,
-         WithTexts(EVT_SAS_POWER_SUPPLY_FAILURE{{2, 3, 0}, 4, {'5', 'E'}, 10, {}}, {"ARRAY2", ""})});
+         WithTexts(EVT_SAS_POWER_SUPPLY_FAILURE{ExternalStorage(3), 4, {'5', 'E'}, 10, {}}, {"ARRAY2", ""})});
 }

@@ -9,7 +9,9 @@ void Add(SampleEvents& events, uint8_t severity, uint16_t event_class, uint16_t 
 }
 
 // In the server itself and in an external chassis, of a type that doesn't matter.
-constexpr EVT_CHASSIS kChassis[] = {{4, 0, 0}, {3, 2, 0}};
+constexpr EVT_CHASSIS kChassis[] = {{kChassisBladeEnclosure, 0, 0}, {kChassisInternalStorage, 2, 0}};
+
+constexpr EVT_CHASSIS kBlades = {kChassisBladeEnclosure, 0, 1};
 
 }  // namespace
 
@@ -42,8 +44,8 @@ void AddSystemEvents(SampleEvents& events) {
     }
     events.push_back({kCritical, 14, 3, WithTexts(EVT_OS_FATAL_EXCEPTION{14, {}}, {"page fault"})});
     events.push_back({kCaution, 14, 4, ""});
-    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 5, kBladeSlot, {}}, {""})});
-    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{{4, 0, 1}, 6, kNetworkSlot, {}}, {""})});
+    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{kBlades, 5, kZoneBladeSlot, {}}, {""})});
+    events.push_back({kCaution, 14, 5, WithTexts(EVT_OS_PWR_SHED{kBlades, 6, kZoneNetworkSlot, {}}, {""})});
     events.push_back({kCaution, 14, 6, ""});
     events.push_back({kCritical, 20, 1, ""});
     events.push_back({kCritical, 20, 2, ""});
