@@ -139,12 +139,7 @@ constexpr const char* szInfError[] = {
     "I2C Bus Timeout",
     "Unknown I2C Error",                // 8
 };
-
-struct PowerSupplyError {
-    uint8_t code;
-    const char* word;
-};
-constexpr PowerSupplyError kPSErrors[] = {
+constexpr CodeText kPSErrors[] = {
     {0,   "General Failure"},
     {1,   "BIST Failure"},
     {2,   "Fan Failure"},
@@ -201,8 +196,7 @@ const char* GetPwrBus(uint8_t bLocation) {
 }
 
 const char* GetPSError(uint8_t bPSError) {
-    const PowerSupplyError* const row = FindCode(kPSErrors, bPSError);
-    return row != nullptr ? row->word : "Unknown Failure";
+    return TextOfCode(kPSErrors, bPSError, "Unknown Failure");
 }
 
 const char* GetFailedPowerModule(uint8_t bType) {

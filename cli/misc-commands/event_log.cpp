@@ -74,18 +74,13 @@ int ReadEvent(EventRead& buffer, uint32_t number) {
     return status;
 }
 
-struct Severity {
-    EventSeverity code;
-    const char* word;
-};
-constexpr Severity kSeverities[] = {
+constexpr CodeText kSeverities[] = {
     {kInformational, "INFO"}, {kNotice, "INFO"},       {kRepaired, "REPAIRED"},
     {kCaution, "CAUTION"},    {kCritical, "CRITICAL"},
 };
 
 const char* SeverityWord(uint8_t bSeverity) {
-    const Severity* const row = FindCode(kSeverities, bSeverity);
-    return row != nullptr ? row->word : "UNKNOWN";
+    return TextOfCode(kSeverities, bSeverity, "UNKNOWN");
 }
 
 // Control characters, and bytes that aren't ASCII, would disturb the terminal.
