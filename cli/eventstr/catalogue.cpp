@@ -48,7 +48,7 @@ void PrintForm(const char* text, const ChassisEventRow& row, Bytes payload, Text
     const Argument* const own_end = own + Count(row.arguments);
     const Argument* const ahead = own + MarksAhead(text);
 
-    Argument all[kMaxChassisEventArguments + 3];
+    Argument all[kMaxChassisEventArguments + 3];  // two more for a chassis, one for an enclosure
     Argument* next = std::copy(own, ahead, all);
     next = std::copy(chassis, chassis + chassis_count, next);
     next = std::copy(ahead, own_end, next);

@@ -133,27 +133,48 @@ constexpr bool WellFormed(const EventRow (&rows)[N]) {
     return true;
 }
 
-constexpr bool WellFormed(const char* text, std::string_view chassis, size_t least, size_t most) {
+// Whether a form, when there is one, names its chassis in these words and takes `least` to `most` arguments.
+constexpr bool FormFits(const char* text, std::string_view chassis, size_t least, size_t most) {
     if (text == nullptr) return true;
     const std::string_view form = text;
     return Marks(form) >= least && Marks(form) <= most && form.find(chassis) != form.npos;
 }
 
-// Codes ascend, and each form names its chassis and takes no more and no fewer arguments than there are.
+// How many times a code stands in the rows, with the extra text or without.
+template <size_t N>
+constexpr size_t TimesGiven(const ChassisEventRow (&rows)[N], uint16_t code) {
+    size_t times = 0;
+    for (const ChassisEventRow& row : rows) times += (row.code == code) + (row.code_with_extra_text == code);
+    return times;
+}
+
+// Codes ascend, one with the extra text is no other event's, and each form names its chassis and takes no
+// more and no fewer arguments than there are.
 template <size_t N>
 constexpr bool WellFormed(const ChassisEventRow (&rows)[N]) {
     for (size_t i = 0; i < N; ++i) {
         const ChassisTexts& texts = rows[i].texts;
         const size_t all = Count(rows[i].arguments);
         const size_t shared = texts.server != nullptr ? Marks(texts.server) : all;
+        const uint16_t extra = rows[i].code_with_extra_text;
         if (i > 0 && rows[i].code < rows[i - 1].code) return false;
-        if (shared > all || !WellFormed(texts.external_chassis, "(Chassis %s", shared + 1, shared + 1) ||
-            !WellFormed(texts.external_storage, "(%sSlot %s", shared + 2, shared + 2) ||
-            !WellFormed(texts.internal_storage, "(%sSlot %s", shared + 2, shared + 2) ||
-            !WellFormed(texts.blade_enclosure, "Server Blade Enclosure ", all, all + 1) ||
-            !WellFormed(texts.power_enclosure, "Power Enclosure ", all, all + 1)) {
+        if (extra != 0 && TimesGiven(rows, extra) != 1) return false;
+        if (shared > all || !FormFits(texts.external_chassis, "(Chassis %s", shared + 1, shared + 1) ||
+            !FormFits(texts.external_storage, "(%sSlot %s", shared + 2, shared + 2) ||
+            !FormFits(texts.internal_storage, "(%sSlot %s", shared + 2, shared + 2) ||
+            !FormFits(texts.blade_enclosure, "Server Blade Enclosure ", all, all + 1) ||
+            !FormFits(texts.power_enclosure, "Power Enclosure ", all, all + 1)) {
             return false;
         }
+    }
+    return true;
+}
+
+// Whether no event stands in both catalogues of a class, which are printed one after the other.
+template <size_t N, size_t M>
+constexpr bool Disjoint(const ChassisEventRow (&chassis_rows)[N], const EventRow (&rows)[M]) {
+    for (const EventRow& row : rows) {
+        if (TimesGiven(chassis_rows, row.code) != 0) return false;
     }
     return true;
 }

@@ -89,7 +89,7 @@ constexpr EventRow kEvents[] = {    // one text each, whatever the chassis
       {offsetof(EVT_MACH_SAS_OVERHEAT, szChassis_Sun), GetSlotChassisSun}}},
 };
 // clang-format on
-static_assert(WellFormed(kEvents));
+static_assert(WellFormed(kEvents) && Disjoint(kChassisEvents, kEvents));
 
 }  // namespace
 

@@ -171,7 +171,7 @@ constexpr EventRow kEvents[] = {
       {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, szPortID),      GetSASPort},
       {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, szChassis_Sun), GetSlotChassisSun}}},
 };
-static_assert(WellFormed(kEvents));
+static_assert(WellFormed(kEvents) && Disjoint(kChassisEvents, kEvents));
 // clang-format on
 
 }  // namespace
