@@ -7,8 +7,9 @@
 #pragma pack(push, 1)
 
 struct EVT_MAIN_MEMORY {  // 3/1, 3/2, 3/10: corrected or uncorrectable errors of one module or bank
-    uint8_t bSlot;        // 0: the system board, which has no slot
-    uint8_t bModule;      // 3/10: a bank letter
+    // 0: the system board, which has no slot
+    uint8_t bSlot;
+    uint8_t bModule;  // 3/10: a bank letter
     char cSerialNumber[1];
 };
 using PEVT_MAIN_MEMORY = EVT_MAIN_MEMORY*;
@@ -22,7 +23,8 @@ using PEVT_MEM_SINGLE = EVT_MEM_SINGLE*;
 static_assert(sizeof(EVT_MEM_SINGLE) == 2 && offsetof(EVT_MEM_SINGLE, bSlot) == 1);
 
 struct EVT_MAIN_MEMORY_MULTI {  // 3/3: uncorrectable error, several suspect modules
-    uint8_t bResolution;        // how many of mm are valid
+    // how many of mm are valid
+    uint8_t bResolution;
     EVT_MEM_SINGLE mm[4];
     char cSerialNumber[1];  // one for each of mm, with commas between
 };
@@ -91,7 +93,8 @@ using PEVT_MAIN_MEMORY_BOARD_FAILURE = EVT_MAIN_MEMORY_BOARD_FAILURE*;
 static_assert(sizeof(EVT_MAIN_MEMORY_BOARD_FAILURE) == 1);
 
 struct EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG {  // 3/18: found by the ROM's memory test
-    uint8_t bBoard;                        // 0: no board
+    // 0: no board
+    uint8_t bBoard;
     uint8_t bModule;
     uint8_t bBank;
     struct {

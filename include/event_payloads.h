@@ -1,6 +1,5 @@
-// The entries of the event log, whole. What follows an entry's header is one of many records, which one
-// follows from the header's class and code. The records stand in a file for each family, each beside the
-// class/code pairs that carry it.
+// The entries of the event log, whole. A header is followed by one of many records; class and code in the
+// header say which. The records stand in one file per family, each with the class/code pairs that carry it.
 //
 // All are packed and little-endian, as the firmware has them. A field of type char[1] is a zero-terminated
 // text that begins there and runs on past the record; where a second text follows, it begins right behind the

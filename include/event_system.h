@@ -29,7 +29,8 @@ using PEVT_CPU_UNCORRECTABLE = EVT_CPU_UNCORRECTABLE*;
 static_assert(sizeof(EVT_CPU_UNCORRECTABLE) == 3 && offsetof(EVT_CPU_UNCORRECTABLE, bType) == 2);
 
 struct EVT_HOST_BUS_UNCORRECTABLE {  // 6/1
-    uint8_t bError;                  // parity of an address (0) or of data (1)
+    // 0: parity of an address, 1: parity of data
+    uint8_t bError;
 };
 using PEVT_HOST_BUS_UNCORRECTABLE = EVT_HOST_BUS_UNCORRECTABLE*;
 static_assert(sizeof(EVT_HOST_BUS_UNCORRECTABLE) == 1);
@@ -92,7 +93,8 @@ using PEVT_OS_CRASH = EVT_OS_CRASH*;
 static_assert(sizeof(EVT_OS_CRASH) == 1);
 
 struct EVT_AUTO_SHUTDOWN {  // 14/2
-    uint8_t bCause;         // bit 7: aborted, or begun by software
+    // bit 7: aborted, or begun by software
+    uint8_t bCause;
 };
 using PEVT_AUTO_SHUTDOWN = EVT_AUTO_SHUTDOWN*;
 static_assert(sizeof(EVT_AUTO_SHUTDOWN) == 1);

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "include/data_tables.h"
-#include "include/event_payloads.h"
+#include "include/event_machine.h"
 
 constexpr DataTableType kFanHeaderTable = 351;   // FANHEADER
 constexpr DataTableType kFanDataTable = 352;     // FANDDATA, which not every driver offers

@@ -1,4 +1,4 @@
-// Classes 17 to 19: network adapters, SCSI and drive arrays. Most of their events know the server, whose
+// Classes 17 to 19: network adapters, SCSI and drive arrays. Most of their events tell the server, whose
 // chassis number is 0, from an external chassis, whatever the chassis type.
 #include "cli/eventstr/catalogue.h"
 #include "cli/eventstr/translators.h"
@@ -8,7 +8,7 @@ namespace eventstr {
 namespace {
 
 // clang-format off
-// The chassis says more here than where.
+// In these classes the chassis also carries the port or bus number and, for a failed disk, the slot.
 constexpr Argument kPort = {offsetof(EVT_CHASSIS, bPort), Byte2Str};    // of a network adapter
 constexpr Argument kBus  = {offsetof(EVT_CHASSIS, bPort), Byte2Str};    // of a disk or its controller
 constexpr Argument kStorageSlot = kChassisNumber;

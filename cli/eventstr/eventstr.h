@@ -10,8 +10,9 @@
 // Result: 1, or 0 when nothing is known of the event and the text gives its class and code.
 int TranslateEventLogMessage(PEVT_LOG_ENTRY pEvtLogEntry, char* szString, unsigned int ulSize);
 
-// The same for an entry that comes from the management processor. It has no length: pIPMIEvent is an entry as
-// in EVT_IPMI_LOG_ENTRY whose texts are terminated; one that isn't is read up to kIpmiPayloadRoom.
+// The same for an entry that comes from the management processor. The shell has no such entries; other
+// programs of the system link this. An entry has no length: pIPMIEvent is an EVT_IPMI_LOG_ENTRY whose texts
+// are terminated; one that isn't is read up to kIpmiPayloadRoom.
 int TranslateIPMIEventMessage(PEVT_IPMI_LOG_ENTRY pIPMIEvent, char* szString, unsigned int ulSize);
 
 constexpr size_t kIpmiPayloadRoom = 256;  // bytes

@@ -1,4 +1,4 @@
-// Classes 4 to 9: cache, processors, buses and expansion slots. The events that have a chassis know the
+// Classes 4 to 9: cache, processors, buses and expansion slots. The events that have a chassis tell the
 // server, whose chassis number is 0, from an external one, whatever the chassis type.
 #include "cli/eventstr/catalogue.h"
 #include "cli/eventstr/translators.h"

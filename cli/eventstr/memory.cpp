@@ -13,7 +13,7 @@ constexpr uint8_t kSystemMemory = 0;  // for a slot: the board's own memory
 constexpr uint8_t kNotKnown = 255;
 
 // clang-format off
-// Slot and module, or slot and bank, stand in the same places in all events of one of them.
+// Slot and module (or bank) stand at the same offsets in these three records, so their rows share the arguments.
 constexpr size_t kSlotAt = offsetof(EVT_MAIN_MEMORY, bSlot);
 constexpr size_t kModuleAt = offsetof(EVT_MAIN_MEMORY, bModule);
 static_assert(offsetof(EVT_MAIN_MEMORY_SPARE_ENGAGED, bSlot) == kSlotAt &&
