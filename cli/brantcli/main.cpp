@@ -105,8 +105,8 @@ int main(int argc, char** argv) {
 
     int status = 1;
     if (script_mode != 0) {
-        // getopt knows -s as an option without a value: the commands are the second argument, whatever the
-        // first.
+        // getopt knows -s as an option without a value: the commands are
+        // the second argument, whatever the first.
         status = RunScript(argc > 2 ? argv[2] : nullptr);
     } else {
         while (Command(&CurrentCommandLine, 0) != 0) continue;

@@ -50,6 +50,6 @@ CmdType* FollowWords(const Word* words, int count) {
 // Gives every synonym below Cmd the children of the node that it stands for.
 void PropagateSynonyms(CmdType* Cmd);
 
-// Prints the tree below cmds, one line per token, depth TABs deep; siblings that share one help text and follow
-// each other stand on one line, joined by " | ".
+// Prints the tree below cmds, one line per token, depth TABs deep; siblings that share one help text and
+// follow each other stand on one line, joined by " | ".
 void Print_Tree(CmdType* cmds, int depth);

@@ -20,6 +20,6 @@ using CommandHandler = int (*)(InputLineType* InputLine);
 // The one line that both modes use.
 extern InputLineType CurrentCommandLine;
 
-// Empties a line before the next command: zeros in CmdLine and ParseLine, null for each of the Words. The other
-// members are as they were until Parse fills them.
+// Empties a line before the next command: zeros in CmdLine and ParseLine, null for each of the Words. The
+// other members are as they were until Parse fills them.
 void ClearLine(InputLineType* InputLine);
