@@ -19,8 +19,8 @@ namespace {
 struct Device {
     char* path;
     int* descriptor;
-    const char* refusal;  // when it doesn't open; the hint follows, and then the end
-    const char* end;
+    const char* refusal;  // printed when it doesn't open, with kDaemonHint behind it
+    const char* after_hint;
 };
 
 constexpr char kDaemonHint[] =
@@ -50,7 +50,7 @@ bool OpenDevices() {
         *device.descriptor = vxOpenRequest(device.path, kReadWrite);
         if (*device.descriptor >= 0) continue;
 
-        std::printf("%s%s%s", device.refusal, kDaemonHint, device.end);
+        std::printf("%s%s%s", device.refusal, kDaemonHint, device.after_hint);
         CloseBackwards(i);
         return false;
     }
