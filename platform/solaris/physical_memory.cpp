@@ -1,4 +1,5 @@
-// The physical-memory device of the real server.
+// The physical-memory device of the real server. The device grants a mapping only with all three rights,
+// though nothing here writes.
 #include "platform/physical_memory.h"
 
 #include <fcntl.h>
