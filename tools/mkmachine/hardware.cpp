@@ -19,7 +19,7 @@ void AddMemory(SmbiosTable& table, const Hardware& hardware) {
     table.Add(MappedAddressRecord(0x1300, hardware.array.handle, installedMiB * 1024));
 }
 
-// The maker's record for each populated processor and each memory device; five sockets a memory board.
+// The maker's record for each populated processor and each memory device; five sockets per memory board.
 void AddLocations(SmbiosTable& table, const Hardware& hardware) {
     uint8_t socket = 0;
     for (const Processor& processor : hardware.processors) {

@@ -12,7 +12,7 @@ namespace {
 
 struct Order {
     const Model* model = &Models().front();
-    std::optional<size_t> events;  // entries of the event log; else one of each
+    std::optional<size_t> events;  // entries of the event log; else one of each sample
     std::string directory;
 };
 
