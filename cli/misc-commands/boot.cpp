@@ -1,6 +1,7 @@
 // The standard boot order (the IPL list) and the device that the next start alone boots from.
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
@@ -30,36 +31,46 @@ constexpr RomTexts kBootOnceTexts = {
     "\nSuccessfully set next boot to %s.",
 };
 
-// The names of the codes in the boot order: usually, and where the list holds a USB key.
-constexpr const char* ipl[] = {"CD-ROM", "Floppy", "HDD", "PXE"};
-constexpr const char* ipl2[] = {"CDROM", "Floppy", "HDD", "USBKEY", "PXE"};
+// A device's place in its table is its code in the boot order: usually, and where the list can hold a USB
+// key.
+struct OrderDevice {
+    const char* word;
+    const char* shown;
+};
+// clang-format off
+constexpr OrderDevice ipl[] = {
+    {"CDROM",  "CD-ROM"},
+    {"FLOPPY", "Floppy"},
+    {"HDD",    "HDD"},
+    {"PXE",    "PXE"},
+};
+constexpr OrderDevice ipl2[] = {
+    {"CDROM",  "CDROM"},
+    {"FLOPPY", "Floppy"},
+    {"HDD",    "HDD"},
+    {"USBKEY", "USBKEY"},
+    {"PXE",    "PXE"},
+};
+// clang-format on
 
 template <size_t kCount>
-const char* NameOf(const char* const (&names)[kCount], uint8_t code) {
-    return code < kCount ? names[code] : "UNKNOWN";
+const char* NameOf(const OrderDevice (&devices)[kCount], uint8_t code) {
+    return code < kCount ? devices[code].shown : "UNKNOWN";
 }
 
-// The usual names, but for the codes that on the TR500 K2 stand for other devices than elsewhere.
+// SHOW BOOT's names. On the TR500 K2 codes 3 and 4 mean a USB key and PXE; the others read as everywhere.
 const char* FirstDeviceName(uint8_t code) {
     return code >= 3 && is_tr500k2() ? NameOf(ipl2, code) : NameOf(ipl, code);
 }
 
 constexpr int kNoCode = -1;
 
-struct OrderDevice {
-    const char* word;
-    int code;  // in the boot order, or kNoCode where the server can't boot from it
-    int tr500k2_code;
-};
-// clang-format off
-constexpr OrderDevice kOrderDevices[] = {
-    {"CDROM",  0,       0},
-    {"FLOPPY", 1,       1},
-    {"HDD",    2,       2},
-    {"PXE",    3,       4},
-    {"USBKEY", kNoCode, 3},
-};
-// clang-format on
+// A device's code by its word; kNoCode where the server can't boot from it.
+template <size_t kCount>
+int CodeOf(const OrderDevice (&devices)[kCount], const char* word) {
+    const OrderDevice* const device = FindWord(devices, word);
+    return device != nullptr ? static_cast<int>(device - devices) : kNoCode;
+}
 
 struct OnceDevice {
     uint8_t code;  // ZTTBT1STRUCT::boot
@@ -121,20 +132,20 @@ int do_set_boot_once(InputLineType* InputLine) {
 
 int do_set_boot_first(InputLineType* InputLine) {
     if (InputLine->NumWords != 4) return InvalidArguments();
-    const OrderDevice* device = FindWord(kOrderDevices, InputLine->Words[3]);
-    if (device == nullptr) return Fail(kNoSuchDevice);
+    const char* word = InputLine->Words[3];
+    if (CodeOf(ipl2, word) == kNoCode) return Fail(kNoSuchDevice);  // the longer list knows them all
 
     BootDeviceCount count;
     if (!ReadVariable(kInstalled, count)) return Fail(kCountUnreadable);
     if (count.zthnipl == 0) return Fail("ERROR: No bootable devices found.");
 
-    const int code = is_tr500k2() ? device->tr500k2_code : device->code;
+    const int code = is_tr500k2() ? CodeOf(ipl2, word) : CodeOf(ipl, word);
     if (code == kNoCode) return Fail("\nERROR: USB boot is not supported on this system by brantcli.");
 
     const RomOutcome outcome = ChangeVariable(kBootOrder, [&](ZTHIPLSTRUCT& order) {
-        return MoveToFront(order.ucPriority, ListLength(count), code, device->word);
+        return MoveToFront(order.ucPriority, ListLength(count), code, word);
     });
-    return Report<kBootFirstTexts>(outcome, device->word);
+    return Report<kBootFirstTexts>(outcome, word);
 }
 
 int do_show_ipl(InputLineType* InputLine) {
@@ -149,7 +160,7 @@ int do_show_ipl(InputLineType* InputLine) {
         return 0;
     }
 
-    const bool with_usb_key = count.zthnipl > 4 || is_tr500k2();
+    const bool with_usb_key = count.zthnipl > std::size(ipl) || is_tr500k2();
     std::printf("\nIPL (Standard Boot Order)");
     std::printf("\n-------------------------");
     for (int i = 0; i < ListLength(count); ++i) {
