@@ -14,18 +14,16 @@ namespace {
 
 constexpr ZoneWords kZoneWords = {"SYSTEM", "POWERSUPPLY_BAY", "EXHAUST"};
 
-// The cells of a row; 2 and 7 are never printed.
-enum Cell { kFan, kLocation, kSpeed = 3, kPercent, kRedundant, kPartner, kHotPluggable = 8, kPresent };
+enum Cell { kFan, kLocation, kPresent, kSpeed, kPercent, kRedundant, kPartner, kHotPluggable, kCells };
 
 constexpr char kHeading[] =
     "\nFan  Location        Present Speed  of max  Redundant  Partner  Hot-pluggable"
     "\n---  --------        ------- -----  ------  ---------  -------  -------------"
     "\n";
 
-constexpr Column kColumns[] = {
-    {kFan, 5},     {kLocation, 16},  {kPresent, 8}, {kSpeed, 7},
-    {kPercent, 8}, {kRedundant, 11}, {kPartner, 9}, {kHotPluggable, 14},
-};
+constexpr int kWidths[] = {5, 16, 8, 7, 8, 11, 9, 14};
+
+using Row = outdata<kCells>;
 
 constexpr CodeText kSpeeds[] = {
     {kFanNormal, "NORMAL"},
@@ -51,7 +49,7 @@ Presence PresenceOf(const COMMONFEATUREINFO& feature) {
             feature.RedGroup.s1.bits_RedundantGroupId};
 }
 
-void SetPresence(outdata& row, const Presence& presence) {
+void SetPresence(Row& row, const Presence& presence) {
     SetCell(row.tdata[kPresent], "%s", YesNo(presence.present));
     SetCell(row.tdata[kRedundant], "%s", YesNo(presence.redundant));
     if (presence.redundant) {
@@ -61,11 +59,12 @@ void SetPresence(outdata& row, const Presence& presence) {
     }
 }
 
-void SetFailed(outdata& row) {
-    for (int cell = 2; cell <= kPresent; ++cell) SetCell(row.tdata[cell], "FAILED");
+// Every cell but the fan's number and its location.
+void SetFailed(Row& row) {
+    for (int cell = kPresent; cell < kCells; ++cell) SetCell(row.tdata[cell], "FAILED");
 }
 
-void SetSpeed(outdata& row, const FANBASIC& basic, bool present) {
+void SetSpeed(Row& row, const FANBASIC& basic, bool present) {
     SetCell(row.tdata[kHotPluggable], "%s", YesNo(basic.FanDescriptor.s1.bit_HotPlug != 0));
     if (present) SetCell(row.tdata[kSpeed], "%s", TextOfCode(kSpeeds, basic.ucSpeedState, "UNKNOWN"));
     if (basic.ucSpeedPctIsValid != 0) {
@@ -76,7 +75,7 @@ void SetSpeed(outdata& row, const FANBASIC& basic, bool present) {
 }
 
 // Fills the row of fan number index, from 0. Result: null, or what to say about a record that can't be read.
-const char* FillRow(outdata& row, int index, OlderRecords<FANDDATA>& older_records) {
+const char* FillRow(Row& row, int index, OlderRecords<FANDDATA>& older_records) {
     for (field& cell : row.tdata) SetCell(cell, "-");
     SetCell(row.tdata[kFan], "#%d", index + 1);
 
@@ -116,13 +115,13 @@ int do_show_fans(InputLineType* InputLine) {
         NumFans = header->ucNumSupportedByChassis;
     }
 
-    outdata out_array[kMaxRows];
+    Row out_array[kMaxRows];
     OlderRecords<FANDDATA> older_records(kFanDataTable);
     for (int i = 0; i < NumFans; ++i) {
         if (const char* error = FillRow(out_array[i], i, older_records)) return Fail("%s", error);
     }
 
     std::fputs(kHeading, stdout);
-    for (int i = 0; i < NumFans; ++i) PrintRow(out_array[i], kColumns);
+    for (int i = 0; i < NumFans; ++i) PrintRow(out_array[i], kWidths);
     return 0;
 }

@@ -1,6 +1,6 @@
 // The per-device records of the driver's first generation, which say whether a fan or a power supply is
 // present. Not every driver offers them for every device; where there is one, it goes before the common
-// feature record.
+// feature record. To go by the common feature record instead is called the new way.
 #pragma once
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
@@ -24,5 +24,5 @@ class OlderRecords {
 
   private:
     DataTableType table_;
-    bool newway_ = false;
+    bool newway_ = false;  // an older record has been refused
 };

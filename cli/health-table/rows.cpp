@@ -10,9 +10,7 @@ void SetCell(field& cell, const char* format, ...) {
     va_end(arguments);
 }
 
-void PrintCells(const outdata& row, const Column* columns, size_t count) {
-    for (size_t i = 0; i < count; ++i) {
-        std::printf("%-*s", columns[i].width, row.tdata[columns[i].cell].data);
-    }
+void PrintCells(const field* cells, const int* widths, size_t count) {
+    for (size_t i = 0; i < count; ++i) std::printf("%-*s", widths[i], cells[i].data);
     std::printf("\n");
 }

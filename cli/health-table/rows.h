@@ -7,8 +7,10 @@ struct field {
     char data[20];  // 19 characters; what is longer is cut
 };
 
+// A cell for each column, from left to right.
+template <size_t kCells>
 struct outdata {
-    field tdata[10];
+    field tdata[kCells];
 };
 
 // The driver counts fans and sensors in a byte, and the sensors' table has one row more than it counts.
@@ -17,16 +19,11 @@ constexpr int kMaxRows = 256;
 // Writes a cell as printf prints it.
 __attribute__((format(printf, 2, 3))) void SetCell(field& cell, const char* format, ...);
 
-// A printed column: which cell of the row, and at least how wide, filled up with blanks on the right.
-struct Column {
-    int cell;
-    int width;
-};
+void PrintCells(const field* cells, const int* widths, size_t count);
 
-void PrintCells(const outdata& row, const Column* columns, size_t count);
-
-// Prints the row's columns in their order and ends the line.
-template <size_t kCount>
-void PrintRow(const outdata& row, const Column (&columns)[kCount]) {
-    PrintCells(row, columns, kCount);
+// Prints the row's cells and ends the line. widths: how wide each is at least, filled up with blanks on the
+// right.
+template <size_t kCells>
+void PrintRow(const outdata<kCells>& row, const int (&widths)[kCells]) {
+    PrintCells(row.tdata, widths, kCells);
 }

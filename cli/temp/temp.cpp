@@ -12,15 +12,16 @@ namespace {
 
 constexpr ZoneWords kZoneWords = {"SYSTEM_BD", "POWER_SUPPLY_BAY", "EXHAUSTED_AIR"};
 
-// The cells of a row; the others are never printed.
-enum Cell { kLocation = 1, kTemperature, kThreshold };
+enum Cell { kLocation, kTemperature, kThreshold, kCells };
 
 constexpr char kHeading[] =
     "\nSensor   Location              Temp       Threshold"
     "\n------   --------              ----       ---------"
     "\n";
 
-constexpr Column kColumns[] = {{kLocation, 21}, {kTemperature, 11}, {kThreshold, 9}};
+constexpr int kWidths[] = {21, 11, 9};
+
+using Row = outdata<kCells>;
 
 // Rounded down, which truncation does: celsius is 0 or more. 0 shows as 0, not as 32.
 constexpr int Fahrenheit(int celsius) {
@@ -36,18 +37,19 @@ void SetDegrees(field& cell, bool valid, int celsius) {
     SetCell(cell, "%dC/%dF", celsius, Fahrenheit(celsius));
 }
 
-// Sensors that don't know whether they are present are.
+// Only the MAX1617 tells whether it is present; any other kind is taken to be.
 bool IsPresent(const COMMONFEATUREINFO& feature) {
     return feature.ucTypeOf != kMax1617 || feature.DeviceState.s1.bit_PhysicallyPresent != 0;
 }
 
-// Fills the row of a sensor by the driver's index, of which -1 is one too. False when a record can't be read.
-bool FillRow(outdata& row, int index) {
+// Fills a sensor's row. index: the driver's, from -1 on (255 in the request). False when a record can't be
+// read.
+bool FillRow(Row& row, int index) {
     {
         const Reply<COMMONFEATUREINFO> feature(kTemperatureFeatureTable, index);
         if (!feature) return false;
         if (!IsPresent(*feature)) {
-            for (const Column& column : kColumns) SetUnknown(row.tdata[column.cell]);
+            for (field& cell : row.tdata) SetUnknown(cell);
             return true;
         }
         SetLocation(row.tdata[kLocation], feature->Location, kZoneWords);
@@ -73,8 +75,8 @@ int do_show_temp(InputLineType* InputLine) {
         sensors = header->ucNumSupportedByChassis;
     }
 
-    // Row 0 is the sensor before the first one that the driver counts.
-    outdata out_array[kMaxRows];
+    // Row 0 is sensor -1, which the driver has but doesn't count.
+    Row out_array[kMaxRows];
     for (int row = 0; row <= sensors; ++row) {
         if (!FillRow(out_array[row], row - 1)) return Fail("\nERROR: \"SHOW TEMP\" command failed.");
     }
@@ -82,7 +84,7 @@ int do_show_temp(InputLineType* InputLine) {
     std::fputs(kHeading, stdout);
     for (int row = 0; row <= sensors; ++row) {
         std::printf("#%-9d", row);
-        PrintRow(out_array[row], kColumns);
+        PrintRow(out_array[row], kWidths);
     }
     return 0;
 }
