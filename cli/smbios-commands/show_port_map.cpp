@@ -29,11 +29,12 @@ void PrintPort(GBX_PORT_MAP entry, int port, int bay) {
     std::printf("%-10d%-10d%-10d%-10d\n", slot, entry.mezzPortNumber, port + 1, switch_bay);
 }
 
-}  // namespace
-
-int GetEnclosureBayNumber(PZTSMBIOS_ZET_RACK_INFO rack_info) {
+// The number of the enclosure bay that a blade sits in; 0 when its record doesn't tell.
+int GetEnclosureBayNumber(void* rack_info) {
     return DecimalNumber(SmbText(rack_info, zet_rack::kEnclosureBay));
 }
+
+}  // namespace
 
 int do_show_nic_port_mapping(InputLineType* /*InputLine*/) {
     if (smbios_available == 0) {
@@ -43,7 +44,7 @@ int do_show_nic_port_mapping(InputLineType* /*InputLine*/) {
     if (SmbGetRecordByType(kZetRackInfo, 0, &rack) != TRUE) {
         return Fail("\n       Port mapping information is not available on this server");
     }
-    const int bay = GetEnclosureBayNumber(static_cast<PZTSMBIOS_ZET_RACK_INFO>(rack));
+    const int bay = GetEnclosureBayNumber(rack);
     if (bay < 1) return Fail("\nERROR: Failed to get Enclosure Bay number.");
     void* map = nullptr;
     if (SmbGetRecordByType(kNicPortMap, 0, &map) != TRUE) {

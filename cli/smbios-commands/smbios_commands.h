@@ -2,7 +2,6 @@
 #pragma once
 
 #include "cli/parse/input_line.h"
-#include "include/smbios_records.h"
 
 // The product name of the SMBIOS system record; empty when there is none.
 extern char system_name[64];
@@ -21,9 +20,6 @@ int get_embedded_nics_smbios();
 // Lists the memory modules that SMBIOS knows of, empty sockets left out: what SHOW DIMM shows when the driver
 // has no memory tables. Result: 0; 1, with nothing printed, when SMBIOS tells of no socket.
 int get_dimminfo_smbios();
-
-// The number of the enclosure bay that a blade sits in; 0 when its record doesn't tell.
-int GetEnclosureBayNumber(PZTSMBIOS_ZET_RACK_INFO rack_info);
 
 // SHOW SERVER and SHOW PORTMAP. Result: 0, or 1 on failure.
 int do_show_server(InputLineType* InputLine);

@@ -26,9 +26,6 @@ BOOL IsSMBIOSAvailable();
 // Result: FALSE, with a line on standard error, when the memory can't be read.
 BOOL ReadPhysMem(unsigned int offset, unsigned int size, unsigned char* buffer);
 
-// The sum of wCount bytes, modulo 256.
-unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount);
-
 // Moves *ppRecord to the next record in table order; from null to the first. FALSE at the end.
 BOOL SmbGetRecord(unsigned char** ppRecord);
 // The same among the records of a type.

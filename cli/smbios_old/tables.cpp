@@ -16,6 +16,13 @@ namespace {
 constexpr unsigned int kEntryPointAlignment = 16;
 constexpr unsigned int kNewestRefused = 0x200;  // version 2.0
 
+// The sum of wCount bytes, modulo 256.
+unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
+    unsigned sum = 0;
+    for (unsigned i = 0; i < wCount; ++i) sum += pAddr[i];
+    return static_cast<unsigned char>(sum);
+}
+
 // Whether an entry point begins the bytes, and lies within them as a whole.
 bool BeginsEntryPoint(Bytes bytes) {
     SMBIOSEntryPoint entry;
@@ -47,12 +54,6 @@ bool ReadEntryPoint() {
 }
 
 }  // namespace
-
-unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
-    unsigned sum = 0;
-    for (unsigned i = 0; i < wCount; ++i) sum += pAddr[i];
-    return static_cast<unsigned char>(sum);
-}
 
 BOOL InitSMBIOS() {
     if (!ReadEntryPoint() || EPS.wSTLength == 0) return FALSE;

@@ -1,3 +1,4 @@
+// The memory modules, and what is known of all the memory together.
 #include <algorithm>
 #include <climits>
 
@@ -73,6 +74,19 @@ int SizeKiB(const void* device) {
     return (size & memory_device::kInKiB) != 0 ? size & ~memory_device::kInKiB : size * 1024;
 }
 
+// Where the maker's own record says that a memory device is. plSlot: the memory board, 0 for the system
+// board. Result: FALSE, with both left alone, when there is no such record.
+BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSocket) {
+    for (unsigned char* record = nullptr; SmbGetRecordOfType(kZetDimmLocation, &record) == TRUE;) {
+        if (SmbRead(record, zet_dimm::kType17Handle) != wType17Handle) continue;
+        const uint8_t slot = SmbRead(record, zet_dimm::kSlot);
+        *plSlot = slot != kOnSystemBoard ? slot : 0;
+        *plSocket = SmbRead(record, zet_dimm::kSocket);
+        return TRUE;
+    }
+    return FALSE;
+}
+
 // Where a device is: what the maker's record says, else what its locator says, else as it was.
 void LocateModule(void* device, int* board, int* module) {
     if (SmbFindMemoryLocation(SmbRead(device, kRecordHandle), board, module) == TRUE) return;
@@ -125,17 +139,6 @@ BOOL SmbChkForECCSupported() {
     for (unsigned char* array = nullptr; NextArray(&array);) {
         if (!IsSystemMemory(array)) continue;
         if (SmbRead(array, memory_array::kErrorCorrection) > memory_array::kNoCorrection) return TRUE;
-    }
-    return FALSE;
-}
-
-BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSocket) {
-    for (unsigned char* record = nullptr; SmbGetRecordOfType(kZetDimmLocation, &record) == TRUE;) {
-        if (SmbRead(record, zet_dimm::kType17Handle) != wType17Handle) continue;
-        const uint8_t slot = SmbRead(record, zet_dimm::kSlot);
-        *plSlot = slot != kOnSystemBoard ? slot : 0;
-        *plSocket = SmbRead(record, zet_dimm::kSocket);
-        return TRUE;
     }
     return FALSE;
 }

@@ -1,3 +1,4 @@
+// The processors and their caches.
 #include "cli/smbparse/inventory_table.h"
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/text_writer.h"
@@ -43,6 +44,10 @@ constexpr CodeText SmbProcTable[] = {
 constexpr CpuStatus kStatusOfState[8] = {kCpuFailed, kCpuOk,      kCpuDisabled, kCpuDisabled,
                                          kCpuOk,     kCpuUnknown, kCpuUnknown,  kCpuUnknown};
 
+const char* FindProcName(uint8_t family) {
+    return TextOfCode(SmbProcTable, family, "Other");
+}
+
 bool IsPopulatedCpu(const void* record) {
     return SmbRead(record, processor::kType) == processor::kCentral &&
            (SmbRead(record, processor::kStatus) & processor::kPopulated) != 0;
@@ -50,6 +55,14 @@ bool IsPopulatedCpu(const void* record) {
 
 uint16_t InstalledSize(const void* cache_record) {
     return SmbRead(cache_record, cache::kInstalledSize) & static_cast<uint16_t>(~cache::kIn64KiB);
+}
+
+// The maker's own record for a processor; null when there is none.
+const void* FindZetProcRec(uint16_t wType4Handle) {
+    for (unsigned char* record = nullptr; SmbGetRecordOfType(kZetProcInfo, &record) == TRUE;) {
+        if (SmbRead(record, zet_processor::kType4Handle) == wType4Handle) return record;
+    }
+    return nullptr;
 }
 
 // By the place in gCpu_tbl, unless a designation like "Proc 2" says otherwise. Where the maker's own record
@@ -74,6 +87,14 @@ void FillCpu(void* record, ZET_CPU* cpu, int place) {
         cpu->cpucorecount = SmbRead(record, processor::kCoreCount);
         cpu->threadcount = static_cast<int8_t>(SmbRead(record, processor::kThreadCount));
     }
+}
+
+// Fills *entry from a cache record. cpu: its processor's cpuUnitIndex.
+void ParseCache(const void* record, ZET_CACHE* entry, int cpu) {
+    const bool in_64KiB = (SmbRead(record, cache::kInstalledSize) & cache::kIn64KiB) != 0;
+    entry->cacheUnitIndex = cpu;
+    entry->cacheLevelIndex = static_cast<uint8_t>((SmbRead(record, cache::kConfiguration) & 7) + 1);
+    entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
 }
 
 void RecordCache(uint16_t handle, int cpu) {
@@ -109,24 +130,4 @@ BOOL SmbParseProcRecords() {
         ++cpu;
     }
     return count != 0 ? TRUE : FALSE;
-}
-
-void ParseCache(const void* record, ZET_CACHE* entry, int cpu) {
-    const bool in_64KiB = (SmbRead(record, cache::kInstalledSize) & cache::kIn64KiB) != 0;
-    entry->cacheUnitIndex = cpu;
-    entry->cacheLevelIndex = static_cast<uint8_t>((SmbRead(record, cache::kConfiguration) & 7) + 1);
-    entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
-}
-
-PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {
-    for (unsigned char* record = nullptr; SmbGetRecordOfType(kZetProcInfo, &record) == TRUE;) {
-        if (SmbRead(record, zet_processor::kType4Handle) == wType4Handle) {
-            return reinterpret_cast<PZTSMBIOS_ZET_PROC_INFO>(record);
-        }
-    }
-    return nullptr;
-}
-
-const char* FindProcName(unsigned char type) {
-    return TextOfCode(SmbProcTable, type, "Other");
 }

@@ -53,23 +53,7 @@ BOOL SmbGetTotalMemory(unsigned int* pSize);
 // Whether an array of the system memory corrects errors.
 BOOL SmbChkForECCSupported();
 
-// The maker's record for a processor; null when there is none.
-PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle);
-
-// Where the maker's record says that a memory device is. plSlot: the memory board, 0 for the system board.
-// Result: FALSE, with both left alone, when there is no such record.
-BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSocket);
-
-// The name of a processor family, "Other" for one that isn't known.
-const char* FindProcName(unsigned char type);
-
-// Fills *entry from a cache record. cpu: its processor's cpuUnitIndex.
-void ParseCache(const void* record, ZET_CACHE* entry, int cpu);
-
 // Reads the number in the word that follows pToken in a text of words between blanks, as 2 from "Proc 2".
 // Only the first word that equals pToken counts, whatever its case. Result: FALSE, with *piValue left alone,
 // when no digit follows it.
 BOOL ParseNumFromString(const char* pStr, const char* pToken, int* piValue);
-
-// Compares as strcmp does, ASCII letters in either case being equal.
-int strcmpi(const char* a, const char* b);

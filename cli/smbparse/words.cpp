@@ -1,3 +1,6 @@
+// Numbers out of firmware texts such as "Proc 2".
+#include <strings.h>
+
 #include <cstring>
 
 #include "cli/smbparse/smbparse.h"
@@ -8,20 +11,12 @@ namespace {
 
 constexpr char kBlanks[] = " \t";
 
-int Lower(char letter) {
-    const auto byte = static_cast<unsigned char>(letter);
-    return byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte;
+// Compares as strcmp does, ASCII letters in either case being equal.
+int strcmpi(const char* a, const char* b) {
+    return strcasecmp(a, b);
 }
 
 }  // namespace
-
-int strcmpi(const char* a, const char* b) {
-    while (*a != '\0' && Lower(*a) == Lower(*b)) {
-        ++a;
-        ++b;
-    }
-    return Lower(*a) - Lower(*b);
-}
 
 BOOL ParseNumFromString(const char* pStr, const char* pToken, int* piValue) {
     char words[256];
