@@ -110,6 +110,8 @@ struct NicPxeFlags {  // the older form of the NIC settings
 };
 static_assert(sizeof(NicPxeFlags) == 10, "as the firmware has it");
 
+enum WakeOnLan : uint8_t { kWakeOnLanEnabled = 1, kWakeOnLanDisabled = 2 };
+
 union SERIALPORT {  // an embedded serial port
     uint8_t ucData;
     struct {
@@ -151,7 +153,7 @@ struct WOLEVREC {  // the system configuration, shared by several commands
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_WOL : 2;  // 1: Wake-On-Lan enabled; 2 disabled
+            uint8_t bits_WOL : 2;  // a WakeOnLan, or another
             uint8_t bits_PCIUSB : 2;
             uint8_t bits_KONF : 2;
             uint8_t bit_OptRom : 1;

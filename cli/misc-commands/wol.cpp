@@ -24,7 +24,8 @@ int do_show_wol(InputLineType* InputLine) {
     WOLEVREC configuration;
     if (!ReadVariable(kConfiguration, configuration)) return Fail(kUnreadable);
 
-    std::printf("\nWake-On-Lan is currently %s.", EnabledOrDisabled(configuration.flags.s.bits_WOL == 1));
+    std::printf("\nWake-On-Lan is currently %s.",
+                EnabledOrDisabled(configuration.flags.s.bits_WOL == kWakeOnLanEnabled));
     return 0;
 }
 
@@ -33,7 +34,7 @@ int do_enable_disable_wol(InputLineType* InputLine) {
 
     const SwitchWay& way = WayOf(*InputLine);
     const RomOutcome outcome = ChangeVariable(kConfiguration, [&](WOLEVREC& configuration) {
-        configuration.flags.s.bits_WOL = way.on ? 1 : 2;
+        configuration.flags.s.bits_WOL = way.on ? kWakeOnLanEnabled : kWakeOnLanDisabled;
         return true;
     });
     return Report<kTexts>(outcome, way.verb);
