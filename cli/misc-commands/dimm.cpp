@@ -57,7 +57,7 @@ struct Walk {
     int dimms = kUnknownCount;
 };
 
-// A count of the driver's; one above the largest int is as good as none.
+// A count from the driver, at most `most`. One above INT_MAX turns negative, and the walk then shows nothing.
 int Bounded(uint32_t count, int most) {
     return std::min(static_cast<int>(count), most);
 }

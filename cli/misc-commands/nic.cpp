@@ -71,7 +71,7 @@ RomVariable<NicBootSettings> SettingsOfAllNics(const SwitchWay& way) {
     return {kNicBootVariable, way.on ? kMost : nics, nics};
 }
 
-// PXE is one NIC's: whichever had it loses it, which is told.
+// One NIC at most boots by PXE: any other that did is switched off, with a note.
 void EnablePxe(NicBootSettings& settings, int place, int nics) {
     for (int i = 0; i < nics; ++i) {
         if (settings.nic[i] != kNicBootPxe || i == place) continue;
@@ -81,7 +81,7 @@ void EnablePxe(NicBootSettings& settings, int place, int nics) {
     settings.nic[place] = kNicBootPxe;
 }
 
-// The same; of several that had it, only the first is told.
+// Likewise, but only the first NIC that had it can be named, and isn't when it is this one.
 void EnablePxe(NicPxeFlags& flags, int place) {
     constexpr int kFlags = 5;
     int first = 0;

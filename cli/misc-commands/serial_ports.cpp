@@ -106,6 +106,7 @@ void MoveOtherPort(WOLEVREC& configuration, int port, int com) {
     moved.s.reserved_1 = reserved & 1;
 }
 
+// The two notes differ in case, and stay so: what is printed is an interface.
 void TakeFromVirtualPort(WOLEVREC& configuration, int com) {
     if (configuration.vsp.s.bits_UART1 != com) return;
 
@@ -129,7 +130,8 @@ void TakeFromEmbeddedPort(WOLEVREC& configuration, int com) {
     }
 }
 
-// Each of the two is false, with the reason printed, for a word that the port can't be set to.
+// SetVirtualPort and SetEmbeddedPort change the configuration. False, with the reason printed, for a word
+// that the port can't be set to.
 bool SetVirtualPort(WOLEVREC& configuration, const char* word) {
     const VirtualChoice* choice = FindWord(kVirtualChoices, word);
     if (choice == nullptr) {

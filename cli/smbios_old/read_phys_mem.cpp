@@ -1,3 +1,4 @@
+// How the tables are read: through a mapping of physical memory that lasts as long as the copying.
 #include <cstdio>
 #include <cstring>
 

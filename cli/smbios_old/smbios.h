@@ -1,8 +1,8 @@
 // The firmware's SMBIOS tables: one private copy, taken at start-up and walked record by record.
 // Owner:  this module, from InitSMBIOS to DeinitSMBIOS; records and strings point into its copy.
-// Errors: the walk ends at the first record that doesn't lie within the tables, as at their end, but that the
-//         last one's strings may be cut. Lookups print nothing and leave their out-pointer alone when they
-//         find nothing, which is also what they do when there are no tables.
+// Errors: the walk stops at the first record that isn't wholly within the tables; only the last one's strings
+//         may be cut short. Lookups print nothing. They leave their out-pointer alone when they find nothing,
+//         which is always so without tables.
 #pragma once
 
 #include <cstring>
@@ -19,7 +19,9 @@ constexpr BOOL TRUE = 1;
 // point (version 2.1 or later), the memory can't be read or there is none to copy to. A BIOS area that can't
 // be read is reported.
 BOOL InitSMBIOS();
+// Frees the copy; harmless without one.
 void DeinitSMBIOS();
+// TRUE while there is a copy.
 BOOL IsSMBIOSAvailable();
 
 // Copies physical memory. offset: its address. buffer: at least size bytes; left as it was on failure.

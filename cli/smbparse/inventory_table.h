@@ -1,3 +1,4 @@
+// How an inventory table grows.
 #pragma once
 
 #include <algorithm>
