@@ -1,4 +1,4 @@
-// Whatever the firmware left, start-up and the commands come to one of their documented ends.
+// Whatever the firmware left, start-up and the commands come to one of their known ends.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -21,7 +21,7 @@ int ShowPortMap() {
 }
 
 // Whether a step succeeds with its heading or fails with one line that explains it.
-bool EndsAsDocumented(int (*step)(), const std::string& heading, const std::string& message) {
+bool EndsInAKnownWay(int (*step)(), const std::string& heading, const std::string& message) {
     testing::internal::CaptureStdout();
     const int result = step();
     const std::string output = testing::internal::GetCapturedStdout();
@@ -29,11 +29,11 @@ bool EndsAsDocumented(int (*step)(), const std::string& heading, const std::stri
     return result == 1 && output.rfind(message, 0) == 0 && output.find('\n', 1) == std::string::npos;
 }
 
-void ExpectDocumentedEnds(const std::string& damage) {
-    EXPECT_TRUE(EndsAsDocumented(ShowServer, "\nSystem        : ", "\nERROR: Failed to get SMBIOS "))
+void ExpectKnownEnds(const std::string& damage) {
+    EXPECT_TRUE(EndsInAKnownWay(ShowServer, "\nSystem        : ", "\nERROR: Failed to get SMBIOS "))
         << damage;
-    EXPECT_TRUE(EndsAsDocumented(ShowPortMap, "NIC Port Mapping INFO\n", "\n")) << damage;
-    EXPECT_TRUE(EndsAsDocumented(get_dimminfo_smbios, "", "")) << damage;
+    EXPECT_TRUE(EndsInAKnownWay(ShowPortMap, "NIC Port Mapping INFO\n", "\n")) << damage;
+    EXPECT_TRUE(EndsInAKnownWay(get_dimminfo_smbios, "", "")) << damage;
     smbios_get_systemname();
     EXPECT_GE(get_embedded_nics_smbios(), -1) << damage;
 }
@@ -45,21 +45,21 @@ const std::string& GoodTables() {
 
 }  // namespace
 
-TEST(DamagedTables, EndAsDocumentedWhereverTheyAreCut) {
+TEST(DamagedTables, ComeToAKnownEndWhereverTheyAreCut) {
     LoadedTables tables;
     for (size_t size = 1; size <= GoodTables().size(); ++size) {
         ASSERT_TRUE(tables.Load(GoodTables().substr(0, size)));
-        ExpectDocumentedEnds("cut to " + std::to_string(size));
+        ExpectKnownEnds("cut to " + std::to_string(size));
     }
 }
 
-TEST(DamagedTables, EndAsDocumentedWhicheverByteIsWrong) {
+TEST(DamagedTables, ComeToAKnownEndWhicheverByteIsWrong) {
     LoadedTables tables;
     for (size_t place = 0; place < GoodTables().size(); ++place) {
         std::string bad = GoodTables();
         bad[place] = static_cast<char>(~bad[place]);
         ASSERT_TRUE(tables.Load(bad));
-        ExpectDocumentedEnds("byte " + std::to_string(place));
+        ExpectKnownEnds("byte " + std::to_string(place));
     }
 }
 
@@ -70,7 +70,7 @@ TEST(DamagedTables, AreFoundOrNotWhicheverByteOfTheEntryPointIsWrong) {
         reinterpret_cast<uint8_t*>(&entry)[place] ^= 0xFF;
         SetChecksums(entry);
         tables.Machine().PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry));
-        if (tables.Load()) ExpectDocumentedEnds("entry point's byte " + std::to_string(place));
+        if (tables.Load()) ExpectKnownEnds("entry point's byte " + std::to_string(place));
     }
 }
 

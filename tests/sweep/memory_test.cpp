@@ -9,7 +9,7 @@
 
 namespace {
 
-// What is documented to be said when there is no memory.
+// What is said when there is no memory.
 const std::set<std::string> kMessages = {
     "ERROR: Could not allocate memory for command.",
     "ERROR: Could not allocate memory for \"SHOW UID\" command.",
@@ -55,7 +55,7 @@ class ShortOfMemory : public testing::Test {
     std::set<std::string> unseen_ = kMessages;
 };
 
-TEST_F(ShortOfMemory, EveryCommandEndsAsDocumented) {
+TEST_F(ShortOfMemory, EveryCommandComesToAKnownEnd) {
     constexpr bool kEmulated = sizeof BRANT_EMULATOR > 1;  // a start costs ten times as much then
     for (const Model& model : Models()) {
         if (kEmulated && &model != &Models().front()) break;
