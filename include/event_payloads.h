@@ -1,5 +1,6 @@
 // The entries of the event log, whole. A header is followed by one of many records; class and code in the
 // header say which. The records stand in one file per family, each with the class/code pairs that carry it.
+// A record's pointer type, its name behind a P, is for the programs that link the translator.
 //
 // All are packed and little-endian, as the firmware has them. A field of type char[1] is a zero-terminated
 // text that begins there and runs on past the record; where a second text follows, it begins right behind the
