@@ -3,24 +3,20 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "tests/eventstr/translate.h"
+#include "tests/support/stored.h"
 #include "tests/support/test_machine.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 
-std::string StoredText(const std::string& name) {
-    std::ifstream file(BRANT_TEST_DIR "/eventstr/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 TEST(EveryEvent, ReadsAsStored) {
-    const TestMachine machine("bx20");
     RunOptions without_paging;
     without_paging.input = "c";
-    EXPECT_EQ(machine.Script("SHOW HLOG", without_paging).output, StoredText("every_event.txt"));
+    for (const Model& model : Models()) {
+        ExpectStored("eventstr/every_event.txt",
+                     TestMachine(model.name).Script("SHOW HLOG", without_paging).output);
+    }
 }
 
 // A byte that picks a word or a text, in an event that shows it.
@@ -36,17 +32,15 @@ const std::vector<PickingByte>& PickingBytes() {
     constexpr EVT_CHASSIS kOther = {1, 2, 0};
     constexpr EVT_CHASSIS kBlades = {4, 0, 1};
     const auto plain = [](const auto& record) { return MachineBuilder::Plain(record); };
+    // clang-format off
     static const std::vector<PickingByte> rows = {
         {"chassis type of the server", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kServer, 3, {}}, {"N"}), 0},
         {"chassis type of another", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kOther, 3, {}}, {"N"}), 0},
         {"chassis type by record", 11, 6, WithTexts(EVT_INF_POWER_NOT_REDUNDANT{kOther, 'M', {}}, {"N"}), 0},
-        {"chassis type with an extra text", 11, 17,
-         WithTexts(EVT_POWER_AC_VOLTAGE{kOther, 4, 1, {}}, {"N", "extra"}), 0},
-        {"chassis type of a SAS enclosure", 19, 7,
-         WithTexts(EVT_SAS_ARRAY_DEV_FAILURE{kServer, 2, {'1', 'A'}, 3, {}}, {"", ""}), 0},
+        {"chassis type with an extra text", 11, 17, WithTexts(EVT_POWER_AC_VOLTAGE{kOther, 4, 1, {}}, {"N", "extra"}), 0},
+        {"chassis type of a SAS enclosure", 19, 7, WithTexts(EVT_SAS_ARRAY_DEV_FAILURE{kServer, 2, {'1', 'A'}, 3, {}}, {"", ""}), 0},
         {"chassis type of a power module", 11, 3, plain(EVT_POWER_MODULE_FAILURE{kServer, 1, 2, 3}), 0},
-        {"chassis type of a power module elsewhere", 11, 3, plain(EVT_POWER_MODULE_FAILURE{kOther, 1, 2, 3}),
-         0},
+        {"chassis type of a power module elsewhere", 11, 3, plain(EVT_POWER_MODULE_FAILURE{kOther, 1, 2, 3}), 0},
         {"chassis type of an enclosure", 34, 21, plain(EVT_INF_ENV_RACK_TOPOLOGY_ERR{kServer, 1}), 0},
         {"location", 2, 7, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT_SHARED{kServer, 99, 0, {}}, {""}), 4},
         {"power supply error", 11, 1, WithTexts(EVT_POWER_SUPPLY_FAILURE{kServer, 2, 0, {}}, {""}), 4},
@@ -60,23 +54,18 @@ const std::vector<PickingByte>& PickingBytes() {
         {"cartridge status", 3, 5, plain(EVT_MAIN_MEMORY_HW_STATUS{2, 0}), 1},
         {"configuration error", 3, 6, plain(EVT_MAIN_MEMORY_CONFIG_ERR{2, 3, 0}), 2},
         {"configuration change", 3, 7, plain(EVT_MAIN_MEMORY_CONFIG_CHG{2, 0, 512}), 1},
-        {"suspects", 3, 3, WithTexts(EVT_MAIN_MEMORY_MULTI{0, {{1, 2}, {3, 4}, {5, 6}, {7, 8}}, {}}, {""}),
-         0},
+        {"suspects", 3, 3, WithTexts(EVT_MAIN_MEMORY_MULTI{0, {{1, 2}, {3, 4}, {5, 6}, {7, 8}}, {}}, {""}), 0},
         {"host bus error", 6, 1, plain(EVT_HOST_BUS_UNCORRECTABLE{0}), 0},
         {"shutdown cause", 14, 2, plain(EVT_AUTO_SHUTDOWN{0}), 0},
         {"zone of a shutdown", 14, 5, WithTexts(EVT_OS_PWR_SHED{kBlades, 2, 0, {}}, {""}), 4},
-        {"power-on reason", 34, 1, WithTexts(EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON{kBlades, 2, 0, {}}, {""}),
-         4},
+        {"power-on reason", 34, 1, WithTexts(EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON{kBlades, 2, 0, {}}, {""}), 4},
         {"zone of a fuse", 34, 3, WithTexts(EVT_INF_ENV_FUSE_OPEN{kBlades, 1, 0, {}}, {""}), 4},
         {"blade present", 34, 5, WithTexts(EVT_INF_ENV_BLADE_INS_REM{kBlades, 2, 0, {}}, {""}), 4},
         {"unbalanced bus", 34, 6, WithTexts(EVT_INF_ENV_PWR_LOAD_BALANCING{kBlades, 0, 1, {}}, {""}), 3},
         {"bus out of tolerance", 34, 7, WithTexts(EVT_INF_ENV_DC_PWR_PROBLEM{kBlades, 0, 1, {}}, {""}), 3},
-        {"misconfiguration", 34, 13,
-         WithTexts(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED{kBlades, 0, 0, 1, {}}, {""}), 3},
-        {"misconfigured side", 34, 13,
-         WithTexts(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED{kBlades, 1, 0, 1, {}}, {""}), 4},
-        {"Ethernet switch error", 34, 17,
-         WithTexts(EVT_INF_ENV_ETHERNET_SWITCH_FAULT{kBlades, 0, 1, {}}, {""}), 3},
+        {"misconfiguration", 34, 13, WithTexts(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED{kBlades, 0, 0, 1, {}}, {""}), 3},
+        {"misconfigured side", 34, 13, WithTexts(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED{kBlades, 1, 0, 1, {}}, {""}), 4},
+        {"Ethernet switch error", 34, 17, WithTexts(EVT_INF_ENV_ETHERNET_SWITCH_FAULT{kBlades, 0, 1, {}}, {""}), 3},
         {"power feed", 34, 18, WithTexts(EVT_INF_ENV_INPUT_PWR_SENSE_ERR{kBlades, 0, {}}, {""}), 3},
         {"zone inserted", 34, 19, WithTexts(EVT_INF_ENV_BLADE_INS_REM_2{kBlades, 2, 0, {}}, {""}), 4},
         {"zone removed", 34, 20, WithTexts(EVT_INF_ENV_BLADE_INS_REM_2{kBlades, 2, 0, {}}, {""}), 4},
@@ -85,6 +74,7 @@ const std::vector<PickingByte>& PickingBytes() {
         {"faulty device", 34, 24, plain(EVT_INF_ENV_CHASSIS_ERR{kBlades, 1, 0, 2}), 4},
         {"infrastructure fault", 34, 24, plain(EVT_INF_ENV_CHASSIS_ERR{kBlades, 1, 2, 0}), 5},
     };
+    // clang-format on
     return rows;
 }
 
@@ -113,7 +103,7 @@ std::string TextsByValue(PickingByte row) {
 TEST(EveryEvent, HasAWordForEachValueThatHasOne) {
     std::string listing;
     for (const PickingByte& row : PickingBytes()) listing += TextsByValue(row);
-    EXPECT_EQ(listing, StoredText("every_value.txt"));
+    ExpectStored("eventstr/every_value.txt", listing);
 }
 
 }  // namespace

@@ -2,23 +2,17 @@
 
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "cli/parse/command_table.h"
 #include "cli/parse/command_tree.h"
+#include "tests/support/stored.h"
 #include "tests/support/test_machine.h"
 
 namespace {
 
 int Nothing(InputLineType*) {
     return 0;
-}
-
-std::string ReadStored(const char* name) {
-    std::ifstream file(std::string(BRANT_TEST_DIR) + "/parse/" + name);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // A line for each node below a node: its path and its help text.
@@ -30,16 +24,10 @@ std::string Listing(const CmdType* parent, const std::string& path) {
     return listing;
 }
 
-void AppendTwice() {
-    CmdType* root = NewCommandNode("SHOW", nullptr, "", nullptr);
-    AppendCmd(root, "TEMP", nullptr, "", Nothing);
-    AppendCmd(root, "TEMP", nullptr, "", Nothing);
-}
-
 // Help texts are an interface: a difference here is a changed text.
 TEST(CommandTree, HasEveryCommandWithItsHelpText) {
     CreateCommands();
-    EXPECT_EQ(Listing(Cmds, ""), ReadStored("help_texts.golden"));
+    ExpectStored("parse/help_texts.golden", Listing(Cmds, ""));
 }
 
 TEST(CommandTree, SharesWhatASynonymStandsFor) {
@@ -51,20 +39,12 @@ TEST(CommandTree, SharesWhatASynonymStandsFor) {
     EXPECT_EQ(fans->Sub, sub);
 }
 
-TEST(CommandTree, SortsByBytes) {
-    static CmdType* const root = NewCommandNode("", nullptr, "", nullptr);  // nodes are never freed
-    for (const char* token : {"SHOW", "CLEAR", "FANS", "?", "FAN", "F1"})
-        AppendCmd(root, token, nullptr, "", Nothing);
-    std::string order;
-    for (const CmdType* node = root->Sub; node != nullptr; node = node->Next)
-        order += std::string(node->Token) + " ";
-    EXPECT_EQ(order, "? CLEAR F1 FAN FANS SHOW ");
-}
-
 TEST(CommandTree, EndsTheProcessOnATokenThatIsThereAlready) {
     const auto append_twice = [] {
         std::freopen("/dev/stderr", "w", stdout);
-        AppendTwice();
+        CmdType* root = NewCommandNode("SHOW", nullptr, "", nullptr);
+        AppendCmd(root, "TEMP", nullptr, "", Nothing);
+        AppendCmd(root, "TEMP", nullptr, "", Nothing);
     };
     EXPECT_EXIT(append_twice(), testing::ExitedWithCode(1),
                 "Debug - Error TEMP is not unique subcommand of SHOW.\nCommand tree could not be built.\n");

@@ -1,26 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <string>
 
 #include "tests/support/loaded_tables.h"
+#include "tests/support/stored.h"
 #include "tools/mkmachine/firmware_records.h"
-#include "tools/mkmachine/models.h"
 
-// models/MODEL.txt holds the commands of one run in its first line, then what they print.
 TEST(ShowServer, TellsEachModelInFull) {
-    for (const Model& made : Models()) {
-        const std::string model = made.name;
-        std::ifstream file(BRANT_TEST_DIR "/smbios-commands/models/" + model + ".txt", std::ios::binary);
-        std::string commands;
-        std::getline(file, commands);
-        const std::string expected{std::istreambuf_iterator<char>(file), {}};
-        const RunResult result = TestMachine(model).Script(commands);
-        EXPECT_EQ(result.output, expected) << model;
-        EXPECT_EQ(result.errors, "") << model;
-    }
+    ExpectModelsAsStored("smbios-commands");
 }
 
 // What the models' processors, all of one family and in order, don't show. The last record is shown first.

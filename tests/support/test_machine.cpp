@@ -79,6 +79,10 @@ std::string ProgramPath(const char* name) {
     return std::string(BRANT_BIN_DIR) + "/" + name;
 }
 
+std::string InShell(const char* name) {
+    return BRANT_EMULATOR " '" + ProgramPath(name) + "'";
+}
+
 void ExecProgram(const std::string& program, const std::vector<std::string>& arguments) {
     std::vector<std::string> words = Words(program, arguments);
     execvp(words[0].c_str(), Pointers(words).data());

@@ -24,6 +24,9 @@ std::string Hexadecimal(const std::string& bytes);
 // The path of a program that was built beside the tests.
 std::string ProgramPath(const char* name);
 
+// The same as words of a shell command.
+std::string InShell(const char* name);
+
 // In a child process: becomes a program.
 [[noreturn]] void ExecProgram(const std::string& program, const std::vector<std::string>& arguments);
 

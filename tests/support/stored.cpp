@@ -1,0 +1,35 @@
+#include "tests/support/stored.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/test_machine.h"
+#include "tools/mkmachine/models.h"
+
+std::string StoredText(const std::string& path) {
+    std::ifstream file(BRANT_TEST_DIR "/" + path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void ExpectStored(const std::string& path, const std::string& text) {
+    if (text == StoredText(path)) return;
+    const std::filesystem::path now = std::filesystem::path(BRANT_BIN_DIR) / "now" / path;
+    std::filesystem::create_directories(now.parent_path());
+    std::ofstream(now, std::ios::binary) << text;
+    EXPECT_EQ(text, StoredText(path)) << "tests/" << path << " would now be " << now;
+}
+
+void ExpectModelsAsStored(const std::string& folder) {
+    for (const Model& model : Models()) {
+        const std::string stored = StoredText(folder + "/models/" + std::string(model.name) + ".txt");
+        const std::string commands = stored.substr(0, stored.find('\n'));
+        TestMachine machine(model.name);
+        machine.StartTrace();
+        const RunResult run = machine.Script(commands);
+        EXPECT_EQ(commands + "\n" + run.output + machine.TakeTrace("cdt "), stored) << model.name;
+        EXPECT_EQ(run.errors, "") << model.name;
+    }
+}

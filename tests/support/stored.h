@@ -1,0 +1,15 @@
+// Texts that the tests keep in files beside them, and compare with what the programs print.
+#pragma once
+
+#include <string>
+
+// A file of the tests, by its path below tests/.
+std::string StoredText(const std::string& path);
+
+// Expects a text to be what such a file holds; if it isn't, leaves it in a file from which it can be copied.
+void ExpectStored(const std::string& path, const std::string& text);
+
+// Expects of every model what FOLDER/models/MODEL.txt holds: the commands of one run in its first line, then
+// what they print and which data tables they ask the driver for, in order. The files were read line by line
+// against the models' facts; after a change, so is the difference.
+void ExpectModelsAsStored(const std::string& folder);
