@@ -21,8 +21,6 @@ const HelpCase kHelp[] = {
     {"a word behind a leaf leading astray",  "HELP SHOW FANS SHOW", "\nUSAGE: SHOW FANS: Shows info on installed fans."},
     {"no way back to the nearest node",      "HELP CLEAR BOGUS",    "\nUSAGE: CLEAR [ HLOG ]"},
     {"a usage that ends at the wrong colon", "SET UID",             "\n\t SET UID OFF\n\t SET UID ON"},
-    {"further words passed over",           "DISABLE X",           "\nInvalid Arguments\n\t DISABLE ASR\n\t DISABLE EAAS\n\t DISABLE HT"
-        "\n\t DISABLE ISCSI [ NIC1 | NIC2 | NIC3 | NIC4 | NIC5 ]\n\t DISABLE PXE [ NIC1 | NIC2 | NIC3 | NIC4 | NIC5 ]\n\t DISABLE WOL"},
 };
 // clang-format on
 

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -54,7 +55,7 @@ TEST(Durability, TwoProcessesLoseNoChange) {
     EXPECT_EQ(whole_lines, std::string(3 * kChanges + 5, '|')) << "lines of two processes mixed";
 }
 
-TEST(Durability, AKilledProcessLeavesEveryFileWhole) {
+TEST(Durability, AKilledProcessLeavesEveryFileWholeAndWhatItReported) {
     TestMachine machine;
     machine.Remove("crom/ZTHMAC");
     machine.Variable("V", std::string(256, '\0'));
@@ -62,6 +63,7 @@ TEST(Durability, AKilledProcessLeavesEveryFileWhole) {
     machine.Write("cdt/1503.0.0", std::string(4000, '\1'));
     for (useconds_t round = 0; round < 25; ++round) {
         machine.Write("cevt/hlog", std::string(1 << 16, 'x'));
+        machine.StartTrace();
         const pid_t writer = Start(machine, [] {
             for (unsigned i = 0;; ++i) {
                 Make(Write(256, i));
@@ -76,6 +78,10 @@ TEST(Durability, AKilledProcessLeavesEveryFileWhole) {
 
         const std::string value = machine.Read("crom/V");
         EXPECT_EQ(value, std::string(256, value[0]));
+        const std::string reports = machine.TakeTrace("crom write");
+        const auto reported = std::count(reports.begin(), reports.end(), '\n');
+        const auto unreported = static_cast<uint8_t>(value[0] - (reported - 1));
+        EXPECT_TRUE(unreported <= 1 || reported == 0) << "a change lost that was reported";
         EXPECT_EQ(machine.Read("casr/enabled").size(), 2u);
         EXPECT_EQ(machine.Read("cdt/1503.0.0").size(), 4000u);
         EXPECT_EQ(machine.Read("cevt/hlog").size() % (1 << 16), 0u);

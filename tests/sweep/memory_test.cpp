@@ -1,7 +1,6 @@
 // One allocation of the process fails: the first, then the second, until a command gets through untouched.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <set>
 
 #include "tests/sweep/sweep.h"
@@ -18,13 +17,6 @@ const std::set<std::string> kMessages = {
     "ERROR: Could not allocate memory for the command tree.",
     "Failed to allocate memory for command history.",
 };
-
-// Commands that change two variables, or an older one when the first can't be read.
-bool ChangesInSteps(const std::string& command) {
-    const char* const kSuch[] = {"SET SERIAL BIOS", "ENABLE PXE", "DISABLE PXE"};
-    return std::any_of(std::begin(kSuch), std::end(kSuch),
-                       [&](const char* such) { return command.rfind(such, 0) == 0; });
-}
 
 class ShortOfMemory : public testing::Test {
   protected:

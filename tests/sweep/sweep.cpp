@@ -1,12 +1,11 @@
 #include "tests/sweep/sweep.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "cli/parse/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "tools/mkmachine/events.h"
-
-namespace {
 
 const std::map<std::string, std::string> kArguments = {
     {"DISABLE ISCSI", "NIC1"},
@@ -21,9 +20,11 @@ const std::map<std::string, std::string> kArguments = {
     {"SET NAME", "web7"},
     {"SET SERIAL BIOS", "COM2 115200"},
     {"SET SERIAL EMBEDDED PORTA", "COM3"},
-    {"SET SERIAL EMBEDDED PORTB", "COM4"},
+    {"SET SERIAL EMBEDDED PORTB", "COM3"},
     {"SET SERIAL VIRTUAL", "COM2"},
 };
+
+namespace {
 
 void AddCommandsBelow(const CmdType* parent, const std::string& path, std::vector<std::string>& commands) {
     for (const CmdType* node = parent->Sub; node != nullptr; node = node->Next) {
@@ -41,6 +42,12 @@ std::vector<std::string> Commands() {
     std::vector<std::string> commands;
     AddCommandsBelow(Cmds, "", commands);
     return commands;
+}
+
+bool ChangesInSteps(const std::string& command) {
+    const char* const kSuch[] = {"SET SERIAL BIOS", "ENABLE PXE", "DISABLE PXE"};
+    return std::any_of(std::begin(kSuch), std::end(kSuch),
+                       [&](const char* such) { return command.rfind(such, 0) == 0; });
 }
 
 SweptMachine::SweptMachine(const std::string& model) : TestMachine(model) {

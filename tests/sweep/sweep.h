@@ -7,8 +7,15 @@
 
 #include "tests/support/test_machine.h"
 
-// The whole tree's commands, with arguments that have each do its work.
+// The commands that need arguments, and such as have each do its work.
+extern const std::map<std::string, std::string> kArguments;
+
+// The whole tree's commands, with those arguments.
 std::vector<std::string> Commands();
+
+// Whether a command changes two variables, or an older one when the first can't be read: what it has done
+// by the time it fails may stay.
+bool ChangesInSteps(const std::string& command);
 
 using Files = std::map<std::string, std::string>;  // by path below the machine's directory
 
