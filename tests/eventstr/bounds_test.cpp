@@ -83,31 +83,6 @@ TEST(EventPayload, OfAnyBytesReadsAsIfZerosFollowed) {
     }));
 }
 
-// Six texts that run to the end of the entry: each is cut there.
-TEST(EventPayload, TextsWithoutAZeroEndWithTheEntry) {
-    const auto without_zero = [](std::string payload) {
-        payload.pop_back();
-        return payload;
-    };
-    EXPECT_EQ(Translate(32, 1, "P56").text, "ROM flashed (P56)");
-    EXPECT_EQ(Translate(33, 2, "note").text, "note");
-    EXPECT_EQ(Translate(10, 1, "\x07 a  b ").text, "POST Error: a b");
-    EXPECT_EQ(Translate(11, 18, std::string("\1\0\0soon", 7)).text, "Real-Time Clock Battery Failing, soon");
-    EXPECT_EQ(
-        Translate(2, 8, without_zero(WithTexts(EVT_MACH_FAN_FAIL{{1, 2, 0}, 1, 3, {}}, {"N", "extra"}))).text,
-        "External Chassis Fan Failure (Chassis N, Fan 1, Location CPU), extra");
-    EXPECT_EQ(Translate(2, 8, without_zero(WithTexts(EVT_MACH_FAN_FAIL{{1, 2, 0}, 1, 3, {}}, {"N"}))).text,
-              "External Chassis Fan Failure (Chassis N, Fan 1, Location CPU)");
-}
-
-// A number that the entry's end cuts in two keeps the byte that is there.
-TEST(EventPayload, NumbersCutInTwo) {
-    const std::string size = MachineBuilder::Plain(EVT_MAIN_MEMORY_CONFIG_CHG{1, 0, 0x04030201});
-    EXPECT_EQ(Translate(3, 7, size.substr(0, 3)).text, "Memory Added (Size 1 MB)");
-    EXPECT_EQ(Translate(3, 7, size.substr(0, 5)).text, "Memory Added (Size 197121 MB)");
-    EXPECT_EQ(Translate(3, 7, size.substr(0, 2)).text, "Memory Added (Size 0 MB)");
-}
-
 struct LengthCase {
     const char* catches;
     uint16_t length;  // as the entry gives it
@@ -125,6 +100,7 @@ TEST(EventLength, IsNeverBelievedPastTheBuffer) {
         {"past the buffer", 297, note.c_str()},
         {"all bits set", 65535, note.c_str()},
         {"all of the buffer", 296, note.c_str()},
+        {"the length that SHOW HLOG presets", 284, note.c_str() + kPayloadRoom - 256},
     };
     for (const LengthCase& c : cases) {
         std::string entry = EventEntry(EventHeader(1, kCaution, 33, 1), note);

@@ -1,9 +1,38 @@
 // mkmachine as a person calls it.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "tests/support/test_machine.h"
+#include "tools/mkmachine/events.h"
+
+namespace {
+
+struct CountCase {
+    const char* catches;
+    std::vector<std::string> words;
+    int status;
+    size_t entries;
+};
+
+TEST(MakeMachineProgram, MakesAsManyEventsAsAskedFor) {
+    const CountCase cases[] = {
+        {"none", {"--events", "0"}, 0, 0},
+        {"more than there are", {"--model", "bx20", "--events", "1000"}, 0, 1000},
+        {"no count", {"--events"}, 2, 0},
+        {"no number", {"--events", "many"}, 2, 0},
+        {"a sign", {"--events", "-1"}, 2, 0},
+        {"a number and more", {"--events", "5x"}, 2, 0},
+        {"an empty count", {"--events", ""}, 2, 0},
+        {"more than can be numbered", {"--events", "99999999999"}, 2, 0},
+    };
+    for (const CountCase& c : cases) {
+        const TestMachine parent;
+        std::vector<std::string> words = c.words;
+        words.push_back(parent.Directory() + "/made");
+        const RunResult run = RunProgram(ProgramPath("mkmachine"), words, parent.Directory());
+        EXPECT_EQ(run.status, c.status) << c.catches;
+        EXPECT_EQ(parent.Read("made/cevt/hlog"), EventLog(c.entries)) << c.catches;
+    }
+}
 
 TEST(MakeMachineProgram, LeavesADirectoryThatIsNotEmptyAlone) {
     TestMachine parent;
@@ -12,6 +41,8 @@ TEST(MakeMachineProgram, LeavesADirectoryThatIsNotEmptyAlone) {
     const RunResult run = RunProgram(ProgramPath("mkmachine"), {directory}, parent.Directory());
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors, "mkmachine: " + directory + " exists and isn't empty\n");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory), {}), 1);
     EXPECT_EQ(parent.Read("casr/.kept"), "kept");
+    EXPECT_EQ(parent.Read("casr/cevt/hlog"), "");
 }
+
+}  // namespace
