@@ -1,13 +1,10 @@
-#include "tests/misc-commands/rom_case.h"
+#include "tests/misc-commands/rom_shell.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <regex>
-#include <sstream>
-#include <vector>
 
 #include "cli/brantcli/state.h"
 #include "cli/generic_dtioctl/devices.h"
@@ -15,8 +12,6 @@
 #include "cli/parse/command_tree.h"
 #include "cli/parse/dispatcher.h"
 #include "platform/request.h"
-
-namespace {
 
 std::vector<std::string> Items(const std::string& list) {
     std::vector<std::string> items;
@@ -26,6 +21,16 @@ std::vector<std::string> Items(const std::string& list) {
         start = end + 2;
     }
     return items;
+}
+
+namespace {
+
+std::string FromHex(const std::string& digits) {
+    std::string bytes;
+    for (size_t i = 0; i + 1 < digits.size(); i += 2) {
+        bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
+    }
+    return bytes;
 }
 
 }  // namespace
@@ -40,43 +45,6 @@ void SetFacts(TestMachine& machine, const char* facts) {
         } else {
             machine.Variable(fact.substr(0, equals).c_str(), FromHex(fact.substr(equals + 1)));
         }
-    }
-}
-
-std::string Requests(const std::string& trace) {
-    std::istringstream lines(trace);
-    std::string requests;
-    for (std::string line; std::getline(lines, line);) {
-        if (!std::regex_search(line, std::regex("^(crom|casr) (?!read ZTHMAC)"))) continue;
-        requests += (requests.empty() ? "" : "; ") +
-                    std::regex_replace(line, std::regex("^crom |length=|data=| -> 0$"), "");
-    }
-    return requests;
-}
-
-std::string FromHex(const std::string& digits) {
-    std::string bytes;
-    for (size_t i = 0; i + 1 < digits.size(); i += 2) {
-        bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
-    }
-    return bytes;
-}
-
-void CheckRow(const RomCase& row) {
-    SCOPED_TRACE(std::string(row.model) + ": " + row.commands + ": " + row.catches);
-    TestMachine machine(row.model);
-    SetFacts(machine, row.facts);
-    machine.StartTrace();
-
-    RunResult result = machine.Script(row.commands);
-    std::replace(result.output.begin(), result.output.end(), '\0', '~');
-    EXPECT_EQ(result.output, std::string(row.output) + "\n\n");
-    EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(result.status, row.status);
-    EXPECT_EQ(Requests(machine.TakeTrace()), row.requests);
-    for (const std::string& item : Items(row.after)) {
-        const std::string name = item.substr(0, item.find('='));
-        EXPECT_EQ(name + "=" + Hexadecimal(machine.Read("crom/" + name)), item);
     }
 }
 
