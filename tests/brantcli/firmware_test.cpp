@@ -66,19 +66,15 @@ struct NicCase {
     std::string lines;
 };
 
+// clang-format off
 const NicCase kNics[] = {
-    {"an empty entry of the ROM counted",
-     {kNic, kNone, kOther},
-     "",
-     "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
+    {"an empty entry of the ROM counted", {kNic, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
     {"0 taken for unknown", {kNone}, "", "0"},
     {"neither", {}, "", "UNKNOWN"},
-    {"the ROM preferred, empty entries kept",
-     {kOther},
-     NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(),
-     "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
+    {"the ROM preferred, empty entries kept", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
     {"half an entry", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
 };
+// clang-format on
 
 struct TreeCase {
     const char* catches;

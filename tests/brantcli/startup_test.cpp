@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -12,14 +12,7 @@ constexpr char kHint[] = "\nPlease make sure the brantd/brantlited daemon is sta
 
 // The trace without what the firmware tables ask for, which is another test's.
 std::string Devices(const std::string& trace) {
-    std::string lines;
-    for (size_t begin = 0; begin < trace.size();) {
-        const size_t end = trace.find('\n', begin) + 1;
-        const std::string line = trace.substr(begin, end - begin);
-        if (line.find("xsvc") == std::string::npos && line.find("picl") == std::string::npos) lines += line;
-        begin = end;
-    }
-    return lines;
+    return std::regex_replace(trace, std::regex("[^\n]*(xsvc|picl)[^\n]*\n"), "");
 }
 
 struct DeviceCase {
@@ -62,38 +55,24 @@ struct OptionCase {
     bool touches_the_machine;
 };
 
+constexpr char kUsage[] = "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n";
+const std::string kBanner = "VX management CLI for Solaris (v1.1)\n" + kRule +
+                            "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" +
+                            kRule + "\nbrantcli> \n";
+constexpr char kNoCommand[] = "ERROR: At least one command must be specified in script mode.\n";
+
+// clang-format off
 const OptionCase kOptionCases[] = {
-    {"an unknown option run",
-     {"-x"},
-     "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n",
-     0,
-     false},
-    {"-S without its value run",
-     {"-S"},
-     "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n",
-     0,
-     false},
-    {"-s without commands taken for success",
-     {"-s"},
-     "ERROR: At least one command must be specified in script mode.\n",
-     1,
-     true},
-    {"no command taken for success", {"-s", ""}, "\n", 1, true},
-    {"-S not the same as -s", {"-S", "nonsense"}, "\nInvalid Command\n\n", 1, true},
-    {"a final ';' taken for an empty command",
-     {"-s", "HELP EXIT;"},
-     "\nUSAGE: EXIT: Exit brantcli.\n\n",
-     0,
-     true},
-    {"a command run after EXIT", {"-s", "EXIT;nonsense"}, "\n", 0, true},
-    {"an argument without an option run, no banner, no end at the end of the input",
-     {"EXIT"},
-     "VX management CLI for Solaris (v1.1)\n" + kRule +
-         "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" + kRule +
-         "\nbrantcli> \n",
-     0,
-     true},
+    {"an unknown option run",                   {"-x"},                  kUsage,                  0, false},
+    {"-S without its value run",                {"-S"},                  kUsage,                  0, false},
+    {"-s without commands taken for success",   {"-s"},                  kNoCommand,              1, true},
+    {"no command taken for success",            {"-s", ""},              "\n",                    1, true},
+    {"-S not the same as -s",                   {"-S", "nonsense"},      "\nInvalid Command\n\n", 1, true},
+    {"a final ';' taken for an empty command",  {"-s", "HELP EXIT;"},    "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
+    {"a command run after EXIT",                {"-s", "EXIT;nonsense"}, "\n",                    0, true},
+    {"an argument without an option run, no banner, no end at the end of the input", {"EXIT"}, kBanner, 0, true},
 };
+// clang-format on
 
 TEST(StartUp, ReadsItsOptions) {
     for (const OptionCase& c : kOptionCases) {
@@ -134,13 +113,12 @@ TEST(StartUp, ClosesTheDevicesInTheOrderOfItsEnd) {
 
 TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
     TestMachine machine("tr500k2");
-    const std::string command = BRANT_EMULATOR " '" + ProgramPath("brantcli") + "' ";
     const auto status = [&](const std::string& words) {
-        return RunProgram("/bin/sh", {"-c", command + words}, machine.Directory()).status;
+        return RunProgram("/bin/sh", {"-c", InShell("brantcli") + words}, machine.Directory()).status;
     };
-    EXPECT_EQ(status("-s 'SHOW FANS' > /dev/full"), 1);
-    EXPECT_EQ(status("-s 'EXIT' > /dev/full"), 1);
-    EXPECT_EQ(status("-s 'SHOW FANS' > /dev/null"), 0);
+    EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/full"), 1);
+    EXPECT_EQ(status(" -s 'EXIT' > /dev/full"), 1);
+    EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/null"), 0);
 }
 
 }  // namespace

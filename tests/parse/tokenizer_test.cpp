@@ -35,12 +35,14 @@ std::string Repeat(const std::string& piece, int times) {
     return text;
 }
 
-std::vector<Word> Words(const std::string& text, int times, const std::string& last) {
-    std::vector<Word> words(static_cast<size_t>(times), Word{text, false, text});
-    words.push_back({last, false, last});
+// As many words as a line has room for: 24 times "a", and the last one.
+std::vector<Word> WithLast(const Word& last) {
+    std::vector<Word> words(24, Word{"A", false, "a"});
+    words.push_back(last);
     return words;
 }
 
+// clang-format off
 const TokenizerCase kCases[] = {
     // separators
     {"no words from nothing", "", {}},
@@ -48,15 +50,9 @@ const TokenizerCase kCases[] = {
     {"blanks around words kept", "  show   fans ", {{"SHOW", false, "show"}, {"FANS", false, "fans"}}},
     {"control characters kept in words", "a\x01\x1F\rb", {{"A", false, "a"}, {"B", false, "b"}}},
     {"a TAB taken for a separator", "a\tb c", {{"A\tB", false, "a\tb"}, {"C", false, "c"}}},
-    {"bytes from 0x80 up kept in words",
-     "a\x80"
-     "b\xFF"
-     "c",
-     {{"A", false, "a"}, {"B", false, "b"}, {"C", false, "c"}}},
+    {"bytes from 0x80 up kept in words", "a\200b\377c", {{"A", false, "a"}, {"B", false, "b"}, {"C", false, "c"}}},
     // quotes
-    {"case or blanks lost in quotes",
-     "set name \"Main Server\"",
-     {{"SET", false, "set"}, {"NAME", false, "name"}, {"Main Server", true}}},
+    {"case or blanks lost in quotes", "set name \"Main Server\"", {{"SET", false, "set"}, {"NAME", false, "name"}, {"Main Server", true}}},
     {"a separator byte inside quotes cut", "\"a\x80\x01 b\"", {{"a\x80\x01 b", true}}},
     {"the flag lost on a leading blank", "\" a\" b", {{" a", true}, {"B", false, "b"}}},
     {"an open quote refused", "\"a b", {{"a b", true}}},
@@ -68,15 +64,10 @@ const TokenizerCase kCases[] = {
     {"two quotes inside a word taken for none", "a\"\" b c", {{"A", false, "a"}}},
     {"a quote behind an empty word lost", "\"\"\"x y\" z", {{"", false}, {"Z", false, "z"}}},
     // limits
-    {"a 26th word", Repeat("a ", 24) + "y \"z\"  A",
-     [] {
-         std::vector<Word> words = Words("A", 24, "Y \"Z\"  A");
-         for (Word& word : words) word.original = "a";
-         words.back().original = "y \"z\"  A";
-         return words;
-     }()},
+    {"a 26th word", Repeat("a ", 24) + "y \"z\"  A", WithLast({"Y \"Z\"  A", false, "y \"z\"  A"})},
     {"the longest line cut", std::string(254, 'X'), {{std::string(254, 'X')}}},
 };
+// clang-format on
 
 TEST(Tokenizer, CutsALineIntoWords) {
     for (const TokenizerCase& c : kCases) {
