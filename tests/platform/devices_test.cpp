@@ -114,6 +114,8 @@ TEST(Devices, ReadTheEventLog) {
         cevt clear length=56 -> 0
         cevt read 0 length=312 -> 1                # an index of the log as it was)");
     EXPECT_EQ(machine.Read("cevt/hlog"), "");
+    machine.Write("cevt/hlog", Entry(5, 30).substr(0, 29));
+    ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # an entry that the file's end cuts");
     machine.Remove("cevt/hlog");
     ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # no log at all");
 }
