@@ -30,11 +30,16 @@ class Seeds {
     int count_ = 0;
 };
 
+// Behind a good entry point where mkmachine has it; behind the input's own in the first place, and in the
+// last one with a length that passes the BIOS area's end.
 void AddTables(Seeds& seeds) {
     for (const Model& model : Models()) {
         const SmbiosTable table = TablesOf(model);
-        seeds.Add('\0' + table.Bytes());
-        seeds.Add('\1' + MachineBuilder::Plain(table.EntryPoint(0x10000)) + table.Bytes());
+        SMBIOSEntryPoint entry = table.EntryPoint(0x10000);
+        seeds.Add(std::string("\0\x00\x05", 3) + table.Bytes());
+        seeds.Add(std::string("\1\x00\x00", 3) + MachineBuilder::Plain(entry) + table.Bytes());
+        entry.byEPSLength = 0xFF;
+        seeds.Add("\1\xFC\x0F" + MachineBuilder::Plain(entry) + table.Bytes());
     }
 }
 

@@ -1,13 +1,16 @@
 // The firmware's tables: start-up and the inventory commands on tables that may hold anything.
 //
-// Input: one byte, then the tables. An even byte puts a good entry point in front of them; after an odd one
-// the input's own entry point comes first, of which only the anchor and the checksums are mended.
+// Input: one byte; two bytes, the entry point's place; then the tables. An even byte puts a good entry point
+// in front of them; after an odd one the input's own entry point comes first, of which only the anchor and
+// the checksums are mended.
 #include <algorithm>
 #include <cstring>
 
 #include "cli/brantcli/firmware.h"
+#include "cli/generic_dtioctl/devices.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "fuzz/target.h"
+#include "include/bios_area.h"
 #include "tests/support/loaded_tables.h"
 #include "tools/mkmachine/smbios_table.h"
 
@@ -15,6 +18,9 @@ namespace {
 
 constexpr uint32_t kTables = 0x10000;  // physical address
 constexpr size_t kMostTables = UINT16_MAX;
+
+// An entry point may begin at every 16th byte of the BIOS area, up to the maker's signature.
+constexpr uint32_t kPlaces = (kRomSignatureOffset - sizeof(SMBIOSEntryPoint)) / 16 + 1;
 
 SMBIOSEntryPoint EntryPointFor(bool own, std::string& input) {
     SMBIOSEntryPoint entry = SmbiosTable().EntryPoint(kTables);
@@ -29,10 +35,40 @@ SMBIOSEntryPoint EntryPointFor(bool own, std::string& input) {
     return entry;
 }
 
+// A piece of physical memory. What the last input left there would otherwise be part of the next one.
+class Piece {
+  public:
+    void Put(TestMachine& machine, uint32_t address, const std::string& bytes) {
+        if (size_ != 0) machine.PhysicalMemory(address_, std::string(size_, '\0'));
+        machine.PhysicalMemory(address, bytes);
+        address_ = address;
+        size_ = bytes.size();
+    }
+
+  private:
+    uint32_t address_ = 0;
+    size_t size_ = 0;
+};
+
+class Firmware {
+  public:
+    Firmware() {
+        setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
+        Require(CheckRom() && OpenDevices());
+    }
+    void Hold(std::string input) {
+        const bool own = Number(Take(input, 1)) % 2 != 0;
+        const uint32_t place = kBiosArea + Number(Take(input, 2)) % kPlaces * 16;
+        entry_.Put(machine_, place, MachineBuilder::Plain(EntryPointFor(own, input)));
+        tables_.Put(machine_, kTables, input.substr(0, kMostTables));
+    }
+
+  private:
+    TestMachine machine_;
+    Piece entry_, tables_;
+};
+
 void RunInventoryCommands() {
-    detect_corvex();
-    smbios_get_systemname();
-    CountEmbeddedNics();
     InputLineType line{};
     line.NumWords = 2;
     do_show_server(&line);
@@ -46,17 +82,12 @@ void RunInventoryCommands() {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static LoadedTables loaded;
-    std::string input = Input(data, size);
-    const std::string flavour = Take(input, 1);
-    const SMBIOSEntryPoint entry = EntryPointFor(!flavour.empty() && flavour[0] % 2 != 0, input);
-
-    input.resize(kMostTables);  // what the last input left there would otherwise be part of this one
-    loaded.Machine().PhysicalMemory(kTables, input);
-    loaded.Machine().PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry));
-    Require(CheckRom());
-    loaded.Load();
-    RunInventoryCommands();
+    static Firmware firmware;
+    firmware.Hold(Input(data, size));
+    if (ReadFirmwareTables()) {
+        CountEmbeddedNics();
+        RunInventoryCommands();
+    }
     LoadedTables::Unload();  // now: what an input leaves behind costs a search for leaks
     return 0;
 }

@@ -21,6 +21,13 @@ inline std::string Take(std::string& input, size_t count) {
     return taken;
 }
 
+// The number that bytes are, the lowest first.
+inline unsigned Number(const std::string& bytes) {
+    unsigned number = 0;
+    for (size_t i = bytes.size(); i > 0; --i) number = number << 8 | static_cast<unsigned char>(bytes[i - 1]);
+    return number;
+}
+
 // What holds whatever the input is.
 inline void Require(bool holds) {
     if (!holds) std::abort();
