@@ -1,5 +1,10 @@
 // A typed line: tokenizer, dispatcher and every command on a model's machine; completion and help.
+//
+// Input: one byte, of which the remainder by 4 picks the machine and the quotient the event log; then the
+// line.
 #include <cstring>
+#include <memory>
+#include <vector>
 
 #include "cli/brantcli/firmware.h"
 #include "cli/brantcli/script.h"
@@ -8,13 +13,15 @@
 #include "cli/parse/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/completion.h"
-#include "cli/parse/dispatcher.h"
 #include "cli/parse/help.h"
 #include "cli/parse/keys.h"
 #include "cli/pci/kelm.h"
+#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios_old/tables.h"
 #include "fuzz/target.h"
-#include "tests/support/test_machine.h"
+#include "tests/support/loaded_tables.h"
 #include "tools/mkmachine/events.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 
@@ -22,37 +29,99 @@ int Stay(InputLineType* /*InputLine*/) {
     return 0;
 }
 
-// The whole program up to its first command, but that it can't be left.
-class Shell {
+struct Variable {
+    template <typename Value>
+    Variable(Value& value) : place(&value), size(sizeof value) {}
+
+    void* place;
+    size_t size;
+};
+
+// What start-up fills.
+const Variable kFilled[] = {
+    cdt_fd,      cevt_fd,          casr_fd,  crom_fd,    EPS,
+    pSMBTables,  fSMBiosInited,    gCpu_tbl, gCache_tbl, gMemoryMod,
+    system_name, smbios_available, zthmac,   got_kelm,   embedded_nics_installed,
+};
+
+// The program on a machine, started once: start-up takes ten times as long as most lines.
+class Program {
   public:
-    Shell() : machine_("tr500k2") {
+    explicit Program(const Model& model) : machine_(model.name) {
         setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
+        for (const Variable& variable : kFilled) std::memset(variable.place, 0, variable.size);
         Require(CheckRom() && ReadFirmwareTables() && OpenDevices());
         CountEmbeddedNics();
         got_kelm = find_kelm();
-        script_mode = 1;
-        CreateCommands();
-        for (const char* word : {"EXIT", "QUIT"}) FindChild(Cmds, word)->Function = Stay;
+        for (const Variable& variable : kFilled) {
+            values_.emplace_back(static_cast<const char*>(variable.place), variable.size);
+        }
     }
-    // What CLEAR HLOG took is there again for the next SHOW HLOG.
-    void FillLog() { machine_.Write("cevt/hlog", log_); }
+    ~Program() {
+        GoOn("");
+        LoadedTables::Unload();
+    }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+    // Before each line. events: what the log holds, whatever the last line cleared.
+    TestMachine& GoOn(const std::string& events) {
+        setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
+        for (size_t i = 0; i < values_.size(); ++i) {
+            std::memcpy(kFilled[i].place, values_[i].data(), kFilled[i].size);
+        }
+        machine_.Write("cevt/hlog", events);
+        return machine_;
+    }
 
   private:
     TestMachine machine_;
-    const std::string log_ = EventLog(8);
+    std::vector<std::string> values_;  // of kFilled
 };
+
+// A log of more than a screen: the number-th eight of all events.
+std::string SomeEvents(unsigned number) {
+    static const SampleEvents events = EveryEvent();
+    std::string log;
+    for (unsigned i = number * 8; i < number * 8 + 8; ++i) {
+        const SampleEvent& event = events[i % events.size()];
+        log += EventEntry(EventHeader(i + 1, event.severity, event.event_class, event.code), event.payload);
+    }
+    return log;
+}
+
+// The sanitizers see no word that lies elsewhere in the record.
+void CheckWords(const InputLineType& line) {
+    for (int i = 0; i < line.NumWords; ++i) {
+        Require(line.Words[i] >= line.ParseLine && line.Words[i] < line.ParseLine + sizeof line.ParseLine);
+    }
+}
+
+// Every model, and one whose firmware has the older NIC settings only.
+std::vector<std::unique_ptr<Program>> StartPrograms() {
+    script_mode = 1;
+    CreateCommands();
+    for (const char* word : {"EXIT", "QUIT"}) FindChild(Cmds, word)->Function = Stay;
+    std::vector<std::unique_ptr<Program>> programs;
+    for (const Model& model : Models()) programs.push_back(std::make_unique<Program>(model));
+    programs.push_back(std::make_unique<Program>(Models().front()));
+    programs.back()->GoOn("").Remove(std::string("crom/") + kNicBootVariable);
+    return programs;
+}
 
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static Shell shell;
-    shell.FillLog();
-    std::string commands = Input(data, size);
+    static const auto programs = StartPrograms();
+    std::string input = Input(data, size);
+    const unsigned picked = Number(Take(input, 1));
+    programs[picked % programs.size()]->GoOn(SomeEvents(picked / 4));
+    std::string commands = input;
     do_scripted_command(commands.data());
+    CheckWords(CurrentCommandLine);
 
     for (int (*const partly_typed)(char*) : {TabComplete, DoubleTabComplete, FindHelp}) {
         char line[kLineSize] = "";
-        std::strncpy(line, Input(data, size).c_str(), sizeof line - 1);
+        std::strncpy(line, input.c_str(), sizeof line - 1);
         partly_typed(line);
         Require(std::memchr(line, '\0', sizeof line) != nullptr);
     }

@@ -1,14 +1,18 @@
-// make_seeds DIR: the inputs that fuzzing starts from, one folder per target, out of what the project's own
-// tables and machines hold.
+// make_seeds DIR: the inputs that fuzzing starts from, one folder per target, and `words`, a dictionary of
+// the commands, out of what the project's own tables and machines hold.
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 
-#include "cli/parse/command_table.h"
+#include "cli/eventstr/eventstr.h"
 #include "cli/parse/command_tree.h"
+#include "tests/sweep/sweep.h"
 #include "tools/mkmachine/events.h"
 #include "tools/mkmachine/firmware_records.h"
 #include "tools/mkmachine/models.h"
@@ -43,24 +47,62 @@ void AddTables(Seeds& seeds) {
     }
 }
 
+// As an entry of the management processor also with letters from the last text's end to that of all that may
+// be read.
 void AddEvents(Seeds& seeds) {
     for (const SampleEvent& event : EveryEvent()) {
         const EVT_HEADER header = EventHeader(1, event.severity, event.event_class, event.code);
         seeds.Add(std::string("\xFF\0", 2) + EventEntry(header, event.payload));
         const EVT_IPMI_HEADER short_header = {static_cast<uint8_t>(event.event_class),
                                               static_cast<uint8_t>(event.code), 0, 0, event.severity};
-        seeds.Add("\xFF\1" + MachineBuilder::Plain(short_header) + event.payload);
+        const std::string beginning = "\xFF\1" + MachineBuilder::Plain(short_header);
+        seeds.Add(beginning + event.payload);
+        std::string filled = event.payload.substr(0, std::max<size_t>(event.payload.size(), 1) - 1);
+        filled.resize(kIpmiPayloadRoom, 'x');
+        seeds.Add(beginning + filled);
     }
 }
 
-// Every command by itself, typed out and with a TAB behind it.
-void AddCommands(const CmdType* parent, const std::string& words, Seeds& lines, Seeds& keys) {
-    for (const CmdType* node = parent->Sub; node != nullptr; node = node->Next) {
-        const std::string command = words + node->Token;
-        lines.Add(command);
+// Every command on every machine, and typed out with a TAB behind it; every log; every change with every
+// other after it, on one machine or another.
+void AddCommands(Seeds& lines, Seeds& keys) {
+    std::vector<std::string> changes;
+    for (const std::string& command : Commands()) {
+        for (const char machine : {'0', '1', '2', '3'}) lines.Add(machine + command);
         keys.Add(command + "\t\t\r");
-        AddCommands(node, command + " ", lines, keys);
+        if (command.compare(0, 4, "SHOW") != 0) changes.push_back(command);
     }
+    for (int log = 0; log < 256; log += 4) lines.Add(static_cast<char>(log) + std::string("SHOW HLOG"));
+    int pair = 0;
+    for (const std::string& first : changes) {
+        for (const std::string& second : changes) lines.Add("0123"[pair++ % 4] + first + ";" + second);
+    }
+}
+
+// The words of a text that could be a command's: the upper-case ones and the numbers. One letter or digit is
+// found without.
+void AddWords(const std::string& text, std::set<std::string>& words) {
+    const auto in_word = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
+    for (auto begin = text.begin(); begin != text.end();) {
+        const auto end = std::find_if_not(begin, text.end(), in_word);
+        if (end - begin > 1) words.emplace(begin, end);
+        begin = std::find_if(end, text.end(), in_word);
+    }
+}
+
+void AddWordsOfHelp(const CmdType* parent, std::set<std::string>& words) {
+    for (const CmdType* node = parent->Sub; node != nullptr; node = node->Next) {
+        AddWords(node->Help, words);
+        AddWordsOfHelp(node, words);
+    }
+}
+
+void WriteDictionary(const std::string& path) {
+    std::set<std::string> words = {";"};
+    for (const std::string& command : Commands()) AddWords(command, words);
+    AddWordsOfHelp(Cmds, words);
+    std::ofstream file(path);
+    for (const std::string& word : words) file << '"' << word << "\"\n";
 }
 
 void AddEditing(Seeds& keys) {
@@ -70,6 +112,7 @@ void AddEditing(Seeds& keys) {
         keys.Add(bytes);
     }
     keys.Add(std::string(253, 'x') + "\rshow\r");
+    keys.Add(std::string(252, 'x') + "\33[1~yyyy\r");
 }
 
 // machine: an empty directory to make a machine in.
@@ -96,8 +139,8 @@ int main(int argc, char** argv) try {
         keys(directory, "keys"), machine(directory, "machine");
     AddTables(smbios);
     AddEvents(event);
-    CreateCommands();
-    AddCommands(Cmds, "", line, keys);
+    AddCommands(line, keys);
+    WriteDictionary(directory + "/words");
     AddEditing(keys);
     AddMachine(machine, directory + "/made");
     return 0;
