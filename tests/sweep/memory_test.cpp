@@ -27,8 +27,8 @@ class ShortOfMemory : public testing::Test {
         for (;; ++failing) {
             RunOptions options;
             options.environment = {"BRANT_FAIL_ALLOCATION=" + std::to_string(failing)};
-            const RunResult run = RunProgram(ProgramPath("brantcli_short_of_memory"), {"-s", script},
-                                             machine.Directory(), options);
+            const RunResult run =
+                RunProgram(ProgramPath("brantcli_interposed"), {"-s", script}, machine.Directory(), options);
             states.push_back(machine.State());
             machine.Restore();
             if (run.errors.empty()) break;

@@ -69,7 +69,7 @@ class FailingRequests : public testing::TestWithParam<std::string> {
     SweptMachine machine_{GetParam()};
     const bool first_ = GetParam() == Models().front().name;
     // The sanitizers cost ten times a run. What one model alone has is in its family's own tests, under them.
-    const std::string program_ = ProgramPath(first_ ? "brantcli" : "brantcli_short_of_memory");
+    const std::string program_ = ProgramPath(first_ ? "brantcli" : "brantcli_interposed");
     const Files as_made_ = machine_.State();
     const std::string stored_ = StoredText("sweep/failures.txt");
     std::set<std::string> told_;  // kinds of failure

@@ -18,7 +18,7 @@ TEST(Words, TooManyOrTooFewAreRefusedBeforeAnyRequest) {
     machine.Write("cevt/hlog", "");
     machine.StartTrace();
     const auto run = [&](const std::string& line) {
-        return RunProgram(ProgramPath("brantcli_short_of_memory"), {"-s", line}, machine.Directory());
+        return RunProgram(ProgramPath("brantcli_interposed"), {"-s", line}, machine.Directory());
     };
     const auto requests = [&] {
         const std::string trace = machine.TakeTrace("c");
