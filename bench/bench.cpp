@@ -27,10 +27,10 @@ void Script(State& state, const char* model, const char* script) {
     const TestMachine machine(model);
     Run(state, machine, script);
 }
-BENCHMARK_CAPTURE(Script, help, "tr500k2", "HELP")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Script, fans, "tr500k2", "SHOW FANS")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Script, inventory, "tr500k2", "SHOW SERVER")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Script, change, "tr500k2", "SET NAME BRANT")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Script, help, "tr500k2", "HELP")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(Script, fans, "tr500k2", "SHOW FANS")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(Script, inventory, "tr500k2", "SHOW SERVER")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(Script, change, "tr500k2", "SET NAME BRANT")->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The whole event log. An entry must not cost more in a long one.
 void Listing(State& state) {
@@ -42,7 +42,7 @@ void Listing(State& state) {
         benchmark::Counter(static_cast<double>(entries),
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
-BENCHMARK(Listing)->RangeMultiplier(10)->Range(100, 100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Listing)->RangeMultiplier(10)->Range(100, 100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // An event, as a line of English.
 void Translation(State& state) {

@@ -1,6 +1,7 @@
 // One allocation of the process fails: the first, then the second, until a command gets through untouched.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <map>
 
 #include "tests/sweep/sweep.h"
@@ -34,6 +35,7 @@ class ShortOfMemory : public testing::Test {
             states.push_back(machine.State());
             machine.Restore();
             if (run.errors.empty()) break;
+            ++failures_;
 
             EXPECT_EQ(run.errors, "allocation failed\n") << script << failing;
             EXPECT_LE(run.status, 1) << script << failing;
@@ -49,6 +51,7 @@ class ShortOfMemory : public testing::Test {
         return failing;
     }
     std::map<std::string, int> unseen_ = kMessages;
+    size_t failures_ = 0;
 };
 
 TEST_F(ShortOfMemory, EveryCommandComesToAKnownEnd) {
@@ -59,6 +62,7 @@ TEST_F(ShortOfMemory, EveryCommandComesToAKnownEnd) {
         const size_t at_start = Sweep(machine, "", 1);
         for (const std::string& command : Commands()) Sweep(machine, command, at_start - 1);
     }
+    std::printf("%zu failed allocations\n", failures_);
     for (const auto& [message, status] : unseen_) ADD_FAILURE() << "never said: " << message;
 }
 
