@@ -3,8 +3,8 @@
 
 #include <cstring>
 
+#include "cli/brantcli/command_table.h"
 #include "cli/eventstr/eventstr.h"
-#include "cli/parse/command_table.h"
 #include "cli/parse/completion.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/events.h"

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "cli/parse/command_table.h"
+#include "cli/brantcli/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
 #include "cli/parse/history.h"

@@ -6,20 +6,19 @@
 #include <memory>
 #include <vector>
 
+#include "cli/brantcli/command_table.h"
 #include "cli/brantcli/firmware.h"
 #include "cli/brantcli/script.h"
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/generic_dtioctl/devices.h"
-#include "cli/parse/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/completion.h"
 #include "cli/parse/help.h"
 #include "cli/parse/keys.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios-commands/smbios_commands.h"
-#include "cli/smbios_old/tables.h"
 #include "fuzz/target.h"
-#include "tests/support/loaded_tables.h"
+#include "tests/support/test_machine.h"
 #include "tools/mkmachine/events.h"
 #include "tools/mkmachine/models.h"
 
@@ -59,7 +58,7 @@ class Program {
     }
     ~Program() {
         GoOn("");
-        LoadedTables::Unload();
+        ResetState();
     }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

@@ -88,6 +88,6 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         CountEmbeddedNics();
         RunInventoryCommands();
     }
-    LoadedTables::Unload();  // now: what an input leaves behind costs a search for leaks
+    ResetState();  // now: what an input leaves behind costs a search for leaks
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "cli/brantcli/exit.h"
+#include "cli/command/exit.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "cli/brantcli/rom_signature.h"
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/misc-commands/rom_variables.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"

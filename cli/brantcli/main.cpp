@@ -6,13 +6,13 @@
 #include <csignal>
 #include <cstdio>
 
-#include "cli/brantcli/exit.h"
+#include "cli/brantcli/command_table.h"
 #include "cli/brantcli/firmware.h"
 #include "cli/brantcli/script.h"
-#include "cli/brantcli/state.h"
+#include "cli/command/exit.h"
+#include "cli/command/state.h"
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/command_table.h"
 #include "cli/parse/dispatcher.h"
 #include "cli/parse/history.h"
 #include "cli/parse/terminal.h"

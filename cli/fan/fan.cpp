@@ -2,11 +2,11 @@
 
 #include <cstdio>
 
+#include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/locations.h"
 #include "cli/health-table/older_records.h"
 #include "cli/health-table/rows.h"
-#include "cli/parse/handler.h"
 #include "include/fan_records.h"
 #include "src/utils/word_table.h"
 

@@ -4,11 +4,6 @@
 
 #include "platform/request.h"
 
-int cdt_fd = -1;
-int cevt_fd = -1;
-int casr_fd = -1;
-int crom_fd = -1;
-
 char cdt_path[] = "/dev/zethealth/cdt";
 char cevt_path[] = "/dev/zethealth/cevt";
 char casr_path[] = "/dev/zethealth/casr";

@@ -1,10 +1,7 @@
 // The health driver's four devices, open from start-up to the end of the run.
 #pragma once
 
-extern int cdt_fd;   // data tables
-extern int cevt_fd;  // the event log
-extern int casr_fd;  // the automatic server recovery timer
-extern int crom_fd;  // ROM variables
+#include "cli/command/state.h"
 
 // Their files. Not const: the request library takes a char*.
 extern char cdt_path[];

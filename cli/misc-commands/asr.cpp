@@ -3,11 +3,11 @@
 #include <cstdio>
 #include <iterator>
 
+#include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/switch_words.h"
-#include "cli/parse/handler.h"
 #include "include/asr_timer.h"
 #include "platform/request.h"
 #include "src/utils/numbers.h"

@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <iterator>
 
+#include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/server_model.h"
-#include "cli/parse/handler.h"
 #include "src/utils/word_table.h"
 
 namespace {

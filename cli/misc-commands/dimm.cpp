@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/handler.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/memory_records.h"
 #include "src/utils/word_table.h"

@@ -1,10 +1,10 @@
 // The environment-abnormality automatic shutdown (EAAS).
 #include <cstdio>
 
+#include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/switch_words.h"
-#include "cli/parse/handler.h"
 
 namespace {
 

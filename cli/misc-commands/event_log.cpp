@@ -5,11 +5,11 @@
 #include <memory>
 #include <new>
 
+#include "cli/command/refusals.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/misc-commands/event_class.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/handler.h"
 #include "platform/request.h"
 #include "src/utils/word_table.h"
 

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "cli/brantcli/exit.h"
+#include "cli/command/exit.h"
 #include "cli/misc-commands/misc_commands.h"
 
 int do_exit(InputLineType* /*InputLine*/) {

@@ -2,11 +2,11 @@
 #include <cstdio>
 #include <iterator>
 
+#include "cli/command/command.h"
+#include "cli/command/refusals.h"
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
-#include "cli/parse/command_tree.h"
-#include "cli/parse/handler.h"
 #include "src/utils/word_table.h"
 
 namespace {

@@ -1,11 +1,11 @@
 // Processor hyper-threading. Whether the processors can do it isn't asked.
 #include <cstdio>
 
+#include "cli/command/refusals.h"
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/switch_words.h"
-#include "cli/parse/handler.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // those of its words that it reads, prints its own messages, and returns 0 for success or 1 for failure.
 #pragma once
 
-#include "cli/parse/input_line.h"
+#include "cli/command/command.h"
 
 // Leaving the shell. Never returns; the argument is ignored and may be null.
 int do_exit(InputLineType* InputLine);

@@ -3,11 +3,11 @@
 #include <cstdio>
 #include <cstring>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/refusals.h"
+#include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/switch_words.h"
-#include "cli/parse/handler.h"
 #include "src/utils/word_table.h"
 
 namespace {

@@ -2,10 +2,10 @@
 
 #include <cstdio>
 
+#include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/older_records.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/handler.h"
 #include "include/power_supply_records.h"
 
 namespace {

@@ -1,9 +1,9 @@
 // The serial port of the BIOS console, and its baud rate.
 #include <cstdio>
 
+#include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
-#include "cli/parse/handler.h"
 #include "src/utils/word_table.h"
 
 namespace {

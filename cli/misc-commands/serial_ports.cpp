@@ -3,12 +3,12 @@
 #include <cstdio>
 #include <cstring>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/refusals.h"
+#include "cli/command/state.h"
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/server_model.h"
-#include "cli/parse/handler.h"
 #include "src/utils/word_table.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <cstring>
 
+#include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
-#include "cli/parse/handler.h"
 
 namespace {
 

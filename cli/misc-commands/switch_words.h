@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "cli/parse/input_line.h"
+#include "cli/command/command.h"
 
 struct SwitchWay {
     bool on;

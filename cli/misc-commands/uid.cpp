@@ -5,10 +5,10 @@
 #include <memory>
 #include <new>
 
+#include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/handler.h"
 #include "include/indicator_records.h"
 #include "platform/request.h"
 #include "src/utils/word_table.h"

@@ -4,11 +4,10 @@
 #include <cstring>
 #include <new>
 
-#include "cli/brantcli/exit.h"
+#include "cli/command/exit.h"
 #include "cli/parse/help.h"
 
 CmdType* Cmds = nullptr;
-CmdType* current_command = nullptr;
 
 namespace {
 

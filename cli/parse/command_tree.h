@@ -4,22 +4,10 @@
 
 #include <string_view>
 
-#include "cli/parse/input_line.h"
-
-struct CmdType {
-    const char* Token;  // upper case
-    const char* Help;   // begins with "USAGE:", but for the root's; nodes that share a text share the pointer
-    CmdType* Synonym;   // the node that this one stands for, or null
-    CommandHandler Function;  // runs when a line ends at this node; null at the root only
-    CmdType* Sub;             // first child, in ascending order of the tokens' bytes
-    CmdType* Next;            // next sibling
-};
+#include "cli/command/command.h"
 
 // The root, above the top-level commands.
 extern CmdType* Cmds;
-
-// The node that the last dispatch reached; null when nothing matched. A handler reads its help text here.
-extern CmdType* current_command;
 
 // A node outside any tree, without children. Texts are kept by pointer. No memory for it ends the process
 // with status 1.

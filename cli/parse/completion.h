@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "cli/parse/input_line.h"
+#include "cli/command/command.h"
 
 // Completes a line of kLineSize bytes in place, and writes it in its normal form: recognised keywords in
 // upper case, single blanks. Rings the bell when the last word is ambiguous, or when nothing can be done: a

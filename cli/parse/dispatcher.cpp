@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
 #include "cli/parse/tokenizer.h"

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/completion.h"
 #include "cli/parse/help.h"

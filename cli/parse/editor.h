@@ -4,7 +4,7 @@
 // character that is there already moves it right. A line's buffer is zero behind its last character.
 #pragma once
 
-#include "cli/parse/input_line.h"
+#include "cli/command/command.h"
 
 // Reads one line: shows the prompt, acts on the keys up to Enter, stores the line in the history and cuts it
 // into words. A line that grows past column 252 is refused with a message, and has no words. The end of the

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "cli/parse/input_line.h"
+#include "cli/command/command.h"
 
 // What the help text of every command begins with; the listings of usages leave it out.
 constexpr std::string_view kUsagePrefix = "USAGE:";

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "src/utils/text_writer.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // Cuts a line into words.
 #pragma once
 
-#include "cli/parse/input_line.h"
+#include "cli/command/command.h"
 
 // Fills ParseLine, Words, OrigCaseWords, Quote and NumWords from CmdLine.
 void Parse(InputLineType* InputLine);

@@ -1,7 +1,7 @@
 // The memory modules that SMBIOS knows of, as SHOW DIMM lists them.
 #include <cstdio>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbparse/smbparse.h"
 

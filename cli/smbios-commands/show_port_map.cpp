@@ -3,8 +3,8 @@
 #include <climits>
 #include <cstdio>
 
-#include "cli/brantcli/state.h"
-#include "cli/parse/handler.h"
+#include "cli/command/refusals.h"
+#include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
 #include "src/utils/numbers.h"

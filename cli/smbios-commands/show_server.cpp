@@ -1,8 +1,8 @@
 // SHOW SERVER: the machine, its NICs, its processors and its memory.
 #include <cstdio>
 
-#include "cli/brantcli/state.h"
-#include "cli/parse/handler.h"
+#include "cli/command/refusals.h"
+#include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/word_table.h"

@@ -1,10 +1,8 @@
 // What the firmware's SMBIOS inventory tells the user and the rest of the program.
 #pragma once
 
-#include "cli/parse/input_line.h"
-
-// The product name of the SMBIOS system record; empty when there is none.
-extern char system_name[64];
+#include "cli/command/command.h"
+#include "cli/command/state.h"
 
 // Whether the machine is of the maker's Corvex line, by its product name. Result: 0 when it is, else 1, with
 // a message when there is no system record.

@@ -4,12 +4,10 @@
 #include <cstdio>
 #include <cstring>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
 #include "src/utils/text_writer.h"
-
-char system_name[64];
 
 namespace {
 

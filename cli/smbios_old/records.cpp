@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "cli/smbios_old/tables.h"
+#include "cli/smbios_old/smbios.h"
 
 namespace {
 

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "cli/command/state.h"
 #include "include/smbios_records.h"
 #include "src/utils/bytes.h"
 

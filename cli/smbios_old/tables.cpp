@@ -1,15 +1,11 @@
 // Finding the tables and copying them.
-#include "cli/smbios_old/tables.h"
+#include "cli/smbios_old/smbios.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 #include "include/bios_area.h"
-
-BOOL fSMBiosInited = FALSE;
-SMBIOSEntryPoint EPS;
-unsigned char* pSMBTables = nullptr;
 
 namespace {
 

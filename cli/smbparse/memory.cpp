@@ -6,8 +6,6 @@
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/word_table.h"
 
-ZET_MemModule* gMemoryMod[64];
-
 namespace {
 
 constexpr int kNotInTable = 1;  // the number of a form factor or a technology that has no row

@@ -4,9 +4,6 @@
 #include "src/utils/text_writer.h"
 #include "src/utils/word_table.h"
 
-ZET_CPU* gCpu_tbl[11];
-ZET_CACHE* gCache_tbl[21];
-
 namespace {
 
 constexpr CodeText SmbProcTable[] = {

@@ -1,10 +1,11 @@
 // The inventory of processors, caches and memory modules, taken from the SMBIOS tables once at start-up.
-// A table is filled from its first entry on, without gaps; the first null ends its used part. Its records are
-// allocated one by one and stay until the program ends; what doesn't fit, or can't be allocated, is left out.
+// Its tables are gCpu_tbl, gCache_tbl and gMemoryMod. Their records are allocated one by one and stay until
+// the program ends; what doesn't fit, or can't be allocated, is left out.
 #pragma once
 
 #include <cstdint>
 
+#include "cli/command/state.h"
 #include "cli/smbios_old/smbios.h"
 
 enum CpuStatus : uint8_t { kCpuUnknown = 1, kCpuOk = 2, kCpuDegraded = 3, kCpuFailed = 4, kCpuDisabled = 5 };
@@ -35,10 +36,6 @@ struct ZET_MemModule {        // a socket of the system memory
     int memModuleTechnology;  // memory type
     int memModuleFrequency;   // MHz; 0: unknown
 };
-
-extern ZET_CPU* gCpu_tbl[11];
-extern ZET_CACHE* gCache_tbl[21];  // processor by processor, L2 before L3
-extern ZET_MemModule* gMemoryMod[64];
 
 // Fills gCpu_tbl and gCache_tbl, from the last processor record to the first.
 // Result: FALSE when the tables hold no processor record.

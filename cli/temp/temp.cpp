@@ -2,10 +2,10 @@
 
 #include <cstdio>
 
+#include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/locations.h"
 #include "cli/health-table/rows.h"
-#include "cli/parse/handler.h"
 #include "include/temperature_records.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <regex>
 #include <sstream>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "tests/misc-commands/rom_shell.h"
 

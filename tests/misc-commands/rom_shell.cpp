@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "cli/brantcli/state.h"
+#include "cli/brantcli/command_table.h"
+#include "cli/command/state.h"
 #include "cli/generic_dtioctl/devices.h"
-#include "cli/parse/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/dispatcher.h"
 #include "platform/request.h"

@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "tests/misc-commands/rom_shell.h"
 #include "tests/support/stored.h"

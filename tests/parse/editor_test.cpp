@@ -7,8 +7,8 @@
 
 #include <cstring>
 
-#include "cli/brantcli/state.h"
-#include "cli/parse/command_table.h"
+#include "cli/brantcli/command_table.h"
+#include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/completion.h"
 #include "cli/parse/history.h"

@@ -1,31 +1,14 @@
 #include "tests/support/loaded_tables.h"
 
-#include <cstdlib>
-
-#include "cli/brantcli/state.h"
+#include "cli/command/state.h"
 #include "tools/mkmachine/smbios_table.h"
-
-namespace {
-
-template <typename Record, size_t kEntries>
-void Clear(Record* (&table)[kEntries]) {
-    for (Record*& record : table) {
-        std::free(record);
-        record = nullptr;
-    }
-}
-
-}  // namespace
 
 LoadedTables::LoadedTables() {
     setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
 }
 
-void LoadedTables::Unload() {
-    Clear(gCpu_tbl);
-    Clear(gCache_tbl);
-    Clear(gMemoryMod);
-    DeinitSMBIOS();
+LoadedTables::~LoadedTables() {
+    ResetState();
 }
 
 bool LoadedTables::Load(const std::string& records) {
@@ -38,7 +21,7 @@ bool LoadedTables::Load(const std::string& records) {
 }
 
 bool LoadedTables::Load() {
-    Unload();
+    ResetState();
     InitSMBIOS();
     smbios_available = IsSMBIOSAvailable();
     if (smbios_available != 0) {

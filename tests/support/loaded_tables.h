@@ -11,16 +11,13 @@ class LoadedTables {
     // A machine of their own, in whose memory the tables are put; nothing is loaded yet.
     LoadedTables();
     explicit LoadedTables(const std::string& records) : LoadedTables() { Load(records); }
-    ~LoadedTables() { Unload(); }
+    ~LoadedTables();
 
     // Puts records, as they stand in memory, in place of those before, and starts up from them as far as the
     // inventory. Result: whether there are tables then.
     bool Load(const std::string& records);
     // The same with whatever is in the machine's memory by now.
     bool Load();
-
-    // Takes back all that loading allocated.
-    static void Unload();
 
     TestMachine& Machine() { return machine_; }
 

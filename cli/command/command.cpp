@@ -1,8 +1,9 @@
-#include "cli/parse/input_line.h"
+#include "cli/command/command.h"
 
 #include <cstring>
 
 InputLineType CurrentCommandLine;
+CmdType* current_command = nullptr;
 
 void ClearLine(InputLineType* InputLine) {
     std::memset(InputLine->CmdLine, 0, sizeof InputLine->CmdLine);

@@ -1,4 +1,4 @@
-#include "cli/parse/command_table.h"
+#include "cli/brantcli/command_table.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,9 +1,9 @@
-#include "cli/parse/handler.h"
+#include "cli/command/refusals.h"
 
 #include <cstdarg>
 #include <cstdio>
 
-#include "cli/parse/command_tree.h"
+#include "cli/command/command.h"
 
 int InvalidArguments() {
     return Fail("\nInvalid argument(s)\n%s", current_command->Help);

@@ -1,10 +1,11 @@
-// One command line, typed at the prompt or taken from the script argument, and its words: the one thing that
-// the shell hands to a command.
+// What the shell hands to a command: the typed line as words, and the node of the command tree that they
+// name.
 #pragma once
 
 constexpr int kLineSize = 255;  // bytes of a line, its terminating zero included
 constexpr int kMaxWords = 25;
 
+// One command line, typed at the prompt or taken from the script argument, and its words.
 struct InputLineType {
     char CmdLine[kLineSize];                   // the line as typed or scripted
     char ParseLine[kLineSize];                 // a copy, cut into words by zeros
@@ -17,9 +18,22 @@ struct InputLineType {
 // A command: reads the line's words, prints its own messages and results; 0 for success, 1 for failure.
 using CommandHandler = int (*)(InputLineType* InputLine);
 
+// One keyword of the command tree: a command is the path of tokens from the top level down to a node.
+struct CmdType {
+    const char* Token;  // upper case
+    const char* Help;   // begins with "USAGE:", but for the root's; nodes that share a text share the pointer
+    CmdType* Synonym;   // the node that this one stands for, or null
+    CommandHandler Function;  // runs when a line ends at this node; null at the root only
+    CmdType* Sub;             // first child, in ascending order of the tokens' bytes
+    CmdType* Next;            // next sibling
+};
+
 // The one line that both modes use.
 extern InputLineType CurrentCommandLine;
 
 // Empties a line before the next command: zeros in CmdLine and ParseLine, null for each of the Words. The
 // other members are as they were until Parse fills them.
 void ClearLine(InputLineType* InputLine);
+
+// The node that the last dispatch reached; null when nothing matched. A handler reads its help text here.
+extern CmdType* current_command;

@@ -1,0 +1,48 @@
+// What start-up finds out once and commands read: every variable that outlives a command, in one place.
+#pragma once
+
+#include "include/smbios_records.h"
+
+struct ZET_CPU;  // cli/smbparse/smbparse.h
+struct ZET_CACHE;
+struct ZET_MemModule;
+
+extern int script_mode;  // 1: the commands come from the command line
+extern int got_kelm;     // 1: the management processor is on the PCI bus
+
+// The health driver's four devices, open from start-up to the end of the run; -1 when one isn't.
+extern int cdt_fd;   // data tables
+extern int cevt_fd;  // the event log
+extern int casr_fd;  // the automatic server recovery timer
+extern int crom_fd;  // ROM variables
+
+// The embedded NICs: how many there are, and eight entries of 8 bytes: PCI device and function, PCI bus, MAC
+// address.
+constexpr int kMaxEmbeddedNics = 8;
+constexpr int kNicEntrySize = 8;     // bytes
+extern int embedded_nics_installed;  // -1: unknown
+extern unsigned char zthmac[kMaxEmbeddedNics * kNicEntrySize];
+
+// The private copy of the SMBIOS tables.
+extern unsigned char fSMBiosInited;  // TRUE: there is a copy
+extern SMBIOSEntryPoint EPS;         // the entry point that was found last
+extern unsigned char* pSMBTables;    // EPS.wSTLength bytes, then one more that is 0; null without a copy
+
+// The inventory taken from it. A table is filled from its first entry on, without gaps; the first null ends
+// its used part.
+extern int smbios_available;  // nonzero: the SMBIOS tables were found
+extern char system_name[64];  // the product name of the system record; empty when there is none
+extern ZET_CPU* gCpu_tbl[11];
+extern ZET_CACHE* gCache_tbl[21];  // processor by processor, L2 before L3
+extern ZET_MemModule* gMemoryMod[64];
+
+// The command history: a ring of zeroed buffers, and the slot that the next command goes into. What is done
+// with it is in cli/parse/history.h.
+constexpr int kHistorySlots = 50;
+constexpr int kHistorySlotSize = 256;  // bytes
+extern char* History[kHistorySlots];
+extern int history_index;
+
+// Frees what start-up allocated and puts every variable back to what it is before start-up. The devices
+// aren't closed. For programs that start up more than once: tests and fuzz targets.
+void ResetState();
