@@ -2,12 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <regex>
-#include <sstream>
 
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "tests/misc-commands/rom_shell.h"
+#include "tests/support/expected_run.h"
 
 namespace {
 
@@ -202,19 +201,6 @@ constexpr RomCase kRows[] = {
      "read ZTSBKT 13"},
 };
 // clang-format on
-
-// The ROM's and the recovery timer's lines of a trace, but for start-up's, without the words "crom",
-// "length=" and "data=" and the results 0.
-std::string Requests(const std::string& trace) {
-    std::istringstream lines(trace);
-    std::string requests;
-    for (std::string line; std::getline(lines, line);) {
-        if (!std::regex_search(line, std::regex("^(crom|casr) (?!read ZTHMAC)"))) continue;
-        requests += (requests.empty() ? "" : "; ") +
-                    std::regex_replace(line, std::regex("^crom |length=|data=| -> 0$"), "");
-    }
-    return requests;
-}
 
 TEST(RomSettings, ChangeWhatTheyAreToldAndNoMore) {
     for (const RomCase& row : kRows) {

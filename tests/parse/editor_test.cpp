@@ -77,8 +77,8 @@ const KeyCase kKeys[] = {
 InputLineType line;
 
 void StartShell() {
-    static char slots[kHistorySlots][kHistorySlotSize];
-    for (int i = 0; i < kHistorySlots; ++i) (History[i] = slots[i])[0] = '\0';
+    ResetState();
+    ASSERT_TRUE(AllocateHistory());
     if (Cmds == nullptr) CreateCommands();
 }
 

@@ -19,17 +19,20 @@ void ExpectStored(const std::string& path, const std::string& text) {
     const std::filesystem::path now = std::filesystem::path(BRANT_BIN_DIR) / "now" / path;
     std::filesystem::create_directories(now.parent_path());
     std::ofstream(now, std::ios::binary) << text;
-    EXPECT_EQ(text, StoredText(path)) << "tests/" << path << " would now be " << now;
+    const std::string stored = BRANT_TEST_DIR "/" + path;
+    ADD_FAILURE() << stored << " holds another text than there is now, in " << now << ":\n"
+                  << RunProgram("diff", {"-auN", stored, now}, "").output;
 }
 
 void ExpectModelsAsStored(const std::string& folder) {
     for (const Model& model : Models()) {
-        const std::string stored = StoredText(folder + "/models/" + std::string(model.name) + ".txt");
+        const std::string path = folder + "/models/" + std::string(model.name) + ".txt";
+        const std::string stored = StoredText(path);
         const std::string commands = stored.substr(0, stored.find('\n'));
         TestMachine machine(model.name);
         machine.StartTrace();
         const RunResult run = machine.Script(commands);
-        EXPECT_EQ(commands + "\n" + run.output + machine.TakeTrace("cdt "), stored) << model.name;
-        EXPECT_EQ(run.errors, "") << model.name;
+        ExpectStored(path, commands + "\n" + run.output + machine.TakeTrace("cdt "));
+        EXPECT_EQ("", run.errors) << model.name;
     }
 }

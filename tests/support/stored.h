@@ -6,7 +6,8 @@
 // A file of the tests, by its path below tests/.
 std::string StoredText(const std::string& path);
 
-// Expects a text to be what such a file holds; if it isn't, leaves it in a file from which it can be copied.
+// Expects a text to be what such a file holds. If it isn't, shows the difference, the stored side first, and
+// leaves the new text in a file from which it can be read and copied.
 void ExpectStored(const std::string& path, const std::string& text);
 
 // Expects of every model what FOLDER/models/MODEL.txt holds: the commands of one run in its first line, then

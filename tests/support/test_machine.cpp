@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 
@@ -57,6 +58,17 @@ std::vector<std::string> Words(const std::string& program, const std::vector<std
     return words;
 }
 
+// Adds this process's variables, but for those that have a value already: of two with one name a program
+// takes the first or, as shells do, the last.
+void AddOwnVariables(std::vector<std::string>& environment) {
+    std::set<std::string> names;
+    for (const std::string& variable : environment) names.insert(variable.substr(0, variable.find('=')));
+    for (char** variable = environ; *variable != nullptr; ++variable) {
+        const std::string own = *variable;
+        if (names.count(own.substr(0, own.find('='))) == 0) environment.push_back(own);
+    }
+}
+
 // As the system's calls take a list of texts, which stay the list's.
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
@@ -93,9 +105,9 @@ RunResult RunProgram(const std::string& program, const std::vector<std::string>&
                      const std::string& machine, const RunOptions& options) {
     std::vector<std::string> words = Words(program, arguments);
     if (!options.as_root) words.insert(words.begin(), {"setpriv", "--reuid=65534"});
-    std::vector<std::string> environment = options.environment;  // of two with a name, the first counts
+    std::vector<std::string> environment = options.environment;
     environment.push_back("BRANT_MACHINE=" + machine);
-    for (char** variable = environ; *variable != nullptr; ++variable) environment.emplace_back(*variable);
+    AddOwnVariables(environment);
 
     const MemoryFile input(options.input), output, errors;
     posix_spawn_file_actions_t streams;
