@@ -1,0 +1,52 @@
+# Where everything is installed, and the packages: tools/package makes and tries them.
+include(GNUInstallDirs)
+
+install(TARGETS brantcli RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
+if(BRANT_PLATFORM STREQUAL "sim")
+  install(TARGETS mkmachine RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+# A file as gzip writes it, with neither its name nor a time inside.
+function(install_compressed file folder name)
+  set(compressed ${CMAKE_BINARY_DIR}/compressed/${name}.gz)
+  install(CODE "
+    file(MAKE_DIRECTORY \"${CMAKE_BINARY_DIR}/compressed\")
+    execute_process(COMMAND gzip -9nc \"${file}\" OUTPUT_FILE \"${compressed}\" COMMAND_ERROR_IS_FATAL ANY)")
+  install(FILES ${compressed} DESTINATION ${folder})
+endfunction()
+
+file(GLOB pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/man/*)
+foreach(page IN LISTS pages)
+  cmake_path(GET page EXTENSION LAST_ONLY section)
+  cmake_path(GET page FILENAME name)
+  string(SUBSTRING ${section} 1 -1 section)
+  install_compressed(${page} ${CMAKE_INSTALL_MANDIR}/man${section} ${name})
+endforeach()
+
+install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} PATTERN man EXCLUDE)
+install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_INSTALL_DOCDIR} changelog)
+
+# The newest release of the history is this one.
+file(STRINGS CHANGELOG.md releases REGEX "^## [0-9]")
+list(GET releases 0 release)
+if(NOT release MATCHES "^## ([0-9.]+), ([0-9-]+)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "CHANGELOG.md begins with \"${release}\", and this is ${PROJECT_VERSION}")
+endif()
+
+set(CPACK_GENERATOR DEB TGZ)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "command shell for the health of Corvex x86 servers")
+set(CPACK_PACKAGE_CONTACT "Maintainers of brantcli <maintainers@brantcli.example>")
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION admin)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+  "It shows and changes the health and firmware state of a server: fans,
+temperatures, power supplies, memory, the event log, boot order, ports.
+This build runs on simulated machines, directories that mkmachine makes.")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
+include(CPack)
