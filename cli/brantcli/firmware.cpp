@@ -1,5 +1,7 @@
 #include "cli/brantcli/firmware.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
 #include "cli/brantcli/rom_signature.h"
@@ -23,13 +25,19 @@ int CountNicsOfRom() {
 
 }  // namespace
 
-bool CheckRom() {
-    if (detect_zet_rom() == 0) return true;
-    std::printf("ERROR: brantcli only runs on VX hardware.\n");
+bool CheckUser(const char* program) {
+    if (getuid() == 0) return true;
+    std::printf("ERROR: You must be root to run %s.\n", program);
     return false;
 }
 
-bool ReadFirmwareTables() {
+bool CheckRom(const char* program) {
+    if (detect_zet_rom() == 0) return true;
+    std::printf("ERROR: %s only runs on VX hardware.\n", program);
+    return false;
+}
+
+bool ReadFirmwareTables(const char* program) {
     InitSMBIOS();
     smbios_available = IsSMBIOSAvailable();
     if (smbios_available == 0) return true;
@@ -37,7 +45,7 @@ bool ReadFirmwareTables() {
     SmbParseMemRecords();
     SmbParseProcRecords();
     if (detect_corvex() != 0) {
-        std::printf("ERROR: brantcli only runs on VX Corvex Servers.\n");
+        std::printf("ERROR: %s only runs on VX Corvex Servers.\n", program);
         DeinitSMBIOS();
         return false;
     }

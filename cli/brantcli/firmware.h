@@ -1,13 +1,16 @@
-// What start-up learns from the firmware: whether it runs on the maker's servers at all, and what is in this
-// one.
+// What the start-up of a program has to find out: whether it may run here at all, and what is in this server.
+// program: its name, for the messages.
 #pragma once
 
+// False, with a message, when the user isn't root.
+bool CheckUser(const char* program = "brantcli");
+
 // False, with a message, when the ROM isn't the maker's.
-bool CheckRom();
+bool CheckRom(const char* program = "brantcli");
 
 // Copies the SMBIOS tables, if there are any, into smbios_available, the inventory and system_name.
 // False, with a message and the copy released, when they are those of another line of servers.
-bool ReadFirmwareTables();
+bool ReadFirmwareTables(const char* program = "brantcli");
 
 // Fills embedded_nics_installed and zthmac, from SMBIOS or else from the ROM; what neither knows is reported.
 void CountEmbeddedNics();

@@ -1,6 +1,5 @@
 // The program: start-up checks, then the commands of the command line or of the keyboard.
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -18,19 +17,12 @@
 #include "cli/parse/terminal.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
+#include "src/utils/standard_streams.h"
 
 namespace {
 
 constexpr char kDashes[] = "--------------------------------------------------------------------------";
 static_assert(sizeof kDashes - 1 == 74, "the banner's width");
-
-// A standard descriptor that the caller closed would go to the first device opened, and keys be read from it.
-// What takes its place can't be written either, so that lost output is noticed.
-void KeepStandardDescriptors() {
-    int fd = STDIN_FILENO;
-    while (fd >= 0 && fd <= STDERR_FILENO) fd = open("/dev/null", O_RDONLY);
-    if (fd >= 0) close(fd);
-}
 
 // A write to a closed pipe must fail and be noticed, not end the process; and stdio must not read ahead,
 // because the line editor reads descriptor 0 itself.
@@ -77,10 +69,7 @@ int RunScript(char* commands) {
 int main(int argc, char** argv) {
     KeepStandardDescriptors();
     PrepareStreams();
-    if (getuid() != 0) {
-        std::printf("ERROR: You must be root to run brantcli.\n");
-        return CommonEnd(1);
-    }
+    if (!CheckUser()) return CommonEnd(1);
     if (!ReadOptions(argc, argv)) {
         show_usage();
         return FinalStatus(0);

@@ -52,6 +52,10 @@ bool OpenDevices() {
     return true;
 }
 
+void OpenWhatOpens() {
+    for (const Device& device : kDevices) *device.descriptor = vxOpenRequest(device.path, kReadWrite);
+}
+
 void CloseDevices() {
     for (const Device& device : kDevices) vxCloseRequest(*device.descriptor);
 }

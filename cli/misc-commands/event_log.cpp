@@ -1,4 +1,5 @@
 // SHOW HLOG and CLEAR HLOG: the firmware's event log, over the cevt device.
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -9,27 +10,19 @@
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/devices.h"
 #include "cli/misc-commands/event_class.h"
+#include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"
 #include "src/utils/word_table.h"
 
 namespace {
 
-// Beside the driver's answers: an entry from before the number asked for, which a listing would follow for
-// ever.
-constexpr int kEntryFromBefore = -1;
-
-constexpr uint16_t kPresetLength = 284;  // a header and 256 bytes of payload, what the driver may fill
-constexpr int kTextSize = 256;           // bytes of an event's text, the terminating zero included
+// The length preset in the entry, what the driver may fill: a header and 256 bytes of payload of a read's
+// 296.
+constexpr size_t kNotPreset = kEventReadSize - 284;
+constexpr int kTextSize = 256;  // bytes of an event's text, the terminating zero included
 constexpr int kRequestsAScreen = 6;
 constexpr int kMostTooSmall = 6;  // such answers in a row, after which the driver won't change its mind
-
-// The buffer of a read: the request, and room for the longest entry behind what a nominal one takes.
-struct EventRead {
-    EVT_IOCTL_ENTRY request;
-    uint8_t more[kEventReadSize - sizeof(EVT_IOCTL_ENTRY)];
-};
-static_assert(sizeof(EventRead) == 312, "as the driver takes it");
 
 // Stops a listing after each screen until a key is pressed.
 class Pager {
@@ -57,31 +50,10 @@ bool Pager::GoOn() {
     return true;
 }
 
-// Reads the first entry whose number is `number` or higher. Result: an EventLogStatus, kEntryFromBefore, or a
-// status that isn't known. On kEntryRead the entry is in the buffer. A failed call's errno stands among the
-// statuses and is taken for one: EPERM ends the listing as the log's end does, and after ESRCH the same entry
-// is asked for again.
-int ReadEvent(EventRead& buffer, uint32_t number) {
-    std::memset(&buffer, 0, sizeof buffer);
-    LOG_INFO& info = buffer.request.info;
-    info.length = sizeof buffer;
-    info.choice = kReadEvent;
-    info.EvtNumber = static_cast<int32_t>(number);
-    buffer.request.Evt.Hdr.wEvtLength = kPresetLength;
-    int status = vxIoctlRequest(cevt_fd, kEventLogRequest, &buffer);
-    if (status < 0) status = errno;
-    if (status == kEntryRead && buffer.request.Evt.Hdr.dwEvtNumber < number) return kEntryFromBefore;
-    return status;
-}
-
 constexpr CodeText kSeverities[] = {
     {kInformational, "INFO"}, {kNotice, "INFO"},       {kRepaired, "REPAIRED"},
     {kCaution, "CAUTION"},    {kCritical, "CRITICAL"},
 };
-
-const char* SeverityWord(uint8_t bSeverity) {
-    return TextOfCode(kSeverities, bSeverity, "UNKNOWN");
-}
 
 // Control characters, and bytes that aren't ASCII, would disturb the terminal.
 void BlankUnprintable(char* text) {
@@ -110,7 +82,7 @@ int ListEvents(EventRead& buffer) {
     int too_small = 0;  // such answers in a row
     int status = kEntryRead;
     do {
-        status = ReadEvent(buffer, wanted);
+        status = ReadEvent(&buffer.request, sizeof buffer, wanted);
         too_small = status == kBufferTooSmall ? too_small + 1 : 0;
         if (status == kEntryRead) {
             EVT_LOG_ENTRY& entry = buffer.request.Evt;
@@ -131,6 +103,22 @@ int ListEvents(EventRead& buffer) {
 }
 
 }  // namespace
+
+int ReadEvent(EVT_IOCTL_ENTRY* buffer, size_t size, uint32_t number) {
+    std::memset(static_cast<void*>(buffer), 0, size);
+    buffer->info.length = static_cast<uint32_t>(size);
+    buffer->info.choice = kReadEvent;
+    buffer->info.EvtNumber = static_cast<int32_t>(number);
+    buffer->Evt.Hdr.wEvtLength = static_cast<uint16_t>(std::min<size_t>(size - kNotPreset, UINT16_MAX));
+    int status = vxIoctlRequest(cevt_fd, kEventLogRequest, buffer);
+    if (status < 0) status = errno;
+    if (status == kEntryRead && buffer->Evt.Hdr.dwEvtNumber < number) return kEntryFromBefore;
+    return status;
+}
+
+const char* SeverityWord(uint8_t bSeverity) {
+    return TextOfCode(kSeverities, bSeverity, "UNKNOWN");
+}
 
 int do_show_hlog(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();

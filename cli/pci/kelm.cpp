@@ -2,9 +2,6 @@
 
 namespace {
 
-constexpr uint32_t kKelmVendor = 0x1C4E;
-constexpr uint32_t kKelmDevice = 0x6D19;
-
 // False for a node that has no such property.
 bool ReadNumber(picl_nodehdl_t node, const char* property, uint32_t& value) {
     return picl_get_propval_by_name(node, property, &value, sizeof value) == PICL_SUCCESS;
@@ -26,6 +23,6 @@ int find_kelm() {
     int found = 0;
     picl_nodehdl_t root{};
     if (picl_initialize() != PICL_SUCCESS || picl_get_root(&root) != PICL_SUCCESS) return 0;
-    picl_walk_tree_by_class(root, "obp-device", &found, is_kelm);
+    picl_walk_tree_by_class(root, kPciFunctionClass, &found, is_kelm);
     return found;
 }

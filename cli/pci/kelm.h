@@ -3,6 +3,12 @@
 
 #include "platform/picl.h"
 
+// How the platform information service shows it: a node of this class, its properties "vendor-id" and
+// "device-id".
+constexpr char kPciFunctionClass[] = "obp-device";
+constexpr uint32_t kKelmVendor = 0x1C4E;
+constexpr uint32_t kKelmDevice = 0x6D19;
+
 // Looks for it among the devices that the platform information service lists. Result: 1 when it is there; 0
 // when it isn't or the service can't be asked. Prints nothing.
 int find_kelm();
