@@ -1,7 +1,11 @@
 # Where everything is installed, and the packages: tools/package makes and tries them.
 include(GNUInstallDirs)
 
-install(TARGETS brantcli RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
+foreach(program brantcli brantexport savemachine)  # what takes root
+  if(TARGET ${program})
+    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
+  endif()
+endforeach()
 if(BRANT_PLATFORM STREQUAL "sim")
   install(TARGETS mkmachine RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
