@@ -22,7 +22,7 @@ namespace {
 constexpr size_t kNotPreset = kEventReadSize - 284;
 constexpr int kTextSize = 256;  // bytes of an event's text, the terminating zero included
 constexpr int kRequestsAScreen = 6;
-constexpr int kMostTooSmall = 6;  // such answers in a row, after which the driver won't change its mind
+constexpr int kMostTooSmall = 2 * kRequestsAScreen;  // such answers in a row, after which the listing ends
 
 // Stops a listing after each screen until a key is pressed.
 class Pager {

@@ -64,8 +64,10 @@ TEST(ShowHlog, ListsTheLogScreenByScreen) {
         {"signed numbers", {0x7FFFFFFF, 0x80000000, 0xFFFFFFFE}, "", "/2147483647 -2147483648 -2 //"},
         {"begun again behind the last number", {1, 2, 3, 4, 5, 0xFFFFFFFF}, "", "/1 2 3 4 5 -1 //"},
         // the driver's failures
-        {"too small a buffer for ever", UpTo(3), "", "/SSSSSS//", "cevt read * 3", 1},
-        {"refusals not counted for the screen", UpTo(9), "", "/1 2 SSSS?/SS//", "cevt read 3 3", 1},
+        {"too small a buffer for ever", UpTo(3), "", "/SSSSSS?/SSSSSS//", "cevt read * 3", 1},
+        {"the same without paging", UpTo(3), "c", "/SSSSSS?/SSSSSS//", "cevt read * 3", 1},
+        {"errno 3 not taken for too small, or q passed over", UpTo(3), "q", "/SSSSSS?E//", "cevt read * -3"},
+        {"refusals not counted for the screen", UpTo(9), "", "/1 2 SSSS?/SSSSSS?/SS//", "cevt read 3 3", 1},
         {"status 2 taken for the end", UpTo(3), "", "/1 !//", "cevt read 2 2", 1},
         {"a failure taken for an empty log", {}, "", "/!//", "cevt read * 255", 1},
         {"errno 1 not taken for the end", UpTo(3), "", "/1 //", "cevt read 2 -1"},
@@ -120,7 +122,7 @@ TEST(ShowHlog, ReadsAnEntryAsLongAsTheBuffer) {
     EXPECT_NE(machine.Script("SHOW HLOG").output.find(" - " + fits.substr(0, 255) + ".\n"),
               std::string::npos);
     machine.Write("cevt/hlog", EventEntry(header, fits + "x"));
-    EXPECT_EQ(Shape(machine.Script("SHOW HLOG").output), "/SSSSSS//");
+    EXPECT_EQ(Shape(machine.Script("SHOW HLOG").output), "/SSSSSS?/SSSSSS//");
 }
 
 TEST(ShowHlog, BlanksWhatATerminalCantShow) {
