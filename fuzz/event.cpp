@@ -21,8 +21,9 @@ std::vector<char> LogEntry(std::string bytes, bool own_length) {
     std::memcpy(&header, bytes.data(), sizeof header);
     header.wEvtLength = own_length ? std::min(header.wEvtLength, whole) : whole;
     std::memcpy(bytes.data(), &header, sizeof header);
-    const size_t read = std::clamp<size_t>(header.wEvtLength, sizeof header, kEventEntryRoom);
-    return std::vector<char>(bytes.data(), bytes.data() + read);
+    const bool has_length = header.wEvtLength >= sizeof header;
+    bytes.resize(has_length ? std::min<size_t>(header.wEvtLength, kEventEntryRoom) : kEventEntryRoom);
+    return {bytes.begin(), bytes.end()};
 }
 
 std::vector<char> ProcessorEntry(const std::string& bytes) {

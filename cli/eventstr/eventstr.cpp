@@ -52,7 +52,8 @@ int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCod
 
 int TranslateEventLogMessage(PEVT_LOG_ENTRY pEvtLogEntry, char* szString, unsigned int ulSize) {
     const EVT_HEADER& header = pEvtLogEntry->Hdr;
-    const size_t length = std::clamp<size_t>(header.wEvtLength, sizeof(EVT_HEADER), kEventEntryRoom);
+    const bool has_length = header.wEvtLength >= sizeof(EVT_HEADER);
+    const size_t length = has_length ? std::min<size_t>(header.wEvtLength, kEventEntryRoom) : kEventEntryRoom;
     const auto* entry = reinterpret_cast<const uint8_t*>(pEvtLogEntry);
     const Bytes payload = {entry + sizeof(EVT_HEADER), length - sizeof(EVT_HEADER)};
     return eventstr::TranslateEventToMessage(header.wClass, header.wCode, payload, szString, ulSize);

@@ -89,12 +89,13 @@ struct LengthCase {
     const char* text;
 };
 
-// A length that can't be: the buffer holds kEventEntryRoom bytes and no more.
+// A length that can't be: the buffer holds kEventEntryRoom bytes and no more. One that doesn't hold the
+// header was never filled in.
 TEST(EventLength, IsNeverBelievedPastTheBuffer) {
     const std::string note(kPayloadRoom, 'x');
     const LengthCase cases[] = {
-        {"no room for a header", 0, ""},
-        {"half a header", 27, ""},
+        {"a length that isn't filled in", 0, note.c_str()},
+        {"half a header", 27, note.c_str()},
         {"a header alone", 28, ""},
         {"a byte too much", 29, "x"},
         {"past the buffer", 297, note.c_str()},
