@@ -61,6 +61,30 @@ constexpr EventRow kScsiEvents[] = {
 };
 static_assert(WellFormed(kScsiEvents));
 
+void TranslateDevFailureSAS(Bytes pEventData, TextWriter& out) {
+    constexpr Argument kArguments[] = {
+        {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, Chassis.bType), GetInternalExternal},
+        {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, bBay),          PlainByte},
+        {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, bBox),          PlainByte},
+        {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, szPortID),      GetSASPort},
+        {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, szChassis_Sun), GetSlotChassisSun},
+    };
+    PrintText("%s SAS Enclosure Device Failure (Bay %s, Box %s, Port %s, %s)", kArguments, pEventData, out);
+}
+
+void TranslatePhyFailureSAS(Bytes pEventData, TextWriter& out) {
+    constexpr Argument kArguments[] = {
+        {offsetof(EVT_SAS_ARRAY_PHY_ERROR, Chassis.bType),      GetInternalExternal},
+        {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bExpanderPhyNumber), PlainByte},
+        {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bExpanderNumber),    PlainByte},
+        {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bBox),               PlainByte},
+        {offsetof(EVT_SAS_ARRAY_PHY_ERROR, szPortID),           GetSASPort},
+        {offsetof(EVT_SAS_ARRAY_PHY_ERROR, szChassis_Sun),      GetSlotChassisSun},
+    };
+    PrintText("%s SAS Enclosure PHY Link Error (PHY %s, Expander %s, Box %s, Port %s, %s)",
+              kArguments, pEventData, out);
+}
+
 constexpr EventRow kArrayEvents[] = {
     {1, {kServerItself}, "Drive Array Controller Failure (Slot %s)",
      {{offsetof(EVT_ARRAY_CTRL_FAILURE, bSlot), Byte2Str}}},
@@ -78,35 +102,24 @@ constexpr EventRow kArrayEvents[] = {
     {4, {kServerItself}, "Drive Array Controllers No Longer Redundant", {}},
     {4, {},              "Drive Array Controllers No Longer Redundant (Chassis %s)",
      {{offsetof(EVT_ARRAY_CTRLS_NOT_REDUNDANT, cChassisName), GetSysChassis}}},
-    {7, {}, "%s SAS Enclosure Device Failure (Bay %s, Box %s, Port %s, %s)",
-     {{offsetof(EVT_SAS_ARRAY_DEV_FAILURE, Chassis.bType), GetInternalExternal},
-      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, bBay),          PlainByte},
-      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, bBox),          PlainByte},
-      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, szPortID),      GetSASPort},
-      {offsetof(EVT_SAS_ARRAY_DEV_FAILURE, szChassis_Sun), GetSlotChassisSun}}},
-    {8, {}, "%s SAS Enclosure PHY Link Error (PHY %s, Expander %s, Box %s, Port %s, %s)",
-     {{offsetof(EVT_SAS_ARRAY_PHY_ERROR, Chassis.bType),      GetInternalExternal},
-      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bExpanderPhyNumber), PlainByte},
-      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bExpanderNumber),    PlainByte},
-      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, bBox),               PlainByte},
-      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, szPortID),           GetSASPort},
-      {offsetof(EVT_SAS_ARRAY_PHY_ERROR, szChassis_Sun),      GetSlotChassisSun}}},
+    {7, {}, "%s", {TranslateDevFailureSAS}},
+    {8, {}, "%s", {TranslatePhyFailureSAS}},
 };
 static_assert(WellFormed(kArrayEvents));
 // clang-format on
 
 }  // namespace
 
-void TranslateClass11(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kNetworkEvents, wEventCode, event_data, out);
+void TranslateClass11(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kNetworkEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass12(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kScsiEvents, wEventCode, event_data, out);
+void TranslateClass12(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kScsiEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass13(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kArrayEvents, wEventCode, event_data, out);
+void TranslateClass13(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kArrayEvents, wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr

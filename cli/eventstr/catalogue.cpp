@@ -5,16 +5,6 @@
 namespace eventstr {
 namespace {
 
-// A text, each of its marks replaced by the next argument.
-void PrintText(std::string_view text, const Argument* next, Bytes payload, TextWriter& out) {
-    for (size_t mark = text.find(kMark); mark != text.npos; mark = text.find(kMark)) {
-        out.Text(text.substr(0, mark));
-        (next++)->Print(payload, out);
-        text.remove_prefix(mark + kMark.size());
-    }
-    out.Text(text);
-}
-
 // The text for a chassis; null when there is none.
 const char* FormFor(EVT_CHASSIS chassis, const ChassisTexts& texts) {
     switch (chassis.bType) {
@@ -65,7 +55,17 @@ void Argument::Print(Bytes payload, TextWriter& out) const {
         case Kind::Byte: return byte_(ReadPaddedField<uint8_t>(payload, offset_), out);
         case Kind::Dword: return dword_(ReadPaddedField<uint32_t>(payload, offset_), out);
         case Kind::Place: return place_(payload, offset_, out);
+        case Kind::Whole: return whole_(payload, out);
     }
+}
+
+void PrintText(std::string_view text, const Argument* arguments, Bytes payload, TextWriter& out) {
+    for (size_t mark = text.find(kMark); mark != text.npos; mark = text.find(kMark)) {
+        out.Text(text.substr(0, mark));
+        (arguments++)->Print(payload, out);
+        text.remove_prefix(mark + kMark.size());
+    }
+    out.Text(text);
 }
 
 void PrintEvent(const EventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {

@@ -10,7 +10,8 @@
 
 namespace eventstr {
 
-// One "%s" of a text: a field of the payload, by its offset in the event's record, and the way it prints.
+// One "%s" of a text: a field of the payload, by its offset in the event's record, and the way it prints. Or
+// a function that prints from the whole payload, for a text that a row can't say.
 class Argument {
   public:
     constexpr Argument() = default;  // none
@@ -22,12 +23,13 @@ class Argument {
         : offset_(static_cast<uint8_t>(offset)), kind_(Kind::Dword), dword_(dword) {}
     constexpr Argument(size_t offset, void (*place)(Bytes, size_t, TextWriter&))
         : offset_(static_cast<uint8_t>(offset)), kind_(Kind::Place), place_(place) {}
+    constexpr Argument(void (*whole)(Bytes, TextWriter&)) : kind_(Kind::Whole), whole_(whole) {}
 
     constexpr bool IsSet() const { return kind_ != Kind::None; }
     void Print(Bytes payload, TextWriter& out) const;
 
   private:
-    enum class Kind : uint8_t { None, Word, Byte, Dword, Place };
+    enum class Kind : uint8_t { None, Word, Byte, Dword, Place, Whole };
 
     uint8_t offset_ = 0;
     Kind kind_ = Kind::None;
@@ -36,6 +38,7 @@ class Argument {
         void (*byte_)(uint8_t, TextWriter&);
         void (*dword_)(uint32_t, TextWriter&);
         void (*place_)(Bytes, size_t, TextWriter&);
+        void (*whole_)(Bytes, TextWriter&);
     };
 };
 
@@ -178,6 +181,9 @@ constexpr bool Disjoint(const ChassisEventRow (&chassis_rows)[N], const EventRow
     }
     return true;
 }
+
+// Prints a text by itself, each "%s" of it as the next argument says.
+void PrintText(std::string_view text, const Argument* arguments, Bytes payload, TextWriter& out);
 
 // Prints the row of an event; nothing when no row applies. code: the event's. payload: its record, which may
 // be cut short. rows, count: the catalogue.

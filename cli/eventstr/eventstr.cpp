@@ -9,17 +9,17 @@
 namespace eventstr {
 namespace {
 
-void TranslateEmpty(unsigned short /*wEventCode*/, Bytes /*event_data*/, TextWriter& out) {
+void TranslateEmpty(unsigned short /*wEventCode*/, Bytes /*pEventData*/, TextWriter& out) {
     out.Text("Empty");
 }
 
-void TranslateReserved(unsigned short /*wEventCode*/, Bytes /*event_data*/, TextWriter& out) {
+void TranslateReserved(unsigned short /*wEventCode*/, Bytes /*pEventData*/, TextWriter& out) {
     out.Text("Reserved");
 }
 
 struct ClassTranslator {
     uint16_t event_class;
-    void (*translate)(unsigned short wEventCode, Bytes event_data, TextWriter& out);
+    void (*translate)(unsigned short wEventCode, Bytes pEventData, TextWriter& out);
 };
 
 constexpr ClassTranslator kTranslators[] = {
@@ -31,15 +31,15 @@ constexpr ClassTranslator kTranslators[] = {
     {0x22, TranslateClass22},
 };
 
-// The dispatcher. event_data: the payload, which ends where the entry does. Otherwise as
+// The dispatcher. pEventData: the payload, which ends where the entry does. Otherwise as
 // TranslateEventLogMessage.
-int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCode, Bytes event_data,
+int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCode, Bytes pEventData,
                             char* szString, unsigned int ulSize) {
     if (ulSize == 0) return 0;
     std::memset(szString, 0, ulSize);
     TextWriter out(szString, ulSize);
     for (const ClassTranslator& translator : kTranslators) {
-        if (translator.event_class == wEventClass) translator.translate(wEventCode, event_data, out);
+        if (translator.event_class == wEventClass) translator.translate(wEventCode, pEventData, out);
     }
     if (!out.Empty() || out.Cut()) return 1;
 

@@ -86,28 +86,28 @@ static_assert(WellFormed(kSlotEvents));
 
 }  // namespace
 
-void TranslateClass04(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kCacheEvents, wEventCode, event_data, out);
+void TranslateClass04(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kCacheEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass05(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kProcessorEvents, wEventCode, event_data, out);
+void TranslateClass05(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kProcessorEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass06(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kHostBusEvents, wEventCode, event_data, out);
+void TranslateClass06(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kHostBusEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass07(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kEisaBusEvents, wEventCode, event_data, out);
+void TranslateClass07(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kEisaBusEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass08(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kPciBusEvents, wEventCode, event_data, out);
+void TranslateClass08(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kPciBusEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass09(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kSlotEvents, wEventCode, event_data, out);
+void TranslateClass09(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kSlotEvents, wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr

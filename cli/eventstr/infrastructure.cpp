@@ -154,8 +154,8 @@ static_assert(WellFormed(kEvents));
 
 }  // namespace
 
-void TranslateClass22(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kEvents, wEventCode, event_data, out);
+void TranslateClass22(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kEvents, wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr

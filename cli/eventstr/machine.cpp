@@ -70,32 +70,46 @@ constexpr ChassisEventRow kChassisEvents[] = {
 };
 static_assert(WellFormed(kChassisEvents));
 
+void TranslateMachFanFailSAS(Bytes pEventData, TextWriter& out) {
+    constexpr Argument kArguments[] = {
+        {offsetof(EVT_MACH_SAS_FAN_FAIL, Chassis.bType), GetInternalExternal},
+        {offsetof(EVT_MACH_SAS_FAN_FAIL, bFanId),        PlainByte},
+        {offsetof(EVT_MACH_SAS_FAN_FAIL, bFanZoneType),  GetLocation},
+        {offsetof(EVT_MACH_SAS_FAN_FAIL, bBox),          PlainByte},
+        {offsetof(EVT_MACH_SAS_FAN_FAIL, szPortID),      GetSASPort},
+        {offsetof(EVT_MACH_SAS_FAN_FAIL, szChassis_Sun), GetSlotChassisSun},
+    };
+    PrintText("%s SAS Enclosure Fan Failure (Fan %s, Location %s, Box %s, Port %s, %s)",
+              kArguments, pEventData, out);
+}
+
+void TranslateMachOverheatSAS(Bytes pEventData, TextWriter& out) {
+    constexpr Argument kArguments[] = {
+        {offsetof(EVT_MACH_SAS_OVERHEAT, Chassis.bType), GetInternalExternal},
+        {offsetof(EVT_MACH_SAS_OVERHEAT, bSensorId),     PlainByte},
+        {offsetof(EVT_MACH_SAS_OVERHEAT, bZoneType),     GetLocation},
+        {offsetof(EVT_MACH_SAS_OVERHEAT, bBox),          PlainByte},
+        {offsetof(EVT_MACH_SAS_OVERHEAT, szPortID),      GetSASPort},
+        {offsetof(EVT_MACH_SAS_OVERHEAT, szChassis_Sun), GetSlotChassisSun},
+    };
+    PrintText("%s SAS Enclosure Overheating (Zone %s, Location %s, Box %s, Port %s, %s)",
+              kArguments, pEventData, out);
+}
+
 constexpr EventRow kEvents[] = {    // one text each, whatever the chassis
     {7, {}, "System Fans Not Redundant (Shared Location %s)",
      {{offsetof(EVT_MACH_FAN_NOT_REDUNDANT_SHARED, bSharedFanZoneType), GetLocation}}},
-    {11, {}, "%s SAS Enclosure Fan Failure (Fan %s, Location %s, Box %s, Port %s, %s)",
-     {{offsetof(EVT_MACH_SAS_FAN_FAIL, Chassis.bType), GetInternalExternal},
-      {offsetof(EVT_MACH_SAS_FAN_FAIL, bFanId),        PlainByte},
-      {offsetof(EVT_MACH_SAS_FAN_FAIL, bFanZoneType),  GetLocation},
-      {offsetof(EVT_MACH_SAS_FAN_FAIL, bBox),          PlainByte},
-      {offsetof(EVT_MACH_SAS_FAN_FAIL, szPortID),      GetSASPort},
-      {offsetof(EVT_MACH_SAS_FAN_FAIL, szChassis_Sun), GetSlotChassisSun}}},
-    {12, {}, "%s SAS Enclosure Overheating (Zone %s, Location %s, Box %s, Port %s, %s)",
-     {{offsetof(EVT_MACH_SAS_OVERHEAT, Chassis.bType), GetInternalExternal},
-      {offsetof(EVT_MACH_SAS_OVERHEAT, bSensorId),     PlainByte},
-      {offsetof(EVT_MACH_SAS_OVERHEAT, bZoneType),     GetLocation},
-      {offsetof(EVT_MACH_SAS_OVERHEAT, bBox),          PlainByte},
-      {offsetof(EVT_MACH_SAS_OVERHEAT, szPortID),      GetSASPort},
-      {offsetof(EVT_MACH_SAS_OVERHEAT, szChassis_Sun), GetSlotChassisSun}}},
+    {11, {}, "%s", {TranslateMachFanFailSAS}},
+    {12, {}, "%s", {TranslateMachOverheatSAS}},
 };
 // clang-format on
 static_assert(WellFormed(kEvents) && Disjoint(kChassisEvents, kEvents));
 
 }  // namespace
 
-void TranslateClass02(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kChassisEvents, wEventCode, event_data, out);
-    PrintEvent(kEvents, wEventCode, event_data, out);
+void TranslateClass02(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kChassisEvents, wEventCode, pEventData, out);
+    PrintEvent(kEvents, wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr

@@ -48,11 +48,22 @@ constexpr Argument kConfigSlot       = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bSl
 constexpr Argument kConfigModule     = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bModule), Byte2Str};
 
 constexpr uint8_t kNotIsolated = 0x01;  // bNotIsolated's place in flags
-constexpr Condition kDiagIsolated = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, flags), 0, kNotIsolated};
-constexpr Argument kDiagBoard  = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bBoard), BoardPrefix};
-constexpr Argument kDiagModule = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bModule), PlainByte};
-constexpr Argument kDiagSerial = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SerialNumber};
-constexpr Argument kDiagSpare  = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SpareNumber};
+
+void TranslateMainMemRomDiagFail(Bytes pEventData, TextWriter& out) {
+    constexpr Argument kArguments[] = {
+        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bBoard),         BoardPrefix},
+        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bModule),        PlainByte},
+        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SerialNumber},
+        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SpareNumber},
+    };
+    constexpr Condition kIsolated = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, flags), 0, kNotIsolated};
+    PrintText(kIsolated.Holds(pEventData)
+                  ? "Uncorrectable Memory Error detected by ROM-based memory validation "
+                    "(%sMemory Module %s%s%s)"
+                  : "Uncorrectable Memory Error detected by ROM-based memory validation "
+                    "(unable to isolate to single module) (%sMemory Module %s%s%s)",
+              kArguments, pEventData, out);
+}
 
 constexpr EventRow kEvents[] = {
     {1, {kNoSlot, kNoModule}, "Corrected Memory Error threshold exceeded (Memory Module Unknown%s)",
@@ -119,12 +130,7 @@ constexpr EventRow kEvents[] = {
     {16, {}, "Online Spare Memory Switchover Complete", {}},
     {17, {}, "Memory Board Failure (Slot %s)", {{offsetof(EVT_MAIN_MEMORY_BOARD_FAILURE, bSlot), Byte2Str}}},
 
-    {18, {kDiagIsolated}, "Uncorrectable Memory Error detected by ROM-based memory validation "
-                          "(%sMemory Module %s%s%s)",
-     {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
-    {18, {}, "Uncorrectable Memory Error detected by ROM-based memory validation "
-             "(unable to isolate to single module) (%sMemory Module %s%s%s)",
-     {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
+    {18, {}, "%s", {TranslateMainMemRomDiagFail}},
 };
 static_assert(WellFormed(kEvents));
 
@@ -180,9 +186,9 @@ void TranslateSuspects(Bytes payload, TextWriter& out) {
 
 }  // namespace
 
-void TranslateClass03(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    if (wEventCode == 3) return TranslateSuspects(event_data, out);
-    PrintEvent(kEvents, wEventCode, event_data, out);
+void TranslateClass03(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    if (wEventCode == 3) return TranslateSuspects(pEventData, out);
+    PrintEvent(kEvents, wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr

@@ -149,6 +149,17 @@ constexpr Argument kFailed       = {offsetof(EVT_POWER_MODULE_FAILURE, bConverte
 constexpr Argument kFailedSlot   = {offsetof(EVT_POWER_MODULE_FAILURE, bSlot), Byte2Str};
 constexpr Argument kFailedSocket = {offsetof(EVT_POWER_MODULE_FAILURE, bConverter), Byte2Str};
 
+void TranslatePsFailureSAS(Bytes pEventData, TextWriter& out) {
+    constexpr Argument kArguments[] = {
+        {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, Chassis.bType), GetInternalExternal},
+        {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, bPsId),         PlainByte},
+        {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, bBox),          PlainByte},
+        {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, szPortID),      GetSASPort},
+        {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, szChassis_Sun), GetSlotChassisSun},
+    };
+    PrintText("%s SAS Enclosure Power Supply Failure (Power Supply %s, Box %s, Port %s, %s)", kArguments, pEventData, out);
+}
+
 constexpr EventRow kEvents[] = {
     {2, {kServerItself}, "Real-Time Clock Battery Failing", {}},
     {2, {},              "Real-Time Clock Battery Failing (Chassis %s)", {kChassisNumber}},
@@ -164,21 +175,16 @@ constexpr EventRow kEvents[] = {
     {18, {kServerItself}, "Real-Time Clock Battery Failing%s", {kBatteryText}},
     {18, {},              "Real-Time Clock Battery Failing (Chassis %s)%s", {kChassisNumber, kBatteryText}},
 
-    {20, {}, "%s SAS Enclosure Power Supply Failure (Power Supply %s, Box %s, Port %s, %s)",
-     {{offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, Chassis.bType), GetInternalExternal},
-      {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, bPsId),         PlainByte},
-      {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, bBox),          PlainByte},
-      {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, szPortID),      GetSASPort},
-      {offsetof(EVT_SAS_POWER_SUPPLY_FAILURE, szChassis_Sun), GetSlotChassisSun}}},
+    {20, {}, "%s", {TranslatePsFailureSAS}},
 };
 static_assert(WellFormed(kEvents) && Disjoint(kChassisEvents, kEvents));
 // clang-format on
 
 }  // namespace
 
-void TranslateClass0B(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kChassisEvents, wEventCode, event_data, out);
-    PrintEvent(kEvents, wEventCode, event_data, out);
+void TranslateClass0B(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kChassisEvents, wEventCode, pEventData, out);
+    PrintEvent(kEvents, wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr

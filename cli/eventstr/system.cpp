@@ -80,28 +80,28 @@ static_assert(WellFormed(kNotes));
 
 }  // namespace
 
-void TranslateClass0A(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kPostEvents, wEventCode, event_data, out);
+void TranslateClass0A(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kPostEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass0D(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kRecoveryEvents, wEventCode, event_data, out);
+void TranslateClass0D(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kRecoveryEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass0E(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kSystemEvents, wEventCode, event_data, out);
+void TranslateClass0E(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kSystemEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass14(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kUnrecoverableEvents, wEventCode, event_data, out);
+void TranslateClass14(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kUnrecoverableEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass20(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kRevisionEvents, wEventCode, event_data, out);
+void TranslateClass20(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kRevisionEvents, wEventCode, pEventData, out);
 }
 
-void TranslateClass21(unsigned short wEventCode, Bytes event_data, TextWriter& out) {
-    PrintEvent(kNotes, wEventCode, event_data, out);
+void TranslateClass21(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
+    PrintEvent(kNotes, wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr
