@@ -123,4 +123,12 @@ TEST(IpmiEvent, ReadsAsTheLogsEntryDoes) {
     }
 }
 
+TEST(IpmiEvent, WithoutAZeroEndsWhereItsRoomDoes) {
+    const std::string note(kIpmiPayloadRoom, 'x');
+    std::string entry = "\x21\2\1\2\3" + note + "not the entry's";
+    char text[512];
+    TranslateIPMIEventMessage(reinterpret_cast<PEVT_IPMI_LOG_ENTRY>(entry.data()), text, sizeof text);
+    EXPECT_EQ(text, note);
+}
+
 }  // namespace

@@ -109,8 +109,9 @@ TEST(EventFields, ChassisNames) {
     };
     const std::string status = "Server Blade Enclosure Status Change (Enclosure ";
     ExpectTexts({
-        {"a number in place of the name", 2, 4, removed({1, 9, 0}, "RACK7"),
-         "External Chassis Fan Removed (Chassis RACK7, Fan 1, Location CPU)"},
+        {"a number in place of the name, or a name cut or normalised", 2, 4,
+         removed({1, 9, 0}, " RACK  7 of the north hall"),
+         "External Chassis Fan Removed (Chassis  RACK  7 of the north hall, Fan 1, Location CPU)"},
         {"a blank name taken for none", 2, 4, removed({1, 9, 0}, " "),
          "External Chassis Fan Removed (Chassis  , Fan 1, Location CPU)"},
         {"255 printed for want of a name", 2, 4, removed({1, kUnknown, 0}, ""),
@@ -191,8 +192,9 @@ TEST(EventFields, SasEnclosures) {
     ExpectTexts({
         {"neither name nor location", 19, 8, link({2, 2, 0}, '1', 'A', "", ""),
          "External" + phy + "1A, Slot 2)"},
-        {"both", 19, 8, link({3, 2, 0}, '1', 'A', "ENC", "Shelf 1"),
-         "Internal" + phy + "1A, Chassis ENC, Shelf 1)"},
+        {"a long name and location cut", 19, 8,
+         link({3, 2, 0}, '1', 'A', "ENC 1 of the north hall", "Shelf  1 at the right"),
+         "Internal" + phy + "1A, Chassis ENC 1 of the north hall, Shelf  1 at the right)"},
         {"a location without a name", 19, 8, link({2, 2, 0}, '1', 'A', "", "Shelf 1"),
          "External" + phy + "1A, Shelf 1)"},
         {"a name without a location", 19, 8, link({2, kUnknown, 0}, '1', 'A', "ENC", ""),
@@ -254,13 +256,14 @@ TEST(EventFields, ExtraTexts) {
     ExpectTexts({
         {"an empty second text added", 17, 6, nic({"N", ""}), down},
         {"no text at all", 17, 6, nic({}), down},
-        {"an empty first text skipped over", 17, 6, nic({"", "Bay 2"}), down + ", Bay 2"},
+        {"an empty first text skipped over, an extra text cut or normalised", 17, 6,
+         nic({"", " Bay  2\tof the north hall"}), down + ",  Bay  2\tof the north hall"},
         {"an extra text to an event that has none", 17, 2, nic({"N", "Bay 2"}), down},
         {"a third text", 17, 6, nic({"N", "", "Bay 2"}), down},
-        {"behind a text without parentheses", 2, 9, door(1, {"N", "Bay 2"}),
-         "Side panel removed or improperly installed, Bay 2"},
-        {"a battery's second text", 11, 18, battery + std::string("a\0b\0", 4),
-         "Real-Time Clock Battery Failing, a"},
+        {"behind a text without parentheses", 2, 9, door(1, {"N", " Bay  2\tof the north hall"}),
+         "Side panel removed or improperly installed,  Bay  2\tof the north hall"},
+        {"a battery's second text", 11, 18, battery + std::string(" a  b\tof the north hall\0c\0", 26),
+         "Real-Time Clock Battery Failing,  a  b\tof the north hall"},
         {"a battery's text where it has none", 11, 2, battery + "a", "Real-Time Clock Battery Failing"},
         {"a battery without a text", 11, 18, battery, "Real-Time Clock Battery Failing"},
     });

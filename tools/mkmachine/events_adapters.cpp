@@ -5,7 +5,7 @@ namespace {
 
 // The server itself, an external chassis without a name, and one that has a name; the type doesn't matter.
 constexpr SampleChassis kPlaces[] = {
-    {{kChassisServer, 0, 8}, "SELF"},
+    {{kChassisInternalStorage, 0, 8}, "SELF"},
     {{kChassisExternalStorage, 3, 8}, ""},
     {{kChassisBladeEnclosure, 3, 8}, "EXP1"},
 };

@@ -3,7 +3,8 @@
 
 namespace {
 
-// The places that an error of one module, or of one bank, can have; each with and without a serial number.
+// The places that an error of one module, or of one bank, can have; each with and without a serial number,
+// whose blanks are shown as they are.
 void AddPlaces(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t module_or_bank) {
     constexpr uint8_t kNotKnown = 255;
     const EVT_MAIN_MEMORY places[] = {
@@ -12,7 +13,7 @@ void AddPlaces(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t mo
     };
     for (const EVT_MAIN_MEMORY& place : places) {
         events.push_back({severity, 3, code, WithTexts(place, {""})});
-        events.push_back({severity, 3, code, WithTexts(place, {"ABC123"})});
+        events.push_back({severity, 3, code, WithTexts(place, {" A  1"})});
     }
 }
 
@@ -66,6 +67,6 @@ void AddMemoryEvents(SampleEvents& events) {
     Add(events, kCritical, 17, EVT_MAIN_MEMORY_BOARD_FAILURE{4});
     AddRomDiag(events, {0, 3, 9, {0, 0}, {}}, "", "");
     AddRomDiag(events, {2, 3, 9, {0, 0}, {}}, "SN77", "");
-    AddRomDiag(events, {2, 5, 9, {1, 0}, {}}, "SN77", "SP88");
+    AddRomDiag(events, {2, 5, 9, {1, 0}, {}}, " SN  77", "SP  88 of the second row");
     AddRomDiag(events, {0, 5, 9, {1, 127}, {}}, "", "SP88");
 }
