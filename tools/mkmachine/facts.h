@@ -83,10 +83,12 @@ struct RackPlace {  // a blade's
 struct Hardware {
     const char* rom_version;
     const char* rom_date;
+    uint8_t smbios_minor_version;  // of version 2
     const char* serial;
     uint8_t chassis;
     std::vector<Cache> caches;
-    std::vector<Processor> processors;
+    std::vector<Processor>
+        processors;  // in table order; from the last socket to the first with Locations::Told
     MemoryArray array;
     std::vector<MemoryDevice> devices;
     std::vector<smbios_nic> nics = {};

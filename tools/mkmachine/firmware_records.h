@@ -37,6 +37,11 @@ struct Processor {
 };
 SmbiosRecord ProcessorRecord(const Processor& part);
 
+// How long the record is in version 2.minor_version, from 2.3 on.
+constexpr size_t ProcessorLength(uint8_t minor_version) {
+    return minor_version < 5 ? 35 : minor_version < 6 ? 40 : 42;
+}
+
 struct Cache {
     uint16_t handle;
     const char* name;
@@ -65,6 +70,11 @@ struct MemoryDevice {
     uint16_t type_detail = kSynchronous;
 };
 SmbiosRecord MemoryDeviceRecord(const MemoryDevice& part);
+
+// As ProcessorLength.
+constexpr size_t MemoryDeviceLength(uint8_t minor_version) {
+    return minor_version < 6 ? 27 : 28;
+}
 
 // The addresses, from 0 on, that an array's memory answers to. size: KiB, not 0.
 SmbiosRecord MappedAddressRecord(uint16_t handle, uint16_t array, uint32_t size);

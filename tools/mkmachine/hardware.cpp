@@ -13,19 +13,21 @@ void AddMemory(SmbiosTable& table, const Hardware& hardware) {
     table.Add(MemoryArrayRecord(hardware.array));
     uint32_t installedMiB = 0;
     for (const MemoryDevice& device : hardware.devices) {
-        table.Add(MemoryDeviceRecord(device));
+        table.Add(MemoryDeviceRecord(device).CutTo(MemoryDeviceLength(hardware.smbios_minor_version)));
         installedMiB += device.size;
     }
     table.Add(MappedAddressRecord(0x1300, hardware.array.handle, installedMiB * 1024));
 }
 
-// The maker's record for each populated processor and each memory device; five sockets per memory board.
+// The maker's record for each populated processor, from the first socket on, and for each memory device; five
+// sockets per memory board.
 void AddLocations(SmbiosTable& table, const Hardware& hardware) {
     uint8_t socket = 0;
-    for (const Processor& processor : hardware.processors) {
-        if (processor.status == kEmptySocket) continue;
+    for (auto processor = hardware.processors.rbegin(); processor != hardware.processors.rend();
+         ++processor) {
+        if (processor->status == kEmptySocket) continue;
         ++socket;
-        table.Add(ProcInfoRecord(static_cast<uint16_t>(kProcInfo + socket), processor.handle, socket));
+        table.Add(ProcInfoRecord(static_cast<uint16_t>(kProcInfo + socket), processor->handle, socket));
     }
     uint8_t place = 0;
     for (const MemoryDevice& device : hardware.devices) {
@@ -48,11 +50,13 @@ void AddMakersRecords(SmbiosTable& table, const Hardware& hardware) {
 
 SmbiosTable TablesOf(const Model& model) {
     const Hardware& hardware = model.hardware;
-    SmbiosTable table;
+    SmbiosTable table(hardware.smbios_minor_version);
     table.Add(BiosRecord(hardware.rom_version, hardware.rom_date));
     table.Add(SystemRecord(model.product_name, hardware.serial));
     table.Add(ChassisRecord(hardware.chassis, hardware.serial));
-    for (const Processor& processor : hardware.processors) table.Add(ProcessorRecord(processor));
+    for (const Processor& processor : hardware.processors) {
+        table.Add(ProcessorRecord(processor).CutTo(ProcessorLength(hardware.smbios_minor_version)));
+    }
     for (const Cache& cache : hardware.caches) table.Add(CacheRecord(cache));
     AddMemory(table, hardware);
     table.Add(BootRecord(0x2000));

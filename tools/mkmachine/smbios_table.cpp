@@ -7,7 +7,6 @@
 namespace {
 
 constexpr uint8_t kMajorVersion = 2;
-constexpr uint8_t kMinorVersion = 6;
 
 // What makes the sum of bytes, of which the checksum itself is still 0, come to 0.
 uint8_t Checksum(const uint8_t* bytes, size_t count) {
@@ -56,8 +55,8 @@ SMBIOSEntryPoint SmbiosTable::EntryPoint(uint32_t address) const {
     std::memcpy(entry.sIntermediateAnchor, kIntermediateAnchor, sizeof entry.sIntermediateAnchor);
     entry.byEPSLength = sizeof entry;
     entry.byMajorVer = kMajorVersion;
-    entry.byMinorVer = kMinorVersion;
-    entry.byBCDRevision = kMajorVersion << 4 | kMinorVersion;
+    entry.byMinorVer = minor_version_;
+    entry.byBCDRevision = static_cast<uint8_t>(kMajorVersion << 4 | minor_version_);
     entry.wMaxStructSize = static_cast<uint16_t>(largest_record_);
     entry.wSTLength = static_cast<uint16_t>(bytes_.size());
     entry.dwSTAddr = address;

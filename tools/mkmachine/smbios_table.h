@@ -35,6 +35,9 @@ class SmbiosRecord {
 
 class SmbiosTable {
   public:
+    // minor_version: of version 2, as the entry point tells it.
+    explicit SmbiosTable(uint8_t minor_version = 6) : minor_version_(minor_version) {}
+
     SmbiosTable& Add(const SmbiosRecord& record);
 
     const std::string& Bytes() const { return bytes_; }
@@ -45,6 +48,7 @@ class SmbiosTable {
     std::string bytes_;
     size_t largest_record_ = 0;
     unsigned records_ = 0;
+    uint8_t minor_version_;
 };
 
 // Sets both of an entry point's checksums, the intermediate one first.

@@ -43,7 +43,7 @@ const std::vector<MappedPort> kPorts = {  // bay offsets from 0; the mezzanine i
 };
 
 const Hardware kHardware = {
-    "Z31", "02/20/2008", "VX8108BX20", kBlade,
+    "Z31", "02/20/2008", 6, "VX8108BX20", kBlade,
     {{0x0700, "Proc 1 L1", 1, 128}, {0x0701, "Proc 1 L2", 2, 6144},
      {0x0702, "Proc 2 L1", 1, 128}, {0x0703, "Proc 2 L2", 2, 6144}},
     {{0x0400, "Proc 1", 2500, 4, 4, 0x0700, 0x0701},

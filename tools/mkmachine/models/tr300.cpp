@@ -33,10 +33,10 @@ const std::vector<Supply> kSupplies = {
 
 const DriverMemory kDriverMemory = {};
 
-const Hardware kHardware = {  // firmware that doesn't tell cores
-    "Z07", "11/03/2006", "VX6447T300", kRackMount,
+const Hardware kHardware = {  // firmware of a version whose records don't tell cores
+    "Z07", "11/03/2006", 4, "VX6447T300", kRackMount,
     {{0x0700, "Proc 1 L1", 1, 64}, {0x0701, "Proc 1 L2", 2, 4096}},
-    {{0x0400, "Proc 1", 2333, 0, 0, 0x0700, 0x0701},
+    {{0x0400, "Proc 1", 2333, 2, 2, 0x0700, 0x0701},
      {0x0401, "Proc 2", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket}},
     {kArray, 0x00800000, 4, 5},
     {{0x1100, kArray, "SLOT 0 DIMM 1", 1024, 533},

@@ -75,13 +75,13 @@ const std::vector<smbios_nic> kNics = {
 const DriverMemory kDriverMemory = {{kCartridge1, kCartridge2}, {}};
 
 const Hardware kHardware = {  // the second processor has the smaller L3 cache
-    "Z18", "06/12/2009", "VX8431T5K2", kRackMount,
+    "Z18", "06/12/2009", 6, "VX8431T5K2", kRackMount,
     {{0x0700, "Proc 1 L1", 1, 256}, {0x0701, "Proc 1 L2", 2, 1024}, {0x0702, "Proc 1 L3", 3, 0x8100},
      {0x0703, "Proc 2 L1", 1, 256}, {0x0704, "Proc 2 L2", 2, 1024}, {0x0705, "Proc 2 L3", 3, 0x8080}},
-    {{0x0400, "Proc 1", 2933, 4, 8, 0x0700, 0x0701, 0x0702},
-     {0x0401, "Proc 2", 2933, 4, 8, 0x0703, 0x0704, 0x0705},
+    {{0x0403, "Proc 4", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
      {0x0402, "Proc 3", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
-     {0x0403, "Proc 4", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket}},
+     {0x0401, "Proc 2", 2933, 4, 8, 0x0703, 0x0704, 0x0705},
+     {0x0400, "Proc 1", 2933, 4, 8, 0x0700, 0x0701, 0x0702}},
     {kArray, 0x04000000, 10},
     {{0x1100, kArray, "Board 1 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
      {0x1101, kArray, "Board 1 DIMM 2", 2048, 667, kFbDimm, kDdr2FullyBuffered},
