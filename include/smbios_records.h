@@ -138,6 +138,7 @@ struct SmbField {
     Unsigned missing = 0;
 };
 
+constexpr SmbField<uint8_t> kRecordType = {offsetof(SMBIOS_HEADER, byType)};
 constexpr SmbField<uint16_t> kRecordHandle = {offsetof(SMBIOS_HEADER, wHandle)};
 
 namespace bios {

@@ -23,6 +23,8 @@ char system_name[64];
 ZET_CPU* gCpu_tbl[11];
 ZET_CACHE* gCache_tbl[21];
 ZET_MemModule* gMemoryMod[64];
+int processors_left_out = 0;
+int memory_modules_left_out = 0;
 
 char* History[kHistorySlots];
 int history_index = 0;
@@ -55,6 +57,7 @@ void ResetState() {
     FreeAll(gCpu_tbl);
     FreeAll(gCache_tbl);
     FreeAll(gMemoryMod);
+    processors_left_out = memory_modules_left_out = 0;
 
     FreeAll(History);
     history_index = 0;

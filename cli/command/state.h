@@ -35,6 +35,8 @@ extern char system_name[64];  // the product name of the system record; empty wh
 extern ZET_CPU* gCpu_tbl[11];
 extern ZET_CACHE* gCache_tbl[21];  // processor by processor, L2 before L3
 extern ZET_MemModule* gMemoryMod[64];
+extern int processors_left_out;      // populated, but not in gCpu_tbl: it was full, or memory was short
+extern int memory_modules_left_out;  // installed, but not in gMemoryMod, as above
 
 // The command history: a ring of zeroed buffers, and the slot that the next command goes into. What is done
 // with it is in cli/parse/history.h.

@@ -27,5 +27,8 @@ int get_dimminfo_smbios() {
         if (module == nullptr) break;
         if (module->memModuleSize != 0) PrintModule(*module);
     }
+    if (memory_modules_left_out != 0) {
+        std::printf("\nNOTE: Memory modules not shown: %d.\n", memory_modules_left_out);
+    }
     return 0;
 }

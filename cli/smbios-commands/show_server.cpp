@@ -86,6 +86,7 @@ int do_show_server(InputLineType* InputLine) {
         PrintProcessor(*cpu);
         ++processors;
     }
+    if (processors_left_out != 0) std::printf("\n\nNOTE: Processors not shown: %d.", processors_left_out);
     std::printf("\n\nProcessor total  : %d\n", processors);
     std::printf("\nMemory installed : %u MBytes", memoryKiB / 1024);
     std::printf("\nECC supported    : %s", YesNo(SmbChkForECCSupported() == TRUE));

@@ -96,7 +96,10 @@ void LocateModule(void* device, int* board, int* module) {
 // array, device: the records' places among those of their types, from 0.
 void RecordModule(void* record, int array, int device) {
     ZET_MemModule* module = AppendRecord(gMemoryMod);
-    if (module == nullptr) return;
+    if (module == nullptr) {
+        if (SizeKiB(record) != 0) ++memory_modules_left_out;
+        return;
+    }
     module->memBoardIndex = array;
     module->memModuleIndex = device + 1;
     LocateModule(record, &module->memBoardIndex, &module->memModuleIndex);

@@ -62,8 +62,8 @@ const void* FindZetProcRec(uint16_t wType4Handle) {
     return nullptr;
 }
 
-// By the place in gCpu_tbl, unless a designation like "Proc 2" says otherwise. Where the maker's own record
-// describes the processor, firmware numbers its designations in another way, and they don't count.
+// By the place in gCpu_tbl, unless a designation like "Proc 2" says otherwise. The designation doesn't count
+// where the maker's own record describes the processor.
 unsigned int SocketNumber(void* record, int place) {
     int number = place + 1;
     if (FindZetProcRec(SmbRead(record, kRecordHandle)) == nullptr) {
@@ -94,10 +94,11 @@ void ParseCache(const void* record, ZET_CACHE* entry, int cpu) {
     entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
 }
 
+// handle: as a processor's record has it. The first record that it names is a cache, or there is none.
 void RecordCache(uint16_t handle, int cpu) {
     void* record = nullptr;
     if (handle == kNoHandle || SmbGetRecordByHandle(handle, &record) != TRUE) return;
-    if (InstalledSize(record) == 0) return;
+    if (SmbRead(record, kRecordType) != kCacheInformation || InstalledSize(record) == 0) return;
     ZET_CACHE* added = AppendRecord(gCache_tbl);
     if (added != nullptr) ParseCache(record, added, cpu);
 }
@@ -119,7 +120,10 @@ BOOL SmbParseProcRecords() {
         if (SmbGetRecordByType(kProcessorInformation, copy, &record) != TRUE) continue;
         if (!IsPopulatedCpu(record)) continue;
         ZET_CPU* added = AppendRecord(gCpu_tbl);
-        if (added == nullptr) continue;
+        if (added == nullptr) {
+            ++processors_left_out;
+            continue;
+        }
 
         FillCpu(record, added, cpu);
         RecordCache(SmbRead(record, processor::kL2Cache), cpu);

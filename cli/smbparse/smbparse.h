@@ -1,6 +1,7 @@
 // The inventory of processors, caches and memory modules, taken from the SMBIOS tables once at start-up.
 // Its tables are gCpu_tbl, gCache_tbl and gMemoryMod. Their records are allocated one by one and stay until
-// the program ends; what doesn't fit, or can't be allocated, is left out.
+// the program ends; what doesn't fit, or can't be allocated, is left out and, unless it is a cache, counted
+// (processors_left_out, memory_modules_left_out).
 #pragma once
 
 #include <cstdint>

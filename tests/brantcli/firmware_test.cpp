@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "cli/smbios-commands/smbios_commands.h"
 #include "include/bios_area.h"
 #include "tests/support/loaded_tables.h"
 #include "tools/mkmachine/firmware_records.h"
@@ -59,6 +60,13 @@ constexpr smbios_nic kOther = {8, 0, {6, 7, 8, 9, 10, 11}};
 constexpr smbios_nic kNone = {0, 0, {9, 9, 9, 9, 9, 9}};
 const std::string kMac1 = "\n\tNIC1 MAC: 00:01:02:03:04:ff";
 
+// The lines of nine NICs, of which the first eight have their addresses kept.
+std::string NineNics() {
+    std::string lines = "9" + kMac1;
+    for (int i = 2; i <= 8; ++i) lines += "\n\tNIC" + std::to_string(i) + " MAC: 06:07:08:09:0a:0b";
+    return lines;
+}
+
 struct NicCase {
     const char* catches;
     std::vector<smbios_nic> rom;  // its variable; there is none when empty
@@ -72,6 +80,7 @@ const NicCase kNics[] = {
     {"0 taken for unknown", {kNone}, "", "0"},
     {"neither", {}, "", "UNKNOWN"},
     {"the ROM preferred, empty entries kept", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
+    {"a ninth kept, an empty one counted", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther}).Bytes(), NineNics()},
     {"half an entry", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
 };
 // clang-format on
@@ -127,6 +136,9 @@ TEST(FirmwareTables, DecideWhatTheProgramKnows) {
         EXPECT_EQ(result.output.substr(0, c.output.size()), c.output) << c.catches;
         EXPECT_EQ(result.status, c.output.find("System  ") == std::string::npos ? 1 : 0) << c.catches;
     }
+    LoadedTables long_name(System(std::string(70, 'x').c_str()));
+    EXPECT_EQ(smbios_get_systemname(), 0);
+    EXPECT_EQ(system_name, std::string(63, 'x'));
 }
 
 TEST(EmbeddedNics, AreThoseOfTheMakersRecordElseOfTheRom) {

@@ -48,4 +48,6 @@ TEST(ShowPortMap, ReadsEachFieldAndSaysWhatIsMissing) {
         EXPECT_EQ(result.output, c.output) << c.catches;
         EXPECT_EQ(result.status, c.output.find(kHeading) == 0 ? 0 : 1) << c.catches;
     }
+    EXPECT_EQ(TestMachine().Script("SHOW PORTMAP").output,
+              "\nThis command requires an SMBIOS which is not available on this sytem.\n\n");
 }

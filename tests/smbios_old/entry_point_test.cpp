@@ -24,6 +24,8 @@ constexpr Case kCases[] = {
     kGood,
     {"version 2.0",            0xF5000, 0x200, 31,  0, 6, kTablesAddress, ""},
     {"version 2.1 refused",    0xF5000, 0x201, 31,  0, 6, kTablesAddress, nullptr},
+    {"version 1.9",            0xF5000, 0x109, 31,  0, 6, kTablesAddress, ""},
+    {"30 bytes refused",       0xF5000, 0x206, 30,  0, 6, kTablesAddress, nullptr},
     {"a minor number alone",   0xF5000, 0x300, 31,  0, 6, kTablesAddress, nullptr},
     {"a bad checksum",         0xF5000, 0x206, 31,  1, 6, kTablesAddress, ""},
     {"off its boundary",       0xF5008, 0x206, 31,  0, 6, kTablesAddress, ""},

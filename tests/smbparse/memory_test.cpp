@@ -3,6 +3,7 @@
 #include <climits>
 #include <string>
 
+#include "cli/smbios-commands/smbios_commands.h"
 #include "tests/support/loaded_tables.h"
 #include "tools/mkmachine/firmware_records.h"
 
@@ -40,9 +41,13 @@ SmbiosRecord At(const char* locator) {
     return MemoryDeviceRecord({0x11, kHandle, locator, 1, 1});
 }
 
-// Flash memory of 8 MiB, then system memory of 2.
-const std::string kFlashFirst = Array(0x20, 5).Bytes() + MemoryDeviceRecord({0x21, 0x20, "", 8}).Bytes() +
-                                Array(0x30).Bytes() + MemoryDeviceRecord({0x31, 0x30, "", 2}).Bytes();
+std::string Of(uint16_t array, uint16_t size) {
+    return MemoryDeviceRecord({0x21, array, "", size}).Bytes();
+}
+
+// Flash memory of 8 MiB, then system memory of 5 without correction and of 2 with it, the devices mixed.
+const std::string kSeveral = Array(0x20, 5).Bytes() + Of(0x30, 1) + Of(0x20, 8) + Of(0x40, 2) +
+                             Array(0x30, 3, 3).Bytes() + Array(0x40).Bytes() + Of(0x30, 4);
 
 struct Case {
     const char* catches;
@@ -76,7 +81,7 @@ const Case kCases[] = {
     {"a locator past the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
     {"half an array handle", At("").CutTo(5).Bytes(), ""},
     // several arrays
-    {"counted by array", kFlashFirst, "1.2 2048 0 8/5\n"},
+    {"by device, or counted by array", kSeveral, "1.1 1024 0 8/5\n1.4 4096 0 8/5\n2.3 2048 0 8/5\n"},
 };
 
 }  // namespace
@@ -87,20 +92,26 @@ TEST(MemoryModules, AreRecordedByTheRules) {
         EXPECT_EQ(Inventory(), c.inventory) << c.catches;
     }
     unsigned int size = 0;
-    LoadedTables several(kFlashFirst);
+    LoadedTables several(kSeveral);
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
-    EXPECT_EQ(size, 2048U) << "flash memory counted";
+    EXPECT_EQ(size, 7168U) << "flash memory counted, or one array alone";
+    EXPECT_EQ(SmbChkForECCSupported(), TRUE) << "the first array alone asked";
 }
 
-TEST(MemoryModules, BeyondTheTableAreLeftOutButCounted) {
+TEST(MemoryModules, BeyondTheTableAreCountedAndLeftOutWithANote) {
     std::string records = Array(kHandle).Bytes();
     for (int i = 0; i < 130; ++i) records += Sized(0x7FFF).Bytes();
-    LoadedTables tables(records);
+    LoadedTables tables(records + Sized(0).Bytes());
     ASSERT_NE(gMemoryMod[63], nullptr);
     EXPECT_EQ(gMemoryMod[63]->memModuleIndex, 64);
     unsigned int size = 0;
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
     EXPECT_EQ(size, UINT_MAX) << "a sum that wraps";
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(get_dimminfo_smbios(), 0);
+    const std::string listing = testing::internal::GetCapturedStdout();
+    constexpr char kEnd[] = "N/A\n\nNOTE: Memory modules not shown: 66.\n";
+    EXPECT_EQ(listing.substr(listing.rfind("N/A")), kEnd);
 }
 
 TEST(MemoryArrays, TellWhetherErrorsAreCorrected) {

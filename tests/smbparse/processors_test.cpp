@@ -62,11 +62,10 @@ const Case kCases[] = {
     {"a coprocessor", Status(0x41, 4), ""},
     {"a record too short to say", ProcessorRecord({1, ""}).CutTo(24).Bytes(), ""},
     // status
-    {"unknown", Status(0x40), "1 #1 s4 0/0\n"},
-    {"disabled by the user", Status(0x42), "1 #1 s5 0/0\n"},
-    {"disabled in POST", Status(0x43), "1 #1 s5 0/0\n"},
-    {"idle", Status(0x44), "1 #1 s2 0/0\n"},
-    {"reserved, and the reserved bits", Status(0xFF), "1 #1 s1 0/0\n"},
+    {"a state that means nothing, a bit beside it", Status(0xFF) + Status(0x46) + Status(0x45),
+     "1 #1 s1 0/0\n1 #2 s1 0/0\n1 #3 s1 0/0\n"},
+    {"unknown, idle", Status(0x44) + Status(0x40), "1 #1 s4 0/0\n1 #2 s2 0/0\n"},
+    {"disabled by the user, in POST", Status(0x43) + Status(0x42), "1 #1 s5 0/0\n1 #2 s5 0/0\n"},
     // socket numbers
     {"the designation ignored", Socket("PROC 7"), "1 #7 s2 0/0\n"},
     {"letter case, signs, TABs", Socket("\t \tA\tpROC\t \t#12b3"), "1 #12 s2 0/0\n"},
@@ -82,6 +81,8 @@ const Case kCases[] = {
     {"cores of an older record", FourCores().CutTo(35).Bytes(), "1 #1 s2 0/0\n"},
     {"cores without threads", FourCores().CutTo(37).Bytes(), "1 #1 s2 0/0\n"},
     {"the last byte missed", FourCores().CutTo(38).Bytes(), "1 #1 s2 4/8\n"},
+    {"128 threads, which a signed byte can't hold", ProcessorRecord({1, "", 1, 4, 128}).Bytes(),
+     "1 #1 s2 4/-128\n"},
     // caches
     {"L1 consulted, L3 before L2",
      Cached(0x70, 1, 64) + Cached(0x73, 3, 0x8010) + Cached(0x72, 2, 0x0200) + Caches(0x72, 0x73).Bytes(),
@@ -89,6 +90,8 @@ const Case kCases[] = {
     {"an empty cache", Cached(0x72, 2, 0x8000) + Caches(0x72).Bytes(), "1 #1 s2 0/0\n"},
     {"no handle looked up", Cached(kNoHandle, 2, 8) + Caches(kNoHandle).Bytes(), "1 #1 s2 0/0\n"},
     {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).CutTo(28).Bytes(), "1 #1 s2 0/0\n"},
+    {"a record that is no cache, or one behind it",
+     BiosRecord("", "").Bytes() + Cached(0, 2, 8) + Caches(0).Bytes(), "1 #1 s2 0/0\n"},
     {"a shared cache counted once", Cached(0x72, 8, 8) + Caches(0x72).Bytes() + Caches(0x72).Bytes(),
      "1 #1 s2 0/0 L8:8\n1 #2 s2 0/0 L8:8\n"},
 };
@@ -102,12 +105,17 @@ TEST(Processors, AreRecordedByTheRules) {
     }
 }
 
-TEST(Processors, BeyondTheTablesAreLeftOut) {
-    std::string records = Cached(0x72, 2, 8);
-    for (int i = 0; i < 13; ++i) records += Caches(0x72, 0x72).Bytes();
-    LoadedTables tables(records);
+TEST(Processors, BeyondTheTablesAreLeftOutWithANote) {
+    std::string records =
+        SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes() + Cached(0x72, 2, 8);
+    for (int i = 0; i < 13; ++i) records += Status(0x01) + Caches(0x72, 0x72).Bytes();
+    LoadedTables tables(records + MemoryArrayRecord({1}).Bytes());
     ASSERT_NE(gCpu_tbl[10], nullptr);
     EXPECT_EQ(gCpu_tbl[10]->cpuUnitIndex, 10);
     ASSERT_NE(gCache_tbl[20], nullptr);
     EXPECT_EQ(gCache_tbl[20]->cacheUnitIndex, 10);
+    EXPECT_NE(tables.Machine()
+                  .Script("SHOW SERVER")
+                  .output.find(": Ok\n\nNOTE: Processors not shown: 2.\n\nProcessor total  : 11\n"),
+              std::string::npos);
 }

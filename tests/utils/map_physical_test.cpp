@@ -2,15 +2,28 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstdlib>
 
 #include "tests/support/test_machine.h"
 
 namespace {
+bool sysconf_fails = false;
+}
+extern "C" long __sysconf(int name);
+// Called before the address sanitizer is ready for it.
+__attribute__((no_sanitize("address"))) long sysconf(int name) noexcept {
+    return sysconf_fails ? -1 : __sysconf(name);
+}
+
+namespace {
+
+constexpr long kUnknown = -1;
 
 struct MapCase {
     const char* catches;
-    long page_size;  // as an earlier call left it; 0: none yet
+    long page_size;  // as an earlier call left it; 0: none yet; kUnknown: nor does the system tell it
     unsigned long address, length;
     bool maps;
     const char* trace;
@@ -24,6 +37,8 @@ constexpr MapCase kCases[] = {
      "xsvc open -> 0\nxsvc map 0x000f0000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n"},
     {"a known page size asked for again", 2048, 0xF0801, 1, true,
      "xsvc open -> 0\nxsvc map 0x000f0800 2048 -> 0\nxsvc close\nxsvc unmap 2048\n"},
+    {"no page size without the system's", kUnknown, 0xF0010, 16, true,
+     "xsvc open -> 0\nxsvc map 0x000f0000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n"},
     // refusals
     {"address 0 tried", 0, 0, 16, false, ""},
     {"an empty range given a page", 0, 0xF0000, 0, false,
@@ -42,10 +57,12 @@ TEST(MapPhysical, MapsTheWholePagesAroundARangeAndGivesThemBack) {
     setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
 
     for (const MapCase& c : kCases) {
-        __brantcli_pgsz = c.page_size;
+        __brantcli_pgsz = c.page_size == kUnknown ? 0 : c.page_size;
+        sysconf_fails = c.page_size == kUnknown;
         auto* mapped = static_cast<unsigned char*>(zetMapPhys32UnCache(c.address, c.length));
         EXPECT_EQ(mapped != nullptr && *mapped == 'h', c.maps) << c.catches;
         zetUnMapPhys32UnCache(mapped, static_cast<unsigned int>(c.length));
         EXPECT_EQ(machine.TakeTrace(), c.trace) << c.catches;
+        sysconf_fails = false;
     }
 }
