@@ -1,0 +1,73 @@
+// What isn't the driver's: physical memory as far as programs look at it, and the PICL tree.
+#include <cerrno>
+#include <cstdio>
+#include <stdexcept>
+
+#include "cli/pci/kelm.h"
+#include "cli/smbios_old/smbios.h"
+#include "include/bios_area.h"
+#include "platform/picl.h"
+#include "savemachine/pieces.h"
+#include "src/utils/map_physical.h"
+
+namespace {
+
+constexpr char kMemoryFile[] = "xsvc";
+constexpr uint64_t kLargestPage = 0x10000;  // bytes; of the systems on which the copy may be read
+
+uint64_t PageOf(uint64_t address) {
+    return address & ~(kLargestPage - 1);
+}
+
+// A mapping needs whole pages of the file.
+std::string FilledToPage(std::string bytes, uint64_t address) {
+    bytes.resize(PageOf(address + bytes.size() + kLargestPage - 1) - address);
+    return bytes;
+}
+
+// Has the copy refuse the tables, too, but not the BIOS area with them: tables that begin with it run past
+// its end, and there the file ends.
+void RefuseTables(MachineCopy& copy) {
+    const unsigned long page = EPS.dwSTAddr & -static_cast<unsigned long>(__brantcli_pgsz);
+    char what[32];
+    std::snprintf(what, sizeof what, "xsvc map 0x%08lx", page);
+    copy.Refused(what, page == kBiosArea ? kMissing : -EIO);
+}
+
+// A line of the tree.
+std::string Node(size_t level, const std::string& text) {
+    return std::string(2 * level, ' ') + text + '\n';
+}
+
+}  // namespace
+
+void SaveFirmware(MachineCopy& copy) {
+    copy.Reading("physical memory");
+    if (IsSMBIOSAvailable() == TRUE) {
+        const std::string tables(reinterpret_cast<const char*>(pSMBTables), EPS.wSTLength);
+        copy.Write(kMemoryFile, FilledToPage(tables, EPS.dwSTAddr), static_cast<off_t>(EPS.dwSTAddr));
+    } else if (EPS.wSTLength != 0) {
+        RefuseTables(copy);
+    }
+    // Behind the tables, so that where they lie in the BIOS area their last page is filled with what it
+    // holds.
+    std::string area(kBiosAreaSize, '\0');
+    if (ReadPhysMem(kBiosArea, kBiosAreaSize, reinterpret_cast<unsigned char*>(area.data())) != TRUE) {
+        throw std::runtime_error("the BIOS area can't be read any more");
+    }
+    copy.Write(kMemoryFile, area, kBiosArea);
+}
+
+void SavePicl(MachineCopy& copy) {
+    copy.Reading("the PICL tree");
+    picl_nodehdl_t root{};
+    if (const int result = picl_initialize()) return copy.Refused("picl initialize", result);
+    if (const int result = picl_get_root(&root)) return copy.Refused("picl root", result);
+
+    std::string tree = Node(0, "picl") + Node(1, "platform");
+    char kelm[80];
+    std::snprintf(kelm, sizeof kelm, "%s vendor-id=0x%04x device-id=0x%04x", kPciFunctionClass, kKelmVendor,
+                  kKelmDevice);
+    if (find_kelm() != 0) tree += Node(2, kelm);
+    copy.Write("picl", tree);
+}

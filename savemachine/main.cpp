@@ -1,0 +1,72 @@
+// savemachine DIR: writes what the shell can see of this server into a machine directory, on which the
+// shell's SHOW commands then tell the same elsewhere.
+
+#include <cerrno>
+#include <cstdio>
+#include <stdexcept>
+
+#include "cli/brantcli/firmware.h"
+#include "cli/generic_dtioctl/devices.h"
+#include "platform/request.h"
+#include "savemachine/pieces.h"
+#include "src/utils/standard_streams.h"
+
+namespace {
+
+constexpr char kProgram[] = "savemachine";
+
+struct Device {
+    const char* name;
+    char* path;
+    int* descriptor;
+    void (*save)(MachineCopy& copy);
+};
+constexpr Device kDevices[] = {
+    {"cdt", cdt_path, &cdt_fd, SaveTables},
+    {"crom", crom_path, &crom_fd, SaveVariables},
+    {"casr", casr_path, &casr_fd, SaveTimer},
+    {"cevt", cevt_path, &cevt_fd, SaveEvents},
+};
+
+// False when it doesn't open: the copy then has no folder of it.
+bool SaveDevice(MachineCopy& copy, const Device& device) {
+    errno = 0;
+    *device.descriptor = vxOpenRequest(device.path, kReadWrite);
+    if (*device.descriptor < 0) {
+        copy.Refused(std::string("open ") + device.name, FailedResult());
+        return false;
+    }
+    copy.Folder(device.name);
+    device.save(copy);
+    vxCloseRequest(*device.descriptor);
+    return true;
+}
+
+void Save(MachineCopy& copy) {
+    bool useful = smbios_available != 0;
+    for (const Device& device : kDevices) useful |= SaveDevice(copy, device);
+    if (!useful) throw std::runtime_error("no device opens and there are no tables: nothing to be saved");
+    SaveFirmware(copy);
+    SavePicl(copy);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+    KeepStandardDescriptors();
+    MessagesToStandardError();
+    if (argc != 2 || argv[1][0] == '\0' || argv[1][0] == '-') {
+        std::fprintf(stderr, "usage: savemachine DIR\n");
+        return 2;
+    }
+    if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
+
+    NoticeInterrupts();
+    MachineCopy copy(argv[1]);
+    Save(copy);
+    copy.Finish();
+    return 0;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "%s: %s\n", kProgram, error.what());
+    return 1;
+}

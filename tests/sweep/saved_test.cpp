@@ -1,0 +1,126 @@
+// A machine and its copy by savemachine: every SHOW command prints the same bytes with the same status on
+// both.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+
+#include "tests/sweep/sweep.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Saved : public testing::TestWithParam<std::string> {
+  protected:
+    // Saves the machine and compares; what: why it is one to be tried. Result: what savemachine says.
+    std::string Compare(const SweptMachine& machine, const std::string& what) {
+        SCOPED_TRACE(what);
+        const TestMachine parent;
+        const std::string copy = parent.Directory() + "/copy";
+        const RunResult saved = RunProgram(ProgramPath("savemachine"), {copy}, machine.Directory());
+        EXPECT_EQ(saved.status, 0) << saved.errors;
+        EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_all);
+        for (const std::string& command : Commands()) {
+            if (command.rfind("SHOW", 0) != 0) continue;
+            const RunResult there = machine.Script(command);
+            const RunResult here = RunProgram(ProgramPath("brantcli"), {"-s", command}, copy);
+            EXPECT_EQ(here.output, there.output) << command;
+            EXPECT_EQ(here.status, there.status) << command;
+        }
+        return saved.errors;
+    }
+};
+
+// Every piece is missing, another thing, or cut, in one machine of kMachines.
+TEST_P(Saved, TellsTheSameWithoutSomePieces) {
+    constexpr size_t kMachines = 3;
+    SweptMachine machine(GetParam());
+    EXPECT_EQ(Compare(machine, "whole"), "");
+    const Files pieces = machine.State();
+    const std::function<void(const std::string&)> damages[] = {
+        [&](const std::string& path) { machine.Remove(path); },
+        [&](const std::string& path) {
+            machine.Remove(path);
+            fs::create_directory(machine.Directory() + "/" + path);
+        },
+        [&](const std::string& path) {
+            machine.Write(path, pieces.at(path).substr(0, pieces.at(path).size() / 2));
+        },
+    };
+    for (size_t i = 0; i < kMachines * std::size(damages); ++i) {
+        size_t place = 0;
+        for (const auto& [path, bytes] : pieces) {
+            if (place++ % kMachines == i % kMachines) damages[i / kMachines](path);
+        }
+        Compare(machine, "damage " + std::to_string(i));
+        for (const auto& [path, bytes] : pieces) machine.Remove(path);
+        machine.Restore();
+    }
+}
+
+TEST_P(Saved, TellsTheSameWhereCallsFail) {
+    const std::string cases[] = {
+        "open casr -13",
+        "open cdt -5\nopen crom -5\npicl initialize 1",
+        "xsvc map 0x000e8000 -5\ncevt read 3 3",
+        "picl root 7\ncevt read * -1",
+        "cdt 353.1.0 -5\ncdt 254.255.0 7\ncdt 1503.0.0 -5\ncasr 6 -5\ncrom read ZTSBKT -5\ncevt read 2 -5",
+    };
+    for (const std::string& faults : cases) {
+        SweptMachine machine(GetParam());
+        machine.Fault(faults);
+        EXPECT_NE(Compare(machine, faults), "");
+    }
+}
+
+TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
+    SweptMachine machine(GetParam());
+    std::string entry(400, 'x');
+    entry.replace(0, 6, {'\x90', 1, 4, 0, 0, 0});  // its length and its number
+    machine.Append("cevt/hlog", entry);
+    EXPECT_EQ(Compare(machine, "long"), "");
+}
+
+std::vector<std::string> ModelNames() {
+    std::vector<std::string> names;
+    for (const Model& model : Models()) names.emplace_back(model.name);
+    return names;
+}
+INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(ModelNames()));
+
+struct Refusal {
+    const char* catches;
+    std::string command;  // $1: the program, $2: an empty folder
+    std::string errors;   // $2 stands for the folder
+    int status;
+};
+
+TEST(SaveMachine, RefusesAndLeavesNothingBehind) {
+    const Refusal cases[] = {
+        {"no place", "$1", "usage: savemachine DIR\n", 2},
+        {"an option taken for a place", "$1 -x", "usage: savemachine DIR\n", 2},
+        {"a place that is taken", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
+         "savemachine: $2/a: File exists\n", 1},
+        {"a folder that isn't there", "$1 $2/a/b", "savemachine: $2/a/b: No such file or directory\n", 1},
+        {"a full disk", "ulimit -f 1000; $1 $2/a", "savemachine: $2/a: File too large\n", 1},
+        {"foreign hardware", "BRANT_MACHINE=/ $1 $2/a", "ERROR: savemachine only runs on VX hardware.\n", 1},
+        {"another user", "setpriv --reuid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
+    };
+    const TestMachine machine("tr300");
+    const TestMachine parent;
+    const std::string folder = parent.Directory() + "/casr";
+    for (const Refusal& c : cases) {
+        const RunResult run = RunProgram(
+            "/bin/sh", {"-c", c.command, "sh", ProgramPath("savemachine"), folder}, machine.Directory());
+        std::string errors = run.errors;
+        for (size_t at = 0; (at = errors.find(folder)) != errors.npos;)
+            errors.replace(at, folder.size(), "$2");
+        EXPECT_EQ(errors, c.errors) << c.catches;
+        EXPECT_EQ(run.status, c.status) << c.catches;
+        EXPECT_TRUE(fs::is_empty(folder)) << c.catches;
+    }
+}
+
+}  // namespace
