@@ -61,16 +61,25 @@ struct CSMEVSTRUCT {
 static_assert(sizeof(CSMEVSTRUCT) == 7 && offsetof(CSMEVSTRUCT, ucRecoveryConf) == 4,
               "as the firmware has it");
 
-struct ServerName {  // in two halves of up to 14 characters, each with its terminator and zero-filled
-    char first_half[15];
-    char second_half[15];
+// The name stands in two halves, each with a terminator of its own. What a half doesn't fill is zero.
+constexpr int kServerNameHalf = 14;  // characters
+struct ServerName {
+    char zthls1[2 * (kServerNameHalf + 1)];
 };
 static_assert(sizeof(ServerName) == 30, "as the firmware has it");
 
-// Device codes in boot order. 0 CD-ROM, 1 floppy, 2 hard disk, 3 PXE; on servers that can boot from a USB
-// key, 3 is the key and 4 PXE. Entries past the installed count carry no meaning.
-struct ZTHIPLSTRUCT {
-    uint8_t ucPriority[8];
+enum BootDevice : uint8_t {
+    kBootCdrom = 0,
+    kBootFloppy = 1,
+    kBootHdd = 2,
+    kBootPxe = 3,
+    // on servers that can boot from a USB key
+    kBootUsbKey = 3,
+    kBootPxeAfterUsbKey = 4,
+};
+
+struct ZTHIPLSTRUCT {       // the standard boot order
+    uint8_t ucPriority[8];  // as many entries count as there are devices installed
 };
 static_assert(sizeof(ZTHIPLSTRUCT) == 8, "as the firmware has it");
 
@@ -79,9 +88,18 @@ struct BootDeviceCount {
 };
 static_assert(sizeof(BootDeviceCount) == 1, "as the firmware has it");
 
-struct ZTTBT1STRUCT {  // the device that the next start alone boots from
+enum BootOnce : uint8_t {
+    kBootOnceNone = 0,
+    kBootOnceFloppy = 1,
+    kBootOnceCdrom = 2,
+    kBootOnceHdd = 3,
+    kBootOnceKonf = 0x30,  // the ROM's setup utility
+    kBootOncePxe = 0x40,
+};
+
+struct ZTTBT1STRUCT {  // the one-time boot device
     union {
-        uint8_t bVal;  // 0 none, 1 floppy, 2 CD-ROM, 3 hard disk, 0x30 the setup utility, 0x40 PXE
+        uint8_t bVal;  // a BootOnce
         struct {
             uint8_t b_order : 4;
             uint8_t b_mode : 4;
@@ -112,14 +130,18 @@ static_assert(sizeof(NicPxeFlags) == 10, "as the firmware has it");
 
 enum WakeOnLan : uint8_t { kWakeOnLanEnabled = 1, kWakeOnLanDisabled = 2 };
 
+enum Uart : uint8_t { kUartCom1 = 1, kUartCom2 = 2, kUartCom3 = 3, kUartCom4 = 4, kUartDisabled = 7 };
+
 union SERIALPORT {  // an embedded serial port
     uint8_t ucData;
     struct {
-        uint8_t bits_UART : 3;  // 1 to 4: COM1 to COM4; 7 disabled
+        uint8_t bits_UART : 3;  // a Uart, or another
         uint8_t reserved_1 : 1;
         uint8_t bits_IRQ : 4;
     } s;
 };
+
+enum F1Prompt : uint8_t { kF1Undefined = 0, kF1Enabled = 1, kF1Disabled = 2, kF1Delayed = 3 };
 
 struct WOLEVREC {  // the system configuration, shared by several commands
     uint8_t ucHeader;
@@ -163,11 +185,11 @@ struct WOLEVREC {  // the system configuration, shared by several commands
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_F1 : 2;  // the POST F1 prompt: 1 enabled, 2 disabled, 3 delayed, 0 undefined
+            uint8_t bits_F1 : 2;  // an F1Prompt
             uint8_t bits_FanSpeed : 2;
             uint8_t bits_IDE : 2;
             uint8_t bit_NMI : 1;
-            uint8_t bit_HyperThreading : 1;  // 0 enabled, 1 disabled
+            uint8_t bit_HyperThreading : 1;  // 1: disabled
         } s;
     } flags2;
     union {
@@ -193,7 +215,7 @@ struct WOLEVREC {  // the system configuration, shared by several commands
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_UART1 : 3;  // as SERIALPORT::bits_UART
+            uint8_t bits_UART1 : 3;  // a Uart, or another
             uint8_t reserved : 1;
             uint8_t bits_IRQ : 4;
         } s;
@@ -223,17 +245,28 @@ static_assert(sizeof(WOLEVREC) == 13 && offsetof(WOLEVREC, uart1) == 2 && offset
                   offsetof(WOLEVREC, vsp) == 10 && offsetof(WOLEVREC, flags5) == 12,
               "as the firmware has it");
 
+enum BiosPortCode : uint8_t {  // there is no 3
+    kBiosPortDisabled = 0,
+    kBiosPortCom1 = 1,
+    kBiosPortCom2 = 2,
+    kBiosPortCom3 = 4,
+    kBiosPortCom4 = 5,
+    kBiosPortVirtual = 6,
+};
+
 struct BiosPort {  // the serial port of the BIOS console
-    uint8_t port;  // 0 disabled, 1 COM1, 2 COM2, 4 COM3, 5 COM4, 6 the virtual serial port
+    uint8_t port;  // a BiosPortCode, or another
     uint8_t unused;
 };
 static_assert(sizeof(BiosPort) == 2, "as the firmware has it");
 
-struct BiosBaud {
+enum BiosBaudRate : uint8_t { kBaud9600 = 1, kBaud19200 = 2, kBaud57600 = 3, kBaud115200 = 4 };
+
+struct BiosBaud {  // the rate of that port
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_Rate : 3;  // 1: 9600, 2: 19200, 3: 57600, 4: 115200
+            uint8_t bits_Rate : 3;  // a BiosBaudRate, or another
             uint8_t reserved : 5;
         } s;
     } baud;

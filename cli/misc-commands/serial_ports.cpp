@@ -27,7 +27,6 @@ constexpr RomTexts kEmbeddedTexts = {
     0,
 };
 
-constexpr int kUartDisabled = 7;
 constexpr char kPortLetters[] = "AB";
 
 SERIALPORT& EmbeddedPort(WOLEVREC& configuration, int port) {

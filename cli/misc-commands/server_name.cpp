@@ -16,8 +16,7 @@ constexpr RomTexts kTexts = {
     "\nSuccessfully set new server name: %s",
 };
 
-constexpr size_t kHalf = sizeof ServerName::first_half - 1;  // characters
-static_assert(kHalf == 14 && sizeof ServerName::second_half - 1 == kHalf, "as SET NAME's limit says");
+static_assert(2 * kServerNameHalf == 28, "as the text of SET NAME's refusal says");
 
 }  // namespace
 
@@ -32,7 +31,7 @@ int do_show_name(InputLineType* InputLine) {
     }
 
     std::printf("\nServer name is: ");
-    if (name.first_half[0] == '\0') {
+    if (name.zthls1[0] == '\0') {
         std::printf("Not Set");
     } else {
         std::fwrite(&name, 1, sizeof name, stdout);  // zeros too, for which a terminal shows nothing
@@ -45,12 +44,13 @@ int do_set_name(InputLineType* InputLine) {
 
     const char* typed = InputLine->OrigCaseWords[2];
     const size_t length = std::strlen(typed);
-    if (length > 2 * kHalf) return Fail("\nERROR: Max length of server name is 28 characters.");
+    if (length > size_t{2 * kServerNameHalf})
+        return Fail("\nERROR: Max length of server name is 28 characters.");
     std::printf("\nNOTE: On some servers the name may be split in two depending on length");
 
     ServerName name{};
-    const size_t first = std::min(length, kHalf);
-    std::memcpy(name.first_half, typed, first);
-    std::memcpy(name.second_half, typed + first, length - first);
+    const size_t first = std::min(length, size_t{kServerNameHalf});
+    std::memcpy(name.zthls1, typed, first);
+    std::memcpy(name.zthls1 + kServerNameHalf + 1, typed + first, length - first);
     return Report<kTexts>(StoreVariable(kName, name), typed);
 }

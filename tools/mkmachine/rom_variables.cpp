@@ -11,7 +11,7 @@ void AddTexts(MachineBuilder& machine, const RomSettings& settings) {
     std::strncpy(asset.asset_text, settings.asset, sizeof asset.asset_text);
     machine.Variable(kAssetVariable, asset);
     ServerName name{};
-    std::strncpy(name.first_half, settings.name, sizeof name.first_half - 1);
+    std::strncpy(name.zthls1, settings.name, kServerNameHalf);
     machine.Variable(kServerNameVariable, name);
 }
 
