@@ -58,11 +58,6 @@ const char* NameOf(const OrderDevice (&devices)[kCount], uint8_t code) {
     return code < kCount ? devices[code].shown : "UNKNOWN";
 }
 
-// SHOW BOOT's names. On the TR500 K2 codes 3 and 4 mean a USB key and PXE; the others read as everywhere.
-const char* FirstDeviceName(uint8_t code) {
-    return code >= 3 && is_tr500k2() ? NameOf(ipl2, code) : NameOf(ipl, code);
-}
-
 constexpr int kNoCode = -1;
 
 // A device's code by its word; kNoCode where the server can't boot from it.
@@ -114,8 +109,10 @@ int do_show_boot(InputLineType* InputLine) {
     ZTTBT1STRUCT once;
     if (!ReadVariable(kBootOnce, once)) return Fail("\nERROR: Failed to get next boot device.");
 
+    const uint8_t code = order.ucPriority[0];
+    const char* first = is_tr500k2() ? NameOf(ipl2, code) : NameOf(ipl, code);
     const OnceDevice* device = FindCode(kOnceDevices, once.boot.bVal);
-    std::printf("\nFirst boot device is: %s.", FirstDeviceName(order.ucPriority[0]));
+    std::printf("\nFirst boot device is: %s.", first);
     std::printf("\nOne time boot device is: %s.", device != nullptr ? device->shown : "Not set");
     return 0;
 }

@@ -14,6 +14,7 @@ constexpr RomTexts kTexts = {
     kUnreadable,
     "\nERROR: Failed to %s Wake-On-Lan support.",
     "\nSuccessfully %sd Wake-On-Lan support.",
+    0,
 };
 
 }  // namespace

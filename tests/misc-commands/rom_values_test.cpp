@@ -49,7 +49,7 @@ constexpr Shown kShown[] = {
     {"ZTHIPL=02; ZTTBT1=03", "SHOW BOOT", "\nFirst boot device is: HDD." ONCE "HDD."},
     {"ZTHIPL=03; ZTTBT1=30", "SHOW BOOT", "\nFirst boot device is: PXE." ONCE "KONF."},
     {"ZTHIPL=04; ZTTBT1=40", "SHOW BOOT", "\nFirst boot device is: UNKNOWN." ONCE "PXE."},
-    {"ZTHIPL=00; ZTTBT1=31", "SHOW BOOT", "\nFirst boot device is: CD-ROM." ONCE "Not set.", "Corvex TR500 K2"},
+    {"ZTHIPL=00; ZTTBT1=31", "SHOW BOOT", "\nFirst boot device is: CDROM." ONCE "Not set.", "Corvex TR500 K2"},
     {"ZTHIPL=03; ZTTBT1=00", "SHOW BOOT", "\nFirst boot device is: USBKEY." ONCE "Not set.", "Corvex TR500 K2"},
     {"ZTHIPL=04", "SHOW BOOT", "\nFirst boot device is: PXE." ONCE "Not set.", "Corvex TR500 K2"},
     {"ZTHIPL=05", "SHOW BOOT", "\nFirst boot device is: UNKNOWN." ONCE "Not set.", "Corvex TR500 K2"},
