@@ -1,0 +1,105 @@
+// What the settings of each model read as, and what each change leaves of a variable: the stored listings
+// show a byte, a bit or a word that isn't the right one.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/misc-commands/rom_shell.h"
+#include "tests/support/expected_run.h"
+#include "tests/support/stored.h"
+#include "tools/mkmachine/facts.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+constexpr char kShows[] =
+    "SHOW ASR; SHOW ASSET; SHOW BOOT; SHOW EAAS; SHOW F1; SHOW HT; SHOW IPL; SHOW NAME; SHOW NIC; SHOW WOL; "
+    "SHOW VERSIONS; SHOW SERIAL BIOS; SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL";
+
+// settings_shown.txt holds the status and the output of each; '~' stands for a zero byte.
+TEST(RomListings, WhatEachModelShows) {
+    std::string listing;
+    for (const Model& model : Models()) {
+        const TestMachine machine(model.name);
+        listing += "---- " + std::string(model.name) + "\n";
+        for (const std::string& command : Items(kShows)) {
+            const RunResult run = machine.Script(command);
+            listing += command + " -> " + std::to_string(run.status) + run.output + run.errors;
+        }
+    }
+    std::replace(listing.begin(), listing.end(), '\0', '~');
+    ExpectStored("misc-commands/settings_shown.txt", listing);
+}
+
+// The changes by their first words, with what may follow them, as Items takes it. serial_test.cpp has those
+// of the embedded serial ports.
+struct Changes {
+    const char* command;
+    const char* values;
+};
+constexpr Changes kChanges[] = {
+    {"SET", "NAME web7; ASSET \"Rack 4\""},
+    {"SET ASR", "5; 10MIN; 15; 20; 30"},
+    {"SET BOOT ONCE", "FLOPPY; CDROM; HDD; KONF; PXE"},
+    {"SET BOOT FIRST", "FLOPPY; CDROM; HDD; USBKEY; PXE"},
+    {"SET F1", "ENABLED; DISABLED; DELAYED"},
+    {"SET SERIAL BIOS", "COM1 9600; COM2 19200; COM1 57600; COM2 115200; DISABLED; DISABLED 9600"},
+    {"SET SERIAL VIRTUAL", "COM1; COM2; DISABLED"},
+    {"ENABLE", "EAAS; HT; WOL"},
+    {"DISABLE", "EAAS; HT; WOL"},
+    {"ENABLE PXE", "NIC1; NIC2; NIC3; NIC4; NIC5"},
+    {"DISABLE PXE", "NIC1; NIC2; NIC3; NIC4; NIC5"},
+    {"ENABLE ISCSI", "NIC1; NIC2; NIC3; NIC4; NIC5"},
+    {"DISABLE ISCSI", "NIC1; NIC2; NIC3; NIC4; NIC5"},
+};
+
+// Bits of 0 and the longer boot order; bits of 1, the shorter one, and the older of the NICs' two variables.
+#define ZEROS "0000000000000000000000000000"
+#define ONES "ffffffffffffffffffffffffffff"
+struct Before {
+    const char* model;
+    const char* facts;
+};
+constexpr Before kBefore[] = {
+    {"tr500k2",
+     "ZTHCPR=" ZEROS "; ZTSCAT=00; ZTHCSM=" ZEROS "; ZTHLS1=00; ZTTBT1=0000; ZTHNIPL=05; "
+     "ZTHIPL=0004030102050607; ZTHNIC=0102010200000102000000; ZTSBKT=" ZEROS "; ZTHCON=0000; ZTHBAUD=0000"},
+    {"tr300", "ZTHCPR=" ONES "; ZTSCAT=ff; ZTHCSM=" ONES "; ZTHLS1=ff; ZTTBT1=ffff; ZTHNIPL=04; "
+              "ZTHIPL=03020100ffffffff; ZTHMAC=" NIC NIC NIC NIC NIC "; -ZTHNIC; ZTHPXE=ff; ZTSBKT=" ONES
+              "; ZTHCON=ffff; ZTHBAUD=ffff"},
+};
+
+// Runs a change. Result: the output, the requests, and each variable that was written as it is then; empty
+// for a refusal.
+std::string Outcome(TestMachine& machine, const std::string& command) {
+    machine.StartTrace();
+    const RunResult run = machine.Script(command);
+    if (run.status != 0) return "";
+
+    const std::string requests = Requests(machine.TakeTrace());
+    std::string outcome = command + run.output + run.errors + requests + "\n";
+    for (const std::string& request : Items(requests)) {
+        if (request.rfind("write ", 0) != 0) continue;
+        const std::string name = request.substr(6, request.find(' ', 6) - 6);
+        outcome += name + " " + Hexadecimal(machine.Read("crom/" + name)) + "\n";
+    }
+    return outcome;
+}
+
+TEST(RomListings, WhatEachChangeLeaves) {
+    std::string listing;
+    for (const Before& before : kBefore) {
+        TestMachine machine(before.model);
+        AddPicl(machine, Kelm::Present);
+        listing += "---- " + std::string(before.model) + " with " + before.facts + "\n";
+        for (const Changes& changes : kChanges) {
+            for (const std::string& value : Items(changes.values)) {
+                SetFacts(machine, before.facts);
+                listing += Outcome(machine, std::string(changes.command) + " " + value);
+            }
+        }
+    }
+    ExpectStored("misc-commands/settings_changed.txt", listing);
+}
+
+}  // namespace
