@@ -53,11 +53,15 @@ bool ReadFirmwareTables(const char* program) {
     return true;
 }
 
-void CountEmbeddedNics() {
+void FindEmbeddedNics() {
     embedded_nics_installed = get_embedded_nics_smbios();
     if (embedded_nics_installed == -1 && get_ev(kNicAddressVariable, zthmac, sizeof zthmac) == 0) {
         embedded_nics_installed = CountNicsOfRom();
     }
+}
+
+void CountEmbeddedNics() {
+    FindEmbeddedNics();
     if (embedded_nics_installed < 0) {
         std::printf("\nFailed to read embedded NIC status.");
         std::printf("\nThis system may not have any embedded NICs installed.\n\n");

@@ -12,5 +12,7 @@ bool CheckRom(const char* program = "brantcli");
 // False, with a message and the copy released, when they are those of another line of servers.
 bool ReadFirmwareTables(const char* program = "brantcli");
 
-// Fills embedded_nics_installed and zthmac, from SMBIOS or else from the ROM; what neither knows is reported.
+// Fill embedded_nics_installed and zthmac, from SMBIOS or else from the ROM. CountEmbeddedNics reports what
+// neither knows.
+void FindEmbeddedNics();
 void CountEmbeddedNics();

@@ -5,6 +5,7 @@
 #include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 
 namespace {
 
@@ -17,9 +18,13 @@ constexpr RomTexts kTexts = {
 
 }  // namespace
 
+const char* ReadAsset(AssetText& asset) {
+    return ReadVariable(kAsset, asset) ? nullptr : "\nERROR: Failed to read Asset Text.";
+}
+
 int do_show_asset(InputLineType* /*InputLine*/) {
     AssetText asset;
-    if (!ReadVariable(kAsset, asset)) return Fail("\nERROR: Failed to read Asset Text.");
+    if (const char* error = ReadAsset(asset)) return Fail("%s", error);
 
     std::printf("\nAsset: '%.*s'", int{sizeof asset.asset_text}, asset.asset_text);
     return 0;

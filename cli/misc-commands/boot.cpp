@@ -7,6 +7,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/server_model.h"
+#include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 
 namespace {
@@ -101,19 +102,41 @@ bool MoveToFront(uint8_t* list, int length, int code, const char* word) {
 
 }  // namespace
 
+const char* ReadBootOnce(const char*& device) {
+    ZTTBT1STRUCT once;
+    if (!ReadVariable(kBootOnce, once)) return "\nERROR: Failed to get next boot device.";
+    const OnceDevice* row = FindCode(kOnceDevices, once.boot.bVal);
+    device = row != nullptr ? row->shown : "Not set";
+    return nullptr;
+}
+
+const char* ReadBootOrder(BootOrder& order) {
+    BootDeviceCount count;
+    if (!ReadVariable(kInstalled, count)) return kCountUnreadable;
+    ZTHIPLSTRUCT list;
+    if (!ReadVariable(kBootOrder, list)) return kOrderUnreadable;
+
+    const bool with_usb_key = count.zthnipl > std::size(ipl) || is_tr500k2();
+    order.count = ListLength(count);
+    for (int i = 0; i < order.count; ++i) {
+        const uint8_t code = list.ucPriority[i];
+        order.device[i] = with_usb_key ? NameOf(ipl2, code) : NameOf(ipl, code);
+    }
+    return nullptr;
+}
+
 int do_show_boot(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
     ZTHIPLSTRUCT order;
     if (!ReadVariable(kBootOrder, order)) return Fail(kOrderUnreadable);
-    ZTTBT1STRUCT once;
-    if (!ReadVariable(kBootOnce, once)) return Fail("\nERROR: Failed to get next boot device.");
+    const char* once = nullptr;
+    if (const char* error = ReadBootOnce(once)) return Fail("%s", error);
 
     const uint8_t code = order.ucPriority[0];
     const char* first = is_tr500k2() ? NameOf(ipl2, code) : NameOf(ipl, code);
-    const OnceDevice* device = FindCode(kOnceDevices, once.boot.bVal);
     std::printf("\nFirst boot device is: %s.", first);
-    std::printf("\nOne time boot device is: %s.", device != nullptr ? device->shown : "Not set");
+    std::printf("\nOne time boot device is: %s.", once);
     return 0;
 }
 
@@ -148,21 +171,15 @@ int do_set_boot_first(InputLineType* InputLine) {
 int do_show_ipl(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    BootDeviceCount count;
-    if (!ReadVariable(kInstalled, count)) return Fail(kCountUnreadable);
-    ZTHIPLSTRUCT order;
-    if (!ReadVariable(kBootOrder, order)) return Fail(kOrderUnreadable);
-    if (count.zthnipl == 0) {
+    BootOrder order;
+    if (const char* error = ReadBootOrder(order)) return Fail("%s", error);
+    if (order.count == 0) {
         std::printf("\nNo IPL devices installed.");
         return 0;
     }
 
-    const bool with_usb_key = count.zthnipl > std::size(ipl) || is_tr500k2();
     std::printf("\nIPL (Standard Boot Order)");
     std::printf("\n-------------------------");
-    for (int i = 0; i < ListLength(count); ++i) {
-        const uint8_t code = order.ucPriority[i];
-        std::printf("\n#%d\t%s", i, with_usb_key ? NameOf(ipl2, code) : NameOf(ipl, code));
-    }
+    for (int i = 0; i < order.count; ++i) std::printf("\n#%d\t%s", i, order.device[i]);
     return 0;
 }

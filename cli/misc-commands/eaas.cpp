@@ -4,6 +4,7 @@
 #include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 #include "cli/misc-commands/switch_words.h"
 
 namespace {
@@ -28,13 +29,20 @@ int SwitchShutdown(InputLineType* line, const SwitchWay& way) {
 
 }  // namespace
 
+const char* ReadShutdown(bool& enabled) {
+    CSMEVSTRUCT shutdown;
+    if (!ReadVariable(kShutdown, shutdown)) return kUnreadable;
+    enabled = (shutdown.ucEAAshutdown & 1) != 0;
+    return nullptr;
+}
+
 int do_show_eaas(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    CSMEVSTRUCT shutdown;
-    if (!ReadVariable(kShutdown, shutdown)) return Fail(kUnreadable);
+    bool enabled = false;
+    if (const char* error = ReadShutdown(enabled)) return Fail("%s", error);
 
-    std::printf("\nEAAS is currently %s.", EnabledOrDisabled((shutdown.ucEAAshutdown & 1) != 0));
+    std::printf("\nEAAS is currently %s.", EnabledOrDisabled(enabled));
     return 0;
 }
 

@@ -7,6 +7,7 @@
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 
 namespace {
@@ -47,13 +48,20 @@ bool SetMode(WOLEVREC& configuration, const char* word) {
 
 }  // namespace
 
+const char* ReadF1Prompt(const char*& state) {
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) return kUnreadable;
+    state = kModes[configuration.flags2.s.bits_F1].shown;
+    return nullptr;
+}
+
 int do_show_f1(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    WOLEVREC configuration;
-    if (!ReadVariable(kConfiguration, configuration)) return Fail(kUnreadable);
+    const char* state = nullptr;
+    if (const char* error = ReadF1Prompt(state)) return Fail("%s", error);
 
-    std::printf("\nThe POST F1 prompt is currently %s.", kModes[configuration.flags2.s.bits_F1].shown);
+    std::printf("\nThe POST F1 prompt is currently %s.", state);
     return 0;
 }
 

@@ -5,6 +5,7 @@
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 #include "cli/misc-commands/switch_words.h"
 
 namespace {
@@ -18,14 +19,20 @@ constexpr RomTexts kTexts = {
 
 }  // namespace
 
+const char* ReadHyperThreading(bool& enabled) {
+    WOLEVREC configuration;
+    if (!ReadVariable(kWholeConfiguration, configuration)) return kUnreadable;
+    enabled = configuration.flags2.s.bit_HyperThreading == 0;
+    return nullptr;
+}
+
 int do_show_ht(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    WOLEVREC configuration;
-    if (!ReadVariable(kWholeConfiguration, configuration)) return Fail(kUnreadable);
+    bool enabled = false;
+    if (const char* error = ReadHyperThreading(enabled)) return Fail("%s", error);
 
-    std::printf("\nProcessor hyper-threading is currently %s.",
-                EnabledOrDisabled(configuration.flags2.s.bit_HyperThreading == 0));
+    std::printf("\nProcessor hyper-threading is currently %s.", EnabledOrDisabled(enabled));
     return 0;
 }
 

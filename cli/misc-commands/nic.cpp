@@ -7,12 +7,13 @@
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 #include "cli/misc-commands/switch_words.h"
 #include "src/utils/word_table.h"
 
 namespace {
 
-constexpr int kShortRead = 10;  // bytes, thus NICs: all that SHOW NIC and the iSCSI commands know of
+constexpr int kShortRead = kNicBootStates;  // bytes, thus NICs: all that the iSCSI commands know of, too
 constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable, kShortRead, kShortRead};
 constexpr RomVariable<NicPxeFlags> kPxeFlags = {kNicPxeVariable, sizeof(NicPxeFlags), 1};  // older firmware's
 
@@ -135,11 +136,20 @@ int SwitchIscsi(InputLineType* line, const SwitchWay& way) {
 
 }  // namespace
 
+const char* ReadNicBoot(NicBootStates& states) {
+    NicBootSettings settings;
+    if (!ReadVariable(kBootSettings, settings)) return kSettingsUnreadable;
+    for (int i = 0; i < kNicBootStates; ++i) {
+        states.nic[i] = TextOfCode(kStates, settings.nic[i], "Unknown setting");
+    }
+    return nullptr;
+}
+
 int do_show_nic(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    NicBootSettings settings;
-    if (!ReadVariable(kBootSettings, settings)) return Fail(kSettingsUnreadable);
+    NicBootStates states;
+    if (const char* error = ReadNicBoot(states)) return Fail("%s", error);
 
     const int nics = embedded_nics_installed;
     if (nics < 0) {
@@ -148,9 +158,7 @@ int do_show_nic(InputLineType* InputLine) {
         std::printf("\nNIC boot status (%d Embedded NIC%s):", nics, nics == 1 ? "" : "s");
     }
     if (nics < 1) std::printf("\nbrantcli didn't detect any embedded NICs.");
-    for (int i = 0; i < std::min(nics, kShortRead); ++i) {
-        std::printf("\nNIC%d: %s", i + 1, TextOfCode(kStates, settings.nic[i], "Unknown setting"));
-    }
+    for (int i = 0; i < std::min(nics, kNicBootStates); ++i) std::printf("\nNIC%d: %s", i + 1, states.nic[i]);
     return 0;
 }
 

@@ -4,6 +4,7 @@
 #include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 
 namespace {
@@ -75,20 +76,26 @@ int do_set_bios_serial_port(InputLineType* InputLine) {
     return 0;
 }
 
+const char* ReadBiosSerialPort(BiosSerialPort& shown) {
+    BiosBaud baud;
+    if (!ReadVariable(kBaud, baud)) return "\nERROR: Failed to read BIOS serial port baud.";
+    BiosPort port;
+    if (!ReadVariable(kPort, port)) return "\nERROR: Failed to read BIOS serial port status.";
+
+    const Port* row = FindCode(kPorts, port.port);
+    const Baud* rate = FindCode(kBauds, baud.baud.s.bits_Rate);
+    shown.port = row != nullptr ? row->shown : nullptr;
+    shown.baud = rate != nullptr ? rate->word : "UNKNOWN";
+    return nullptr;
+}
+
 int do_show_bios_serial_port(InputLineType* InputLine) {
     if (InputLine->NumWords > 3) return InvalidArguments();
 
-    BiosBaud baud;
-    if (!ReadVariable(kBaud, baud)) return Fail("\nERROR: Failed to read BIOS serial port baud.");
-    BiosPort port;
-    if (!ReadVariable(kPort, port)) return Fail("\nERROR: Failed to read BIOS serial port status.");
+    BiosSerialPort port{};
+    if (const char* error = ReadBiosSerialPort(port)) return Fail("%s", error);
+    if (port.port == nullptr) return Fail("\nThe BIOS serial port is currently disabled.");
 
-    const Port* row = FindCode(kPorts, port.port);
-    if (row == nullptr || row->shown == nullptr) {
-        return Fail("\nThe BIOS serial port is currently disabled.");
-    }
-    const Baud* rate = FindCode(kBauds, baud.baud.s.bits_Rate);
-    std::printf("\nThe BIOS serial port is currently set to %s/%s.", row->shown,
-                rate != nullptr ? rate->word : "UNKNOWN");
+    std::printf("\nThe BIOS serial port is currently set to %s/%s.", port.port, port.baud);
     return 0;
 }

@@ -9,6 +9,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/server_model.h"
+#include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 
 namespace {
@@ -172,6 +173,32 @@ const char* UartText(unsigned uart) {
 
 }  // namespace
 
+const char* ReadVirtualPort(const char*& port) {
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) {
+        return "\nERROR: Failed to read Virtual serial port status.";
+    }
+    const char* text = UartText(configuration.vsp.s.bits_UART1);
+    if (text == nullptr) {
+        return "\nERROR: Kelm Virtual serial port is in an unknown state."
+               "\nYou may have to upgrade the Kelm firmware to version 1.55 or later"
+               "\nor use KONF to set its initial configuration..";
+    }
+    port = text;
+    return nullptr;
+}
+
+const char* ReadEmbeddedPorts(EmbeddedPorts& ports) {
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) {
+        return "\nERROR: Failed to read embedded serial status.";
+    }
+    for (int port = 0; port < 2; ++port) {
+        ports.port[port] = UartText(EmbeddedPort(configuration, port).s.bits_UART);
+    }
+    return nullptr;
+}
+
 int do_set_virtual_serial_port(InputLineType* InputLine) {
     if (got_kelm == 0) {
         return Fail("\nERROR: This command requres Kelm which is not present on this system.");
@@ -192,19 +219,9 @@ int do_show_vsp(InputLineType* InputLine) {
     if (InputLine->NumWords == 2) return ShowUsage();
     if (InputLine->NumWords != 3) return InvalidArguments();
 
-    WOLEVREC configuration;
-    if (!ReadVariable(kConfiguration, configuration)) {
-        return Fail("\nERROR: Failed to read Virtual serial port status.");
-    }
-
-    const char* text = UartText(configuration.vsp.s.bits_UART1);
-    if (text == nullptr) {
-        return Fail(
-            "\nERROR: Kelm Virtual serial port is in an unknown state."
-            "\nYou may have to upgrade the Kelm firmware to version 1.55 or later"
-            "\nor use KONF to set its initial configuration..");
-    }
-    std::printf("\nVirtual serial port is currently %s.", text);
+    const char* port = nullptr;
+    if (const char* error = ReadVirtualPort(port)) return Fail("%s", error);
+    std::printf("\nVirtual serial port is currently %s.", port);
     return 0;
 }
 
@@ -221,13 +238,11 @@ int do_set_embedded_serial_port(InputLineType* InputLine) {
 int do_show_embedded_serial_port(InputLineType* InputLine) {
     if (InputLine->NumWords > 3) return InvalidArguments();
 
-    WOLEVREC configuration;
-    if (!ReadVariable(kConfiguration, configuration)) {
-        return Fail("\nERROR: Failed to read embedded serial status.");
-    }
+    EmbeddedPorts ports{};
+    if (const char* error = ReadEmbeddedPorts(ports)) return Fail("%s", error);
 
     for (int port = 0; port < 2; ++port) {
-        const char* text = UartText(EmbeddedPort(configuration, port).s.bits_UART);
+        const char* text = ports.port[port];
         std::printf("\nEmbedded serial port %c: %s.", kPortLetters[port],
                     text != nullptr ? text : "in an UNKNOWN state");
     }

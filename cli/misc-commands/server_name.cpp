@@ -6,6 +6,7 @@
 #include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 
 namespace {
 
@@ -20,15 +21,17 @@ static_assert(2 * kServerNameHalf == 28, "as the text of SET NAME's refusal says
 
 }  // namespace
 
+const char* ReadServerName(ServerName& name) {
+    if (ReadVariable(kName, name)) return nullptr;
+    return "\nNo Server name seems to have been set, or command failed."
+           "\nPlease use \"SET NAME\" to set a server name.";
+}
+
 int do_show_name(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
     ServerName name;
-    if (!ReadVariable(kName, name)) {
-        return Fail(
-            "\nNo Server name seems to have been set, or command failed."
-            "\nPlease use \"SET NAME\" to set a server name.");
-    }
+    if (const char* error = ReadServerName(name)) return Fail("%s", error);
 
     std::printf("\nServer name is: ");
     if (name.zthls1[0] == '\0') {

@@ -2,31 +2,35 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 #include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 
 namespace {
 
 constexpr RomVariable<VERSEVREC> kVersions = {kVersionsVariable};
 
 struct Component {
-    const char* label;  // as wide as the indentation of the line below it
+    int indentation;
+    const char* name;
     VERSION VERSEVREC::*baseline;
     VERSION VERSEVREC::*current;
 };
 // clang-format off
 constexpr Component kComponents[] = {
-    {"    TZ: ",       &VERSEVREC::tz_baseline,     &VERSEVREC::tz_current},
-    {" Vetro: ",       &VERSEVREC::vetro_baseline,  &VERSEVREC::vetro_current},
-    {" FLASKO: ",      &VERSEVREC::flasko_baseline, &VERSEVREC::flasko_current},
-    {" Plex Warden: ", &VERSEVREC::pw_baseline,     &VERSEVREC::pw_current},
-    {" Sift Tool: ",   &VERSEVREC::sift_baseline,   &VERSEVREC::sift_current},
-    {" Ext. Mod: ",    &VERSEVREC::extmod_baseline, &VERSEVREC::extmod_current},
-    {" KRL: ",         &VERSEVREC::krl_baseline,    &VERSEVREC::krl_current},
+    {4, "TZ",          &VERSEVREC::tz_baseline,     &VERSEVREC::tz_current},
+    {1, "Vetro",       &VERSEVREC::vetro_baseline,  &VERSEVREC::vetro_current},
+    {1, "FLASKO",      &VERSEVREC::flasko_baseline, &VERSEVREC::flasko_current},
+    {1, "Plex Warden", &VERSEVREC::pw_baseline,     &VERSEVREC::pw_current},
+    {1, "Sift Tool",   &VERSEVREC::sift_baseline,   &VERSEVREC::sift_current},
+    {1, "Ext. Mod",    &VERSEVREC::extmod_baseline, &VERSEVREC::extmod_current},
+    {1, "KRL",         &VERSEVREC::krl_baseline,    &VERSEVREC::krl_current},
 };
 // clang-format on
+static_assert(std::size(kComponents) == std::size(ComponentVersions{}.component), "each has its place");
 
 bool AllZero(const VERSEVREC& versions) {
     const auto* bytes = reinterpret_cast<const uint8_t*>(&versions);
@@ -39,20 +43,32 @@ void PrintVersion(const char* which, const VERSION& version) {
 
 }  // namespace
 
+const char* ReadVersions(ComponentVersions& versions) {
+    VERSEVREC record;
+    if (!ReadVariable(kVersions, record)) return "\nERROR: Failed to read version information.";
+    versions.told = !AllZero(record);
+    ComponentVersion* next = versions.component;
+    for (const Component& row : kComponents) *next++ = {row.name, record.*row.baseline, record.*row.current};
+    return nullptr;
+}
+
 int do_show_versions(InputLineType* /*InputLine*/) {
-    VERSEVREC versions;
-    if (!ReadVariable(kVersions, versions)) return Fail("\nERROR: Failed to read version information.");
-    if (AllZero(versions)) {
+    ComponentVersions versions;
+    if (const char* error = ReadVersions(versions)) return Fail("%s", error);
+    if (!versions.told) {
         std::printf("\nNo version information available");
         return 0;
     }
 
     std::printf("\nVersion Information:");
-    for (const Component& component : kComponents) {
-        std::printf("\n%s", component.label);
-        PrintVersion("Baseline", versions.*component.baseline);
-        std::printf("\n%*s", static_cast<int>(std::strlen(component.label)), "");
-        PrintVersion("Current ", versions.*component.current);
+    for (size_t i = 0; i < std::size(kComponents); ++i) {
+        const ComponentVersion& component = versions.component[i];
+        const int indentation = kComponents[i].indentation;
+        const int label = indentation + static_cast<int>(std::strlen(component.name)) + 2;
+        std::printf("\n%*s%s: ", indentation, "", component.name);
+        PrintVersion("Baseline", component.baseline);
+        std::printf("\n%*s", label, "");  // below the label
+        PrintVersion("Current ", component.current);
     }
     return 0;
 }

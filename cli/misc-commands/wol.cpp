@@ -5,6 +5,7 @@
 #include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/settings.h"
 #include "cli/misc-commands/switch_words.h"
 
 namespace {
@@ -19,14 +20,20 @@ constexpr RomTexts kTexts = {
 
 }  // namespace
 
+const char* ReadWakeOnLan(bool& enabled) {
+    WOLEVREC configuration;
+    if (!ReadVariable(kConfiguration, configuration)) return kUnreadable;
+    enabled = configuration.flags.s.bits_WOL == kWakeOnLanEnabled;
+    return nullptr;
+}
+
 int do_show_wol(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    WOLEVREC configuration;
-    if (!ReadVariable(kConfiguration, configuration)) return Fail(kUnreadable);
+    bool enabled = false;
+    if (const char* error = ReadWakeOnLan(enabled)) return Fail("%s", error);
 
-    std::printf("\nWake-On-Lan is currently %s.",
-                EnabledOrDisabled(configuration.flags.s.bits_WOL == kWakeOnLanEnabled));
+    std::printf("\nWake-On-Lan is currently %s.", EnabledOrDisabled(enabled));
     return 0;
 }
 

@@ -57,10 +57,14 @@ void PrintProcessor(const ZET_CPU& cpu) {
     }
     std::printf("\n\tSocket       : %u", cpu.cpuSocketNumber);
     PrintCaches(cpu.cpuUnitIndex);
-    std::printf("\n\tStatus       : %s", TextOfCode(kCpuStatuses, cpu.cpuStatus, "Unknown"));
+    std::printf("\n\tStatus       : %s", CpuStatusWord(cpu.cpuStatus));
 }
 
 }  // namespace
+
+const char* CpuStatusWord(uint8_t status) {
+    return TextOfCode(kCpuStatuses, status, "Unknown");
+}
 
 int do_show_server(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();

@@ -19,6 +19,9 @@ int get_embedded_nics_smbios();
 // has no memory tables. Result: 0; 1, with nothing printed, when SMBIOS tells of no socket.
 int get_dimminfo_smbios();
 
+// A processor's status, a CpuStatus, as SHOW SERVER calls it.
+const char* CpuStatusWord(uint8_t status);
+
 // SHOW SERVER and SHOW PORTMAP. Result: 0, or 1 on failure.
 int do_show_server(InputLineType* InputLine);
 int do_show_nic_port_mapping(InputLineType* InputLine);
