@@ -101,26 +101,26 @@ struct Hardware {
 enum class Kelm { Absent, Present };
 void AddPicl(MachineBuilder& machine, Kelm kelm);
 
-// The firmware's settings, and whether the recovery timer runs.
+// The firmware's settings, and whether the recovery timer runs. A model assigns by name what it has
+// other than here.
 struct RomSettings {
-    bool asr_enabled;
-    uint8_t asr_minutes;
-    const char* asset;
-    const char* name;  // at most 14 characters
-    bool shutdown;     // automatic, when the environment is abnormal
-    uint8_t boot_devices;
-    ZTHIPLSTRUCT boot_order;
-    uint8_t boot_once;
-    NicBoot nics[4];
-    // Serial ports: the interrupt line in the high four bits, the UART in the low three.
-    uint8_t port_a, port_b, virtual_port;
-    uint8_t wake_on_lan;  // bits_WOL
-    uint8_t f1_prompt;    // bits_F1
-    bool hyper_threading;
-    uint8_t bios_port;
-    uint8_t bios_baud;
-    VERSEVREC versions;
-    std::vector<smbios_nic> nic_addresses =
-        {};  // kept here by firmware without the maker's SMBIOS record; at most 8
+    bool asr_enabled = false;
+    uint8_t asr_minutes = 0;
+    const char* asset = "";
+    const char* name = "";                 // at most 14 characters
+    bool shutdown = false;                 // automatic, when the environment is abnormal
+    std::vector<uint8_t> boot_order = {};  // a BootDevice each, at most 8
+    BootOnce boot_once = kBootOnceNone;
+    std::vector<NicBoot> nics = {};  // from NIC 1, at most 5
+    // Serial ports: the interrupt line in the high four bits, a Uart in the low three.
+    uint8_t port_a = 0, port_b = 0, virtual_port = 0;
+    WakeOnLan wake_on_lan = kWakeOnLanDisabled;
+    F1Prompt f1_prompt = kF1Undefined;
+    bool hyper_threading = false;
+    BiosPortCode bios_port = kBiosPortDisabled;
+    BiosBaudRate bios_baud = {};
+    VERSEVREC versions = {};
+    // Kept here by firmware without the maker's SMBIOS record; at most 8.
+    std::vector<smbios_nic> nic_addresses = {};
 };
-void AddRomVariables(MachineBuilder& machine, const RomSettings& settings);
+void AddRomSettings(MachineBuilder& machine, const RomSettings& settings);

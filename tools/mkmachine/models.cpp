@@ -28,6 +28,6 @@ void MakeMachine(const Model& model, const std::string& directory, std::optional
     AddRomSignature(machine);
     AddTables(machine, TablesOf(model));
     AddPicl(machine, model.kelm);
-    AddRomVariables(machine, model.settings);
+    AddRomSettings(machine, model.settings);
     machine.Write("cevt/hlog", log);
 }

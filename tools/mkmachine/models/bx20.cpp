@@ -56,23 +56,34 @@ const Hardware kHardware = {
     kNics, Locations::NotTold, RackPlace{"Enclosure 2", "7"}, kPorts,
 };
 
-const RomSettings kSettings = {
-    true, 5,  // recovery timer: runs, minutes
-    "Enclosure 2, bay 7", "blade-07",  // asset, name
-    true,  // automatic shutdown
-    2, {{3, 2, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}},  // boot devices: count, order; no floppy, no CD-ROM
-    0x40,  // the device of the next start alone
-    {kNicBootPxe},  // NICs, from NIC 1
-    0x41, 0x07, 0x32,  // serial ports A, B and virtual
-    1, 2, true,  // wake on LAN, F1 prompt, hyper-threading
-    0, 0,  // BIOS console: port, baud rate
-    {{1, 0, 0}, {1, 2, 0}, {}, {}, {1, 0, 1}, {1, 0, 1}, {}, {}, {}, {}, {}, {}, {}, {}},
-};
+// clang-format on
+RomSettings Settings() {
+    RomSettings settings;
+    settings.asr_enabled = true;
+    settings.asr_minutes = 5;
+    settings.asset = "Enclosure 2, bay 7";
+    settings.name = "blade-07";
+    settings.shutdown = true;
+    settings.boot_order = {kBootPxe, kBootHdd};  // no floppy, no CD-ROM
+    settings.boot_once = kBootOncePxe;
+    settings.nics = {kNicBootPxe};
+    settings.port_a = 0x40 | kUartCom1;
+    settings.port_b = kUartDisabled;
+    settings.virtual_port = 0x30 | kUartCom2;
+    settings.wake_on_lan = kWakeOnLanEnabled;
+    settings.f1_prompt = kF1Disabled;
+    settings.hyper_threading = true;
+    settings.versions.tz_baseline = {1, 0, 0};
+    settings.versions.tz_current = {1, 2, 0};
+    settings.versions.flasko_baseline = settings.versions.flasko_current = {1, 0, 1};
+    return settings;
+}
+// clang-format off
 
 }  // namespace
 
 const Model kBx20 = {
     "bx20", "Corvex BX20",
-    kFans, kSensors, kSupplies, kIndicatorBlinking, kDriverMemory, kHardware, kSettings, Kelm::Present,
+    kFans, kSensors, kSupplies, kIndicatorBlinking, kDriverMemory, kHardware, Settings(), Kelm::Present,
 };
 // clang-format on

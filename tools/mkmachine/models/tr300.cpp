@@ -45,25 +45,29 @@ const Hardware kHardware = {  // firmware of a version whose records don't tell 
      {0x1103, kArray, "SLOT 0 DIMM 4", 0}},
 };
 
-const RomSettings kSettings = {
-    false, 10,  // recovery timer: runs, minutes
-    "", "",  // asset, name
-    false,  // automatic shutdown
-    4, {{0, 1, 2, 3, 0xFF, 0xFF, 0xFF, 0xFF}},  // boot devices: count, order; 3 is PXE
-    0x02,  // the device of the next start alone
-    {kNicBootNone, kNicBootPxe},  // NICs, from NIC 1
-    0x53, 0x32, 0x07,  // serial ports A, B and virtual
-    2, 3, false,  // wake on LAN, F1 prompt, hyper-threading
-    1, 1,  // BIOS console: port, baud rate
-    {},  // its firmware knows no versions
-    {{0x00, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2A}},
-     {0x01, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2B}}},
-};
+// clang-format on
+RomSettings Settings() {  // its firmware knows no versions
+    RomSettings settings;
+    settings.asr_minutes = 10;
+    settings.boot_order = {kBootCdrom, kBootFloppy, kBootHdd, kBootPxe};
+    settings.boot_once = kBootOnceCdrom;
+    settings.nics = {kNicBootNone, kNicBootPxe};
+    settings.port_a = 0x50 | kUartCom3;
+    settings.port_b = 0x30 | kUartCom2;
+    settings.virtual_port = kUartDisabled;
+    settings.f1_prompt = kF1Delayed;
+    settings.bios_port = kBiosPortCom1;
+    settings.bios_baud = kBaud9600;
+    settings.nic_addresses = {{0x00, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2A}},
+                              {0x01, 2, {0x00, 0x1C, 0x4E, 0x14, 0x30, 0x2B}}};
+    return settings;
+}
+// clang-format off
 
 }  // namespace
 
 const Model kTr300 = {
     "tr300", "Corvex TR300",
-    kFans, kSensors, kSupplies, kIndicatorOn, kDriverMemory, kHardware, kSettings, Kelm::Absent,
+    kFans, kSensors, kSupplies, kIndicatorOn, kDriverMemory, kHardware, Settings(), Kelm::Absent,
 };
 // clang-format on

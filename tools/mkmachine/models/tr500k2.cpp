@@ -96,24 +96,47 @@ const Hardware kHardware = {  // the second processor has the smaller L3 cache
     kNics, Locations::Told,
 };
 
-const RomSettings kSettings = {
-    true, 20,  // recovery timer: runs, minutes
-    "Rack 4, unit 12", "corvex-db1",  // asset, name
-    true,  // automatic shutdown
-    5, {{2, 0, 3, 4, 1, 0xFF, 0xFF, 0xFF}},  // boot devices: count, order; 3 is the USB key, 4 PXE
-    0x00,  // the device of the next start alone
-    {kNicBootPxe, kNicBootIscsi},  // NICs, from NIC 1
-    0x41, 0x32, 0x07,  // serial ports A, B and virtual
-    1, 1, true,  // wake on LAN, F1 prompt, hyper-threading
-    6, 4,  // BIOS console: port, baud rate
-    {{3, 1, 0}, {3, 2, 0}, {1, 5, 2}, {1, 5, 4}, {2, 0, 0}, {2, 1, 7}, {1, 0, 0},
-     {1, 0, 0}, {4, 2, 0}, {4, 3, 0}, {1, 1, 0}, {1, 2, 0}, {0, 9, 0}, {1, 0, 3}},
-};
+// clang-format on
+RomSettings Settings() {
+    RomSettings settings;
+    settings.asr_enabled = true;
+    settings.asr_minutes = 20;
+    settings.asset = "Rack 4, unit 12";
+    settings.name = "corvex-db1";
+    settings.shutdown = true;
+    settings.boot_order = {kBootHdd, kBootCdrom, kBootUsbKey, kBootPxeAfterUsbKey, kBootFloppy};
+    settings.nics = {kNicBootPxe, kNicBootIscsi};
+    settings.port_a = 0x40 | kUartCom1;
+    settings.port_b = 0x30 | kUartCom2;
+    settings.virtual_port = kUartDisabled;
+    settings.wake_on_lan = kWakeOnLanEnabled;
+    settings.f1_prompt = kF1Enabled;
+    settings.hyper_threading = true;
+    settings.bios_port = kBiosPortVirtual;
+    settings.bios_baud = kBaud115200;
+    VERSEVREC& versions = settings.versions;
+    versions.tz_baseline = {3, 1, 0};
+    versions.tz_current = {3, 2, 0};
+    versions.vetro_baseline = {1, 5, 2};
+    versions.vetro_current = {1, 5, 4};
+    versions.flasko_baseline = {2, 0, 0};
+    versions.flasko_current = {2, 1, 7};
+    versions.pw_baseline = {1, 0, 0};
+    versions.pw_current = {1, 0, 0};
+    versions.sift_baseline = {4, 2, 0};
+    versions.sift_current = {4, 3, 0};
+    versions.extmod_baseline = {1, 1, 0};
+    versions.extmod_current = {1, 2, 0};
+    versions.krl_baseline = {0, 9, 0};
+    versions.krl_current = {1, 0, 3};
+    return settings;
+}
+// clang-format off
 
 }  // namespace
 
 const Model kTr500k2 = {
     "tr500k2", "Corvex TR500 K2",
-    kFans, kSensors, kSupplies, kIndicatorOff, kDriverMemory, kHardware, kSettings, Kelm::Present,
+    kFans, kSensors, kSupplies, kIndicatorOff, kDriverMemory, kHardware, Settings(), Kelm::Present,
 };
 // clang-format on

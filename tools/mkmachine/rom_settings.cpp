@@ -1,4 +1,4 @@
-// The ROM variables, and the recovery timer's state.
+// The firmware's settings as ROM variables, and the recovery timer's state.
 #include <algorithm>
 #include <cstring>
 
@@ -23,15 +23,19 @@ void AddTimers(MachineBuilder& machine, const RomSettings& settings) {
 }
 
 void AddBoot(MachineBuilder& machine, const RomSettings& settings) {
-    machine.Variable(kBootOrderVariable, settings.boot_order);
-    machine.Variable(kBootCountVariable, BootDeviceCount{settings.boot_devices});
+    ZTHIPLSTRUCT order;
+    std::memset(&order, 0xFF, sizeof order);
+    std::copy(settings.boot_order.begin(), settings.boot_order.end(), order.ucPriority);
+    machine.Variable(kBootOrderVariable, order);
+    const auto devices = static_cast<uint8_t>(settings.boot_order.size());
+    machine.Variable(kBootCountVariable, BootDeviceCount{devices});
     machine.Variable(kBootOnceVariable, ZTTBT1STRUCT{{settings.boot_once}, 0});
 }
 
 void AddNics(MachineBuilder& machine, const RomSettings& settings) {
-    std::string boot(10, '\0');  // one byte per NIC, with room for more NICs than any model has
+    std::string boot(10, '\0');  // a byte for each NIC, with room for more NICs than any model has
     NicPxeFlags flags{};
-    for (size_t i = 0; i < sizeof settings.nics; ++i) {
+    for (size_t i = 0; i < settings.nics.size(); ++i) {
         boot[i] = static_cast<char>(settings.nics[i]);
         if (settings.nics[i] == kNicBootPxe) flags.nics.ucData |= static_cast<uint8_t>(1 << i);
     }
@@ -67,7 +71,7 @@ void AddConfiguration(MachineBuilder& machine, const RomSettings& settings) {
 
 }  // namespace
 
-void AddRomVariables(MachineBuilder& machine, const RomSettings& settings) {
+void AddRomSettings(MachineBuilder& machine, const RomSettings& settings) {
     AddTexts(machine, settings);
     AddTimers(machine, settings);
     AddBoot(machine, settings);
