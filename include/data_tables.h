@@ -1,6 +1,9 @@
 // The data tables of the health driver: the request block that asks for a record of a table, and the
 // descriptor record that every fan, temperature sensor and power supply has. Little-endian, as the driver
 // has them; bit fields are numbered from the least significant bit.
+//
+// Each record of a table, here and in its family's header, has a pointer type, P and the record's name. It
+// belongs to the interface for code that works with generic_dtioctl's buffers; Reply does without.
 #pragma once
 
 #include <cstddef>
@@ -57,10 +60,26 @@ union FEATURE_STATE_FLAGS {
     } s1;
 };
 
+enum ZoneType : uint8_t {  // where in the chassis a device sits
+    kSystemZone = 0,
+    kSystemBoardZone = 1,
+    kIoZone = 2,
+    kProcessorZone = 3,
+    kMemoryZone = 4,
+    kScsiBackplaneZone = 5,
+    kRemovableMediaZone = 6,
+    kPowerSupplyZone = 7,
+    kAmbientZone = 8,
+    kChassisZone = 9,
+    kPciBridgeZone = 10,
+    kExhaustZone = 11,
+    kVirtualZone = 15,
+};
+
 union LOCATIONDESIGNATOR {
     uint16_t usLocation;
     struct {
-        uint16_t bits_ZoneType : 5;
+        uint16_t bits_ZoneType : 5;            // a ZoneType, or another
         uint16_t bits_InstanceOfZoneType : 5;  // of the processor zone: the processor's number
         uint16_t bit_ExternalAccess : 1;
         uint16_t bits_Reserved : 5;

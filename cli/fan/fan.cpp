@@ -3,27 +3,10 @@
 #include <cstdio>
 
 #include "cli/command/refusals.h"
-#include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/health-table/locations.h"
-#include "cli/health-table/older_records.h"
-#include "cli/health-table/rows.h"
 #include "include/fan_records.h"
 #include "src/utils/word_table.h"
 
 namespace {
-
-constexpr ZoneWords kZoneWords = {"SYSTEM", "POWERSUPPLY_BAY", "EXHAUST"};
-
-enum Cell { kFan, kLocation, kPresent, kSpeed, kPercent, kRedundant, kPartner, kHotPluggable, kCells };
-
-constexpr char kHeading[] =
-    "\nFan  Location        Present Speed  of max  Redundant  Partner  Hot-pluggable"
-    "\n---  --------        ------- -----  ------  ---------  -------  -------------"
-    "\n";
-
-constexpr int kWidths[] = {5, 16, 8, 7, 8, 11, 9, 14};
-
-using Row = outdata<kCells>;
 
 constexpr CodeText kSpeeds[] = {
     {kFanNormal, "NORMAL"},
@@ -31,97 +14,121 @@ constexpr CodeText kSpeeds[] = {
     {kFanOff, "OFF"},
 };
 
-// What either generation of records says.
-struct Presence {
-    bool present;
-    bool redundant;
-    int partner;  // only of a redundant fan
-};
-
-Presence PresenceOf(const FANDDATA& older) {
-    return {older.ucPresent != 0, older.ucRedundant != 0, older.ucRedundantPartner};
+void TakePresence(FanStatus& fan, const FANDDATA& older) {
+    fan.present = older.ucPresent != 0;
+    fan.redundant = older.ucRedundant != 0;
+    fan.partner = older.ucRedundantPartner;
 }
 
-// The redundancy group stands in for the partner.
-Presence PresenceOf(const COMMONFEATUREINFO& feature) {
-    const auto state = feature.DeviceState.s1;
-    return {state.bit_PhysicallyPresent != 0, state.bit_GroupIsRedundant != 0,
-            feature.RedGroup.s1.bits_RedundantGroupId};
+void TakePresence(FanStatus& fan, const COMMONFEATUREINFO& feature) {
+    fan.present = feature.DeviceState.s1.bit_PhysicallyPresent != 0;
+    fan.redundant = feature.DeviceState.s1.bit_GroupIsRedundant != 0;
+    fan.partner = feature.RedGroup.s1.bits_RedundantGroupId;
 }
 
-void SetPresence(Row& row, const Presence& presence) {
-    SetCell(row.tdata[kPresent], "%s", YesNo(presence.present));
-    SetCell(row.tdata[kRedundant], "%s", YesNo(presence.redundant));
-    if (presence.redundant) {
-        SetCell(row.tdata[kPartner], "%d", presence.partner);
+void TakeSpeed(FanStatus& fan, const FANBASIC& basic) {
+    fan.speed = TextOfCode(kSpeeds, basic.ucSpeedState, "UNKNOWN");
+    if (basic.ucSpeedPctIsValid != 0) fan.percent = basic.ucSpeedPct;
+    fan.hot_pluggable = basic.FanDescriptor.s1.bit_HotPlug != 0;
+}
+
+// index: from 0.
+FansRead ReadFan(FanStatus& fan, int index, OlderRecords<FANDDATA>& older_records) {
+    fan = {};
+    const std::optional<FANDDATA> older = older_records.Read(index);
+    const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index);
+    if (!feature) return FansRead::FeatureFailed;
+    if (older) {
+        TakePresence(fan, *older);
     } else {
-        SetCell(row.tdata[kPartner], "N/A");
+        TakePresence(fan, *feature);
     }
-}
-
-// Every cell but the fan's number and its location.
-void SetFailed(Row& row) {
-    for (int cell = kPresent; cell < kCells; ++cell) SetCell(row.tdata[cell], "FAILED");
-}
-
-void SetSpeed(Row& row, const FANBASIC& basic, bool present) {
-    SetCell(row.tdata[kHotPluggable], "%s", YesNo(basic.FanDescriptor.s1.bit_HotPlug != 0));
-    if (present) SetCell(row.tdata[kSpeed], "%s", TextOfCode(kSpeeds, basic.ucSpeedState, "UNKNOWN"));
-    if (basic.ucSpeedPctIsValid != 0) {
-        SetCell(row.tdata[kPercent], "%d%%", basic.ucSpeedPct);
-    } else {
-        SetCell(row.tdata[kPercent], "N/A");
-    }
-}
-
-// Fills the row of fan number index, from 0. Result: null, or what to say about a record that can't be read.
-const char* FillRow(Row& row, int index, OlderRecords<FANDDATA>& older_records) {
-    for (field& cell : row.tdata) SetCell(cell, "-");
-    SetCell(row.tdata[kFan], "#%d", index + 1);
-
-    FANDDATA older{};
-    const bool newway = !older_records.Read(index, &older);
-    Presence presence{};
-    DEVICE_STATE_FLAGS state{};
-    {
-        const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index);
-        if (!feature) return "\nERROR: \"SHOW FAN\" command failed.";
-        presence = newway ? PresenceOf(*feature) : PresenceOf(older);
-        state = feature->DeviceState;
-        SetLocation(row.tdata[kLocation], feature->Location, kZoneWords);
-    }
-    SetPresence(row, presence);
-    if (state.s1.bit_PhysicallyFailed != 0) {
-        if (presence.present) SetFailed(row);
-        return nullptr;
-    }
+    fan.location = LocationName(feature->Location, ZoneNames::OfFans);
+    fan.failed = feature->DeviceState.s1.bit_PhysicallyFailed != 0;
+    if (fan.failed) return FansRead::All;
 
     const Reply<FANBASIC> basic(kFanBasicTable, index);
-    if (!basic) return "\nERROR: \"SHOW FAN\" command failed";
-    SetSpeed(row, *basic, presence.present);
-    return nullptr;
+    if (!basic) return FansRead::BasicFailed;
+    TakeSpeed(fan, *basic);
+    return FansRead::All;
+}
+
+// The cells of a row. Those between that aren't named are never printed.
+enum Cell {
+    kFan = 0,
+    kLocation = 1,
+    kSpeed = 3,
+    kPercent = 4,
+    kRedundant = 5,
+    kPartner = 6,
+    kHotPluggable = 8,
+    kPresent = 9,
+};
+
+constexpr char kHeading[] =
+    "\nFan  Location        Present Speed  of max  Redundant  Partner  Hot-pluggable"
+    "\n---  --------        ------- -----  ------  ---------  -------  -------------"
+    "\n";
+constexpr Column kColumns[] = {
+    {kFan, 5},     {kLocation, 16},  {kPresent, 8}, {kSpeed, 7},
+    {kPercent, 8}, {kRedundant, 11}, {kPartner, 9}, {kHotPluggable, 14},
+};
+
+// What nothing is known of shows as "-".
+outdata RowOf(const FanStatus& fan, int number) {
+    outdata row;
+    for (field& cell : row.tdata) SetCell(cell, "-");
+    SetCell(row.tdata[kFan], "#%d", number);
+    row.tdata[kLocation] = fan.location;
+    if (fan.failed && fan.present) {
+        for (int cell = kLocation + 1; cell <= kPresent; ++cell) SetCell(row.tdata[cell], "FAILED");
+        return row;
+    }
+
+    SetCell(row.tdata[kPresent], "%s", YesNo(fan.present));
+    SetCell(row.tdata[kRedundant], "%s", YesNo(fan.redundant));
+    SetCell(row.tdata[kPartner], "N/A");
+    if (fan.redundant) SetCell(row.tdata[kPartner], "%d", fan.partner);
+    if (fan.failed) return row;
+
+    if (fan.present) SetCell(row.tdata[kSpeed], "%s", fan.speed);
+    SetCell(row.tdata[kPercent], "N/A");
+    if (fan.percent) SetCell(row.tdata[kPercent], "%d%%", *fan.percent);
+    SetCell(row.tdata[kHotPluggable], "%s", YesNo(fan.hot_pluggable));
+    return row;
 }
 
 }  // namespace
 
+FansRead ReadFans(Fans& fans) {
+    {
+        const Reply<FANHEADER> header(kFanHeaderTable, 0);
+        if (!header) return FansRead::HeaderFailed;
+        if (header->ucDataAvailable == 0) return FansRead::NotSupported;
+        fans.count = header->ucNumSupportedByChassis;
+    }
+
+    OlderRecords<FANDDATA> older_records(kFanDataTable);
+    for (int i = 0; i < fans.count; ++i) {
+        const FansRead result = ReadFan(fans.fans[i], i, older_records);
+        if (result != FansRead::All) return result;
+    }
+    return FansRead::All;
+}
+
 int do_show_fans(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    int NumFans = 0;
-    {
-        const Reply<FANHEADER> header(kFanHeaderTable, 0);
-        if (!header) return Fail("\nERROR: \"SHOW\" FAN command failed");
-        if (header->ucDataAvailable == 0) return Fail("\nERROR: This system does not support fans.");
-        NumFans = header->ucNumSupportedByChassis;
-    }
-
-    Row out_array[kMaxRows];
-    OlderRecords<FANDDATA> older_records(kFanDataTable);
-    for (int i = 0; i < NumFans; ++i) {
-        if (const char* error = FillRow(out_array[i], i, older_records)) return Fail("%s", error);
+    Fans fans;
+    switch (ReadFans(fans)) {
+        case FansRead::HeaderFailed: return Fail("\nERROR: \"SHOW\" FAN command failed");
+        case FansRead::NotSupported: return Fail("\nERROR: This system does not support fans.");
+        case FansRead::FeatureFailed: return Fail("\nERROR: \"SHOW FAN\" command failed.");
+        case FansRead::BasicFailed: return Fail("\nERROR: \"SHOW FAN\" command failed");
+        case FansRead::All: break;
     }
 
     std::fputs(kHeading, stdout);
-    for (int i = 0; i < NumFans; ++i) PrintRow(out_array[i], kWidths);
+    for (int i = 0; i < fans.count; ++i) PrintRow(RowOf(fans.fans[i], i + 1), kColumns);
     return 0;
 }

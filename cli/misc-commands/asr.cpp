@@ -5,6 +5,7 @@
 
 #include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/devices.h"
+#include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/switch_words.h"
@@ -36,18 +37,26 @@ int SwitchTimer(InputLineType* line, const SwitchWay& way) {
 
 }  // namespace
 
+AsrRead ReadAsrTimer(AsrTimer& timer) {
+    int32_t enabled = 0;
+    if (vxIoctlRequest(casr_fd, kTimerState, &enabled) != 0) return AsrRead::StateFailed;
+    ASREVSTRUCT asr;
+    if (!ReadVariable(kTimeout, asr)) return AsrRead::TimeoutFailed;
+    timer = {enabled != 0, asr.ucTimeoutValue};
+    return AsrRead::Done;
+}
+
 int do_show_asr(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    int32_t enabled = 0;
-    if (vxIoctlRequest(casr_fd, kTimerState, &enabled) != 0) {
-        return Fail("\nERROR: Failed to get ASR enabled state.");
+    AsrTimer timer;
+    switch (ReadAsrTimer(timer)) {
+        case AsrRead::StateFailed: return Fail("\nERROR: Failed to get ASR enabled state.");
+        case AsrRead::TimeoutFailed: return Fail(kUnreadable);
+        case AsrRead::Done: break;
     }
-    ASREVSTRUCT asr;
-    if (!ReadVariable(kTimeout, asr)) return Fail(kUnreadable);
-
-    std::printf("\nASR timeout is %d minutes.", asr.ucTimeoutValue);
-    std::printf("\nASR is currently %s.", EnabledOrDisabled(enabled != 0));
+    std::printf("\nASR timeout is %d minutes.", timer.minutes);
+    std::printf("\nASR is currently %s.", EnabledOrDisabled(timer.enabled));
     return 0;
 }
 

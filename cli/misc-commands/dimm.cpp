@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "cli/command/refusals.h"
-#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/memory_records.h"
@@ -30,90 +30,87 @@ constexpr CodeText kStatuses[] = {
     {9, "DIMM is degraded"},
 };
 
-void PrintStatus(uint32_t status) {
-    std::printf("\nStatus:");
-    if (const CodeText* row = FindCode(kStatuses, status)) {
-        std::printf("        %s\n", row->text);
-    } else {
-        std::printf("        Unknown - 0x%x\n", status);
-    }
-}
-
-void PrintModule(const RESMEM_DIMM_CONFIG& config, uint32_t status) {
-    std::printf("\nCartridge #:   %d", static_cast<int>(config.ulCartID));
-    std::printf("\nModule #:      %d", static_cast<int>(config.ulModuleID));
-    std::printf("\nPresent:       %s", YesNo(config.ulPresent == 1));
-    std::printf("\nForm Factor:   %xh", config.dimmInfo.ulFormFactor);
-    std::printf("\nMemory Type:   %xh", config.dimmInfo.ulMemType);
-    std::printf("\nSize:          %d MB", static_cast<int>(config.dimmInfo.ulSize));
-    std::printf("\nSpeed:         %d MHz", static_cast<int>(config.dimmInfo.ulSpeed));
-    PrintStatus(status);
-}
-
-// Which cartridges to walk, and how many modules of each.
-struct Walk {
-    int cart_start = 0;
-    int carts = kUnknownCount;
-    int dimms = kUnknownCount;
-};
-
 // A count from the driver, at most `most`. One above INT_MAX turns negative, and the walk then shows nothing.
 int Bounded(uint32_t count, int most) {
     return std::min(static_cast<int>(count), most);
 }
 
-Walk FindMemory() {
-    Walk walk;
-    if (const Reply<RESMEM_CONFIG> memory{kMemoryTable, 0}) {
-        walk.dimms = Bounded(memory->ulNumberModules, kMaxModules);
-        walk.carts = Bounded(memory->ulNumberCartridges, kMaxCartridges);
-    }
-    const Reply<CartridgeBeginning> board(kCartridgeTable, kSystemBoardCartridge);
-    if (board && board->ulCartID == 0 && board->ulNumModules != 0) {
-        walk.cart_start = kSystemBoardCartridge;
-        walk.carts = kSystemBoardCartridge + 1;
-    }
-    return walk;
+ModuleStatus StatusOf(const RESMEM_DIMM_CONFIG& config, uint32_t status) {
+    const RESMEM_DIMM_INFO& info = config.dimmInfo;
+    ModuleStatus module{};
+    module.cartridge = static_cast<int>(config.ulCartID);
+    module.module = static_cast<int>(config.ulModuleID);
+    module.present = config.ulPresent == 1;
+    module.form_factor = info.ulFormFactor;
+    module.memory_type = info.ulMemType;
+    module.size = static_cast<int>(info.ulSize);
+    module.speed = static_cast<int>(info.ulSpeed);
+    module.status = status;
+    module.status_text = TextOfCode(kStatuses, status, nullptr);
+    return module;
 }
 
-enum class Outcome { Shown, Empty, NoSuchModule, Failed };
-
-Outcome ShowModule(int cartridge, int module) {
-    const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge, module);
-    if (!config) return Outcome::NoSuchModule;
-    if (config->ulPresent == 0) return Outcome::Empty;
-
-    const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge, module);
-    if (!status) return Outcome::Failed;
-    PrintModule(*config, status->ulStatus);
-    return Outcome::Shown;
-}
-
-// Shows the modules up to the first that the driver refuses. False when a module's status can't be read.
-bool ShowModules(const Walk& walk, int* dimms_installed) {
-    for (int cartridge = walk.cart_start; cartridge < walk.carts; ++cartridge) {
-        for (int module = 0; module < walk.dimms; ++module) {
-            switch (ShowModule(cartridge, module)) {
-                case Outcome::Shown: ++*dimms_installed; break;
-                case Outcome::Empty: break;
-                case Outcome::NoSuchModule: return true;
-                case Outcome::Failed: return false;
-            }
-        }
+void PrintModule(const ModuleStatus& module) {
+    std::printf("\nCartridge #:   %d", module.cartridge);
+    std::printf("\nModule #:      %d", module.module);
+    std::printf("\nPresent:       %s", YesNo(module.present));
+    std::printf("\nForm Factor:   %xh", module.form_factor);
+    std::printf("\nMemory Type:   %xh", module.memory_type);
+    std::printf("\nSize:          %d MB", module.size);
+    std::printf("\nSpeed:         %d MHz", module.speed);
+    std::printf("\nStatus:");
+    if (module.status_text != nullptr) {
+        std::printf("        %s\n", module.status_text);
+    } else {
+        std::printf("        Unknown - 0x%x\n", module.status);
     }
-    return true;
 }
 
 }  // namespace
 
+MemoryModules::MemoryModules() : cartridges_(kUnknownCount), sockets_(kUnknownCount) {
+    if (const Reply<RESMEM_CONFIG> memory{kMemoryTable, 0}) {
+        sockets_ = Bounded(memory->ulNumberModules, kMaxModules);
+        cartridges_ = Bounded(memory->ulNumberCartridges, kMaxCartridges);
+    }
+    const Reply<CartridgeBeginning> board(kCartridgeTable, kSystemBoardCartridge);
+    if (board && board->ulCartID == 0 && board->ulNumModules != 0) {
+        cartridge_ = kSystemBoardCartridge;
+        cartridges_ = kSystemBoardCartridge + 1;
+    }
+}
+
+MemoryModules::Next MemoryModules::ReadNext(ModuleStatus& module) {
+    for (; cartridge_ < cartridges_; ++cartridge_, socket_ = 0) {
+        while (socket_ < sockets_) {
+            const int socket = socket_++;
+            const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge_, socket);
+            if (!config) return Next::End;
+            if (config->ulPresent == 0) continue;
+
+            const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge_, socket);
+            if (!status) return Next::Failed;
+            module = StatusOf(*config, status->ulStatus);
+            return Next::Module;
+        }
+    }
+    return Next::End;
+}
+
 int do_show_dimm(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    const Walk walk = FindMemory();
+    MemoryModules modules;
     std::printf("\nDIMM Configuration");
     std::printf("\n------------------");
+    ModuleStatus module;
     int dimms_installed = 0;
-    if (!ShowModules(walk, &dimms_installed)) return Fail("\nERROR: \"SHOW DIMM\" command failed.");
+    auto next = modules.ReadNext(module);
+    for (; next == MemoryModules::Next::Module; next = modules.ReadNext(module)) {
+        PrintModule(module);
+        ++dimms_installed;
+    }
+    if (next == MemoryModules::Next::Failed) return Fail("\nERROR: \"SHOW DIMM\" command failed.");
 
     if (dimms_installed == 0) get_dimminfo_smbios();
     return 0;

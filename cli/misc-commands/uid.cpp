@@ -7,18 +7,17 @@
 
 #include "cli/command/refusals.h"
 #include "cli/generic_dtioctl/devices.h"
-#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "include/indicator_records.h"
 #include "platform/request.h"
 #include "src/utils/word_table.h"
 
 namespace {
 
 constexpr CodeText kStates[] = {
-    {kIndicatorOff, "off."},
-    {kIndicatorOn, "on."},
-    {kIndicatorBlinking, "blinking."},
+    {kIndicatorOff, "off"},
+    {kIndicatorOn, "on"},
+    {kIndicatorBlinking, "blinking"},
 };
 
 // A cleared reply buffer; null when there is no memory for it.
@@ -40,14 +39,24 @@ int ControlLight(IndicatorSubfunction subfunction, INDCBASIC* reply) {
 
 }  // namespace
 
+LightRead ReadLight(const char*& state) {
+    const auto reply = NewReply();
+    if (!reply) return LightRead::NoMemory;
+    if (ControlLight(kReportState, reply.get()) != 0) return LightRead::Failed;
+    state = TextOfCode(kStates, reply->ucCurrState, "in an unknown state");
+    return LightRead::Done;
+}
+
 int do_show_uid(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    const auto reply = NewReply();
-    if (!reply) return Fail("\nERROR: Could not allocate memory for \"SHOW UID\" command.");
-    if (ControlLight(kReportState, reply.get()) != 0) return Fail("\nERROR: \"SHOW UID\" command failed.");
-
-    std::printf("\nUID is currently %s", TextOfCode(kStates, reply->ucCurrState, "in an unknown state."));
+    const char* state = nullptr;
+    switch (ReadLight(state)) {
+        case LightRead::NoMemory: return Fail("\nERROR: Could not allocate memory for \"SHOW UID\" command.");
+        case LightRead::Failed: return Fail("\nERROR: \"SHOW UID\" command failed.");
+        case LightRead::Done: break;
+    }
+    std::printf("\nUID is currently %s.", state);
     return 0;
 }
 

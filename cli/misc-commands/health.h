@@ -1,0 +1,88 @@
+// What the driver's records say of power supplies, the unit identification light, the recovery timer and
+// memory modules: read here, shown by the SHOW commands of misc_commands.h. Functions print nothing, but that
+// generic_dtioctl reports when memory runs out.
+#pragma once
+
+#include <cstdint>
+
+#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/health-table/health_table.h"
+#include "include/indicator_records.h"
+#include "include/power_supply_records.h"
+
+// Power supplies, bay by bay.
+
+struct SupplyStatus {
+    bool installed;  // false: the bay is empty, and nothing else is known of it
+    bool present;    // by the common feature record, which may differ from what the older one says
+    bool redundant;
+    const char* condition;  // "Ok", "DEGRADED" or "FAILED"; null
+    bool hot_pluggable;
+};
+
+class SupplyBays {
+  public:
+    enum class Header { Refused, NoData, Read };
+
+    SupplyBays();  // reads the header
+    Header header() const { return header_; }
+    int count() const { return count_; }  // of bays; 0 unless the header could be read
+
+    // Reads a bay, index from 0, in ascending order. False when the driver refuses a record of it.
+    bool Read(int index, SupplyStatus& supply);
+
+  private:
+    Header header_ = Header::Refused;
+    int count_ = 0;
+    OlderRecords<POWERSUPPLYNUMBERS> older_records_{kSupplyNumbersTable};
+};
+
+// The unit identification light.
+
+enum class LightRead { Done, NoMemory, Failed };
+
+// Reads what the light does. state: set to "on", "off", "blinking" or "in an unknown state" when it is done.
+LightRead ReadLight(const char*& state);
+
+// The automatic server recovery timer.
+
+struct AsrTimer {
+    bool enabled;
+    int minutes;
+};
+
+enum class AsrRead { Done, StateFailed, TimeoutFailed };
+
+AsrRead ReadAsrTimer(AsrTimer& timer);
+
+// Memory modules, in the order of the driver's cartridges and their sockets.
+
+struct ModuleStatus {
+    int cartridge;  // as they are labelled
+    int module;
+    bool present;  // false: there is something in the socket, but not a module that the driver takes for one
+    uint32_t form_factor;  // as SMBIOS numbers them
+    uint32_t memory_type;
+    int size;                 // megabytes
+    int speed;                // MHz
+    uint32_t status;          // the driver's number
+    const char* status_text;  // null when the number isn't known
+};
+
+class MemoryModules {
+  public:
+    enum class Next { Module, End, Failed };
+
+    MemoryModules();  // asks where there is memory
+
+    // Reads the next socket that isn't empty. End: there is none, or the driver refused a socket. Failed: the
+    // driver refused the module's status. After either there is nothing more to read.
+    Next ReadNext(ModuleStatus& module);
+
+  private:
+    // The socket to be read next, and behind which cartridge and which socket of each the walk ends.
+    int cartridge_ = 0;
+    int cartridges_;
+    int socket_ = 0;
+    int sockets_;
+};
