@@ -1,4 +1,4 @@
-// Reads records of the health driver's data tables.
+// The health driver's data tables, record by record.
 #pragma once
 
 #include <cstdlib>
@@ -7,17 +7,17 @@
 #include "cli/generic_dtioctl/devices.h"
 #include "include/data_tables.h"
 
-// Reads one record. dt_type: the table. index, index2: narrowed to bytes, so -1 arrives as 255. size: bytes
-// of the record. fd: the cdt device.
-// Result: a buffer of size bytes, zero where the driver wrote nothing; the caller frees it. Null when the
-// request failed (nothing printed) or there was no memory (which is reported).
+// Reads a record of `size` bytes from the table dt_type. The request has a byte for each index, so the driver
+// is asked for 255 where index is -1. fd: the cdt device.
+// Result: the record in a buffer that the caller frees; bytes that the driver doesn't write are zero. Null
+// when the request fails, which the caller reports, or when memory runs out, which is reported here.
 void* generic_dtioctl(short dt_type, int index, int index2, int size, int fd);
 
-// One record of the driver, as a handler wants it: typed, and freed when the scope ends.
+// A record for the length of a scope.
 template <typename Record>
 class Reply {
   public:
-    // Asks the cdt device for it; the arguments are generic_dtioctl's.
+    // Reads it from the cdt device.
     Reply(DataTableType table, int index, int index2 = 0)
         : record_(static_cast<Record*>(generic_dtioctl(static_cast<short>(table), index, index2,
                                                        static_cast<int>(sizeof(Record)), cdt_fd))) {}
@@ -25,8 +25,8 @@ class Reply {
     Reply(const Reply&) = delete;
     Reply& operator=(const Reply&) = delete;
 
-    explicit operator bool() const { return record_ != nullptr; }  // false: the request failed
-    const Record* operator->() const { return record_; }           // only when it did not
+    explicit operator bool() const { return record_ != nullptr; }  // false: there is no record to look at
+    const Record* operator->() const { return record_; }
     const Record& operator*() const { return *record_; }
 
   private:

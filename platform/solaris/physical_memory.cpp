@@ -1,5 +1,5 @@
-// The physical-memory device of the real server. The device grants a mapping only with all three rights,
-// though nothing here writes.
+// The physical-memory device of the real server. A mapping is asked for with all three rights, though nothing
+// here writes to the memory or runs it: whether the device would grant less isn't documented.
 #include "platform/physical_memory.h"
 
 #include <fcntl.h>
@@ -16,7 +16,7 @@ void* xsvc_map(int fd, off_t address, size_t length) {
 }
 
 void xsvc_unmap(void* mapping, size_t length) {
-    munmap(static_cast<char*>(mapping), length);
+    munmap(static_cast<char*>(mapping), length);  // older headers declare munmap(caddr_t, size_t)
 }
 
 void xsvc_close(int fd) {
