@@ -1,4 +1,5 @@
 // The asset text.
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
@@ -36,6 +37,6 @@ int do_set_asset(InputLineType* InputLine) {
 
     const char* text = InputLine->Words[2];
     AssetText asset{};
-    std::memcpy(asset.asset_text, text, strnlen(text, sizeof asset.asset_text));
+    std::memcpy(asset.asset_text, text, std::min(std::strlen(text), sizeof asset.asset_text));
     return Report<kTexts>(StoreVariable(kAsset, asset));
 }

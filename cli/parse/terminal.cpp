@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstring>  // memset, which the server's FD_ZERO is made of
 
 namespace {
 
