@@ -1,16 +1,49 @@
 #include "platform/sim/call.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 
 #include "platform/sim/faults.h"
-#include "platform/sim/trace.h"
+#include "platform/sim/machine_directory.h"
 
 namespace {
 
+constexpr char kTraceFile[] = "trace";
+constexpr int kAppend = O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC;
+constexpr size_t kLongestLine = kSubjectSize + kDetailSize + sizeof " -> -1 errno=2147483647\n";
+
+// Moves a descriptor clear of the standard streams, which may be closed: what the program prints must not end
+// up in the trace.
+int AboveStandardStreams(int fd) {
+    if (fd < 0 || fd > STDERR_FILENO) return fd;
+    const int moved = fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    close(fd);
+    return moved;
+}
+
+// Empty when the machine isn't traced. A trace that exists and can't be written is reported on standard
+// error.
+Descriptor OpenTrace() {
+    const Descriptor machine = OpenMachine();
+    struct stat status;
+    if (!machine || fstatat(machine.Get(), kTraceFile, &status, 0) != 0) return Descriptor();
+
+    int fd = -1;
+    errno = EINVAL;
+    if (S_ISREG(status.st_mode)) fd = openat(machine.Get(), kTraceFile, kAppend);
+    if (fd < 0) std::fprintf(stderr, "simulated machine: trace: %s\n", std::strerror(errno));
+    return Descriptor(AboveStandardStreams(fd));
+}
+
 struct Session {
     Faults faults;
-    TraceFile trace;
+    Descriptor trace = OpenTrace();
 };
 
 const Session& TheSession() {
@@ -18,20 +51,44 @@ const Session& TheSession() {
     return session;
 }
 
+// Appends a line, which ends in the format's newline; cuts one that is too long.
+__attribute__((format(printf, 1, 2))) void Append(const char* format, ...) {
+    const Descriptor& trace = TheSession().trace;
+    if (!trace) return;
+    char line[kLongestLine];
+    va_list arguments;
+    va_start(arguments, format);
+    const int wanted = std::vsnprintf(line, sizeof line, format, arguments);
+    va_end(arguments);
+    if (wanted <= 0) return;
+    // Whatever a request carries in the place of a name, and however much, it stays within its own line.
+    char* const end = line + std::min(static_cast<size_t>(wanted), sizeof line - 1) - 1;
+    for (char* next = line; next < end; ++next) {
+        if (static_cast<unsigned char>(*next) < ' ') *next = '?';
+    }
+    *end = '\n';
+    // One write, so that the lines of two processes don't mix. A full disk costs the line, not the call.
+    if (write(trace.Get(), line, static_cast<size_t>(end + 1 - line)) < 0) return;
+}
+
 }  // namespace
 
-void Call::Subject(const char* format, ...) {
+void Call::SetSubject(const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
     std::vsnprintf(subject, sizeof subject, format, arguments);
     va_end(arguments);
 }
 
-void Call::Detail(const char* format, ...) {
+void Call::SetDetail(const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
     std::vsnprintf(detail, sizeof detail, format, arguments);
     va_end(arguments);
+}
+
+bool MachineIsWatched() {
+    return TheSession().trace || !TheSession().faults.Empty();
 }
 
 bool MeetsFault(const Call& call, int* result) {
@@ -40,14 +97,14 @@ bool MeetsFault(const Call& call, int* result) {
 
 void Trace(const Call& call, int result) {
     if (result < 0) {
-        TheSession().trace.Append("%s%s -> -1 errno=%d\n", call.subject, call.detail, -result);
+        Append("%s%s -> -1 errno=%d\n", call.subject, call.detail, -result);
     } else {
-        TheSession().trace.Append("%s%s -> %d\n", call.subject, call.detail, result);
+        Append("%s%s -> %d\n", call.subject, call.detail, result);
     }
 }
 
 void Trace(const Call& call) {
-    TheSession().trace.Append("%s%s\n", call.subject, call.detail);
+    Append("%s%s\n", call.subject, call.detail);
 }
 
 int Returned(int result) {

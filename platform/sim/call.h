@@ -1,5 +1,6 @@
-// What every call of the seam has in common: a fault of the machine may take its place, and the machine's
-// trace has a line about it. Both files are looked for once, at the process's first call.
+// What every call of the seam has in common: one of the machine's faults may take its place, and the
+// machine's trace gets a line about it. Both files are looked for once, at the process's first call. A
+// machine that has neither never needs a call's words, so they are only put together for one that has.
 #pragma once
 
 #include <cerrno>
@@ -19,9 +20,12 @@ struct Call {
     char detail[kDetailSize] = "";    // what else the trace shows of it: " size=4 cru=0.0"
     unsigned long request = 0;        // its place among the process's requests, from 1; 0: it isn't a request
 
-    __attribute__((format(printf, 2, 3))) void Subject(const char* format, ...);
-    __attribute__((format(printf, 2, 3))) void Detail(const char* format, ...);
+    __attribute__((format(printf, 2, 3))) void SetSubject(const char* format, ...);
+    __attribute__((format(printf, 2, 3))) void SetDetail(const char* format, ...);
 };
+
+// Whether the machine has faults or is traced.
+bool MachineIsWatched();
 
 // The fault that a call meets, if any. Result: whether there is one; *result is then what the call comes to.
 bool MeetsFault(const Call& call, int* result);
@@ -31,20 +35,35 @@ bool MeetsFault(const Call& call, int* result);
 void Trace(const Call& call, int result);
 void Trace(const Call& call);
 
-// Makes a call: the fault's result or else the action's, which is traced. action: returns 0 or more, or -E.
-// out_of_memory: what the call comes to when the action finds no memory.
+// An action's result: 0 or more, or -E. out_of_memory: what it comes to when it finds no memory.
 template <typename Action>
-int Perform(const Call& call, Action action, int out_of_memory = -ENOMEM) {
-    int result = 0;
-    if (!MeetsFault(call, &result)) {
-        try {
-            result = action();
-        } catch (const std::bad_alloc&) {
-            result = out_of_memory;
-        }
+int ResultOf(Action action, int out_of_memory) {
+    try {
+        return action();
+    } catch (const std::bad_alloc&) {
+        return out_of_memory;
     }
+}
+
+// Makes a call: the fault's result or else the action's, which is traced. describe: puts the call into words.
+template <typename Describe, typename Action>
+int Perform(Describe describe, Action action, int out_of_memory = -ENOMEM) {
+    if (!MachineIsWatched()) return ResultOf(action, out_of_memory);
+    Call call;
+    describe(call);
+    int result = 0;
+    if (!MeetsFault(call, &result)) result = ResultOf(action, out_of_memory);
     Trace(call, result);
     return result;
+}
+
+// Traces a call that has no result and that no fault takes the place of.
+template <typename Describe>
+void TraceWithoutResult(Describe describe) {
+    if (!MachineIsWatched()) return;
+    Call call;
+    describe(call);
+    Trace(call);
 }
 
 // Turns a result into what the system's own calls return: -E becomes -1 with errno E.

@@ -7,18 +7,21 @@
 
 #include "include/asr_timer.h"
 #include "platform/sim/change.h"
-#include "platform/sim/devices.h"
-#include "platform/sim/machine.h"
-#include "platform/sim/numbers.h"
+#include "platform/sim/device.h"
+#include "platform/sim/machine_directory.h"
+#include "platform/sim/text_file.h"
 
 namespace {
 
 constexpr char kStateFile[] = "enabled";
 constexpr size_t kLongestNumber = 32;  // bytes of the file
 
-bool Describe(int code, const void* block, Call& call) {
-    call.Subject("casr %d", code);
-    return code == kDisableTimer || code == kEnableTimer || (code == kTimerState && block != nullptr);
+bool Knows(int /*code*/, const void* /*block*/) {
+    return true;  // every code has the same words
+}
+
+void Describe(int code, const void* /*block*/, Call& call) {
+    call.SetSubject("casr %d", code);
 }
 
 int ReadState(void* block) {
@@ -43,10 +46,14 @@ int SetState(const char* text) {
 }
 
 int Request(int code, void* block) {
-    if (code == kTimerState) return ReadState(block);
-    return SetState(code == kEnableTimer ? "1\n" : "0\n");
+    switch (code) {
+        case kTimerState: return block != nullptr ? ReadState(block) : -EINVAL;
+        case kEnableTimer: return SetState("1\n");
+        case kDisableTimer: return SetState("0\n");
+        default: return -EINVAL;
+    }
 }
 
 }  // namespace
 
-const Device kCasr = {"casr", "/dev/zethealth/casr", Describe, Request};
+const Device kCasr = {"casr", "/dev/zethealth/casr", Knows, Describe, Request};

@@ -7,8 +7,8 @@
 
 #include "include/indicator_records.h"
 #include "platform/sim/change.h"
-#include "platform/sim/devices.h"
-#include "platform/sim/machine.h"
+#include "platform/sim/device.h"
+#include "platform/sim/machine_directory.h"
 
 namespace {
 
@@ -22,12 +22,14 @@ struct RecordName {
     }
 };
 
-bool Describe(int code, const void* block, Call& call) {
-    if (code != kDataTableRequest || block == nullptr) return false;
+bool Knows(int code, const void* block) {
+    return code == kDataTableRequest && block != nullptr;
+}
+
+void Describe(int /*code*/, const void* block, Call& call) {
     const DT_IOCTL_HEADER& header = static_cast<const DT_IOCTL*>(block)->DtHdr;
-    call.Subject("cdt %s", RecordName(header).text);
-    call.Detail(" size=%u cru=%u.%u", header.size, header.CRUFunction, header.CRUSubfunction);
-    return true;
+    call.SetSubject("cdt %s", RecordName(header).text);
+    call.SetDetail(" size=%u cru=%u.%u", header.size, header.CRUFunction, header.CRUSubfunction);
 }
 
 int Report(const DT_IOCTL& block) {
@@ -72,4 +74,4 @@ int Request(int, void* arg) {
 
 }  // namespace
 
-const Device kCdt = {"cdt", "/dev/zethealth/cdt", Describe, Request};
+const Device kCdt = {"cdt", "/dev/zethealth/cdt", Knows, Describe, Request};

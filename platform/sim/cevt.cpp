@@ -5,24 +5,26 @@
 
 #include "include/event_log.h"
 #include "platform/sim/change.h"
-#include "platform/sim/devices.h"
+#include "platform/sim/device.h"
 #include "platform/sim/event_index.h"
-#include "platform/sim/machine.h"
+#include "platform/sim/machine_directory.h"
 
 namespace {
 
 constexpr char kLogFile[] = "hlog";
 
-bool Describe(int code, const void* arg, Call& call) {
-    if (code != kEventLogRequest || arg == nullptr) return false;
+bool Knows(int code, const void* arg) {
+    return code == kEventLogRequest && arg != nullptr;
+}
+
+void Describe(int /*code*/, const void* arg, Call& call) {
     const auto& block = *static_cast<const LOG_INFO*>(arg);
     switch (block.choice) {
-        case kReadEvent: call.Subject("cevt read %d", block.EvtNumber); break;
-        case kClearEvents: call.Subject("cevt clear"); break;
-        default: call.Subject("cevt choice=%d", block.choice); break;
+        case kReadEvent: call.SetSubject("cevt read %d", block.EvtNumber); break;
+        case kClearEvents: call.SetSubject("cevt clear"); break;
+        default: call.SetSubject("cevt choice=%d", block.choice); break;
     }
-    call.Detail(" length=%u", block.length);
-    return true;
+    call.SetDetail(" length=%u", block.length);
 }
 
 // entry: where the reply goes, behind the block.
@@ -60,4 +62,4 @@ int Request(int, void* arg) {
 
 }  // namespace
 
-const Device kCevt = {"cevt", "/dev/zethealth/cevt", Describe, Request};
+const Device kCevt = {"cevt", "/dev/zethealth/cevt", Knows, Describe, Request};

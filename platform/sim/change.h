@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "platform/sim/machine.h"
+#include "platform/sim/machine_directory.h"
 
 class Change {
   public:

@@ -6,8 +6,8 @@
 
 #include "include/rom_variables.h"
 #include "platform/sim/change.h"
-#include "platform/sim/devices.h"
-#include "platform/sim/machine.h"
+#include "platform/sim/device.h"
+#include "platform/sim/machine_directory.h"
 
 namespace {
 
@@ -44,17 +44,19 @@ struct Hexadecimal {
     }
 };
 
-bool Describe(int code, const void* arg, Call& call) {
-    if (arg == nullptr || (code != kReadVariable && code != kWriteVariable)) return false;
+bool Knows(int code, const void* arg) {
+    return arg != nullptr && (code == kReadVariable || code == kWriteVariable);
+}
+
+void Describe(int code, const void* arg, Call& call) {
     const auto& block = *static_cast<const EV_IOCTL_STRUCT*>(arg);
-    call.Subject("crom %s %.*s", code == kReadVariable ? "read" : "write",
-                 static_cast<int>(NameLength(block)), block.EvName);
+    call.SetSubject("crom %s %.*s", code == kReadVariable ? "read" : "write",
+                    static_cast<int>(NameLength(block)), block.EvName);
     if (code == kReadVariable) {
-        call.Detail(" length=%u", block.DataLength);
+        call.SetDetail(" length=%u", block.DataLength);
     } else {
-        call.Detail(" length=%u data=%s", block.DataLength, Hexadecimal(block).text);
+        call.SetDetail(" length=%u data=%s", block.DataLength, Hexadecimal(block).text);
     }
-    return true;
 }
 
 int Read(EV_IOCTL_STRUCT& block) {
@@ -84,4 +86,4 @@ int Request(int code, void* arg) {
 
 }  // namespace
 
-const Device kCrom = {"crom", "/dev/zethealth/crom", Describe, Request};
+const Device kCrom = {"crom", "/dev/zethealth/crom", Knows, Describe, Request};

@@ -8,7 +8,7 @@
 #include <ctime>
 #include <vector>
 
-#include "platform/sim/machine.h"
+#include "platform/sim/machine_directory.h"
 
 struct EventPlace {
     uint32_t number;

@@ -7,10 +7,9 @@
 #include <cstring>
 #include <new>
 
-#include "platform/sim/devices.h"
-#include "platform/sim/lines.h"
-#include "platform/sim/machine.h"
-#include "platform/sim/numbers.h"
+#include "platform/sim/device.h"
+#include "platform/sim/machine_directory.h"
+#include "platform/sim/text_file.h"
 
 namespace {
 

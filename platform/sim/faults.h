@@ -5,13 +5,15 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/sim/machine.h"
+#include "platform/sim/machine_directory.h"
 
 class Faults {
   public:
     // Reads the file, if there is one. Each line that can't be read is reported on standard error, as is a
     // file that can't.
     Faults();
+
+    bool Empty() const { return faults_.empty(); }
 
     // Whether a call goes wrong. subject: the call as a fault names it. request: its place among the
     // process's requests, from 1; 0 for a call that isn't one. *result: then set, 0 or more or -E.

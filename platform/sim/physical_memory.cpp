@@ -8,7 +8,7 @@
 #include <cerrno>
 
 #include "platform/sim/call.h"
-#include "platform/sim/machine.h"
+#include "platform/sim/machine_directory.h"
 
 namespace {
 
@@ -41,10 +41,9 @@ int Map(int fd, off_t address, size_t length, void*& mapping) {
 }  // namespace
 
 int xsvc_open() {
-    Call call;
-    call.Subject("xsvc open");
+    const auto describe = [](Call& call) { call.SetSubject("xsvc open"); };
     Descriptor file;
-    const int result = Perform(call, [&] {
+    const int result = Perform(describe, [&] {
         file = OpenFile(OpenMachine(), kMemoryFile);
         return file ? 0 : -errno;
     });
@@ -52,24 +51,21 @@ int xsvc_open() {
 }
 
 void* xsvc_map(int fd, off_t address, size_t length) {
-    Call call;
-    call.Subject("xsvc map 0x%08llx", static_cast<unsigned long long>(address));
-    call.Detail(" %zu", length);
+    const auto describe = [&](Call& call) {
+        call.SetSubject("xsvc map 0x%08llx", static_cast<unsigned long long>(address));
+        call.SetDetail(" %zu", length);
+    };
     void* mapping = nullptr;
-    Returned(Perform(call, [&] { return Map(fd, address, length, mapping); }));
+    Returned(Perform(describe, [&] { return Map(fd, address, length, mapping); }));
     return mapping;
 }
 
 void xsvc_unmap(void* mapping, size_t length) {
     munmap(mapping, length);
-    Call call;
-    call.Subject("xsvc unmap %zu", length);
-    Trace(call);
+    TraceWithoutResult([&](Call& call) { call.SetSubject("xsvc unmap %zu", length); });
 }
 
 void xsvc_close(int fd) {
     close(fd);
-    Call call;
-    call.Subject("xsvc close");
-    Trace(call);
+    TraceWithoutResult([](Call& call) { call.SetSubject("xsvc close"); });
 }

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/sim/call.h"
-#include "platform/sim/machine.h"
+#include "platform/sim/machine_directory.h"
 #include "platform/sim/picl_tree.h"
 
 namespace {
@@ -57,15 +57,13 @@ int Walk(picl_nodehdl_t root, std::string_view class_name, void* arg,
 }  // namespace
 
 int picl_initialize(void) {
-    Call call;
-    call.Subject("picl initialize");
-    return Perform(call, Connect, PICL_FAILURE);
+    const auto describe = [](Call& call) { call.SetSubject("picl initialize"); };
+    return Perform(describe, Connect, PICL_FAILURE);
 }
 
 int picl_get_root(picl_nodehdl_t* node) {
-    Call call;
-    call.Subject("picl root");
-    return Perform(call, [&]() -> int {
+    const auto describe = [](Call& call) { call.SetSubject("picl root"); };
+    return Perform(describe, [&]() -> int {
         if (node == nullptr) return PICL_INVALIDARG;
         if (!connected) return PICL_NOTINITIALIZED;
         if (NodeOf(1) == nullptr) return PICL_FAILURE;
@@ -76,9 +74,10 @@ int picl_get_root(picl_nodehdl_t* node) {
 
 int picl_walk_tree_by_class(picl_nodehdl_t root, const char* class_name, void* arg,
                             int (*callback)(picl_nodehdl_t node, void* arg)) {
-    Call call;
-    call.Subject("picl walk %s", class_name != nullptr ? class_name : "");
-    return Perform(call, [&]() -> int {
+    const auto describe = [&](Call& call) {
+        call.SetSubject("picl walk %s", class_name != nullptr ? class_name : "");
+    };
+    return Perform(describe, [&]() -> int {
         if (class_name == nullptr || callback == nullptr) return PICL_INVALIDARG;
         return Walk(root, class_name, arg, callback);
     });

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/sim/lines.h"
-#include "platform/sim/numbers.h"
+#include "platform/sim/text_file.h"
 
 namespace {
 

@@ -4,14 +4,23 @@
 #include <cerrno>
 
 #include "platform/sim/call.h"
-#include "platform/sim/devices.h"
-#include "platform/sim/machine.h"
+#include "platform/sim/device.h"
+#include "platform/sim/machine_directory.h"
 
 namespace {
+
+const Device* const kDevices[] = {&kCdt, &kCevt, &kCasr, &kCrom};
 
 constexpr int kMaxOpen = 64;
 const Device* open_devices[kMaxOpen];  // by descriptor; null: not open
 unsigned long requests_made = 0;
+
+const Device* FindDeviceByPath(std::string_view path) {
+    for (const Device* device : kDevices) {
+        if (path == device->path) return device;
+    }
+    return nullptr;
+}
 
 const Device* DeviceOf(int fd) {
     return fd >= 0 && fd < kMaxOpen ? open_devices[fd] : nullptr;
@@ -31,13 +40,20 @@ int OpenDescriptor(const Device* device) {
 
 }  // namespace
 
+const Device* FindDeviceByName(std::string_view name) {
+    for (const Device* device : kDevices) {
+        if (name == device->name) return device;
+    }
+    return nullptr;
+}
+
 int vxOpenRequest(char* path, int) {
     const Device* const device = FindDeviceByPath(path);
-    Call call;
-    call.Subject("open %s", device != nullptr ? device->name : path);
-
+    const auto describe = [&](Call& call) {
+        call.SetSubject("open %s", device != nullptr ? device->name : path);
+    };
     int fd = 0;
-    const int result = Perform(call, [&] {
+    const int result = Perform(describe, [&] {
         fd = OpenDescriptor(device);
         return fd < 0 ? fd : 0;
     });
@@ -46,16 +62,19 @@ int vxOpenRequest(char* path, int) {
 
 int vxIoctlRequest(int fd, int code, void* arg) {
     const Device* const device = DeviceOf(fd);
-    Call call;
-    call.request = ++requests_made;
-    if (device == nullptr) {
-        call.Subject("fd=%d code=%d", fd, code);
-    } else {
-        call.Subject("%s code=%d", device->name, code);
-    }
-    const bool known = device != nullptr && device->describe(code, arg, call);
-
-    return Returned(Perform(call, [&] {
+    const bool known = device != nullptr && device->knows(code, arg);
+    ++requests_made;
+    const auto describe = [&](Call& call) {
+        call.request = requests_made;
+        if (known) {
+            device->describe(code, arg, call);
+        } else if (device != nullptr) {
+            call.SetSubject("%s code=%d", device->name, code);
+        } else {
+            call.SetSubject("fd=%d code=%d", fd, code);
+        }
+    };
+    return Returned(Perform(describe, [&] {
         if (device == nullptr) return -EBADF;
         return known ? device->request(code, arg) : -EINVAL;
     }));
@@ -65,7 +84,5 @@ void vxCloseRequest(int fd) {
     const Device* const device = DeviceOf(fd);
     if (device == nullptr) return;
     open_devices[fd] = nullptr;
-    Call call;
-    call.Subject("close %s", device->name);
-    Trace(call);
+    TraceWithoutResult([&](Call& call) { call.SetSubject("close %s", device->name); });
 }

@@ -1,10 +1,12 @@
-// The lines of the machine's text files. Those that are blank or begin with '#' don't count, and neither do
-// blanks at the end of a line, among them the carriage return that some editors leave there.
+// The machine's text files: their lines, and the numbers in them.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
+// The lines that count: those that are blank or begin with '#' don't, and neither do blanks at the end of a
+// line, among them the carriage return that some editors leave there.
 class Lines {
   public:
     // file: its name in the machine directory. text: what it holds. Both must outlive this.
@@ -26,3 +28,7 @@ class Lines {
     std::string_view line_;
     int number_ = 0;  // from 1
 };
+
+// Reads a whole text as a number, decimal or hexadecimal after "0x". largest: the largest that is accepted.
+// False, with value as it was, for anything else.
+bool ReadNumber(std::string_view text, uint64_t largest, uint64_t& value);

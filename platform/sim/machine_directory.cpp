@@ -1,4 +1,4 @@
-#include "platform/sim/machine.h"
+#include "platform/sim/machine_directory.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

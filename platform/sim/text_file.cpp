@@ -1,7 +1,9 @@
-#include "platform/sim/lines.h"
+#include "platform/sim/text_file.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
+#include <system_error>
 
 bool Lines::Take() {
     while (!rest_.empty()) {
@@ -21,4 +23,16 @@ size_t Lines::Indentation() const {
 
 void Lines::Reject() const {
     std::fprintf(stderr, "simulated machine: %s: line %d can't be read\n", file_, number_);
+}
+
+bool ReadNumber(std::string_view text, uint64_t largest, uint64_t& value) {
+    const bool hexadecimal = text.substr(0, 2) == "0x";
+    if (hexadecimal) text.remove_prefix(2);
+
+    uint64_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stopped, error] = std::from_chars(text.data(), end, number, hexadecimal ? 16 : 10);
+    if (error != std::errc() || stopped != end || number > largest) return false;
+    value = number;
+    return true;
 }
