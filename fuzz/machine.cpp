@@ -49,7 +49,7 @@ void ReadFaults() {
 void ReadLog(const Machine& machine) {
     EventIndex index;
     const Descriptor log = OpenFile(OpenDevice("cevt"), "hlog");
-    Require(index.Follow(log) == 0);
+    Require(index.Make(log) == 0);
     const auto size = static_cast<off_t>(machine.Read("cevt/hlog").size());
     for (uint32_t number = 0; const EventPlace* place = index.Find(number); number = place->number + 1) {
         Require(place->number >= number && place->offset <= size - place->length);

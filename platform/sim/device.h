@@ -9,8 +9,8 @@ struct Device {
     const char* name;  // its directory's, too
     const char* path;  // the device file's
 
-    // Whether the device has words for a request and can carry it out: it knows the code, and the block is there.
-    // code, block: as vxIoctlRequest takes them.
+    // Whether the device has words for a request and can carry it out: it knows the code, and the block is
+    // there. code, block: as vxIoctlRequest takes them.
     bool (*knows)(int code, const void* block);
 
     // Puts a known request into words.

@@ -4,50 +4,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
-#include <string>
 #include <tuple>
 
 #include "include/event_log.h"
+#include "platform/sim/file_window.h"
 
 namespace {
-
-constexpr size_t kWindowSize = size_t{1} << 16;  // bytes
-
-// Yields the headers of a log from its beginning. It reads the file in large pieces, each once.
-class HeaderReader {
-  public:
-    explicit HeaderReader(const Descriptor& log) : log_(log), window_(kWindowSize, '\0') {}
-
-    // The header at an offset, no lower than that of the call before. Result: false with errno set, EIO when
-    // the file is shorter than it was.
-    bool Read(off_t offset, EVT_HEADER& header) {
-        const auto size = static_cast<off_t>(sizeof header);
-        if (offset + size > begin_ + filled_ && !Fill(offset)) return false;
-        if (filled_ - (offset - begin_) < size) {
-            errno = EIO;
-            return false;
-        }
-        std::memcpy(&header, window_.data() + (offset - begin_), sizeof header);
-        return true;
-    }
-
-  private:
-    bool Fill(off_t offset) {
-        const ssize_t count = ReadAt(log_.Get(), window_.data(), window_.size(), offset);
-        begin_ = offset;
-        filled_ = std::max<off_t>(count, 0);
-        return count >= 0;
-    }
-
-    const Descriptor& log_;
-    std::string window_;
-    off_t begin_ = 0, filled_ = 0;  // the window's place in the file, its bytes
-};
-
-bool Same(const timespec& a, const timespec& b) {
-    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
-}
 
 bool ComesBefore(const EventPlace& a, const EventPlace& b) {
     return std::tie(a.number, a.offset) < std::tie(b.number, b.offset);
@@ -55,33 +17,25 @@ bool ComesBefore(const EventPlace& a, const EventPlace& b) {
 
 }  // namespace
 
-bool EventIndex::Identity::operator==(const Identity& other) const {
-    return device == other.device && inode == other.inode && size == other.size &&
-           Same(written, other.written) && Same(changed, other.changed);
-}
-
-int EventIndex::Follow(const Descriptor& log) {
+int EventIndex::Make(const Descriptor& log) {
+    places_.clear();
+    next_ = 0;
     struct stat status;
     if (fstat(log.Get(), &status) != 0) return -errno;
-    const Identity now = {status.st_dev, status.st_ino, status.st_size, status.st_mtim, status.st_ctim};
-    if (built_ && now == identity_) return 0;
-
-    built_ = false;
-    places_.clear();
-    const int result = Build(log, status.st_size);
-    if (result != 0) return result;
-    std::sort(places_.begin(), places_.end(), ComesBefore);
-    identity_ = now;
-    built_ = true;
-    return 0;
+    const int result = Read(log, status.st_size);
+    if (result != 0) places_.clear();
+    if (!std::is_sorted(places_.begin(), places_.end(), ComesBefore)) {
+        std::sort(places_.begin(), places_.end(), ComesBefore);
+    }
+    return result;
 }
 
-int EventIndex::Build(const Descriptor& log, off_t size) {
-    HeaderReader reader(log);
+int EventIndex::Read(const Descriptor& log, off_t size) {
+    FileWindow window;
     EVT_HEADER header;
     const auto header_size = static_cast<off_t>(sizeof header);
     for (off_t offset = 0; size - offset >= header_size; offset += header.wEvtLength) {
-        if (!reader.Read(offset, header)) return -errno;
+        if (!window.Read(log, offset, &header, sizeof header)) return -errno;
         // What can't be an entry ends the log: there is no telling where the next one would begin.
         if (header.wEvtLength < header_size || header.wEvtLength > size - offset) break;
         places_.push_back({header.dwEvtNumber, header.wEvtLength, offset});
@@ -89,8 +43,13 @@ int EventIndex::Build(const Descriptor& log, off_t size) {
     return 0;
 }
 
-const EventPlace* EventIndex::Find(uint32_t number) const {
-    const EventPlace wanted = {number, 0, 0};
-    const auto found = std::lower_bound(places_.begin(), places_.end(), wanted, ComesBefore);
-    return found != places_.end() ? &*found : nullptr;
+const EventPlace* EventIndex::Find(uint32_t number) {
+    const bool follows = next_ > 0 && next_ < places_.size() && places_[next_ - 1].number < number &&
+                         number <= places_[next_].number;
+    if (!follows) {
+        const EventPlace wanted = {number, 0, 0};
+        const auto found = std::lower_bound(places_.begin(), places_.end(), wanted, ComesBefore);
+        next_ = static_cast<size_t>(found - places_.begin());
+    }
+    return next_ < places_.size() ? &places_[next_++] : nullptr;
 }

@@ -14,11 +14,6 @@ namespace {
 constexpr char kDefaultMachine[] = "/var/lib/brant/machine";
 constexpr int kOpenDirectory = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
-const char* MachinePath() {
-    const char* path = std::getenv("BRANT_MACHINE");
-    return path != nullptr && *path != '\0' ? path : kDefaultMachine;
-}
-
 // 0 for a regular file, else why it can't be one's record.
 int Unsuitable(int fd) {
     struct stat status;
@@ -40,6 +35,11 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
 
 int Descriptor::Release() {
     return std::exchange(fd_, -1);
+}
+
+const char* MachinePath() {
+    const char* path = std::getenv("BRANT_MACHINE");
+    return path != nullptr && *path != '\0' ? path : kDefaultMachine;
 }
 
 Descriptor OpenMachine() {

@@ -23,7 +23,10 @@ class Descriptor {
     int fd_;
 };
 
-// Opens the machine directory: BRANT_MACHINE, or /var/lib/brant/machine. Empty with errno set on failure.
+// The machine directory's path: BRANT_MACHINE, or /var/lib/brant/machine.
+const char* MachinePath();
+
+// Opens the machine directory. Empty with errno set on failure.
 Descriptor OpenMachine();
 
 // Opens the directory of one of the machine's devices ("crom"). Empty with errno set on failure.

@@ -1,5 +1,6 @@
 // What the four devices of the health driver answer, and what is in the machine afterwards.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -118,6 +119,59 @@ TEST(Devices, ReadTheEventLog) {
     ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # an entry that the file's end cuts");
     machine.Remove("cevt/hlog");
     ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # no log at all");
+}
+
+// Puts a log in the place of one that a listing is going through.
+const struct {
+    const char* catches;
+    void (*replace)(TestMachine& machine, const std::string& log);
+} kReplacements[] = {
+    {"a file that was overwritten, as it was",
+     [](TestMachine& machine, const std::string& log) { machine.Write("cevt/hlog", log); }},
+    {"the file that has had the name",
+     [](TestMachine& machine, const std::string& log) {
+         machine.Write("cevt/.new", log);
+         std::filesystem::rename(machine.Directory() + "/cevt/.new", machine.Directory() + "/cevt/hlog");
+     }},
+    {"the directory that has had the name",
+     [](TestMachine& machine, const std::string& log) {
+         std::filesystem::rename(machine.Directory() + "/cevt", machine.Directory() + "/before" + log[2]);
+         std::filesystem::create_directory(machine.Directory() + "/cevt");
+         machine.Write("cevt/hlog", log);
+     }},
+    {"the machine that has had the name",
+     [](TestMachine& machine, const std::string& log) {
+         std::filesystem::rename(machine.Directory(), machine.Directory() + ".before");
+         std::filesystem::create_directories(machine.Directory() + "/cevt");
+         std::filesystem::rename(machine.Directory() + ".before", machine.Directory() + "/before");
+         machine.Write("cevt/hlog", log);
+     }},
+};
+
+TEST(Devices, ListTheLogThatIsThere) {
+    const auto log = [](uint32_t first) {
+        return Entry(first, 40) + Entry(first + 1, 40) + Entry(first + 2, 40);
+    };
+    TestMachine machine;
+    InChild(machine, [&] {
+        Make("open cevt");
+        uint32_t next = 1;  // of the numbers, which are other ones in each log
+        machine.Write("cevt/hlog", log(next));
+        const auto expect_next = [&next](const char* catches) {
+            const std::string call = "cevt read " + std::to_string(next) + " length=56";
+            EXPECT_EQ(Make(call), "0 = " + Hexadecimal(Entry(next, 40))) << catches;
+            ++next;
+        };
+        for (const auto& [catches, replace] : kReplacements) {
+            usleep(60000);  // until the file isn't a new one any more
+            expect_next(catches);
+            expect_next(catches);
+            replace(machine, log(++next));
+            expect_next(catches);
+        }
+        machine.Remove("cevt/hlog");
+        EXPECT_EQ(Make("cevt read 1 length=56"), "1") << "a file that is removed";
+    });
 }
 
 // The bytes that this process has read from files so far.
