@@ -8,11 +8,18 @@ namespace {
 constexpr uint8_t kUnknownByte = 0xFF;
 constexpr uint32_t kUnknownDword = 0xFFFFFFFF;
 
+constexpr size_t kSerialNumberShown = 16;  // characters of an enclosure's serial number
+
 // A text behind its introduction; nothing at all when the text is empty.
 void Introduced(const char* introduction, std::string_view text, TextWriter& out) {
     if (text.empty()) return;
     out.Text(introduction);
     out.Text(text);
+}
+
+// Whatever the locale: enclosures are named in ASCII.
+bool IsLetterOrDigit(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
 bool IsSpace(char letter) {
@@ -59,8 +66,19 @@ void GetBCDString(uint8_t bBCD, TextWriter& out) {
     out.Letter(static_cast<char>('0' + (bBCD >> 4)));
 }
 
-void PlainWord(Bytes payload, size_t offset, TextWriter& out) {
-    out.Format("%d", ReadPaddedField<uint16_t>(payload, offset));
+void PlainWord(uint16_t value, TextWriter& out) {
+    out.Format("%u", value);
+}
+
+void BoardPrefix(uint8_t bBoard, TextWriter& out) {
+    if (bBoard != 0) out.Format("Board %u, ", bBoard);
+}
+
+void GetSASPort(const uint8_t (&szPortID)[2], TextWriter& out) {
+    for (const uint8_t letter : szPortID) {
+        if (letter == 0) return;
+        out.Letter(static_cast<char>(letter));
+    }
 }
 
 void PlainText(Bytes payload, size_t offset, TextWriter& out) {
@@ -69,11 +87,6 @@ void PlainText(Bytes payload, size_t offset, TextWriter& out) {
 
 void ReformattedText(Bytes payload, size_t offset, TextWriter& out) {
     CopyAndReformat(out, ReadText(payload, offset));
-}
-
-void BoardPrefix(Bytes payload, size_t offset, TextWriter& out) {
-    const auto board = ReadPaddedField<uint8_t>(payload, offset);
-    if (board != 0) out.Format("Board %d, ", board);
 }
 
 void SerialNumber(Bytes payload, size_t offset, TextWriter& out) {
@@ -90,6 +103,57 @@ void ExtraText(Bytes payload, size_t offset, TextWriter& out) {
 
 void SecondExtraText(Bytes payload, size_t offset, TextWriter& out) {
     Introduced(", ", SecondText(payload, offset), out);
+}
+
+EVT_CHASSIS ChassisOf(Bytes payload) {
+    return {ReadPaddedField<uint8_t>(payload, offsetof(EVT_CHASSIS, bType)),
+            ReadPaddedField<uint8_t>(payload, offsetof(EVT_CHASSIS, bId)),
+            ReadPaddedField<uint8_t>(payload, offsetof(EVT_CHASSIS, bPort))};
+}
+
+void GetSysChassis(Bytes payload, size_t offset, TextWriter& out) {
+    const std::string_view name = ReadText(payload, offset);
+    if (!name.empty()) return out.Text(name);
+    Byte2Str(ChassisOf(payload).bId, out);
+}
+
+void GetStorChassis(Bytes payload, size_t offset, TextWriter& out) {
+    const std::string_view name = ReadText(payload, offset);
+    if (name.empty()) return;
+    out.Text("Chassis ");
+    out.Text(name);
+    out.Text(", ");
+}
+
+void GetChassisEx(Bytes payload, size_t offset, TextWriter& out) {
+    const std::string_view name = ReadText(payload, offset);
+    if (!name.empty() && IsLetterOrDigit(name[0])) {
+        out.Text("Enclosure Serial Number ");
+        return out.Text(name.substr(0, kSerialNumberShown));
+    }
+    const EVT_CHASSIS chassis = ChassisOf(payload);
+    out.Format("Enclosure Address %02X%02X", chassis.bId, chassis.bPort);
+}
+
+void GetChassis(Bytes payload, size_t offset, TextWriter& out) {
+    const EVT_CHASSIS chassis = ChassisOf(payload);
+    switch (chassis.bType) {
+        case kChassisServer: out.Text("Chassis "); return GetSysChassis(payload, offset, out);
+        case kChassisExternalStorage:
+        case kChassisInternalStorage:
+            GetStorChassis(payload, offset, out);
+            out.Text("Slot ");
+            return Byte2Str(chassis.bId, out);
+        default: return GetChassisEx(payload, offset, out);
+    }
+}
+
+void GetSlotChassisSun(Bytes payload, size_t offset, TextWriter& out) {
+    GetStorChassis(payload, offset, out);
+    const std::string_view location = SecondText(payload, offset);
+    if (!location.empty()) return out.Text(location);
+    out.Text("Slot ");
+    Byte2Str(ChassisOf(payload).bId, out);
 }
 
 std::string_view SecondText(Bytes payload, size_t offset) {

@@ -1,9 +1,10 @@
-// How the fields of a payload print: numbers, letters and texts. A value that stands for "not known" prints
-// as "Unknown". Where an event happened: chassis.h; bytes that stand for a word: words.h.
+// How the fields of a payload print: numbers, letters, texts, and where an event happened. A value that
+// stands for "not known" prints as "Unknown". Bytes that stand for a word: words.h.
 #pragma once
 
 #include <cstdint>
 
+#include "include/event_chassis.h"
 #include "src/utils/bytes.h"
 #include "src/utils/text_writer.h"
 
@@ -18,16 +19,31 @@ void Dword2HexStr(uint32_t dwValue, TextWriter& out);  // "0x0000001F"
 void PlainByte(uint8_t value, TextWriter& out);        // decimal, 255 too
 void PlainHexByte(uint8_t value, TextWriter& out);     // two digits, upper case
 void GetBCDString(uint8_t bBCD, TextWriter& out);      // two digits, the low one first: 0x12 is "21"
+void PlainWord(uint16_t value, TextWriter& out);       // decimal
+void BoardPrefix(uint8_t bBoard, TextWriter& out);     // "Board 2, "; nothing for 0
+void GetSASPort(const uint8_t (&szPortID)[2], TextWriter& out);  // two letters; a zero ends them
 
-// By place: of the payload, the field at an offset.
-void PlainWord(Bytes payload, size_t offset, TextWriter& out);        // 16 bits in decimal
+// By place: the text at an offset of the payload.
 void PlainText(Bytes payload, size_t offset, TextWriter& out);        // a text as it stands
 void ReformattedText(Bytes payload, size_t offset, TextWriter& out);  // by CopyAndReformat
-void BoardPrefix(Bytes payload, size_t offset, TextWriter& out);      // "Board 2, "; nothing for 0
 void SerialNumber(Bytes payload, size_t offset, TextWriter& out);  // ", Serial Number S1"; nothing for none
 void SpareNumber(Bytes payload, size_t offset, TextWriter& out);   // ", Spare Number P1", the second text
 void ExtraText(Bytes payload, size_t offset, TextWriter& out);     // ", Replace soon"; nothing for none
 void SecondExtraText(Bytes payload, size_t offset, TextWriter& out);  // the same with the second text
+
+// Where an event happened: the payload's chassis, and the chassis name at an offset.
+void GetSysChassis(Bytes payload, size_t offset, TextWriter& out);   // the name, or else the number
+void GetStorChassis(Bytes payload, size_t offset, TextWriter& out);  // "Chassis NAME, ", or nothing
+void GetChassisEx(Bytes payload, size_t offset, TextWriter& out);  // an enclosure's serial number or address
+
+// By the chassis type: "Chassis RACK7", "Chassis SHELF, Slot 3" or "Enclosure Address 0012".
+void GetChassis(Bytes payload, size_t offset, TextWriter& out);
+
+// A SAS enclosure: as GetStorChassis, then the text that follows the name or, when that is empty, "Slot 3".
+void GetSlotChassisSun(Bytes payload, size_t offset, TextWriter& out);
+
+// The payload's chassis, with zeros for what is missing.
+EVT_CHASSIS ChassisOf(Bytes payload);
 
 // The text that follows the one at an offset, right behind its terminating zero.
 std::string_view SecondText(Bytes payload, size_t offset);

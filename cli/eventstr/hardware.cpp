@@ -10,33 +10,33 @@ namespace {
 // clang-format off
 constexpr EventRow kCacheEvents[] = {
     {1, {}, "Accelerator Cache Memory Parity Error (Socket %s)",
-     {{offsetof(EVT_CACHE_ACCEL_PARITY_ERROR, bSocket), Byte2Str}}},
+     {Field<&EVT_CACHE_ACCEL_PARITY_ERROR::bSocket, Byte2Str>}},
 };
-static_assert(WellFormed(kCacheEvents));
+static_assert(WellFormed<kCacheEvents>());
 
 constexpr EventRow kProcessorEvents[] = {
     {1, {}, "Processor Correctable error threshold exceeded (Board %s, Processor %s)",
-     {{offsetof(EVT_CPU_CORRECTABLE, bSlot),   Byte2Str},
-      {offsetof(EVT_CPU_CORRECTABLE, bSocket), Byte2Str}}},
+     {Field<&EVT_CPU_CORRECTABLE::bSlot,   Byte2Str>,
+      Field<&EVT_CPU_CORRECTABLE::bSocket, Byte2Str>}},
     {2, {}, "Processor Uncorrectable internal error (Board %s, Processor %s)",
-     {{offsetof(EVT_CPU_UNCORRECTABLE, bSlot),   Byte2Str},
-      {offsetof(EVT_CPU_UNCORRECTABLE, bSocket), Byte2Str}}},
+     {Field<&EVT_CPU_UNCORRECTABLE::bSlot,   Byte2Str>,
+      Field<&EVT_CPU_UNCORRECTABLE::bSocket, Byte2Str>}},
 };
-static_assert(WellFormed(kProcessorEvents));
+static_assert(WellFormed<kProcessorEvents>());
 
 constexpr Condition ErrorIs(uint8_t error) {
-    return {offsetof(EVT_HOST_BUS_UNCORRECTABLE, bError), error};
+    return Is<&EVT_HOST_BUS_UNCORRECTABLE::bError>(error);
 }
 
 constexpr EventRow kHostBusEvents[] = {
     {1, {ErrorIs(0)}, "Unrecoverable Host Bus Address Parity error", {}},
     {1, {ErrorIs(1)}, "Unrecoverable Host Bus Data Parity error", {}},
     {2, {}, "Unrecoverable Intermodule Bus error (Error code %s)",
-     {{offsetof(EVT_INTERMODULE_BUS_UNCORRECTABLE, ulError), Dword2HexStr}}},
+     {Field<&EVT_INTERMODULE_BUS_UNCORRECTABLE::ulError, Dword2HexStr>}},
 };
-static_assert(WellFormed(kHostBusEvents));
+static_assert(WellFormed<kHostBusEvents>());
 
-constexpr Argument kEisaSlot = {offsetof(EVT_EISA_BUS, bSlot), Byte2Str};
+constexpr Argument kEisaSlot = Field<&EVT_EISA_BUS::bSlot, Byte2Str>;
 
 constexpr EventRow kEisaBusEvents[] = {
     {1, {}, "EISA Expansion Bus Master Timeout (Slot %s)", {kEisaSlot}},
@@ -44,12 +44,12 @@ constexpr EventRow kEisaBusEvents[] = {
     {3, {}, "EISA Expansion Board Error (Slot %s)", {kEisaSlot}},
     {4, {}, "EISA Expansion Bus Arbitration Error", {}},
 };
-static_assert(WellFormed(kEisaBusEvents));
+static_assert(WellFormed<kEisaBusEvents>());
 
-constexpr Argument kPciSlot     = {offsetof(EVT_PCI_BUS, bSlot), Byte2Str};
-constexpr Argument kPciBus      = {offsetof(EVT_PCI_BUS, bBus), Byte2Str};
-constexpr Argument kPciDevice   = {offsetof(EVT_PCI_BUS, bDevice), Byte2Str};
-constexpr Argument kPciFunction = {offsetof(EVT_PCI_BUS, bFunction), Byte2Str};
+constexpr Argument kPciSlot     = Field<&EVT_PCI_BUS::bSlot, Byte2Str>;
+constexpr Argument kPciBus      = Field<&EVT_PCI_BUS::bBus, Byte2Str>;
+constexpr Argument kPciDevice   = Field<&EVT_PCI_BUS::bDevice, Byte2Str>;
+constexpr Argument kPciFunction = Field<&EVT_PCI_BUS::bFunction, Byte2Str>;
 
 constexpr EventRow kPciBusEvents[] = {
     {1, {kServerItself}, "PCI Bus Error (Slot %s, Bus %s, Device %s, Function %s)",
@@ -57,9 +57,9 @@ constexpr EventRow kPciBusEvents[] = {
     {1, {}, "PCI Bus Error (Chassis %s, Slot %s, Bus %s, Device %s, Function %s)",
      {kChassisNumber, kPciSlot, kPciBus, kPciDevice, kPciFunction}},
 };
-static_assert(WellFormed(kPciBusEvents));
+static_assert(WellFormed<kPciBusEvents>());
 
-constexpr Argument kSlot = {offsetof(EVT_EXPANSION_SLOT, bSlot), Byte2Str};
+constexpr Argument kSlot = Field<&EVT_EXPANSION_SLOT::bSlot, Byte2Str>;
 
 constexpr EventRow kSlotEvents[] = {
     {1, {kServerItself}, "Slot Release Lever Opened (Slot %s)", {kSlot}},
@@ -81,7 +81,7 @@ constexpr EventRow kSlotEvents[] = {
     {9, {kServerItself}, "Adapter Failure (Slot %s)", {kSlot}},
     {9, {},              "Adapter Failure (Chassis %s, Slot %s)", {kChassisNumber, kSlot}},
 };
-static_assert(WellFormed(kSlotEvents));
+static_assert(WellFormed<kSlotEvents>());
 // clang-format on
 
 }  // namespace

@@ -24,75 +24,75 @@ const char* FuseLetter(uint8_t zone) {
 }
 
 // clang-format off
-constexpr Condition kFuseOfComponent = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kZoneNetworkSlot};
-constexpr Condition kFuseOfBlade     = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneType), kZoneBladeSlot};
-constexpr Argument kFuseEnclosure    = {offsetof(EVT_INF_ENV_FUSE_OPEN, cChassisName), GetChassisEx};
-constexpr Argument kFuseSlot         = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneId), FuseSlot};
-constexpr Argument kFuseSide         = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneId), FuseSide};
-constexpr Argument kFuseLetter       = {offsetof(EVT_INF_ENV_FUSE_OPEN, bZoneId), FuseLetter};
+constexpr Condition kFuseOfComponent = Is<&EVT_INF_ENV_FUSE_OPEN::bZoneType>(kZoneNetworkSlot);
+constexpr Condition kFuseOfBlade     = Is<&EVT_INF_ENV_FUSE_OPEN::bZoneType>(kZoneBladeSlot);
+constexpr Argument kFuseEnclosure    = Field<&EVT_INF_ENV_FUSE_OPEN::cChassisName, GetChassisEx>;
+constexpr Argument kFuseSlot         = Field<&EVT_INF_ENV_FUSE_OPEN::bZoneId, FuseSlot>;
+constexpr Argument kFuseSide         = Field<&EVT_INF_ENV_FUSE_OPEN::bZoneId, FuseSide>;
+constexpr Argument kFuseLetter       = Field<&EVT_INF_ENV_FUSE_OPEN::bZoneId, FuseLetter>;
 
-constexpr Argument kInsRemEnclosure = {offsetof(EVT_INF_ENV_BLADE_INS_REM, cChassisName), GetChassisEx};
-constexpr Argument kInsRemBlade     = {offsetof(EVT_INF_ENV_BLADE_INS_REM, bBlade), Byte2Str};
+constexpr Argument kInsRemEnclosure = Field<&EVT_INF_ENV_BLADE_INS_REM::cChassisName, GetChassisEx>;
+constexpr Argument kInsRemBlade     = Field<&EVT_INF_ENV_BLADE_INS_REM::bBlade, Byte2Str>;
 
-constexpr Argument kBalanceEnclosure = {offsetof(EVT_INF_ENV_PWR_LOAD_BALANCING, cChassisName), GetChassisEx};
-constexpr Argument kDcEnclosure      = {offsetof(EVT_INF_ENV_DC_PWR_PROBLEM, cChassisName), GetChassisEx};
-constexpr Argument kDcVoltage        = {offsetof(EVT_INF_ENV_DC_PWR_PROBLEM, wVoltage), PlainWord};
+constexpr Argument kBalanceEnclosure = Field<&EVT_INF_ENV_PWR_LOAD_BALANCING::cChassisName, GetChassisEx>;
+constexpr Argument kDcEnclosure      = Field<&EVT_INF_ENV_DC_PWR_PROBLEM::cChassisName, GetChassisEx>;
+constexpr Argument kDcVoltage        = Field<&EVT_INF_ENV_DC_PWR_PROBLEM::wVoltage, PlainWord>;
 
 constexpr Condition ChangeIs(uint8_t change) {
-    return {offsetof(EVT_INF_ENV_RACK_INFRASTRUCTURE_CHG, bType), change};
+    return Is<&EVT_INF_ENV_RACK_INFRASTRUCTURE_CHG::bType>(change);
 }
-constexpr Argument kRackChange    = {offsetof(EVT_INF_ENV_RACK_INFRASTRUCTURE_CHG, bType), PlainHexByte};
+constexpr Argument kRackChange    = Field<&EVT_INF_ENV_RACK_INFRASTRUCTURE_CHG::bType, PlainHexByte>;
 constexpr Argument kRackEnclosure =
-    {offsetof(EVT_INF_ENV_RACK_INFRASTRUCTURE_CHG, cChassisName), GetChassisEx};
+    Field<&EVT_INF_ENV_RACK_INFRASTRUCTURE_CHG::cChassisName, GetChassisEx>;
 
-constexpr Argument kMisconfigSide = {offsetof(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED, bLocation), GetRackSide};
+constexpr Argument kMisconfigSide = Field<&EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED::bLocation, GetRackSide>;
 constexpr Argument kMisconfigReason =
-    {offsetof(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED, bError), GetImproperPowerReason};
+    Field<&EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED::bError, GetImproperPowerReason>;
 constexpr Argument kMisconfigEnclosure =
-    {offsetof(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED, cChassisName), GetChassisEx};
+    Field<&EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED::cChassisName, GetChassisEx>;
 
-constexpr Condition kPartIsComponent = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneType), kZoneNetworkSlot};
-constexpr Condition kPartIsBlade     = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneType), kZoneBladeSlot};
-constexpr Argument kPartSlot         = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneId), Byte2Str};
-constexpr Argument kPartSide         = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, bZoneId), GetRackSide};
-constexpr Argument kPartEnclosure    = {offsetof(EVT_INF_ENV_BLADE_INS_REM_2, cChassisName), GetChassisEx};
+constexpr Condition kPartIsComponent = Is<&EVT_INF_ENV_BLADE_INS_REM_2::bZoneType>(kZoneNetworkSlot);
+constexpr Condition kPartIsBlade     = Is<&EVT_INF_ENV_BLADE_INS_REM_2::bZoneType>(kZoneBladeSlot);
+constexpr Argument kPartSlot         = Field<&EVT_INF_ENV_BLADE_INS_REM_2::bZoneId, Byte2Str>;
+constexpr Argument kPartSide         = Field<&EVT_INF_ENV_BLADE_INS_REM_2::bZoneId, GetRackSide>;
+constexpr Argument kPartEnclosure    = Field<&EVT_INF_ENV_BLADE_INS_REM_2::cChassisName, GetChassisEx>;
 
 constexpr EventRow kEvents[] = {
     {1, {}, "%s Inadequate Power To Power On: %s (%s, Slot %s)",
      {kEnclosureType,
-      {offsetof(EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON, bReason), GetInadequatePowerReason},
-      {offsetof(EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON, cChassisName), GetChassisEx},
-      {offsetof(EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON, bBlade), Byte2Str}}},
+      Field<&EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON::bReason, GetInadequatePowerReason>,
+      Field<&EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON::cChassisName, GetChassisEx>,
+      Field<&EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON::bBlade, Byte2Str>}},
     {2, {}, "%s Blade Manual Power On (%s, Slot %s)",
      {kEnclosureType,
-      {offsetof(EVT_INF_ENV_MANUAL_OVERRIDE, cChassisName), GetChassisEx},
-      {offsetof(EVT_INF_ENV_MANUAL_OVERRIDE, bBlade), Byte2Str}}},
+      Field<&EVT_INF_ENV_MANUAL_OVERRIDE::cChassisName, GetChassisEx>,
+      Field<&EVT_INF_ENV_MANUAL_OVERRIDE::bBlade, Byte2Str>}},
     {3, {kFuseOfComponent}, "%s Network Component Fuse or Breaker Tripped (%s, %s, Fuse %s)",
      {kEnclosureType, kFuseEnclosure, kFuseSide, kFuseLetter}},
     {3, {kFuseOfBlade}, "%s Blade Fuse or Breaker Tripped (%s, Slot %s, Fuse %s)",
      {kEnclosureType, kFuseEnclosure, kFuseSlot, kFuseLetter}},
     {4, {}, "%s Blade I2C Bus Fault (%s, Bus %s)",
      {kEnclosureType,
-      {offsetof(EVT_INF_ENV_I2C_FAULT, cChassisName), GetChassisEx},
-      {offsetof(EVT_INF_ENV_I2C_FAULT, bBus), Byte2Str}}},
-    {5, {{offsetof(EVT_INF_ENV_BLADE_INS_REM, bPresent), 0}}, "%s Blade Removed (%s, Slot %s)",
+      Field<&EVT_INF_ENV_I2C_FAULT::cChassisName, GetChassisEx>,
+      Field<&EVT_INF_ENV_I2C_FAULT::bBus, Byte2Str>}},
+    {5, {Is<&EVT_INF_ENV_BLADE_INS_REM::bPresent>(0)}, "%s Blade Removed (%s, Slot %s)",
      {kEnclosureType, kInsRemEnclosure, kInsRemBlade}},
     {5, {}, "%s Blade Inserted (%s, Slot %s)", {kEnclosureType, kInsRemEnclosure, kInsRemBlade}},
     // Here 1 is bus A, in the next event 0 is.
-    {6, {{offsetof(EVT_INF_ENV_PWR_LOAD_BALANCING, cSide), 1}}, "%s Power Not Balanced (%s, Power Bus A)",
+    {6, {Is<&EVT_INF_ENV_PWR_LOAD_BALANCING::cSide>(1)}, "%s Power Not Balanced (%s, Power Bus A)",
      {kEnclosureType, kBalanceEnclosure}},
     {6, {}, "%s Power Not Balanced (%s, Power Bus B)", {kEnclosureType, kBalanceEnclosure}},
-    {7, {{offsetof(EVT_INF_ENV_DC_PWR_PROBLEM, cSide), 0}},
+    {7, {Is<&EVT_INF_ENV_DC_PWR_PROBLEM::cSide>(0)},
      "%s DC Power Out Of Tolerance (%s, Power Bus A, %s mV)",
      {kEnclosureType, kDcEnclosure, kDcVoltage}},
     {7, {}, "%s DC Power Out Of Tolerance (%s, Power Bus B, %s mV)",
      {kEnclosureType, kDcEnclosure, kDcVoltage}},
     {8, {}, "%s AC Facility Input Power Exceeded (%s)",
-     {kEnclosureType, {offsetof(EVT_INF_ENV_AC_INPUT_PWR_EXCEEDED, cChassisName), GetChassisEx}}},
+     {kEnclosureType, Field<&EVT_INF_ENV_AC_INPUT_PWR_EXCEEDED::cChassisName, GetChassisEx>}},
     {9, {}, "Loss Of Chassis Connectivity (%s)",
-     {{offsetof(EVT_INF_ENV_LOSS_OF_CHASSIS_CONNECTIVITY, cChassisName), GetChassisEx}}},
+     {Field<&EVT_INF_ENV_LOSS_OF_CHASSIS_CONNECTIVITY::cChassisName, GetChassisEx>}},
     {10, {}, "New Chassis Connected (%s)",
-     {{offsetof(EVT_INF_ENV_NEW_CHASSIS_CONNECTIVITY, cChassisName), GetChassisEx}}},
+     {Field<&EVT_INF_ENV_NEW_CHASSIS_CONNECTIVITY::cChassisName, GetChassisEx>}},
     {11, {ChangeIs(1)}, "%s Rack Name Changed (%s)", {kEnclosureType, kRackEnclosure}},
     {11, {ChangeIs(2)}, "%s Name Changed (%s)", {kEnclosureType, kRackEnclosure}},
     {11, {ChangeIs(3)}, "%s Service Change (%s)", {kEnclosureType, kRackEnclosure}},
@@ -102,33 +102,33 @@ constexpr EventRow kEvents[] = {
     {11, {ChangeIs(8)}, "%s UID LED State Changed (%s)", {kEnclosureType, kRackEnclosure}},
     {11, {}, "%s Rack Infrastructure Changed (%s, Type 0x%s)", {kEnclosureType, kRackEnclosure, kRackChange}},
     {12, {}, "%s Unknown Power Consumption (%s)",
-     {kEnclosureType, {offsetof(EVT_INF_ENV_UNKNOWN_PWR_CONSUMPTION, cChassisName), GetChassisEx}}},
-    {13, {{offsetof(EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED, bLocation), 0}},
+     {kEnclosureType, Field<&EVT_INF_ENV_UNKNOWN_PWR_CONSUMPTION::cChassisName, GetChassisEx>}},
+    {13, {Is<&EVT_INF_ENV_PWR_SUBSYS_MISCONFIGURED::bLocation>(0)},
      "%s Power Subsystem Misconfigured: %s (%s)", {kEnclosureType, kMisconfigReason, kMisconfigEnclosure}},
     {13, {}, "%s Power Subsystem Misconfigured: %s (%s, %s)",
      {kEnclosureType, kMisconfigReason, kMisconfigSide, kMisconfigEnclosure}},
     {14, {}, "%s Status Change (%s)",
-     {kEnclosureType, {offsetof(EVT_INF_ENV_ENCLOSURE_MGR_STATUS, cChassisName), GetChassisEx}}},
+     {kEnclosureType, Field<&EVT_INF_ENV_ENCLOSURE_MGR_STATUS::cChassisName, GetChassisEx>}},
     // A blower's number is what the record calls its problem.
     {15, {}, "%s Blower Fault (%s, Blower %s, %s)",
      {kEnclosureType,
-      {offsetof(EVT_INF_ENV_BLOWER_FAULT, bSide), GetRackSide},
-      {offsetof(EVT_INF_ENV_BLOWER_FAULT, bProblem), Byte2Str},
-      {offsetof(EVT_INF_ENV_BLOWER_FAULT, cChassisName), GetChassisEx}}},
+      Field<&EVT_INF_ENV_BLOWER_FAULT::bSide, GetRackSide>,
+      Field<&EVT_INF_ENV_BLOWER_FAULT::bProblem, Byte2Str>,
+      Field<&EVT_INF_ENV_BLOWER_FAULT::cChassisName, GetChassisEx>}},
     {16, {}, "%s Blower Removed (%s, Blower %s, %s)",
      {kEnclosureType,
-      {offsetof(EVT_INF_ENV_BLOWER_REMOVED, bSide), GetRackSide},
-      {offsetof(EVT_INF_ENV_BLOWER_REMOVED, bProblem), Byte2Str},
-      {offsetof(EVT_INF_ENV_BLOWER_REMOVED, cChassisName), GetChassisEx}}},
+      Field<&EVT_INF_ENV_BLOWER_REMOVED::bSide, GetRackSide>,
+      Field<&EVT_INF_ENV_BLOWER_REMOVED::bProblem, Byte2Str>,
+      Field<&EVT_INF_ENV_BLOWER_REMOVED::cChassisName, GetChassisEx>}},
     {17, {}, "%s Ethernet Switch Error - %s (%s, %s)",
      {kEnclosureType,
-      {offsetof(EVT_INF_ENV_ETHERNET_SWITCH_FAULT, bProblem), GetEthSwErr},
-      {offsetof(EVT_INF_ENV_ETHERNET_SWITCH_FAULT, bSide), GetRackSide},
-      {offsetof(EVT_INF_ENV_ETHERNET_SWITCH_FAULT, cChassisName), GetChassisEx}}},
+      Field<&EVT_INF_ENV_ETHERNET_SWITCH_FAULT::bProblem, GetEthSwErr>,
+      Field<&EVT_INF_ENV_ETHERNET_SWITCH_FAULT::bSide, GetRackSide>,
+      Field<&EVT_INF_ENV_ETHERNET_SWITCH_FAULT::cChassisName, GetChassisEx>}},
     {18, {}, "%s Power Feed Missing (%s, %s)",
      {kEnclosureType,
-      {offsetof(EVT_INF_ENV_INPUT_PWR_SENSE_ERR, bSide), GetPwrBus},
-      {offsetof(EVT_INF_ENV_INPUT_PWR_SENSE_ERR, cChassisName), GetChassisEx}}},
+      Field<&EVT_INF_ENV_INPUT_PWR_SENSE_ERR::bSide, GetPwrBus>,
+      Field<&EVT_INF_ENV_INPUT_PWR_SENSE_ERR::cChassisName, GetChassisEx>}},
     {19, {kPartIsComponent}, "%s Network Component Inserted (%s, %s)",
      {kEnclosureType, kPartSide, kPartEnclosure}},
     {19, {kPartIsBlade}, "%s Server Blade Inserted (Slot %s, %s)",
@@ -139,17 +139,17 @@ constexpr EventRow kEvents[] = {
      {kEnclosureType, kPartSlot, kPartEnclosure}},
     {21, {}, "%s Invalid Topology - Check Cabling", {kEnclosureType}},
     {24, {}, "Infrastructure Fault, %s at %s, %s",
-     {{offsetof(EVT_INF_ENV_CHASSIS_ERR, bError), GetInfErrString},
-      {offsetof(EVT_INF_ENV_CHASSIS_ERR, bLocation), GetInfMainLocation},
-      {offsetof(EVT_INF_ENV_CHASSIS_ERR, bSubLocation), GetInfSubLocation}}},
+     {Field<&EVT_INF_ENV_CHASSIS_ERR::bError, GetInfErrString>,
+      Field<&EVT_INF_ENV_CHASSIS_ERR::bLocation, GetInfMainLocation>,
+      Field<&EVT_INF_ENV_CHASSIS_ERR::bSubLocation, GetInfSubLocation>}},
     {25, {}, "Chassis %s requires minimum firmware revision %s.%s. It is currently %s.%s.",
-     {{offsetof(EVT_INF_FIRMWARE_MISMATCH, cChassisName), GetChassisEx},
-      {offsetof(EVT_INF_FIRMWARE_MISMATCH, bRequiredMajor), Byte2Str},
-      {offsetof(EVT_INF_FIRMWARE_MISMATCH, bRequiredMinor), GetBCDString},
-      {offsetof(EVT_INF_FIRMWARE_MISMATCH, bCurrentMajor), Byte2Str},
-      {offsetof(EVT_INF_FIRMWARE_MISMATCH, bCurrentMinor), GetBCDString}}},
+     {Field<&EVT_INF_FIRMWARE_MISMATCH::cChassisName, GetChassisEx>,
+      Field<&EVT_INF_FIRMWARE_MISMATCH::bRequiredMajor, Byte2Str>,
+      Field<&EVT_INF_FIRMWARE_MISMATCH::bRequiredMinor, GetBCDString>,
+      Field<&EVT_INF_FIRMWARE_MISMATCH::bCurrentMajor, Byte2Str>,
+      Field<&EVT_INF_FIRMWARE_MISMATCH::bCurrentMinor, GetBCDString>}},
 };
-static_assert(WellFormed(kEvents));
+static_assert(WellFormed<kEvents>());
 // clang-format on
 
 }  // namespace

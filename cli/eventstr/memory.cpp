@@ -13,57 +13,62 @@ constexpr uint8_t kSystemMemory = 0;  // for a slot: the board's own memory
 constexpr uint8_t kNotKnown = 255;
 
 // clang-format off
-// Slot and module (or bank) stand at the same offsets in these three records, so their rows share the arguments.
-constexpr size_t kSlotAt = offsetof(EVT_MAIN_MEMORY, bSlot);
-constexpr size_t kModuleAt = offsetof(EVT_MAIN_MEMORY, bModule);
-static_assert(offsetof(EVT_MAIN_MEMORY_SPARE_ENGAGED, bSlot) == kSlotAt &&
-              offsetof(EVT_MAIN_MEMORY_SPARE_ENGAGED, bModule) == kModuleAt &&
-              offsetof(EVT_MAIN_MEMORY_MIRROR_ENGAGED, bSlot) == kSlotAt &&
-              offsetof(EVT_MAIN_MEMORY_MIRROR_ENGAGED, bModule) == kModuleAt);
+constexpr Condition kNoSlot   = Is<&EVT_MAIN_MEMORY::bSlot>(kNotKnown);
+constexpr Condition kBoard    = Is<&EVT_MAIN_MEMORY::bSlot>(kSystemMemory);
+constexpr Condition kNoModule = Is<&EVT_MAIN_MEMORY::bModule>(kNotKnown);
+constexpr Argument kSlot      = Field<&EVT_MAIN_MEMORY::bSlot, Byte2Str>;
+constexpr Argument kModule    = Field<&EVT_MAIN_MEMORY::bModule, Byte2Str>;
+constexpr Argument kBank      = Field<&EVT_MAIN_MEMORY::bModule, Char2Str>;
+constexpr Argument kSerial    = Field<&EVT_MAIN_MEMORY::cSerialNumber, SerialNumber>;
 
-constexpr Condition kNoSlot   = {kSlotAt, kNotKnown};
-constexpr Condition kBoard    = {kSlotAt, kSystemMemory};
-constexpr Condition kNoModule = {kModuleAt, kNotKnown};
+constexpr Condition kSpareBoard = Is<&EVT_MAIN_MEMORY_SPARE_ENGAGED::bSlot>(kSystemMemory);
+constexpr Argument kSpareSlot   = Field<&EVT_MAIN_MEMORY_SPARE_ENGAGED::bSlot, Byte2Str>;
+constexpr Argument kSpareModule = Field<&EVT_MAIN_MEMORY_SPARE_ENGAGED::bModule, Byte2Str>;
+constexpr Argument kSpareBank   = Field<&EVT_MAIN_MEMORY_SPARE_ENGAGED::bModule, Char2Str>;
 
-constexpr Argument kSlot   = {kSlotAt, Byte2Str};
-constexpr Argument kModule = {kModuleAt, Byte2Str};
-constexpr Argument kBank   = {kModuleAt, Char2Str};
-constexpr Argument kSerial = {offsetof(EVT_MAIN_MEMORY, cSerialNumber), SerialNumber};
+constexpr Condition kMirrorBoard = Is<&EVT_MAIN_MEMORY_MIRROR_ENGAGED::bSlot>(kSystemMemory);
+constexpr Argument kMirrorSlot   = Field<&EVT_MAIN_MEMORY_MIRROR_ENGAGED::bSlot, Byte2Str>;
+constexpr Argument kMirrorModule = Field<&EVT_MAIN_MEMORY_MIRROR_ENGAGED::bModule, Byte2Str>;
+constexpr Argument kMirrorBank   = Field<&EVT_MAIN_MEMORY_MIRROR_ENGAGED::bModule, Char2Str>;
 
 constexpr Condition ActionIs(uint8_t action) {
-    return {offsetof(EVT_MAIN_MEMORY_USER_ACTION, bAction), action};
+    return Is<&EVT_MAIN_MEMORY_USER_ACTION::bAction>(action);
 }
-constexpr Condition kActionOnCartridge = {offsetof(EVT_MAIN_MEMORY_USER_ACTION, bCartridgeOrBoard), 1};
-constexpr Condition kActionOnBoard     = {offsetof(EVT_MAIN_MEMORY_USER_ACTION, bCartridgeOrBoard), 0};
-constexpr Argument kActionSlot         = {offsetof(EVT_MAIN_MEMORY_USER_ACTION, bSlot), Byte2Str};
+constexpr Condition kActionOnCartridge = Is<&EVT_MAIN_MEMORY_USER_ACTION::bCartridgeOrBoard>(1);
+constexpr Condition kActionOnBoard     = Is<&EVT_MAIN_MEMORY_USER_ACTION::bCartridgeOrBoard>(0);
+constexpr Argument kActionSlot         = Field<&EVT_MAIN_MEMORY_USER_ACTION::bSlot, Byte2Str>;
 
 constexpr Condition StatusIs(uint8_t status) {
-    return {offsetof(EVT_MAIN_MEMORY_HW_STATUS, bStatus), status};
+    return Is<&EVT_MAIN_MEMORY_HW_STATUS::bStatus>(status);
 }
-constexpr Argument kStatusSlot = {offsetof(EVT_MAIN_MEMORY_HW_STATUS, bSlot), Byte2Str};
+constexpr Argument kStatusSlot = Field<&EVT_MAIN_MEMORY_HW_STATUS::bSlot, Byte2Str>;
 
-constexpr Condition kConfigCartridge = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bCartridgeOrBoard), 1};
-constexpr Condition kConfigBoard     = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bCartridgeOrBoard), 0};
-constexpr Argument kConfigSlot       = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bSlot), Byte2Str};
-constexpr Argument kConfigModule     = {offsetof(EVT_MAIN_MEMORY_CONFIG_ERR, bModule), Byte2Str};
+constexpr Condition kConfigCartridge = Is<&EVT_MAIN_MEMORY_CONFIG_ERR::bCartridgeOrBoard>(1);
+constexpr Condition kConfigBoard     = Is<&EVT_MAIN_MEMORY_CONFIG_ERR::bCartridgeOrBoard>(0);
+constexpr Argument kConfigSlot       = Field<&EVT_MAIN_MEMORY_CONFIG_ERR::bSlot, Byte2Str>;
+constexpr Argument kConfigModule     = Field<&EVT_MAIN_MEMORY_CONFIG_ERR::bModule, Byte2Str>;
 
 constexpr uint8_t kNotIsolated = 0x01;  // bNotIsolated's place in flags
 
+constexpr Argument kDiagBoard  = Field<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::bBoard, BoardPrefix>;
+constexpr Argument kDiagModule = Field<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::bModule, PlainByte>;
+constexpr Argument kDiagSerial = Field<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::szSerialNumber, SerialNumber>;
+constexpr Argument kDiagSpare  = Field<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::szSerialNumber, SpareNumber>;
+
 void TranslateMainMemRomDiagFail(Bytes pEventData, TextWriter& out) {
-    constexpr Argument kArguments[] = {
-        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bBoard),         BoardPrefix},
-        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, bModule),        PlainByte},
-        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SerialNumber},
-        {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, szSerialNumber), SpareNumber},
+    static constexpr EventRow kEvent[] = {
+        {18, {Is<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::flags>(0, kNotIsolated)},
+         "Uncorrectable Memory Error detected by ROM-based memory validation (%sMemory Module %s%s%s)",
+         {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
+        {18, {}, "Uncorrectable Memory Error detected by ROM-based memory validation "
+                 "(unable to isolate to single module) (%sMemory Module %s%s%s)",
+         {kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare}},
     };
-    constexpr Condition kIsolated = {offsetof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG, flags), 0, kNotIsolated};
-    PrintText(kIsolated.Holds(pEventData)
-                  ? "Uncorrectable Memory Error detected by ROM-based memory validation "
-                    "(%sMemory Module %s%s%s)"
-                  : "Uncorrectable Memory Error detected by ROM-based memory validation "
-                    "(unable to isolate to single module) (%sMemory Module %s%s%s)",
-              kArguments, pEventData, out);
+    static_assert(WellFormed<kEvent>());
+    PrintEvent(kEvent, 18, pEventData, out);
 }
+
+void TranslateSuspects(Bytes payload, TextWriter& out);
 
 constexpr EventRow kEvents[] = {
     {1, {kNoSlot, kNoModule}, "Corrected Memory Error threshold exceeded (Memory Module Unknown%s)",
@@ -79,7 +84,7 @@ constexpr EventRow kEvents[] = {
     {2, {kBoard}, "Uncorrectable Memory Error (System Memory, Memory Module %s%s)", {kModule, kSerial}},
     {2, {},       "Uncorrectable Memory Error (Slot %s, Memory Module %s%s)", {kSlot, kModule, kSerial}},
 
-    // 3: TranslateSuspects
+    {3, {}, "%s", {Whole(TranslateSuspects)}},
 
     {4, {ActionIs(0), kActionOnCartridge}, "Memory Cartridge Removed (Slot %s)", {kActionSlot}},
     {4, {ActionIs(0), kActionOnBoard},     "Memory Board Removed (Slot %s)", {kActionSlot}},
@@ -98,41 +103,43 @@ constexpr EventRow kEvents[] = {
     {6, {kConfigBoard}, "Memory Board Configuration Error (Slot %s, Memory Module %s)",
      {kConfigSlot, kConfigModule}},
 
-    {7, {{offsetof(EVT_MAIN_MEMORY_CONFIG_CHG, bAction), 0}}, "Memory Added (Size %s MB)",
-     {{offsetof(EVT_MAIN_MEMORY_CONFIG_CHG, ulSize), Dword2Str}}},
-    {7, {{offsetof(EVT_MAIN_MEMORY_CONFIG_CHG, bAction), 1}}, "Memory Successfully Removed", {}},
+    {7, {Is<&EVT_MAIN_MEMORY_CONFIG_CHG::bAction>(0)}, "Memory Added (Size %s MB)",
+     {Field<&EVT_MAIN_MEMORY_CONFIG_CHG::ulSize, Dword2Str>}},
+    {7, {Is<&EVT_MAIN_MEMORY_CONFIG_CHG::bAction>(1)}, "Memory Successfully Removed", {}},
 
-    {8, {kBoard},
+    {8, {kSpareBoard},
      "Online Spare Memory Copy Process Started for Faulty Module (System Memory, Memory Module %s)",
-     {kModule}},
+     {kSpareModule}},
     {8, {}, "Online Spare Memory Copy Process Started for Faulty Module (Slot %s, Memory Module %s)",
-     {kSlot, kModule}},
+     {kSpareSlot, kSpareModule}},
 
-    {9, {kBoard}, "Mirrored Memory Engaged for Faulty Module (System Memory, Memory Module %s)", {kModule}},
-    {9, {}, "Mirrored Memory Engaged for Faulty Module (Slot %s, Memory Module %s)", {kSlot, kModule}},
+    {9, {kMirrorBoard}, "Mirrored Memory Engaged for Faulty Module (System Memory, Memory Module %s)",
+     {kMirrorModule}},
+    {9, {}, "Mirrored Memory Engaged for Faulty Module (Slot %s, Memory Module %s)",
+     {kMirrorSlot, kMirrorModule}},
 
     {10, {kNoSlot, kNoModule}, "Corrected Memory Error threshold exceeded (Bank Unknown%s)", {kSerial}},
     {10, {kBoard, kNoModule},  "Corrected Memory Error threshold exceeded (System Memory%s)", {kSerial}},
     {10, {kBoard}, "Corrected Memory Error threshold exceeded (System Memory, Bank %s%s)", {kBank, kSerial}},
     {10, {},       "Corrected Memory Error threshold exceeded (Slot %s, Bank %s%s)", {kSlot, kBank, kSerial}},
 
-    {11, {kBoard}, "Online Spare Memory Copy Process Started for Faulty Module (System Memory, Bank %s)",
-     {kBank}},
+    {11, {kSpareBoard}, "Online Spare Memory Copy Process Started for Faulty Module (System Memory, Bank %s)",
+     {kSpareBank}},
     {11, {}, "Online Spare Memory Copy Process Started for Faulty Module (Slot %s, Bank %s)",
-     {kSlot, kBank}},
+     {kSpareSlot, kSpareBank}},
 
-    {12, {kBoard}, "Mirrored Memory Engaged for Faulty Module (System Memory, Bank %s)", {kBank}},
-    {12, {}, "Mirrored Memory Engaged for Faulty Module (Slot %s, Bank %s)", {kSlot, kBank}},
+    {12, {kMirrorBoard}, "Mirrored Memory Engaged for Faulty Module (System Memory, Bank %s)", {kMirrorBank}},
+    {12, {}, "Mirrored Memory Engaged for Faulty Module (Slot %s, Bank %s)", {kMirrorSlot, kMirrorBank}},
 
     {13, {}, "Loss of Mirroring in Memory Subsystem", {}},
     {14, {}, "Online Spare Memory Disabled", {}},
     {15, {}, "Memory Subsystem Not In RAID Mode", {}},
     {16, {}, "Online Spare Memory Switchover Complete", {}},
-    {17, {}, "Memory Board Failure (Slot %s)", {{offsetof(EVT_MAIN_MEMORY_BOARD_FAILURE, bSlot), Byte2Str}}},
+    {17, {}, "Memory Board Failure (Slot %s)", {Field<&EVT_MAIN_MEMORY_BOARD_FAILURE::bSlot, Byte2Str>}},
 
-    {18, {}, "%s", {TranslateMainMemRomDiagFail}},
+    {18, {}, "%s", {Whole(TranslateMainMemRomDiagFail)}},
 };
-static_assert(WellFormed(kEvents));
+static_assert(WellFormed<kEvents>());
 
 // What follows the first suspect of event 3, which reads as event 2.
 constexpr EventRow kFurtherSuspects[] = {
@@ -141,7 +148,7 @@ constexpr EventRow kFurtherSuspects[] = {
     {2, {kBoard}, " or (System Memory, Memory Module %s%s)", {kModule, kSerial}},
     {2, {},       " or (Slot %s, Memory Module %s%s)", {kSlot, kModule, kSerial}},
 };
-static_assert(WellFormed(kFurtherSuspects));
+static_assert(WellFormed<kFurtherSuspects>());
 // clang-format on
 
 // One suspect of several, laid out as EVT_MAIN_MEMORY is, so that the same rows print it.
@@ -150,7 +157,8 @@ struct Suspect {
     uint8_t bModule;
     char cSerialNumber[kSerialNumberSize];
 };
-static_assert(offsetof(Suspect, bSlot) == kSlotAt && offsetof(Suspect, bModule) == kModuleAt &&
+static_assert(offsetof(Suspect, bSlot) == offsetof(EVT_MAIN_MEMORY, bSlot) &&
+              offsetof(Suspect, bModule) == offsetof(EVT_MAIN_MEMORY, bModule) &&
               offsetof(Suspect, cSerialNumber) == offsetof(EVT_MAIN_MEMORY, cSerialNumber));
 
 // Gives each suspect its serial number: the pieces of a text between its commas, in order.
@@ -187,7 +195,6 @@ void TranslateSuspects(Bytes payload, TextWriter& out) {
 }  // namespace
 
 void TranslateClass03(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
-    if (wEventCode == 3) return TranslateSuspects(pEventData, out);
     PrintEvent(kEvents, wEventCode, pEventData, out);
 }
 

@@ -9,26 +9,26 @@ namespace {
 
 // clang-format off
 constexpr EventRow kPostEvents[] = {
-    {1, {}, "POST Error: %s", {{offsetof(EVT_POST_MESSAGE, cMessage), ReformattedText}}},
+    {1, {}, "POST Error: %s", {Field<&EVT_POST_MESSAGE::cMessage, ReformattedText>}},
 };
-static_assert(WellFormed(kPostEvents));
+static_assert(WellFormed<kPostEvents>());
 
 constexpr EventRow kRecoveryEvents[] = {
     {1, {}, "ASR Detected by System ROM", {}},
-    {2, {}, "ASR Lockup Detected: %s", {{offsetof(EVT_ASR_LOCKUP, cMessage), PlainText}}},
+    {2, {}, "ASR Lockup Detected: %s", {Field<&EVT_ASR_LOCKUP::cMessage, PlainText>}},
     {3, {}, "ASR Reset Limit Detected by System ROM", {}},
 };
-static_assert(WellFormed(kRecoveryEvents));
+static_assert(WellFormed<kRecoveryEvents>());
 
 constexpr Condition CauseIs(uint8_t cause) {
-    return {offsetof(EVT_AUTO_SHUTDOWN, bCause), cause};
+    return Is<&EVT_AUTO_SHUTDOWN::bCause>(cause);
 }
-constexpr Condition kShedComponent = {offsetof(EVT_OS_PWR_SHED, bZoneType), kZoneNetworkSlot};
-constexpr Condition kShedBlade     = {offsetof(EVT_OS_PWR_SHED, bZoneType), kZoneBladeSlot};
-constexpr Argument kShedSlot       = {offsetof(EVT_OS_PWR_SHED, bZoneId), Byte2Str};
+constexpr Condition kShedComponent = Is<&EVT_OS_PWR_SHED::bZoneType>(kZoneNetworkSlot);
+constexpr Condition kShedBlade     = Is<&EVT_OS_PWR_SHED::bZoneType>(kZoneBladeSlot);
+constexpr Argument kShedSlot       = Field<&EVT_OS_PWR_SHED::bZoneId, Byte2Str>;
 
 constexpr EventRow kSystemEvents[] = {
-    {1, {}, "Kernel Panic (%s)", {{offsetof(EVT_OS_CRASH, cMessage), PlainText}}},
+    {1, {}, "Kernel Panic (%s)", {Field<&EVT_OS_CRASH::cMessage, PlainText>}},
 
     {2, {CauseIs(0x01)}, "Automatic Operating System Shutdown Initiated Due to Fan Failure", {}},
     {2, {CauseIs(0x02)}, "Automatic Operating System Shutdown Initiated Due to Overheat Condition", {}},
@@ -42,8 +42,8 @@ constexpr EventRow kSystemEvents[] = {
      "Automatic Operating System Shutdown Initiated by Software Automatic Server Recovery", {}},
 
     {3, {}, "Fatal Exception (Number %s, Cause %s)",
-     {{offsetof(EVT_OS_FATAL_EXCEPTION, bException), Byte2Str},
-      {offsetof(EVT_OS_FATAL_EXCEPTION, cCause), PlainText}}},
+     {Field<&EVT_OS_FATAL_EXCEPTION::bException, Byte2Str>,
+      Field<&EVT_OS_FATAL_EXCEPTION::cCause, PlainText>}},
 
     {4, {}, "User Initiated Kernel Panic", {}},
 
@@ -55,27 +55,27 @@ constexpr EventRow kSystemEvents[] = {
 
     {6, {}, "Remotely Initiated Kernel Panic", {}},
 };
-static_assert(WellFormed(kSystemEvents));
+static_assert(WellFormed<kSystemEvents>());
 
 constexpr EventRow kUnrecoverableEvents[] = {
     {1, {}, "An Unrecoverable System Error (NMI) has occurred", {}},
     {2, {}, "An Unrecoverable System Error (BINIT) has occurred", {}},
     {3, {}, "An Unrecoverable System Error has occurred (Error code %s, %s)",
-     {{offsetof(EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA, ulDataLow), Dword2HexStr},
-      {offsetof(EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA, ulDataHigh), Dword2HexStr}}},
+     {Field<&EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA::ulDataLow, Dword2HexStr>,
+      Field<&EVT_UNRECOV_NMI_OR_BINIT_PLUS_DATA::ulDataHigh, Dword2HexStr>}},
 };
-static_assert(WellFormed(kUnrecoverableEvents));
+static_assert(WellFormed<kUnrecoverableEvents>());
 
 constexpr EventRow kRevisionEvents[] = {
-    {1, {}, "ROM flashed (%s)", {{offsetof(EVT_ROM_FLASH_OCCURRED, cText), PlainText}}},
+    {1, {}, "ROM flashed (%s)", {Field<&EVT_ROM_FLASH_OCCURRED::cText, PlainText>}},
 };
-static_assert(WellFormed(kRevisionEvents));
+static_assert(WellFormed<kRevisionEvents>());
 
 constexpr EventRow kNotes[] = {
-    {1, {}, "HLOG Cleared (%s)", {{offsetof(EVT_MAINTENANCE_INFO, cText), PlainText}}},
-    {2, {}, "%s", {{offsetof(EVT_MAINTENANCE_INFO, cText), PlainText}}},
+    {1, {}, "HLOG Cleared (%s)", {Field<&EVT_MAINTENANCE_INFO::cText, PlainText>}},
+    {2, {}, "%s", {Field<&EVT_MAINTENANCE_INFO::cText, PlainText>}},
 };
-static_assert(WellFormed(kNotes));
+static_assert(WellFormed<kNotes>());
 // clang-format on
 
 }  // namespace
