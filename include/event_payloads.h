@@ -12,6 +12,7 @@
 #pragma once
 
 #include "include/event_adapters.h"
+#include "include/event_hardware.h"
 #include "include/event_infrastructure.h"
 #include "include/event_log.h"
 #include "include/event_machine.h"

@@ -2,7 +2,7 @@
 // server, whose chassis number is 0, from an external one, whatever the chassis type.
 #include "cli/eventstr/catalogue.h"
 #include "cli/eventstr/translators.h"
-#include "include/event_system.h"
+#include "include/event_hardware.h"
 
 namespace eventstr {
 namespace {

@@ -1,5 +1,5 @@
-// Class 34, the infrastructure that blade servers live in. Most of its events begin with the kind of
-// enclosure, and so with a blank where the chassis is none.
+// Class 34, the infrastructure that blade servers live in. Most of its texts begin with the kind of
+// enclosure; where the chassis isn't an enclosure, they begin with a blank.
 #include "cli/eventstr/catalogue.h"
 #include "cli/eventstr/translators.h"
 #include "include/event_infrastructure.h"

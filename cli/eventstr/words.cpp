@@ -12,23 +12,23 @@ const char szUnknown[] = "Unknown";
 namespace {
 
 // clang-format off
-constexpr const char* szLocations[] = {    // by EventZoneType
-    "System",           // 0
-    "System Board",
-    "I/O Board",
-    "CPU",
-    "Memory",           // 4
-    "Storage",
-    "Removable Media",
-    "Power Supply",
-    "Ambient",          // 8
-    "Chassis",
-    "Bridge Board",
-    "Management Board",
-    "Backplane",        // 12
-    "Network Slot",
-    "Blade Slot",
-    "Virtual",
+constexpr CodeText szLocations[] = {
+    {kZoneSystem,          "System"},
+    {kZoneSystemBoard,     "System Board"},
+    {kZoneIoBoard,         "I/O Board"},
+    {kZoneCpu,             "CPU"},
+    {kZoneMemory,          "Memory"},
+    {kZoneStorage,         "Storage"},
+    {kZoneRemovableMedia,  "Removable Media"},
+    {kZonePowerSupply,     "Power Supply"},
+    {kZoneAmbient,         "Ambient"},
+    {kZoneChassis,         "Chassis"},
+    {kZoneBridgeBoard,     "Bridge Board"},
+    {kZoneManagementBoard, "Management Board"},
+    {kZoneBackplane,       "Backplane"},
+    {kZoneNetworkSlot,     "Network Slot"},
+    {kZoneBladeSlot,       "Blade Slot"},
+    {kZoneVirtual,         "Virtual"},
 };
 constexpr const char* szRedundancy[] = {
     "",
@@ -164,7 +164,7 @@ const char* WordAt(const char* const (&words)[N], uint8_t index, const char* bey
 }  // namespace
 
 const char* GetLocation(uint8_t bLocation) {
-    return WordAt(szLocations, bLocation);
+    return TextOfCode(szLocations, bLocation, szUnknown);
 }
 
 const char* GetRedundancy(uint8_t bRedundancy) {

@@ -3,13 +3,13 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <new>
 
 #include "cli/command/refusals.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/devices.h"
-#include "cli/misc-commands/event_class.h"
 #include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"
@@ -54,6 +54,51 @@ constexpr CodeText kSeverities[] = {
     {kInformational, "INFO"}, {kNotice, "INFO"},       {kRepaired, "REPAIRED"},
     {kCaution, "CAUTION"},    {kCritical, "CRITICAL"},
 };
+
+constexpr char kNotDefined[] = "Not defined";
+
+// By EVT_HEADER::wClass.
+constexpr const char* EventClass[] = {
+    "EVT_CLASS_EMPTY",  // 0
+    "EVT_CLASS_TEST",
+    "Machine Environment",
+    "Main Memory",
+    "Cache Memory",  // 4
+    "CPU",
+    "Host Bus",
+    "EISA Bus",
+    "PCI Bus",  // 8
+    "Expansion Slot",
+    "POST Messages",
+    "Power Subsystem",
+    "UPS",  // 12
+    "ASR",
+    "OS Class",
+    "DIAGS",
+    kNotDefined,  // 16
+    "Network Adapter",
+    "SCSI Subsystem",
+    "Drive Array Subsystem",
+    "Unrecoverable System Error",  // 20
+    kNotDefined,
+    kNotDefined,
+    kNotDefined,
+    kNotDefined,  // 24
+    kNotDefined,
+    kNotDefined,
+    kNotDefined,
+    kNotDefined,  // 28
+    kNotDefined,
+    kNotDefined,
+    kNotDefined,
+    "System Revision",  // 32
+    "Maintenance Note",
+    "Infrastructure Environment",
+};
+
+const char* EventClassName(uint16_t wClass) {
+    return wClass < std::size(EventClass) ? EventClass[wClass] : kNotDefined;
+}
 
 // Control characters, and bytes that aren't ASCII, would disturb the terminal.
 void BlankUnprintable(char* text) {

@@ -10,8 +10,8 @@ struct EventRead {
 };
 static_assert(sizeof(EventRead) == 312, "as the driver takes it");
 
-// Beside the driver's answers: an entry from before the number asked for, which a listing would follow for
-// ever.
+// Beside the driver's answers: it gave an entry numbered below the one asked for. A listing that went on from
+// there would never end.
 constexpr int kEntryFromBefore = -1;
 
 // Reads the first entry whose number is `number` or higher into a buffer of size bytes, kEventReadSize or

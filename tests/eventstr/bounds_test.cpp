@@ -50,7 +50,7 @@ TEST(EventText, ThatIsCutWholeIsKnown) {
 TEST(EventText, KeepsWhatStandsBeforeALongPiece) {
     const std::string name(240, 'N');
     const std::string text =
-        Translate(2, 8, WithTexts(EVT_MACH_FAN_FAIL{{2, 3, 0}, 1, 3, {}}, {name, "extra"})).text;
+        Translate(2, 8, WithTexts(EVT_MACH_FAN_FAIL{{2, 3, 0}, 1, kZoneCpu, {}}, {name, "extra"})).text;
     EXPECT_EQ(text, ("External Storage System Fan Failure (Chassis " + name).substr(0, 255));
 }
 

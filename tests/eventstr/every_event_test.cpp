@@ -23,6 +23,7 @@ TEST(EveryEvent, ReadsAsStored) {
         }
         ExpectStored("eventstr/every_event.txt", events);
         ExpectStored("eventstr/numbers_and_dates.txt", numbers_and_dates);
+        if (HasFailure()) return;  // the other models' logs are the same
     }
 }
 
@@ -41,8 +42,8 @@ const std::vector<PickingByte>& PickingBytes() {
     const auto plain = [](const auto& record) { return MachineBuilder::Plain(record); };
     // clang-format off
     static const std::vector<PickingByte> rows = {
-        {"chassis type of the server", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kServer, 3, {}}, {"N"}), 0},
-        {"chassis type of another", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kOther, 3, {}}, {"N"}), 0},
+        {"chassis type of the server", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kServer, kZoneCpu, {}}, {"N"}), 0},
+        {"chassis type of another", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kOther, kZoneCpu, {}}, {"N"}), 0},
         {"chassis type by record", 11, 6, WithTexts(EVT_INF_POWER_NOT_REDUNDANT{kOther, 'M', {}}, {"N"}), 0},
         {"chassis type with an extra text", 11, 17, WithTexts(EVT_POWER_AC_VOLTAGE{kOther, 4, 1, {}}, {"N", "extra"}), 0},
         {"chassis type of a SAS enclosure", 19, 7, WithTexts(EVT_SAS_ARRAY_DEV_FAILURE{kServer, 2, {'1', 'A'}, 3, {}}, {"", ""}), 0},
@@ -76,7 +77,7 @@ const std::vector<PickingByte>& PickingBytes() {
         {"power feed", 34, 18, WithTexts(EVT_INF_ENV_INPUT_PWR_SENSE_ERR{kBlades, 0, {}}, {""}), 3},
         {"zone inserted", 34, 19, WithTexts(EVT_INF_ENV_BLADE_INS_REM_2{kBlades, 2, 0, {}}, {""}), 4},
         {"zone removed", 34, 20, WithTexts(EVT_INF_ENV_BLADE_INS_REM_2{kBlades, 2, 0, {}}, {""}), 4},
-        {"side of a component", 34, 20, WithTexts(EVT_INF_ENV_BLADE_INS_REM_2{kBlades, 0, 13, {}}, {""}), 3},
+        {"side of a component", 34, 20, WithTexts(EVT_INF_ENV_BLADE_INS_REM_2{kBlades, 0, kZoneNetworkSlot, {}}, {""}), 3},
         {"faulty part", 34, 24, plain(EVT_INF_ENV_CHASSIS_ERR{kBlades, 0, 1, 2}), 3},
         {"faulty device", 34, 24, plain(EVT_INF_ENV_CHASSIS_ERR{kBlades, 1, 0, 2}), 4},
         {"infrastructure fault", 34, 24, plain(EVT_INF_ENV_CHASSIS_ERR{kBlades, 1, 2, 0}), 5},

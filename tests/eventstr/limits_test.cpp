@@ -30,10 +30,10 @@ void ExpectTexts(const std::vector<TextCase>& cases) {
 
 TEST(EventFields, NumbersAtTheirLimits) {
     const auto fan = [](uint8_t number) {
-        return WithTexts(EVT_MACH_FAN_FAIL{kServer, number, 3, {}}, {""});
+        return WithTexts(EVT_MACH_FAN_FAIL{kServer, number, kZoneCpu, {}}, {""});
     };
     const auto heat = [](uint8_t temperature) {
-        return WithTexts(EVT_MACH_OVERHEAT{kServer, 1, 3, temperature, {}}, {""});
+        return WithTexts(EVT_MACH_OVERHEAT{kServer, 1, kZoneCpu, temperature, {}}, {""});
     };
     const auto bank = [](uint8_t letter) {
         return MachineBuilder::Plain(EVT_MAIN_MEMORY_SPARE_ENGAGED{1, letter});
@@ -105,7 +105,7 @@ std::string Status(EVT_CHASSIS chassis, const std::string& name) {
 
 TEST(EventFields, ChassisNames) {
     const auto removed = [](EVT_CHASSIS chassis, const std::string& name) {
-        return WithTexts(EVT_MACH_FAN_REMOVED{chassis, 1, 3, {}}, {name});
+        return WithTexts(EVT_MACH_FAN_REMOVED{chassis, 1, kZoneCpu, {}}, {name});
     };
     const std::string status = "Server Blade Enclosure Status Change (Enclosure ";
     ExpectTexts({
@@ -164,12 +164,12 @@ TEST(EventFields, PackedBytes) {
         "Server Blade Enclosure Rack Infrastructure Changed (Enclosure Serial Number S, Type 0x";
     const std::string memory = "Uncorrectable Memory Error detected by ROM-based memory validation ";
     ExpectTexts({
-        {"the fuse taken into the slot", 34, 3, fuse(0x10, 14), blade + "0, Fuse B)"},
-        {"a slot of 15 read as unknown", 34, 3, fuse(0x0F, 14), blade + "15, Fuse A)"},
-        {"a fuse from a higher bit", 34, 3, fuse(0xE2, 14), blade + "2, Fuse A)"},
-        {"255 read as unknown", 34, 3, fuse(0xFF, 14), blade + "15, Fuse B)"},
-        {"the fuse taken into the side", 34, 3, fuse(0x12, 13), part + "Right Side, Fuse B)"},
-        {"a side that isn't known", 34, 3, fuse(0x03, 13), part + "Unknown Location, Fuse A)"},
+        {"the fuse taken into the slot", 34, 3, fuse(0x10, kZoneBladeSlot), blade + "0, Fuse B)"},
+        {"a slot of 15 read as unknown", 34, 3, fuse(0x0F, kZoneBladeSlot), blade + "15, Fuse A)"},
+        {"a fuse from a higher bit", 34, 3, fuse(0xE2, kZoneBladeSlot), blade + "2, Fuse A)"},
+        {"255 read as unknown", 34, 3, fuse(0xFF, kZoneBladeSlot), blade + "15, Fuse B)"},
+        {"the fuse taken into the side", 34, 3, fuse(0x12, kZoneNetworkSlot), part + "Right Side, Fuse B)"},
+        {"a side that isn't known", 34, 3, fuse(0x03, kZoneNetworkSlot), part + "Unknown Location, Fuse A)"},
         {"a change taken for its neighbour", 34, 11, rackChange(6), rack + "06)"},
         {"small hexadecimal letters", 34, 11, rackChange(0xAB), rack + "AB)"},
         {"255 read as unknown", 34, 11, rackChange(0xFF), rack + "FF)"},

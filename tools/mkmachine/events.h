@@ -17,8 +17,7 @@ std::string WithTexts(const Record& record, std::initializer_list<std::string> t
     return payload;
 }
 
-// An entry that carries a payload, at a time that goes with its number. header: what is left 0 but for the
-// number, severity, class and code.
+// An entry that carries a payload. Its dates go with its number; what the header isn't given is 0.
 EVT_HEADER EventHeader(uint32_t number, uint8_t severity, uint16_t event_class, uint16_t code);
 std::string EventEntry(EVT_HEADER header, const std::string& payload);
 
