@@ -25,7 +25,7 @@ struct Fan {
 
     Fan() {
         basic.ucSpeedState = 1;
-        basic.ucSpeedPctIsValid = 1;
+        basic.ucSpeedPctIsValid = 255;
         basic.ucSpeedPct = 50;
     }
     void Older(uint8_t present, uint8_t redundant, uint8_t partner) {

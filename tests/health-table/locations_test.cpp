@@ -38,8 +38,8 @@ std::string Row(const char* format, int row, const char* zone) {
 
 TEST(HealthTable, ShowsEveryFanAndSensorThatAByteCanCount) {
     TestMachine machine("bx20");
-    machine.Table(kFanHeaderTable, 0, 0, FANHEADER{255, 1, 0, 0});
-    machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{255, 1, 0});
+    machine.Table(kFanHeaderTable, 0, 0, FANHEADER{255, 255, 0, 0});
+    machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{255, 255, 0});
     std::string fans, sensors;
     for (int i = 0; i < 256; ++i) {
         const COMMONFEATUREINFO feature = Feature(i, kPresent, static_cast<Zone>(i % kZones));

@@ -1,0 +1,123 @@
+// What the driver gets, byte for byte, and what is made of its answers: this program has a request library of
+// its own, which records each call and answers it as a test says.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <vector>
+
+#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/misc-commands/health.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_variables.h"
+#include "include/rom_variables.h"
+#include "platform/request.h"
+
+namespace {
+
+std::vector<std::string> calls;  // a request: its code and the bytes of its block
+int result;                      // of each request; the reply is filled in whatever it is
+int32_t timer_state;             // a reply
+EV_IOCTL_STRUCT variable;        // a reply
+
+}  // namespace
+
+int vxOpenRequest(char* path, int mode) {
+    calls.push_back(path + (" mode " + std::to_string(mode)));
+    return 0;
+}
+
+void vxCloseRequest(int) {}
+
+int vxIoctlRequest(int, int code, void* arg) {
+    calls.push_back(std::to_string(code) + ":");
+    const auto exchange = [](void* bytes, const void* reply, size_t size) {
+        calls.back().append(static_cast<char*>(bytes), size);
+        if (reply != nullptr) std::memcpy(bytes, reply, size);
+    };
+    if (code == 69) {
+        const DT_IOCTL& request = *static_cast<DT_IOCTL*>(arg);
+        exchange(arg, nullptr, sizeof request.DtHdr);
+        exchange(request.pData, nullptr, request.DtHdr.size);
+    } else if (code < 3) {
+        exchange(arg, &variable, sizeof variable);
+    } else if (arg != nullptr) {
+        exchange(arg, &timer_state, sizeof timer_state);
+    }
+    return result;
+}
+
+namespace {
+
+// The one call since the last time; in front of it, what a block that isn't cleared would hold is prepared.
+template <typename Action>
+std::string CallOf(const Action& action) {
+    volatile char stack[4096];
+    for (volatile char& byte : stack) byte = 0x5A;
+    calls.clear();
+    action();
+    return calls.size() == 1 ? calls[0] : "not one call";
+}
+
+// A request whose bytes are all zero but for some.
+struct Byte {
+    size_t place;
+    int value;
+};
+std::string Request(int code, size_t size, std::initializer_list<Byte> bytes) {
+    std::string block(size, '\0');
+    for (const Byte& byte : bytes) block[byte.place] = static_cast<char>(byte.value);
+    return std::to_string(code) + ":" + block;
+}
+
+TEST(RequestBlocks, ADeviceIsOpenedForReadingAndWriting) {
+    calls.clear();
+    OpenDevices();
+    for (const std::string& call : calls) EXPECT_NE(call.find(" mode 2"), call.npos) << call;
+}
+
+TEST(RequestBlocks, ARecordIsAskedForWithZerosInAllThatHasNoMeaning) {
+    EXPECT_EQ(CallOf([] { std::free(generic_dtioctl(0x06AA, -1, 0x102, 5, 0)); }),
+              Request(69, 17, {{0, 5}, {4, 0xAA}, {5, 6}, {6, 255}, {7, 2}}));
+    const char* state;
+    EXPECT_EQ(CallOf([&] { ReadLight(state); }),
+              Request(69, 17, {{0, 5}, {4, 0xDF}, {5, 5}, {8, 1}, {9, 4}}));
+}
+
+TEST(RequestBlocks, AVariableIsItsNameItsLengthAndItsBytes) {
+    std::memset(&variable, 0xEE, sizeof variable);
+    unsigned char bytes[] = "\1\2\3\4";
+    const std::string written = Request(2, 520, {{0, 'A'}, {1, 'B'}, {260, 3}, {264, 1}, {265, 2}, {266, 3}});
+    result = 0;
+    EXPECT_EQ(CallOf([&] { set_ev("AB", bytes, 3); }), written);
+
+    for (const int failure : {1, -1, 0}) {
+        result = failure;
+        EXPECT_EQ(CallOf([&] { EXPECT_EQ(get_ev("A", bytes, 3), failure != 0); }),
+                  Request(1, 520, {{0, 'A'}, {260, 3}}));
+        EXPECT_STREQ(reinterpret_cast<char*>(bytes), failure != 0 ? "\1\2\3\4" : "\xEE\xEE\xEE\4");
+    }
+}
+
+TEST(RequestBlocks, TheTimerIsSwitchedWithoutABlockAndRunsWithAnyStateButZero) {
+    InputLineType line{};
+    line.NumWords = 2;
+    result = 1;
+    EXPECT_EQ(CallOf([&] { do_enable_asr(&line); }), "4:");
+    EXPECT_EQ(CallOf([&] { do_disable_asr(&line); }), "3:");
+    result = 0;
+    for (const int32_t state : {2, INT32_MIN, 0}) {
+        timer_state = state;
+        AsrTimer timer{};
+        ReadAsrTimer(timer);
+        EXPECT_EQ(timer.enabled, state != 0) << state;
+    }
+    result = 1;
+    EXPECT_EQ(CallOf([] {
+                  AsrTimer timer;
+                  ReadAsrTimer(timer);
+              }),
+              Request(6, 4, {}));
+}
+
+}  // namespace
