@@ -1,0 +1,108 @@
+// pieces PIECE N: does a piece of the program's work N times over, so that it can be counted by itself.
+// pieces full-table DIR: makes the default machine with SMBIOS tables as large as tables can be.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "cli/brantcli/command_table.h"
+#include "cli/eventstr/eventstr.h"
+#include "cli/misc-commands/event_class.h"
+#include "cli/misc-commands/event_log.h"
+#include "cli/parse/completion.h"
+#include "tools/mkmachine/events.h"
+#include "tools/mkmachine/firmware_records.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+constexpr unsigned kTextSize = 256;  // bytes of an event's text, as SHOW HLOG has it
+
+// A log of one of each event, an entry an element.
+std::vector<std::string> Entries() {
+    std::vector<std::string> entries;
+    for (const SampleEvent& event : EveryEvent()) {
+        const auto number = static_cast<uint32_t>(entries.size() + 1);
+        entries.push_back(
+            EventEntry(EventHeader(number, event.severity, event.event_class, event.code), event.payload));
+    }
+    return entries;
+}
+
+void Translate(std::string& entry, char (&text)[kTextSize]) {
+    TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text, sizeof text);
+}
+
+// The texts of events.
+void TranslateTimes(size_t count) {
+    std::vector<std::string> entries = Entries();
+    char text[kTextSize];
+    for (size_t i = 0; i < count; ++i) Translate(entries[i % entries.size()], text);
+}
+
+// The bare loop: formats and writes the lines of a listing, and has all that is in them beforehand.
+void PrintLines(size_t count) {
+    struct Line {
+        EVT_HEADER header;
+        std::string text;
+    };
+    std::vector<Line> lines;
+    for (std::string& entry : Entries()) {
+        char text[kTextSize];
+        Translate(entry, text);
+        EVT_HEADER header;
+        std::memcpy(&header, entry.data(), sizeof header);
+        lines.push_back({header, text});
+    }
+    for (size_t i = 0; i < count; ++i) {
+        const auto& [header, text] = lines[i % lines.size()];
+        const EVT_TIME_STAMP& time = header.UpdateTime;
+        std::printf("\nEvent: %zu Added: %02d/%02d/%02d%02d %02d:%02d\n%s: %s - %s.\n", i + 1, time.bMonth,
+                    time.bDay, time.bCentury, time.bYear, time.bHour, time.bMinute,
+                    SeverityWord(header.bSeverity), EventClassName(header.wClass), text.c_str());
+    }
+}
+
+// The TAB key.
+void CompleteTimes(size_t count) {
+    CreateCommands();
+    for (size_t i = 0; i < count; ++i) {
+        char line[kLineSize] = "set serial emb";
+        TabComplete(line);
+    }
+}
+
+// Memory devices up to the last byte that the length of tables can count.
+void MakeFullTable(const char* directory) {
+    constexpr size_t kLargestTables = 65535;
+    constexpr uint32_t kAbove1MiB = 0x100000;
+    const Model& model = Models().front();
+    MakeMachine(model, directory);
+    SmbiosTable tables = TablesOf(model);
+    const SmbiosRecord device = MemoryDeviceRecord({0x7000, 0x1000, "DIMM 9", 1024, 667});
+    while (tables.Bytes().size() + device.Bytes().size() <= kLargestTables) tables.Add(device);
+    MachineBuilder machine(directory);
+    machine.PhysicalMemory(kAbove1MiB, tables.Bytes() + std::string(4096, '\0'));
+    machine.PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(tables.EntryPoint(kAbove1MiB)));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::string piece = argc == 3 ? argv[1] : "";
+    const size_t count = argc == 3 ? std::strtoul(argv[2], nullptr, 10) : 0;
+    if (piece == "translate") {
+        TranslateTimes(count);
+    } else if (piece == "lines") {
+        PrintLines(count);
+    } else if (piece == "tab") {
+        CompleteTimes(count);
+    } else if (piece == "full-table") {
+        MakeFullTable(argv[2]);
+    } else {
+        std::fprintf(stderr, "usage: pieces translate|lines|tab N, or pieces full-table DIR\n");
+        return 2;
+    }
+    return 0;
+}
