@@ -1,10 +1,32 @@
 // The SMBIOS tables as the firmware lays them out: the 32-bit entry point, the header that every record
-// begins with, and where the fields stand that the program reads. Format: DMTF DSP0134 (System Management
-// BIOS), and the maker's own record types. Packed, little-endian, lengths in bytes.
+// begins with, and for each type of record the fields that the program reads. Format: DMTF DSP0134 (System
+// Management BIOS), and the maker's own record types. Packed, little-endian, lengths in bytes.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+
+// A field of a type of record, Layout: where it stands, and what it reads as in a record too short for it. It
+// can't be read from a record of another type.
+template <typename Layout, typename Unsigned>
+struct SmbField {
+    size_t offset;
+    Unsigned missing = 0;
+};
+
+// A field of one byte that names one of the record's strings.
+template <typename Layout>
+struct SmbString {
+    size_t offset;
+};
+
+// Entries of single bytes or of bit fields within bytes, from an offset on.
+template <typename Layout, typename Entry>
+struct SmbArray {
+    size_t offset;
+};
+
+constexpr uint16_t kNoHandle = 0xFFFF;
 
 #pragma pack(push, 1)
 
@@ -43,7 +65,8 @@ static_assert(sizeof(SMBIOS_HEADER) == 4, "as the firmware has it");
 
 // The maker's records. One in the tables may be shorter than its structure here.
 
-struct ZTSMBIOS_ZET_PROC_INFO {  // type 197, one a processor
+struct ZTSMBIOS_ZET_PROC_INFO {  // one for each processor
+    static constexpr uint8_t kType = 197;
     SMBIOS_HEADER header;
     uint16_t wType4Handle;
     uint8_t byApicId;
@@ -52,11 +75,13 @@ struct ZTSMBIOS_ZET_PROC_INFO {  // type 197, one a processor
     uint8_t byPhysicalSlot;  // 0xFF: none
     uint8_t byPhysicalSocket;
 };
-using PZTSMBIOS_ZET_PROC_INFO = ZTSMBIOS_ZET_PROC_INFO*;
 static_assert(sizeof(ZTSMBIOS_ZET_PROC_INFO) == 10 && offsetof(ZTSMBIOS_ZET_PROC_INFO, byPhysicalSlot) == 8,
               "as the firmware has it");
 
-struct ZTSMBIOS_ZET_DIMM_LOCATION_INFO {  // type 202, one a memory device
+constexpr uint8_t kOnSystemBoard = 0xFF;
+
+struct ZTSMBIOS_ZET_DIMM_LOCATION_INFO {  // one for each memory device
+    static constexpr uint8_t kType = 202;
     SMBIOS_HEADER header;
     uint16_t wType17Handle;
     uint8_t byPhysicalSlot;    // the memory board; kOnSystemBoard for none
@@ -64,7 +89,8 @@ struct ZTSMBIOS_ZET_DIMM_LOCATION_INFO {  // type 202, one a memory device
 };
 static_assert(sizeof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO) == 8, "as the firmware has it");
 
-struct ZTSMBIOS_ZET_RACK_INFO {  // type 204, a blade's place
+struct ZTSMBIOS_ZET_RACK_INFO {  // a blade's place
+    static constexpr uint8_t kType = 204;
     SMBIOS_HEADER header;
     uint8_t byRackName;
     uint8_t byEnclosureName;
@@ -73,18 +99,21 @@ struct ZTSMBIOS_ZET_RACK_INFO {  // type 204, a blade's place
     uint8_t byTotalEnclosureBays;
     uint8_t byUsedEnclosureBays;
 };
-using PZTSMBIOS_ZET_RACK_INFO = ZTSMBIOS_ZET_RACK_INFO*;
 static_assert(sizeof(ZTSMBIOS_ZET_RACK_INFO) == 10 && offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureBay) == 7,
               "as the firmware has it");
 
-struct smbios_nic {
-    uint8_t nic_devfcn;  // PCI device and function; 0 together with the bus: no NIC
+struct smbios_nic {      // an embedded NIC; IsEmpty: there is none in its place
+    uint8_t nic_devfcn;  // PCI device and function
     uint8_t nic_bus;
     uint8_t nic_mac[6];  // first byte first
 };
 static_assert(sizeof(smbios_nic) == 8, "as the firmware has it");
+constexpr bool IsEmpty(const smbios_nic& nic) {
+    return nic.nic_devfcn == 0 && nic.nic_bus == 0;
+}
 
-struct smbios_nic_table {  // type 209, the embedded NICs
+struct smbios_nic_table {  // the embedded NICs
+    static constexpr uint8_t kType = 209;
     uint8_t nic_type;
     uint8_t nic_len;  // tells the number of entries
     uint16_t nic_handle;
@@ -103,7 +132,8 @@ struct GBX_PORT_MAP {
 struct GBX_CONNECTOR_ENTRY {
     GBX_PORT_MAP PortMap[8];
 };
-struct SMBIOS_NIC_PORT_MAP_INFO {  // type 222, how a blade's NIC ports reach the enclosure's bays
+struct SMBIOS_NIC_PORT_MAP_INFO {  // how a blade's NIC ports reach the enclosure's bays
+    static constexpr uint8_t kType = 222;
     SMBIOS_HEADER header;
     uint16_t wGbxTableVersion;
     GBX_CONNECTOR_ENTRY GbxConnectorEntry[4];
@@ -114,101 +144,85 @@ static_assert(sizeof(GBX_PORT_MAP) == 2 && sizeof(SMBIOS_NIC_PORT_MAP_INFO) == 7
 
 #pragma pack(pop)
 
-enum SmbRecordType : uint8_t {
-    kBiosInformation = 0,
-    kSystemInformation = 1,
-    kProcessorInformation = 4,
-    kCacheInformation = 7,
-    kMemoryArray = 16,
-    kMemoryDevice = 17,
-    kZetProcInfo = 197,
-    kZetDimmLocation = 202,
-    kZetRackInfo = 204,
-    kNicTable = 209,
-    kNicPortMap = 222,
+namespace smbios {
+
+// The standard records, by their type.
+template <typename Layout, uint8_t kNumber>
+struct Standard {
+    static constexpr uint8_t kType = kNumber;
+    template <typename Unsigned>
+    using Field = SmbField<Layout, Unsigned>;
+    using String = SmbString<Layout>;
 };
 
-constexpr uint16_t kNoHandle = 0xFFFF;
-constexpr uint8_t kOnSystemBoard = 0xFF;
-
-// A field of a record's formatted area: where it stands, and what it reads as in a record too short for it.
-template <typename Unsigned>
-struct SmbField {
-    size_t offset;
-    Unsigned missing = 0;
+struct Bios : Standard<Bios, 0> {
+    static constexpr String kVersion = {5};
+    static constexpr String kDate = {8};
 };
 
-constexpr SmbField<uint8_t> kRecordType = {offsetof(SMBIOS_HEADER, byType)};
-constexpr SmbField<uint16_t> kRecordHandle = {offsetof(SMBIOS_HEADER, wHandle)};
+struct System : Standard<System, 1> {
+    static constexpr String kProductName = {5};
+    static constexpr String kSerialNumber = {7};
+};
 
-namespace bios {
-constexpr SmbField<uint8_t> kVersion = {5};  // string
-constexpr SmbField<uint8_t> kDate = {8};     // string
-}  // namespace bios
+struct Processor : Standard<Processor, 4> {
+    static constexpr String kSocket = {4};
+    static constexpr Field<uint8_t> kKind = {5};  // kCentral or another
+    static constexpr Field<uint8_t> kFamily = {6};
+    static constexpr Field<uint32_t> kId = {8};              // its first word; bits 3..0 the stepping
+    static constexpr Field<uint16_t> kExternalClock = {18};  // MHz
+    static constexpr Field<uint16_t> kCurrentSpeed = {22};   // MHz
+    static constexpr Field<uint8_t> kStatus = {24};          // bits 2..0 the state, kPopulated
+    static constexpr Field<uint16_t> kL2Cache = {28, kNoHandle};
+    static constexpr Field<uint16_t> kL3Cache = {30, kNoHandle};
+    static constexpr Field<uint8_t> kCoreCount = {35};
+    static constexpr Field<uint8_t> kThreadCount = {37};  // came together with the core count
 
-namespace system_information {
-constexpr SmbField<uint8_t> kProductName = {5};   // string
-constexpr SmbField<uint8_t> kSerialNumber = {7};  // string
-}  // namespace system_information
+    static constexpr uint8_t kCentral = 3;
+    static constexpr uint8_t kPopulated = 1 << 6;
+};
 
-namespace processor {
-constexpr SmbField<uint8_t> kSocket = {4};  // string
-constexpr SmbField<uint8_t> kType = {5};    // kCentral or another
-constexpr SmbField<uint8_t> kFamily = {6};
-constexpr SmbField<uint32_t> kId = {8};              // its first word; bits 3..0 the stepping
-constexpr SmbField<uint16_t> kExternalClock = {18};  // MHz
-constexpr SmbField<uint16_t> kCurrentSpeed = {22};   // MHz
-constexpr SmbField<uint8_t> kStatus = {24};          // bits 2..0 the state, kPopulated
-constexpr SmbField<uint16_t> kL2Cache = {28, kNoHandle};
-constexpr SmbField<uint16_t> kL3Cache = {30, kNoHandle};
-constexpr SmbField<uint8_t> kCoreCount = {35};
-constexpr SmbField<uint8_t> kThreadCount = {37};  // came into the record together with the core count
+struct Cache : Standard<Cache, 7> {
+    static constexpr Field<uint8_t> kConfiguration = {5};   // low byte; bits 2..0 the level, from 0
+    static constexpr Field<uint16_t> kInstalledSize = {9};  // KiB, or 64 KiB with kIn64KiB
 
-constexpr uint8_t kCentral = 3;
-constexpr uint8_t kPopulated = 1 << 6;
-}  // namespace processor
+    static constexpr uint16_t kIn64KiB = 0x8000;
+};
 
-namespace cache {
-constexpr SmbField<uint8_t> kConfiguration = {5};   // low byte; bits 2..0 the level, from 0
-constexpr SmbField<uint16_t> kInstalledSize = {9};  // KiB, or 64 KiB with kIn64KiB
+struct MemoryArray : Standard<MemoryArray, 16> {
+    static constexpr Field<uint8_t> kUse = {5};
+    static constexpr Field<uint8_t> kErrorCorrection = {6};  // above kNone: parity, ECC or CRC
 
-constexpr uint16_t kIn64KiB = 0x8000;
-}  // namespace cache
+    static constexpr uint8_t kSystemMemory = 3;
+    static constexpr uint8_t kNone = 3;
+};
 
-namespace memory_array {
-constexpr SmbField<uint8_t> kUse = {5};
-constexpr SmbField<uint8_t> kErrorCorrection = {6};  // kNoCorrection; above: parity, ECC or CRC
+struct MemoryDevice : Standard<MemoryDevice, 17> {
+    static constexpr Field<uint16_t> kArray = {4, kNoHandle};
+    static constexpr Field<uint16_t> kSize = {12};  // MiB, or KiB with kInKiB; 0: empty
+    static constexpr Field<uint8_t> kFormFactor = {14};
+    static constexpr String kLocator = {16};
+    static constexpr Field<uint16_t> kTypeDetail = {19};  // a bit for each trait
+    static constexpr Field<uint16_t> kSpeed = {21};       // MHz; 0: unknown
 
-constexpr uint8_t kSystemMemory = 3;
-constexpr uint8_t kNoCorrection = 3;
-}  // namespace memory_array
+    static constexpr uint16_t kInKiB = 0x8000;
+};
 
-namespace memory_device {
-constexpr SmbField<uint16_t> kArray = {4, kNoHandle};
-constexpr SmbField<uint16_t> kSize = {12};  // MiB, or KiB with kInKiB; 0: an empty socket
-constexpr SmbField<uint8_t> kFormFactor = {14};
-constexpr SmbField<uint8_t> kLocator = {16};      // string
-constexpr SmbField<uint16_t> kTypeDetail = {19};  // a bit for each trait
-constexpr SmbField<uint16_t> kSpeed = {21};       // MHz; 0: unknown
+// Fields of the maker's records.
+constexpr SmbField<ZTSMBIOS_ZET_PROC_INFO, uint16_t> kType4Handle = {
+    offsetof(ZTSMBIOS_ZET_PROC_INFO, wType4Handle), kNoHandle};
+constexpr SmbField<ZTSMBIOS_ZET_DIMM_LOCATION_INFO, uint16_t> kType17Handle = {
+    offsetof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO, wType17Handle), kNoHandle};
+constexpr SmbField<ZTSMBIOS_ZET_DIMM_LOCATION_INFO, uint8_t> kPhysicalSlot = {
+    offsetof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO, byPhysicalSlot)};
+constexpr SmbField<ZTSMBIOS_ZET_DIMM_LOCATION_INFO, uint8_t> kPhysicalSocket = {
+    offsetof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO, byPhysicalSocket)};
+constexpr SmbString<ZTSMBIOS_ZET_RACK_INFO> kEnclosureBay = {
+    offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureBay)};
+constexpr SmbArray<smbios_nic_table, smbios_nic> kNics = {offsetof(smbios_nic_table, nic_nics)};
+constexpr SmbField<SMBIOS_NIC_PORT_MAP_INFO, uint16_t> kGbxTableVersion = {
+    offsetof(SMBIOS_NIC_PORT_MAP_INFO, wGbxTableVersion)};
+constexpr SmbArray<SMBIOS_NIC_PORT_MAP_INFO, GBX_CONNECTOR_ENTRY> kGbxConnectors = {
+    offsetof(SMBIOS_NIC_PORT_MAP_INFO, GbxConnectorEntry)};
 
-constexpr uint16_t kInKiB = 0x8000;
-}  // namespace memory_device
-
-namespace zet_processor {
-constexpr SmbField<uint16_t> kType4Handle = {offsetof(ZTSMBIOS_ZET_PROC_INFO, wType4Handle), kNoHandle};
-}  // namespace zet_processor
-
-namespace zet_dimm {
-constexpr SmbField<uint16_t> kType17Handle = {offsetof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO, wType17Handle),
-                                              kNoHandle};
-constexpr SmbField<uint8_t> kSlot = {offsetof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO, byPhysicalSlot)};
-constexpr SmbField<uint8_t> kSocket = {offsetof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO, byPhysicalSocket)};
-}  // namespace zet_dimm
-
-namespace zet_rack {
-constexpr SmbField<uint8_t> kEnclosureBay = {offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureBay)};
-}  // namespace zet_rack
-
-namespace nic_port_map {
-constexpr SmbField<uint16_t> kTableVersion = {offsetof(SMBIOS_NIC_PORT_MAP_INFO, wGbxTableVersion)};
-}  // namespace nic_port_map
+}  // namespace smbios

@@ -17,8 +17,7 @@ namespace {
 int CountNicsOfRom() {
     int count = 0;
     for (int i = 0; i < kMaxEmbeddedNics; ++i) {
-        const unsigned char* entry = zthmac + i * kNicEntrySize;
-        if (entry[0] != 0 || entry[1] != 0) ++count;
+        if (!IsEmpty(EmbeddedNic(i))) ++count;
     }
     return count;
 }

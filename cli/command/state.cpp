@@ -12,7 +12,7 @@ int casr_fd = -1;
 int crom_fd = -1;
 
 int embedded_nics_installed = 0;
-unsigned char zthmac[kMaxEmbeddedNics * kNicEntrySize];
+unsigned char zthmac[kMaxEmbeddedNics * sizeof(smbios_nic)];
 
 unsigned char fSMBiosInited = 0;
 SMBIOSEntryPoint EPS;
@@ -28,6 +28,11 @@ int memory_modules_left_out = 0;
 
 char* History[kHistorySlots];
 int history_index = 0;
+
+smbios_nic& EmbeddedNic(int index) {
+    static_assert(alignof(smbios_nic) == 1);
+    return reinterpret_cast<smbios_nic*>(zthmac)[index];
+}
 
 namespace {
 

@@ -16,12 +16,12 @@ extern int cevt_fd;  // the event log
 extern int casr_fd;  // the automatic server recovery timer
 extern int crom_fd;  // ROM variables
 
-// The embedded NICs: how many there are, and eight entries of 8 bytes: PCI device and function, PCI bus, MAC
-// address.
+// The embedded NICs: how many there are, and the entries of the first eight, as their ROM variable has them.
 constexpr int kMaxEmbeddedNics = 8;
-constexpr int kNicEntrySize = 8;     // bytes
 extern int embedded_nics_installed;  // -1: unknown
-extern unsigned char zthmac[kMaxEmbeddedNics * kNicEntrySize];
+extern unsigned char zthmac[kMaxEmbeddedNics * sizeof(smbios_nic)];
+// An entry of zthmac. index: 0 to 7.
+smbios_nic& EmbeddedNic(int index);
 
 // The private copy of the SMBIOS tables.
 extern unsigned char fSMBiosInited;  // TRUE: there is a copy

@@ -74,7 +74,7 @@ BOOL SmbGetRecordByHandle(unsigned short wHandle, void** ppRecord) {
     unsigned char* pSaveState = nullptr;
     do {
         if (SmbGetRecord(&pSaveState) != TRUE) return FALSE;
-    } while (SmbRead(pSaveState, kRecordHandle) != wHandle);
+    } while (ReadField<uint16_t>(SmbFormattedArea(pSaveState), offsetof(SMBIOS_HEADER, wHandle)) != wHandle);
     *ppRecord = pSaveState;
     return TRUE;
 }
@@ -88,9 +88,4 @@ unsigned char* SmbGetStringByNumber(void* pRecord, unsigned short wString) {
         offset += std::strlen(reinterpret_cast<const char*>(strings) + offset) + 1;
     }
     return strings + std::min(offset, size);
-}
-
-const char* SmbText(void* pRecord, SmbField<uint8_t> field) {
-    const unsigned char* text = SmbGetStringByNumber(pRecord, SmbRead(pRecord, field));
-    return text != nullptr ? reinterpret_cast<const char*>(text) : "";
 }

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "include/bios_area.h"
+#include "src/utils/map_physical.h"
 
 namespace {
 
@@ -73,4 +74,15 @@ void DeinitSMBIOS() {
 
 BOOL IsSMBIOSAvailable() {
     return fSMBiosInited;
+}
+
+BOOL ReadPhysMem(unsigned int offset, unsigned int size, unsigned char* buffer) {
+    auto* mapping = static_cast<unsigned char*>(zetMapPhys32UnCache(offset, size));
+    if (mapping == nullptr) {
+        std::fprintf(stderr, "smbios: ReadPhysMem: mmap FAILED\n");
+        return FALSE;
+    }
+    std::memcpy(buffer, mapping, size);
+    zetUnMapPhys32UnCache(mapping, size);
+    return TRUE;
 }

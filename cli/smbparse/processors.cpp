@@ -1,8 +1,15 @@
 // The processors and their caches.
-#include "cli/smbparse/inventory_table.h"
+#include <strings.h>
+
+#include <cstring>
+
 #include "cli/smbparse/smbparse.h"
+#include "src/utils/numbers.h"
 #include "src/utils/text_writer.h"
 #include "src/utils/word_table.h"
+
+using smbios::Cache;
+using smbios::Processor;
 
 namespace {
 
@@ -45,69 +52,75 @@ const char* FindProcName(uint8_t family) {
     return TextOfCode(SmbProcTable, family, "Other");
 }
 
-bool IsPopulatedCpu(const void* record) {
-    return SmbRead(record, processor::kType) == processor::kCentral &&
-           (SmbRead(record, processor::kStatus) & processor::kPopulated) != 0;
-}
-
-uint16_t InstalledSize(const void* cache_record) {
-    return SmbRead(cache_record, cache::kInstalledSize) & static_cast<uint16_t>(~cache::kIn64KiB);
+bool IsPopulatedCpu(const SmbRecord<Processor>& record) {
+    return record.Read(Processor::kKind) == Processor::kCentral &&
+           (record.Read(Processor::kStatus) & Processor::kPopulated) != 0;
 }
 
 // The maker's own record for a processor; null when there is none.
-const void* FindZetProcRec(uint16_t wType4Handle) {
-    for (unsigned char* record = nullptr; SmbGetRecordOfType(kZetProcInfo, &record) == TRUE;) {
-        if (SmbRead(record, zet_processor::kType4Handle) == wType4Handle) return record;
+PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {
+    for (const auto record : SmbRecords<ZTSMBIOS_ZET_PROC_INFO>()) {
+        if (record.Read(smbios::kType4Handle) == wType4Handle) return record;
     }
-    return nullptr;
+    return {};
 }
 
 // By the place in gCpu_tbl, unless a designation like "Proc 2" says otherwise. The designation doesn't count
 // where the maker's own record describes the processor.
-unsigned int SocketNumber(void* record, int place) {
+unsigned int SocketNumber(const SmbRecord<Processor>& record, int place) {
     int number = place + 1;
-    if (FindZetProcRec(SmbRead(record, kRecordHandle)) == nullptr) {
-        ParseNumFromString(SmbText(record, processor::kSocket), "Proc", &number);
+    if (!FindZetProcRec(record.Handle())) {
+        ParseNumFromString(record.Text(Processor::kSocket), "Proc", &number);
     }
     return static_cast<unsigned int>(number);
 }
 
-void FillCpu(void* record, ZET_CPU* cpu, int place) {
+void FillCpu(const SmbRecord<Processor>& record, ZET_CPU* cpu, int place) {
     cpu->cpuUnitIndex = place;
-    TextWriter(cpu->cpuName, sizeof cpu->cpuName).Text(FindProcName(SmbRead(record, processor::kFamily)));
-    cpu->cpuSpeed = SmbRead(record, processor::kCurrentSpeed);
-    cpu->cpuStep = SmbRead(record, processor::kId) & 0xF;
-    cpu->cpuStatus = kStatusOfState[SmbRead(record, processor::kStatus) & 7];
-    cpu->cpuExtFrequency = SmbRead(record, processor::kExternalClock);
+    TextWriter(cpu->cpuName, sizeof cpu->cpuName).Text(FindProcName(record.Read(Processor::kFamily)));
+    cpu->cpuSpeed = record.Read(Processor::kCurrentSpeed);
+    cpu->cpuStep = record.Read(Processor::kId) & 0xF;
+    cpu->cpuStatus = kStatusOfState[record.Read(Processor::kStatus) & 7];
+    cpu->cpuExtFrequency = record.Read(Processor::kExternalClock);
     cpu->cpuSocketNumber = SocketNumber(record, place);
-    if (SmbFormattedArea(record).size > processor::kThreadCount.offset) {
-        cpu->cpucorecount = SmbRead(record, processor::kCoreCount);
-        cpu->threadcount = static_cast<int8_t>(SmbRead(record, processor::kThreadCount));
+    if (record.Has(Processor::kThreadCount)) {
+        cpu->cpucorecount = record.Read(Processor::kCoreCount);
+        cpu->threadcount = static_cast<int8_t>(record.Read(Processor::kThreadCount));
     }
 }
 
+// In units of 1 or 64 KiB.
+uint16_t InstalledSize(const SmbRecord<Cache>& record) {
+    return record.Read(Cache::kInstalledSize) & static_cast<uint16_t>(~Cache::kIn64KiB);
+}
+
 // Fills *entry from a cache record. cpu: its processor's cpuUnitIndex.
-void ParseCache(const void* record, ZET_CACHE* entry, int cpu) {
-    const bool in_64KiB = (SmbRead(record, cache::kInstalledSize) & cache::kIn64KiB) != 0;
+void ParseCache(const SmbRecord<Cache>& record, ZET_CACHE* entry, int cpu) {
+    const bool in_64KiB = (record.Read(Cache::kInstalledSize) & Cache::kIn64KiB) != 0;
     entry->cacheUnitIndex = cpu;
-    entry->cacheLevelIndex = static_cast<uint8_t>((SmbRead(record, cache::kConfiguration) & 7) + 1);
+    entry->cacheLevelIndex = static_cast<uint8_t>((record.Read(Cache::kConfiguration) & 7) + 1);
     entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
 }
 
-// handle: as a processor's record has it. The first record that it names is a cache, or there is none.
+// handle: of a processor's cache. When the first record that has it isn't a cache, there is none.
 void RecordCache(uint16_t handle, int cpu) {
-    void* record = nullptr;
-    if (handle == kNoHandle || SmbGetRecordByHandle(handle, &record) != TRUE) return;
-    if (SmbRead(record, kRecordType) != kCacheInformation || InstalledSize(record) == 0) return;
+    const auto record = SmbWithHandle<Cache>(handle);
+    if (!record || InstalledSize(record) == 0) return;
     ZET_CACHE* added = AppendRecord(gCache_tbl);
     if (added != nullptr) ParseCache(record, added, cpu);
 }
 
 unsigned short CountProcessors() {
     unsigned short count = 0;
-    for (unsigned char* record = nullptr; SmbGetRecordOfType(kProcessorInformation, &record) == TRUE;)
-        ++count;
+    for ([[maybe_unused]] const auto record : SmbRecords<Processor>()) ++count;
     return count;
+}
+
+constexpr char kBlanks[] = " \t";
+
+// Compares as strcmp does, ASCII letters in either case being equal.
+int strcmpi(const char* a, const char* b) {
+    return strcasecmp(a, b);
 }
 
 }  // namespace
@@ -116,8 +129,9 @@ BOOL SmbParseProcRecords() {
     const unsigned short count = CountProcessors();
     int cpu = 0;
     for (unsigned short copy = count; copy-- > 0;) {
-        void* record = nullptr;
-        if (SmbGetRecordByType(kProcessorInformation, copy, &record) != TRUE) continue;
+        void* found = nullptr;
+        SmbGetRecordByType(Processor::kType, copy, &found);
+        const SmbRecord<Processor> record(found);
         if (!IsPopulatedCpu(record)) continue;
         ZET_CPU* added = AppendRecord(gCpu_tbl);
         if (added == nullptr) {
@@ -126,9 +140,25 @@ BOOL SmbParseProcRecords() {
         }
 
         FillCpu(record, added, cpu);
-        RecordCache(SmbRead(record, processor::kL2Cache), cpu);
-        RecordCache(SmbRead(record, processor::kL3Cache), cpu);
+        RecordCache(record.Read(Processor::kL2Cache), cpu);
+        RecordCache(record.Read(Processor::kL3Cache), cpu);
         ++cpu;
     }
     return count != 0 ? TRUE : FALSE;
+}
+
+BOOL ParseNumFromString(const char* pStr, const char* pToken, int* piValue) {
+    char words[256];
+    TextWriter(words, sizeof words).Text(pStr);
+
+    char* rest = nullptr;
+    const char* word = strtok_r(words, kBlanks, &rest);
+    while (word != nullptr && strcmpi(word, pToken) != 0) word = strtok_r(nullptr, kBlanks, &rest);
+    const char* number = word != nullptr ? strtok_r(nullptr, kBlanks, &rest) : nullptr;
+    if (number == nullptr) return FALSE;
+
+    number += std::strcspn(number, "0123456789");
+    if (*number == '\0') return FALSE;
+    *piValue = DecimalNumber(number);
+    return TRUE;
 }

@@ -4,7 +4,10 @@
 // (processors_left_out, memory_modules_left_out).
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <cstdlib>
+#include <iterator>
 
 #include "cli/command/state.h"
 #include "cli/smbios_old/smbios.h"
@@ -55,3 +58,13 @@ BOOL SmbChkForECCSupported();
 // Only the first word that equals pToken counts, whatever its case. Result: FALSE, with *piValue left alone,
 // when no digit follows it.
 BOOL ParseNumFromString(const char* pStr, const char* pToken, int* piValue);
+
+// Adds a zeroed record to an inventory table. Null, with nothing added, when the table is full or there is no
+// memory for one.
+template <typename Record, size_t kEntries>
+Record* AppendRecord(Record* (&table)[kEntries]) {
+    Record** place = std::find(std::begin(table), std::end(table), nullptr);
+    if (place == std::end(table)) return nullptr;
+    *place = static_cast<Record*>(std::calloc(1, sizeof(Record)));
+    return *place;
+}

@@ -78,8 +78,8 @@ TEST(DamagedTables, AreFoundOrNotWhicheverByteOfTheEntryPointIsWrong) {
 TEST(DamagedTables, TakeNoLongerThanAPersonWaits) {
     std::string records;
     for (uint16_t handle = 0; records.size() < 65000; ++handle) {
-        records += SmbiosRecord(kMemoryArray, handle).Byte(3).Byte(2).Byte(6).Bytes();
-        records += SmbiosRecord(kMemoryDevice, handle).Word(handle).Bytes();
+        records += SmbiosRecord(smbios::MemoryArray::kType, handle).Byte(3).Byte(2).Byte(6).Bytes();
+        records += SmbiosRecord(smbios::MemoryDevice::kType, handle).Word(handle).Bytes();
     }
     LoadedTables tables(records);
     unsigned int size = 1;

@@ -18,7 +18,7 @@ std::string Raw(const char (&bytes)[kSize]) {
 std::string Handles() {
     std::string handles;
     for (unsigned char* record = nullptr; SmbGetRecord(&record) == TRUE;) {
-        handles.push_back(static_cast<char>(SmbRead(record, kRecordHandle)));
+        handles.push_back(static_cast<char>(record[offsetof(SMBIOS_HEADER, wHandle)]));
     }
     return handles;
 }
@@ -90,13 +90,13 @@ TEST(Records, AreFoundByTypeAndByHandle) {
     LoadedTables tables(table.Bytes());
     void* found = nullptr;
     EXPECT_EQ(SmbGetRecordByType(1, 2, &found), TRUE) << "the last copy refused";
-    EXPECT_EQ(SmbRead(found, kRecordHandle), 0x7856) << "other types counted as copies";
+    EXPECT_EQ(ReadField<uint16_t>(SmbFormattedArea(found), 2), 0x7856) << "other types counted as copies";
     void* untouched = &table;
     EXPECT_EQ(SmbGetRecordByType(1, 3, &untouched), FALSE) << "a copy too many";
     EXPECT_EQ(SmbGetRecordByHandle(0x0034, &untouched), FALSE) << "half a handle compared";
     EXPECT_EQ(untouched, &table);
     EXPECT_EQ(SmbGetRecordByHandle(0x1234, &found), TRUE);
-    EXPECT_EQ(SmbRead(found, SmbField<uint8_t>{4}), 1) << "not the first of a handle";
+    EXPECT_EQ(SmbFormattedArea(found).data[4], 1) << "not the first of a handle";
 
     DeinitSMBIOS();
     EXPECT_EQ(SmbGetRecordByType(1, 0, &untouched), FALSE) << "a record of tables that are gone";

@@ -25,7 +25,7 @@ std::string Inventory() {
 }
 
 // Processors of 1 MHz, all else zero or none but what is given.
-std::string Status(uint8_t status, uint8_t type = processor::kCentral) {
+std::string Status(uint8_t status, uint8_t type = smbios::Processor::kCentral) {
     Processor part = {1, "", 1};
     part.status = status;
     part.type = type;

@@ -10,7 +10,7 @@ constexpr unsigned kNoErrorRecord = 0xFFFE;  // a handle: errors aren't recorded
 }  // namespace
 
 SmbiosRecord BiosRecord(const std::string& version, const std::string& date) {
-    SmbiosRecord record(kBiosInformation, 0x0000);
+    SmbiosRecord record(smbios::Bios::kType, 0x0000);
     record.Text(kMaker).Text(version);
     record.Word(0xF000);  // segment
     record.Text(date);
@@ -23,7 +23,7 @@ SmbiosRecord BiosRecord(const std::string& version, const std::string& date) {
 }
 
 SmbiosRecord SystemRecord(const std::string& product, const std::string& serial) {
-    SmbiosRecord record(kSystemInformation, 0x0100);
+    SmbiosRecord record(smbios::System::kType, 0x0100);
     record.Text(kMaker).Text(product).Text("").Text(serial);
     record.Qword(0x11DD3A7B62C51E40).Qword(0x5A0C9F37E8D41B86);  // UUID
     record.Byte(6);                                              // woken by the power switch
@@ -43,7 +43,7 @@ SmbiosRecord ChassisRecord(uint8_t kind, const std::string& serial) {
 }
 
 SmbiosRecord ProcessorRecord(const Processor& part) {
-    SmbiosRecord record(kProcessorInformation, part.handle);
+    SmbiosRecord record(smbios::Processor::kType, part.handle);
     record.Text(part.socket).Byte(part.type).Byte(part.family).Text("Intel");
     record.Dword(part.id).Dword(0xBFEBFBFF);  // the second word tells its features
     record.Text("").Byte(0x8C);               // 1.2 V
@@ -58,7 +58,7 @@ SmbiosRecord ProcessorRecord(const Processor& part) {
 }
 
 SmbiosRecord CacheRecord(const Cache& part) {
-    SmbiosRecord record(kCacheInformation, part.handle);
+    SmbiosRecord record(smbios::Cache::kType, part.handle);
     record.Text(part.name);
     record.Word(0x0180U | (part.level - 1U));  // enabled, internal, write back
     record.Word(part.size).Word(part.size);
@@ -69,7 +69,7 @@ SmbiosRecord CacheRecord(const Cache& part) {
 }
 
 SmbiosRecord MemoryArrayRecord(const MemoryArray& part) {
-    SmbiosRecord record(kMemoryArray, part.handle);
+    SmbiosRecord record(smbios::MemoryArray::kType, part.handle);
     record.Byte(3);  // on the system board
     record.Byte(part.use).Byte(part.error_correction);
     record.Dword(part.capacity).Word(kNoErrorRecord).Word(part.sockets);
@@ -77,7 +77,7 @@ SmbiosRecord MemoryArrayRecord(const MemoryArray& part) {
 }
 
 SmbiosRecord MemoryDeviceRecord(const MemoryDevice& part) {
-    SmbiosRecord record(kMemoryDevice, part.handle);
+    SmbiosRecord record(smbios::MemoryDevice::kType, part.handle);
     record.Word(part.array).Word(kNoErrorRecord);
     record.Word(72).Word(64);  // bits, with and without those for correction
     record.Word(part.size).Byte(part.form_factor);
@@ -107,23 +107,23 @@ SmbiosRecord EndRecord(uint16_t handle) {
 }
 
 SmbiosRecord ProcInfoRecord(uint16_t handle, uint16_t processor, uint8_t socket) {
-    SmbiosRecord record(kZetProcInfo, handle);
+    SmbiosRecord record(ZTSMBIOS_ZET_PROC_INFO::kType, handle);
     record.Word(processor).Byte(socket).Byte(socket == 1).Byte(0xFF).Byte(socket);
     return record;
 }
 
 SmbiosRecord DimmLocationRecord(uint16_t handle, uint16_t device, uint8_t slot, uint8_t socket) {
-    return SmbiosRecord(kZetDimmLocation, handle).Word(device).Byte(slot).Byte(socket);
+    return SmbiosRecord(ZTSMBIOS_ZET_DIMM_LOCATION_INFO::kType, handle).Word(device).Byte(slot).Byte(socket);
 }
 
 SmbiosRecord RackRecord(uint16_t handle, const std::string& enclosure, const std::string& bay) {
-    SmbiosRecord record(kZetRackInfo, handle);
+    SmbiosRecord record(ZTSMBIOS_ZET_RACK_INFO::kType, handle);
     record.Text("Rack 4").Text(enclosure).Text("Corvex BX Enclosure").Text(bay).Byte(16).Byte(9);
     return record;
 }
 
 SmbiosRecord NicRecord(uint16_t handle, const std::vector<smbios_nic>& nics) {
-    SmbiosRecord record(kNicTable, handle);
+    SmbiosRecord record(smbios_nic_table::kType, handle);
     for (const smbios_nic& nic : nics) {
         record.Byte(nic.nic_devfcn).Byte(nic.nic_bus);
         for (const uint8_t byte : nic.nic_mac) record.Byte(byte);
@@ -134,7 +134,7 @@ SmbiosRecord NicRecord(uint16_t handle, const std::vector<smbios_nic>& nics) {
 SmbiosRecord PortMapRecord(uint16_t handle, const std::vector<MappedPort>& ports) {
     GBX_CONNECTOR_ENTRY connectors[4] = {};
     for (const MappedPort& port : ports) connectors[port.connector].PortMap[port.port] = port.entry;
-    SmbiosRecord record(kNicPortMap, handle);
+    SmbiosRecord record(SMBIOS_NIC_PORT_MAP_INFO::kType, handle);
     record.Word(1);
     for (const char byte : MachineBuilder::Plain(connectors)) record.Byte(static_cast<uint8_t>(byte));
     return record;

@@ -30,7 +30,7 @@ struct Processor {
     uint16_t l2_cache = kNoHandle;
     uint16_t l3_cache = kNoHandle;
     uint8_t status = 0x41;  // populated, enabled; or kEmptySocket
-    uint8_t type = processor::kCentral;
+    uint8_t type = smbios::Processor::kCentral;
     uint8_t family = 0xB3;
     uint32_t id = 0x000106A5;  // its low four bits are the stepping
     uint16_t bus = 1333;       // MHz
@@ -55,7 +55,7 @@ struct MemoryArray {
     uint32_t capacity = 0;  // KiB
     uint8_t sockets = 0;
     uint8_t error_correction = 6;  // multi-bit ECC
-    uint8_t use = memory_array::kSystemMemory;
+    uint8_t use = smbios::MemoryArray::kSystemMemory;
 };
 SmbiosRecord MemoryArrayRecord(const MemoryArray& part);
 

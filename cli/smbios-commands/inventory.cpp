@@ -1,4 +1,4 @@
-// SHOW SERVER: the machine, its NICs, its processors and its memory.
+// SHOW SERVER: the machine, its NICs, its processors and its memory; and the memory modules, for SHOW DIMM.
 #include <cstdio>
 
 #include "cli/command/refusals.h"
@@ -6,6 +6,9 @@
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/word_table.h"
+
+using smbios::Bios;
+using smbios::System;
 
 namespace {
 
@@ -16,10 +19,10 @@ constexpr CodeText kCpuStatuses[] = {
     {kCpuDisabled, "Disabled"},
 };
 
-void PrintSystem(void* system, void* rom) {
-    std::printf("\nSystem        : %s", SmbText(system, system_information::kProductName));
-    std::printf("\nSerial No.    : %s", SmbText(system, system_information::kSerialNumber));
-    std::printf("\nROM version   : %s %s", SmbText(rom, bios::kVersion), SmbText(rom, bios::kDate));
+void PrintSystem(const SmbRecord<System>& system, const SmbRecord<Bios>& rom) {
+    std::printf("\nSystem        : %s", system.Text(System::kProductName));
+    std::printf("\nSerial No.    : %s", system.Text(System::kSerialNumber));
+    std::printf("\nROM version   : %s %s", rom.Text(Bios::kVersion), rom.Text(Bios::kDate));
     std::printf("\nKelm present  : %s", YesNo(got_kelm != 0));
 }
 
@@ -30,7 +33,7 @@ void PrintNics() {
     }
     std::printf("\nEmbedded NICs : %d", embedded_nics_installed);
     for (int k = 0; k < kMaxEmbeddedNics && k + 1 <= embedded_nics_installed; ++k) {
-        const unsigned char* mac = zthmac + k * kNicEntrySize + offsetof(smbios_nic, nic_mac);
+        const uint8_t* mac = EmbeddedNic(k).nic_mac;
         std::printf("\n\tNIC%d MAC: %02x:%02x:%02x:%02x:%02x:%02x", k + 1, mac[0], mac[1], mac[2], mac[3],
                     mac[4], mac[5]);
     }
@@ -60,6 +63,18 @@ void PrintProcessor(const ZET_CPU& cpu) {
     std::printf("\n\tStatus       : %s", CpuStatusWord(cpu.cpuStatus));
 }
 
+void PrintModule(const ZET_MemModule& module) {
+    std::printf("\nCartridge #:    %d", module.memBoardIndex);
+    std::printf("\nModule #:       %d", module.memModuleIndex);
+    std::printf("\nPresent:        %s", "Yes");
+    std::printf("\nForm Factor:    %xh", module.memModuleType);
+    std::printf("\nMemory Type:    %xh", module.memModuleTechnology);
+    std::printf("\nSize:           %d MB", module.memModuleSize / 1024);
+    std::printf("\nSpeed:          %d MHz", module.memModuleFrequency);
+    std::printf("\nStatus:         %s", "N/A");
+    std::printf("\n");
+}
+
 }  // namespace
 
 const char* CpuStatusWord(uint8_t status) {
@@ -73,14 +88,10 @@ int do_show_server(InputLineType* InputLine) {
     }
     unsigned int memoryKiB = 0;
     if (SmbGetTotalMemory(&memoryKiB) != TRUE) return Fail("\nERROR: Failed to get SMBIOS memory data.");
-    void* system = nullptr;
-    if (SmbGetRecordByType(kSystemInformation, 0, &system) != TRUE) {
-        return Fail("\nERROR: Failed to get SMBIOS system data.");
-    }
-    void* rom = nullptr;
-    if (SmbGetRecordByType(kBiosInformation, 0, &rom) != TRUE) {
-        return Fail("\nERROR: Failed to get SMBIOS ROM data.");
-    }
+    const auto system = SmbFirst<System>();
+    if (!system) return Fail("\nERROR: Failed to get SMBIOS system data.");
+    const auto rom = SmbFirst<Bios>();
+    if (!rom) return Fail("\nERROR: Failed to get SMBIOS ROM data.");
 
     PrintSystem(system, rom);
     PrintNics();
@@ -94,5 +105,17 @@ int do_show_server(InputLineType* InputLine) {
     std::printf("\n\nProcessor total  : %d\n", processors);
     std::printf("\nMemory installed : %u MBytes", memoryKiB / 1024);
     std::printf("\nECC supported    : %s", YesNo(SmbChkForECCSupported() == TRUE));
+    return 0;
+}
+
+int get_dimminfo_smbios() {
+    if (smbios_available == 0 || gMemoryMod[0] == nullptr) return 1;
+    for (const ZET_MemModule* module : gMemoryMod) {
+        if (module == nullptr) break;
+        if (module->memModuleSize != 0) PrintModule(*module);
+    }
+    if (memory_modules_left_out != 0) {
+        std::printf("\nNOTE: Memory modules not shown: %d.\n", memory_modules_left_out);
+    }
     return 0;
 }

@@ -24,7 +24,8 @@ std::string Inventory() {
     return text;
 }
 
-SmbiosRecord Array(uint16_t handle, uint8_t use = memory_array::kSystemMemory, uint8_t correction = 6) {
+SmbiosRecord Array(uint16_t handle, uint8_t use = smbios::MemoryArray::kSystemMemory,
+                   uint8_t correction = 6) {
     return MemoryArrayRecord({handle, 0, 0, correction, use});
 }
 
