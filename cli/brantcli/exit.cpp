@@ -8,9 +8,12 @@
 #include "cli/parse/terminal.h"
 #include "cli/smbios_old/smbios.h"
 
+bool OutputIsWritten() {
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
 int FinalStatus(int status) {
-    const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-    return status == 0 && !written ? 1 : status;
+    return OutputIsWritten() || status != 0 ? status : 1;
 }
 
 void ReleaseEverything() {

@@ -5,6 +5,10 @@
 constexpr int kLineSize = 255;  // bytes of a line, its terminating zero included
 constexpr int kMaxWords = 25;
 
+// The longest line that can be entered with the cursor at its end: the editor refuses one whose cursor gets
+// further, though what is inserted in mid-line may still fill all of a line.
+constexpr int kLongestEntered = 252;
+
 // One command line, typed at the prompt or taken from the script argument, and its words.
 struct InputLineType {
     char CmdLine[kLineSize];                   // the line as typed or scripted

@@ -2,8 +2,10 @@
 // main in the reverse one; traces show either, and tests hold both.
 #pragma once
 
-// The status to end with: status itself, or 1 instead of 0 when something could not be written to standard
-// output. Flushes it.
+// Flushes standard output. False when something could not be written to it, now or before.
+bool OutputIsWritten();
+
+// The status to end with: status itself, or 1 instead of 0 when not all output could be written.
 int FinalStatus(int status);
 
 // Closes the devices in the order in which they were opened, gives the terminal back, frees the history and

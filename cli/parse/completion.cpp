@@ -48,68 +48,76 @@ Candidates FindCandidates(const CmdType& parent, std::string_view word, bool las
 
 // Puts the tokens of the tree in the words' place, as far as the tree goes, and in the last word's place what
 // all its candidates begin with. Result: how many candidates the word had that it ended at; 0 for none.
-int CompleteWords(std::string_view* words, int count) {
+int CompleteWords(const CmdType* tree, WordsOfLine& line) {
     int candidates = 0;
-    const CmdType* node = Cmds;
-    for (int i = 0; i < count && node->Sub != nullptr; ++i) {
-        const Candidates found = FindCandidates(*node, words[i], i == count - 1);
+    const CmdType* node = tree;
+    for (int i = 0; i < line.count && node->Sub != nullptr; ++i) {
+        std::string_view& word = line.words[i];
+        const Candidates found = FindCandidates(*node, word, i == line.count - 1);
         candidates = found.count;
         if (candidates == 0) break;
         if (candidates > 1) {
-            if (found.common.size() > words[i].size()) words[i] = found.common;
+            if (found.common.size() > word.size()) word = found.common;
             break;
         }
         node = found.first;
-        words[i] = node->Token;
+        word = node->Token;
     }
     return candidates;
 }
 
 }  // namespace
 
-int SplitAtBlanks(std::string_view line, std::string_view (&words)[kMaxWords]) {
-    int count = 0;
+WordsOfLine SplitAtBlanks(std::string_view line) {
+    WordsOfLine found;
     size_t begin = line.find_first_not_of(' ');
-    while (begin != line.npos && count < kMaxWords) {
+    for (; begin != line.npos && found.count < kMaxWords; begin = line.find_first_not_of(' ', begin)) {
         const size_t end = std::min(line.find(' ', begin), line.size());
-        words[count++] = line.substr(begin, end - begin);
-        begin = line.find_first_not_of(' ', end);
+        found.words[found.count++] = line.substr(begin, end - begin);
+        begin = end;
     }
-    return count;
+    found.all = begin == line.npos;
+    return found;
+}
+
+Completion CompleteLine(std::string_view line, const CmdType* tree) {
+    Completion completion;
+    WordsOfLine words = SplitAtBlanks(line);
+    if (words.count == 0) return completion;
+
+    const size_t typed = words.Last().size();
+    const int candidates = CompleteWords(tree, words);
+    TextWriter text(completion.line, kLongestEntered + 1);
+    for (int i = 0; i < words.count; ++i) {
+        if (i > 0) text.Letter(' ');
+        text.Text(words.words[i]);
+    }
+    if (candidates == 1) text.Letter(' ');  // the next word may begin
+
+    const bool fits = words.all && !text.Cut();
+    completion.rings = candidates != 1 || !fits;
+    completion.candidates = fits ? candidates : 0;
+    completion.last_word_grew = completion.candidates > 0 && words.Last().size() > typed;
+    return completion;
 }
 
 int TabComplete(char* CmdLine) {
-    std::string_view words[kMaxWords];
-    const int count = SplitAtBlanks(CmdLine, words);
-    if (count == 0) return 0;
-
-    const size_t typed = words[count - 1].size();
-    const int candidates = CompleteWords(words, count);
-    char completed[kLineSize] = {};
-    TextWriter line(completed, sizeof completed);
-    for (int i = 0; i < count; ++i) {
-        if (i > 0) line.Letter(' ');
-        line.Text(words[i]);
-    }
-    if (candidates == 1) line.Letter(' ');  // the next word may begin
-    if (candidates != 1 || line.Cut()) RingBell();
-    if (candidates == 0 || line.Cut()) return 0;
-
-    if (words[count - 1].size() > typed) GetChar(1);
-    std::memcpy(CmdLine, completed, sizeof completed);
-    return candidates;
+    const Completion completion = CompleteLine(CmdLine, Cmds);
+    if (completion.rings) RingBell();
+    if (completion.last_word_grew) GetChar(1);
+    if (completion.candidates > 0) std::memcpy(CmdLine, completion.line, kLineSize);
+    return completion.candidates;
 }
 
 int DoubleTabComplete(char* CmdLine) {
     if (TabComplete(CmdLine) <= 1) return 0;
 
     // The words before the last are whole tokens now.
-    std::string_view words[kMaxWords];
-    const int last = SplitAtBlanks(CmdLine, words) - 1;
-    const CmdType* parent = FollowWords(words, last);
+    const WordsOfLine line = SplitAtBlanks(CmdLine);
+    const CmdType* parent = FollowWords(line.words, line.count - 1);
     const char* before = "\n[ ";
     for (const CmdType* child = parent->Sub; child != nullptr; child = child->Next) {
-        if (child->Synonym != nullptr || !Fits(child->Token, words[last], true)) continue;
+        if (child->Synonym != nullptr || !Fits(child->Token, line.Last(), true)) continue;
         std::printf("%s%s", before, child->Token);
         before = " | ";
     }

@@ -6,16 +6,33 @@
 
 #include "cli/command/command.h"
 
-// Completes a line of kLineSize bytes in place, and writes it in its normal form: recognised keywords in
-// upper case, single blanks. Rings the bell when the last word is ambiguous, or when nothing can be done: a
-// word that is no command, no room for what would be added. A longer word has the next TAB count as a first
-// one. Result: 0 when the line stays as it was (also, without the bell, when it has no words); 1 when it
-// names one command; else the number of candidates for its last word.
+// A line cut at its blanks.
+struct WordsOfLine {
+    std::string_view words[kMaxWords];  // parts of the line
+    int count = 0;
+    bool all = true;  // false: the line has more words than there is room for
+
+    std::string_view Last() const { return words[count - 1]; }  // only when there are words
+};
+WordsOfLine SplitAtBlanks(std::string_view line);
+
+// What TAB makes of a line.
+struct Completion {
+    int candidates = 0;           // of the word that it ended at; 0: the line stays as it is
+    bool rings = false;           // the last word is ambiguous, or nothing can be done
+    bool last_word_grew = false;  // so that the next TAB isn't the second of a pair
+    char line[kLineSize] = {};    // the line in its normal form: known keywords in upper case, single blanks
+};
+
+// Completes a line as far as the tree knows its words. Nothing can be done when a word is no command, when
+// the line has more than 25 words, and when the completed line couldn't be entered any more.
+Completion CompleteLine(std::string_view line, const CmdType* tree);
+
+// The same for the line that is being edited, kLineSize bytes, in place; rings where there is reason to.
+// Result: 0 when the line stays as it was (also, without the bell, when it has no words); 1 when it names one
+// command; else the number of candidates for its last word.
 int TabComplete(char* CmdLine);
 
 // TabComplete; when the last word is ambiguous then, its candidates are printed on a line of their own.
 // Result: 1 when they were.
 int DoubleTabComplete(char* CmdLine);
-
-// Cuts a line at its blanks. words: point into the line. Result: how many there are.
-int SplitAtBlanks(std::string_view line, std::string_view (&words)[kMaxWords]);

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "cli/command/exit.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/completion.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr char Prompt[] = "brantcli> ";
 constexpr int kPromptLength = sizeof Prompt - 1;
-constexpr int kLastColumn = 252;  // the cursor must not pass it
 
 struct Line {
     char* text;    // the CmdLine that is being read
@@ -147,6 +147,15 @@ void ShowHelp(Line& line, int) {
     MoveTo(line, std::min(column, line.cursor));
 }
 
+// Whatever else the terminal was used for while the program was stopped, the cursor stands where the line is
+// to be drawn: somewhere in a row.
+void DrawAgain(Line& line, int) {
+    const int column = line.cursor;
+    std::putchar('\r');
+    PrintPromptAndLine(line);
+    MoveTo(line, column);
+}
+
 void Enter(Line& line, int) {
     line.entered = true;
 }
@@ -182,6 +191,7 @@ constexpr Binding kBindings[] = {
     {kLineFeed, Enter},
     {kReturn, Enter},
     {kNoKey, Nothing},
+    {kContinued, DrawAgain},
     {kEndOfInput, Leave},
 };
 
@@ -226,15 +236,17 @@ void GetCmd(InputLineType* InputLine) {
     ClearLine(InputLine);
     Line line = {InputLine->CmdLine, 0, history_index, false};
     PrintPromptAndLine(line);
-    std::fflush(stdout);
+    if (!OutputIsWritten()) do_exit(nullptr);  // nobody can see what is asked
 
-    while (!line.entered && line.cursor <= kLastColumn) {
+    while (!line.entered && line.cursor <= kLongestEntered) {
         Act(line, GetChar(0));
         std::fflush(stdout);
     }
     if (!line.entered) {
         RingBell();
         std::printf("\nInvalid Command - command line too long.");
+        std::fflush(stdout);
+        DropRestOfLine();
         return;
     }
     const bool repeated = RepeatsNewest(line.text);

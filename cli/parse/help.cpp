@@ -71,9 +71,8 @@ int FindHelp(char* CmdLine) {
 
     const CmdType* node = Cmds;
     if (candidates == 1) {
-        std::string_view words[kMaxWords];
-        const int count = SplitAtBlanks(CmdLine, words);
-        node = FollowWords(words, count);
+        const WordsOfLine line = SplitAtBlanks(CmdLine);
+        node = FollowWords(line.words, line.count);
     }
     std::printf("\n%s\n", HelpOf(node));
     return 0;

@@ -84,6 +84,7 @@ int GetChar(int Clear_MultiKey) {
     AgeDoubling();
     const auto byte = static_cast<signed char>(ReadChar(1));
     if (InputHasEnded()) return kEndOfInput;
+    if (WasContinued()) return kContinued;
     if (byte < 0) return kUnknownKey;
     if (byte == kTab) return Doubled(kTab, kDoubleTab);
     return byte == kEscape ? ReadAfterEscape() : byte;

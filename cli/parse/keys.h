@@ -6,6 +6,7 @@
 enum Key : int {
     kNoKey       = 0,
     kEndOfInput  = -1,     // no key: there will be no more
+    kContinued   = -2,     // no key: the terminal is ours again, and shows other things by now
     kCtrlC       = 3,
     kBackspace   = 8,
     kTab         = 9,

@@ -21,8 +21,11 @@ termios TTYTEMP;  // character mode
 // What a signal, at any moment, goes by.
 volatile std::sig_atomic_t terminal_wanted = 0;  // from get_terminfo to RestoreTerminal
 volatile std::sig_atomic_t terminal_taken = 0;   // TTY holds what was found, TTYTEMP may be in force
+volatile std::sig_atomic_t continued = 0;        // a SIGCONT came that nobody has looked at
 
+// How the last ReadChar ended.
 bool input_ended = false;
+bool was_continued = false;
 
 termios CharacterMode(const termios& found) {
     termios settings = found;
@@ -77,6 +80,7 @@ void Catch(int signal, void (*handler)(int), int flags) {
 extern "C" void OnContinued(int /*signal*/) {
     const int saved_errno = errno;
     TakeTerminal();
+    continued = 1;
     errno = saved_errno;
 }
 
@@ -98,15 +102,55 @@ extern "C" void OnEndOrStop(int signal) {
     errno = saved_errno;
 }
 
-// Whether a byte, or the end of the input, is there. timeout: null to wait for it.
-bool InputIsReady(timeval* timeout) {
+// Whether a byte, or the end of the input, is there or comes in a moment.
+bool InputIsReady() {
     for (;;) {
+        timeval moment = {0, kEscapeWait};
         fd_set keyboard;
         FD_ZERO(&keyboard);
         FD_SET(kKeyboard, &keyboard);
-        const int ready = select(kKeyboard + 1, &keyboard, nullptr, nullptr, timeout);
+        const int ready = select(kKeyboard + 1, &keyboard, nullptr, nullptr, &moment);
         if (ready >= 0) return ready > 0;
         if (errno != EINTR) return false;
+    }
+}
+
+// The system stops a process that reads a terminal in the background, and has it read on when it continues,
+// which then goes unnoticed. So it is stopped before it reads. False when it was not: the read will tell.
+bool StopUntilContinued() {
+    continued = 0;
+    kill(0, SIGTTIN);
+    return continued != 0;
+}
+
+// Waits until the keyboard can be read or a signal was caught. False for the signal. SIGCONT is held back
+// until it waits, so that none is missed.
+bool WaitUnlessContinued() {
+    sigset_t held_back, found;
+    sigemptyset(&held_back);
+    sigaddset(&held_back, SIGCONT);
+    sigprocmask(SIG_BLOCK, &held_back, &found);
+    fd_set keyboard;
+    FD_ZERO(&keyboard);
+    FD_SET(kKeyboard, &keyboard);
+    const bool interrupted =
+        continued != 0 ||
+        (pselect(kKeyboard + 1, &keyboard, nullptr, nullptr, nullptr, &found) < 0 && errno == EINTR);
+    sigprocmask(SIG_SETMASK, &found, nullptr);
+    return !interrupted;
+}
+
+// Waits until the keyboard can be read. False when the process has its terminal again after it was stopped.
+bool WaitForByte() {
+    for (;;) {
+        if (AnotherHasTerminal()) {
+            if (!StopUntilContinued()) return true;
+        } else if (WaitUnlessContinued()) {
+            return true;
+        }
+        if (continued == 0 || AnotherHasTerminal()) continue;
+        continued = 0;
+        if (terminal_taken != 0) return false;
     }
 }
 
@@ -125,17 +169,20 @@ void RestoreTerminal() {
 }
 
 char ReadChar(int wait) {
-    input_ended = false;
-    timeval moment = {0, kEscapeWait};
-    if (wait == 0 && !InputIsReady(&moment)) return -1;
+    input_ended = was_continued = false;
+    if (wait == 0 && !InputIsReady()) return -1;
     for (;;) {
+        if (wait != 0 && !WaitForByte()) {
+            was_continued = true;
+            return -1;
+        }
         char byte = 0;
         const ssize_t count = read(kKeyboard, &byte, 1);
         if (count == 1) return byte;
         if (count < 0 && errno == EINTR) continue;
         if (count < 0 && errno == EAGAIN) {  // a descriptor that doesn't block
             if (wait == 0) return -1;
-            if (InputIsReady(nullptr)) continue;
+            continue;
         }
         input_ended = true;
         return -1;
@@ -144,6 +191,18 @@ char ReadChar(int wait) {
 
 bool InputHasEnded() {
     return input_ended;
+}
+
+bool WasContinued() {
+    return was_continued;
+}
+
+void DropRestOfLine() {
+    const bool typed_ahead_only = isatty(kKeyboard) != 0;
+    for (char byte = 0; byte != '\n' && byte != '\r' && !input_ended;) {
+        if (typed_ahead_only && !InputIsReady()) return;
+        byte = ReadChar(1);
+    }
 }
 
 void RingBell() {

@@ -13,8 +13,14 @@ void RestoreTerminal();
 // there already or comes within 10 microseconds. -1 when there is none (0xFF reads the same).
 char ReadChar(int wait);
 
-// Whether the last ReadChar met the end of the input, or a read that will never work again.
+// Why the last ReadChar gave none: the input has ended, or a read will never work again; or the process was
+// stopped meanwhile and has its terminal again, so that the screen may show other things.
 bool InputHasEnded();
+bool WasContinued();
+
+// Takes what belongs to a line that isn't wanted: what there is up to and including the next Enter. On a
+// terminal only what has been typed ahead, from anything else also what is yet to come.
+void DropRestOfLine();
 
 // Writes the bell at once.
 void RingBell();

@@ -5,12 +5,11 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <cstring>
+#include <algorithm>
 
 #include "cli/brantcli/command_table.h"
 #include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
-#include "cli/parse/completion.h"
 #include "cli/parse/history.h"
 #include "tests/support/screen.h"
 
@@ -46,6 +45,7 @@ const KeyCase kKeys[] = {
     {"a double ESC, and Ctrl-U",          "a\33\33\33\33b\x15",           "a\a\b \bb\b \b",       "", 0},
     {"0xFF after ESC left in the input",  "a\33\377",                     "a\a",                  "a", 1},
     {"a pair across what is no key", "z\t" + std::string(1, '\0') + "\t\377\t", "z\a\a\a\a",      "z", 1},
+    {"a TAB and an ESC taken for a pair",     "z\t\33\377",                "z\a\a",                "z", 1},
     // bytes that are no keys, sequences that aren't known: what was read of them is gone, the rest is typed
     {"a high byte taken for a key code",  "a\353\370",                    "a\a\a",                "a", 1},
     {"a control character inserted",      "\1\4\32",                      "\a\a\a",               "", 0},
@@ -59,11 +59,16 @@ const KeyCase kKeys[] = {
     {"a beginning taken for a word",      "sho x\t",             "sho x\a",                                  "sho x", 5},
     {"blanks kept, quotes heeded",        " set  name \"My  b\t", " set  name \"My  b" + Erased(17) + "SET NAME \"My b ", "SET NAME \"My b ", 15},
     {"a bell for an empty line",          " \t",                 " ",                                        " ", 1},
-    {"a 26th word", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z\t", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z"
-        + Erased(51) + "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ", 50},
+    {"the 25th word lost", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y \t", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y "
+        + Erased(50) + "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ", 50},
+    {"the 26th word lost", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z\t",
+        "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z\a", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z", 51},
     // TAB and F1 on the screen
     {"the cursor left inside the word",   "sh" + kLeft + "\t",   "sh\b\b \bSHOW ",                           "SHOW ", 5},
     {"the TAB after a longer word counted as its second", "sh\t\t", "sh" + Erased(2) + "SHOW " + Erased(5) + "SHOW ", "SHOW ", 5},
+    {"the TAB after a longer beginning counted as its second", "show s\t\t", "show s\a" + Erased(6) + "SHOW SER\a" + Erased(8) + "SHOW SER", "SHOW SER", 8},
+    {"one word listed",                   "SHOW \t\t",          "SHOW " + Erased(5) + "SHOW ",               "SHOW ", 5},
+    {"a synonym listed", "show f\t\t", "show f\a" + Erased(6) + "SHOW f\a\n[ F1 | FAN ]\nbrantcli> SHOW f", "SHOW f", 6},
     {"the third TAB counted as one more", "s\t\t\t",             "s\a\b \bs\a\n[ SET | SHOW ]\nbrantcli> s\a\b \bs", "s", 1},
     {"F1 without a line",                 kF1,                   Erased(10) +
         "\n\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command.\nbrantcli> ", "", 0},
@@ -118,15 +123,34 @@ TEST(Editor, LooksRightOnATerminal) {
 
 TEST(Editor, KeepsToTheRoomOfALine) {
     StartShell();
-    const std::string refusal = "\a\nInvalid Command - command line too long.";
-    EXPECT_EQ(Type(std::string(253, 'a')), kPrompt + std::string(253, 'a') + refusal);
+    const std::string most = "help " + std::string(246, 'x'), completed = "HELP" + most.substr(4) + " ";
+    EXPECT_EQ(Type(most + "\t\r"), kPrompt + most + Erased(251) + completed);
+    EXPECT_EQ(line.CmdLine, completed);
+    EXPECT_EQ(Type(most + "x\t\r"), kPrompt + most + "x\a");
+    EXPECT_EQ(line.CmdLine, most + "x");
+}
 
-    std::memset(line.CmdLine, 'x', 253);  // a full line, with the blank that follows
-    std::memcpy(line.CmdLine, "help ", 5);
-    EXPECT_EQ(TabComplete(line.CmdLine), 1);
-    line.CmdLine[253] = 'x';
-    EXPECT_EQ(TabComplete(line.CmdLine), 0);
-    EXPECT_EQ(line.CmdLine, "HELP " + std::string(249, 'x'));
+// What stands behind a line that is too long must not run: all of it up to Enter, or at a terminal what has
+// been typed.
+TEST(Editor, RefusesALineThatIsTooLongAndItsRest) {
+    const TestMachine machine("tr500k2");
+    const std::string too_long = "SET ASSET " + std::string(243, 'x'), log = machine.Read("cevt/hlog"),
+                      refusal =
+                          kPrompt + too_long + "\a\nInvalid Command - command line too long.\n" + kPrompt;
+    const std::string script = "{ printf 'HELP EXIT\\n" + too_long + "CLEAR'; sleep .1; " +
+                               "printf ' HLOG\\t\\377\\rHELP QUIT\\n'; } | " + InShell("brantcli");
+    const std::string shown = RunProgram("/bin/sh", {"-c", script}, machine.Directory()).output;
+    EXPECT_EQ(shown.substr(shown.find(refusal)),
+              refusal + "HELP QUIT\nUSAGE: QUIT: Exit brantcli.\n" + kPrompt + "\n");
+    EXPECT_EQ(machine.Type(too_long).status, 0);
+
+    TerminalSession session(machine);
+    session.ReceiveUntil("\n" + kPrompt);
+    session.Type(too_long + "CLEAR HLOG");
+    EXPECT_EQ(kPrompt + session.ReceiveUntil("\n" + kPrompt), refusal);
+    session.Type(too_long + "CLEAR HLOG\rexit\r");
+    EXPECT_EQ(session.End(), 0);
+    EXPECT_EQ(machine.Read("cevt/hlog"), log);
 }
 
 // clang-format off
@@ -135,6 +159,7 @@ struct Model {
     std::vector<std::string> entered;  // of which the last 49 can be recalled
     std::string line;
     size_t at = 0, shown = 0;
+    int bells = 0;  // of keys that can do nothing
 
     void Show(size_t index) {
         shown = index;
@@ -142,6 +167,10 @@ struct Model {
         at = line.size();
     }
     std::string Press(char key) {  // what the key sends
+        if (std::string(at == 0 ? "LH" : "").find(key) != std::string::npos) ++bells;
+        if (std::string(at == line.size() ? "RED" : "").find(key) != std::string::npos) ++bells;
+        const bool older = shown > 0 && shown + 49 > entered.size();
+        if (key == 'U' && !older) ++bells;
         switch (key) {
             case 'L': at -= at > 0;                                                   return kLeft;
             case 'R': at += at < line.size();                                         return kRight;
@@ -151,7 +180,7 @@ struct Model {
             case 'I': if (line.size() < 254) line.insert(at, 1, ' ');                 return kInsert;
             case 'B': if (at > 0) line.erase(--at, 1);                                return "\b";
             case 'C': Show(entered.size());                                           return kClear;
-            case 'U': if (shown > 0 && shown + 49 > entered.size()) Show(shown - 1);  return kUp;
+            case 'U': if (older) Show(shown - 1);                                     return kUp;
             case 'P': Press('U');                                                     return "\33[13~";
             case 'N': if (shown < entered.size()) Show(shown + 1);                    return kDown;
             default:  if (line.size() < 254) line.insert(at++, 1, key);               return {key};
@@ -178,10 +207,12 @@ RC_GTEST_PROP(Editor, KeepsTheLineThatAStringAndAnIndexKeep, ()) {
         rc::gen::pair(rc::gen::inRange(1, 60), rc::gen::elementOf(std::string("ab LRHEDIBCUPN")));
     for (int lines = 0; lines < 2; ++lines) {
         std::string keys;
+        model.bells = 0;
         for (const auto& [times, key] : *rc::gen::container<std::vector<std::pair<int, char>>>(stroke)) {
             for (int i = 0; i < times && !model.TooLong(); ++i) keys += model.Press(key);
         }
         const std::string written = Type(keys + "\n");
+        RC_ASSERT(std::count(written.begin(), written.end(), '\a') == model.bells + model.TooLong());
         RC_ASSERT(line.CmdLine == model.line);
         RC_ASSERT((line.Words[0] != nullptr) == model.HasWords());
         Screen screen(300);

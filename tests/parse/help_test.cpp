@@ -36,6 +36,8 @@ TEST(Help, SaysWhatTheTreeKnows) {
     }
     EXPECT_NE(run.output.find("\n\t SHOW F1\n\t SHOW FANS\n\t SHOW HLOG\n", at), run.output.npos);
     EXPECT_NE(run.output.find("\n\tF1\n\tFAN | FANS\n\tHLOG\n", at), run.output.npos);
+    EXPECT_NE(run.output.find("\n\tSERIAL\n\t\tBIOS\n\t\tEMBEDDED\n\t\tVIRTUAL\n\tSERVER\n", at),
+              run.output.npos);
     EXPECT_EQ(run.status, 1);  // of HELP TREE
     EXPECT_EQ(machine.Script("HELP").status, 0);
 }

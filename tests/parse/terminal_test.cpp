@@ -10,41 +10,73 @@
 
 namespace {
 
-enum Event { kNothing, kSignal, kIgnoredSignal, kEndOfInput };
+enum Event { kNothing, kSignal, kIgnoredSignal };
 struct WayOut {
     const char* of;
     std::vector<std::string> arguments;
+    const char* asks;  // how the output ends when it waits for keys
     Event event;
     std::string keys;
     int status;
 };
+constexpr char kAtPrompt[] = "\nbrantcli> ";
 // clang-format off
 const WayOut kWaysOut[] = {
-    {"EXIT",                      {},                  kNothing,       "exit\r", 0},
-    {"a signal",                  {},                  kSignal,        "",       128 + SIGTERM},
-    {"EXIT, after nohup's start", {},                  kIgnoredSignal, "exit\r", 0},
-    {"the end of the input",      {},                  kEndOfInput,    "SHOW",   0},
-    {"a script",                  {"-s", "SHOW FANS"}, kNothing,       "",       0},
-    {"a start that fails late",   {"-s"},              kNothing,       "",       1},
+    {"EXIT",                      {},                  kAtPrompt, kNothing,       "exit\r", 0},
+    {"a signal",                  {},                  kAtPrompt, kSignal,        "",       128 + SIGTERM},
+    {"EXIT, after nohup's start", {},                  kAtPrompt, kIgnoredSignal, "exit\r", 0},
+    {"a script",                  {"-s", "SHOW HLOG"}, "screen.: ", kNothing,     "q",      0},
+    {"a start that fails late",   {"-s"},              "",        kNothing,       "",       1},
 };
 // clang-format on
 
-TEST(Terminal, IsHandedBackAsFound) {
+termios CharacterMode(termios settings) {
+    settings.c_iflag &= ~TerminalSession::kInputFlags;
+    settings.c_lflag &= ~TerminalSession::kLocalFlags;
+    settings.c_oflag |= OPOST;
+    settings.c_cc[VMIN] = settings.c_cc[VTIME] = 1;
+    return settings;
+}
+
+TEST(Terminal, IsInCharacterModeAndHandedBackAsFound) {
     const TestMachine machine("tr500k2");
     for (const WayOut& way : kWaysOut) {
         std::signal(SIGTERM, way.event == kIgnoredSignal ? SIG_IGN : SIG_DFL);
         TerminalSession session(machine, way.arguments);
         std::signal(SIGTERM, SIG_DFL);
-        if (way.arguments.empty()) {
-            session.ReceiveUntil("brantcli> ");
-            EXPECT_NE(session.Settings(), session.found) << way.of;
-        }
+        session.ReceiveUntil(way.asks);
+        const bool taken = session.Settings() == CharacterMode(session.found);
+        EXPECT_TRUE(taken || way.asks[0] == '\0') << way.of;
         if (way.event == kSignal || way.event == kIgnoredSignal) kill(session.program, SIGTERM);
-        if (way.event == kEndOfInput) session.HaveReadsEnd();
         session.Type(way.keys);
         EXPECT_EQ(session.End(), way.status) << way.of;
-        EXPECT_EQ(session.Settings(), session.found) << way.of;
+        EXPECT_TRUE(session.Settings() == session.found) << way.of;
     }
+}
+
+TEST(Terminal, ThatIsHungUpIsTheEndOfTheInput) {
+    const TestMachine machine("tr500k2");
+    std::signal(SIGHUP, SIG_IGN);
+    TerminalSession session(machine);
+    std::signal(SIGHUP, SIG_DFL);
+    session.ReceiveUntil(kAtPrompt);
+    session.HangUp();
+    EXPECT_EQ(session.End(), 1);  // and its output is lost
+}
+
+TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramGoesOn) {
+    const TestMachine machine("tr500k2");
+    TerminalSession session(machine);
+    session.ReceiveUntil(kAtPrompt);
+    session.Type("show\33[D\33[D");
+    session.ReceiveUntil("show\b\b");
+    session.StopAndContinue();
+    EXPECT_EQ(session.ReceiveUntil("\b\b"), "brantcli> show\b\b");
+    EXPECT_EQ(session.screen.CursorLine(), "brantcli> show");
+    EXPECT_TRUE(session.Settings() == CharacterMode(session.found));
+    session.Type("x");
+    session.ReceiveUntil("\b\b");
+    EXPECT_EQ(session.screen.CursorLine(), "brantcli> shxow");
 }
 
 int keyboard[2];

@@ -4,11 +4,14 @@
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 #include <utmp.h>
 #include <vterm.h>
 
+#include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -44,11 +47,22 @@ class Screen {
     std::unique_ptr<VTerm, void (*)(VTerm*)> terminal_;
 };
 
-// brantcli on a pseudo-terminal of 80 columns.
+inline bool operator==(const termios& one, const termios& other) {
+    return std::memcmp(&one, &other, sizeof one) == 0;
+}
+
+// brantcli on a pseudo-terminal of 80 columns, on which at first everything is set otherwise than in
+// character mode.
 struct TerminalSession {
     explicit TerminalSession(const TestMachine& machine, const std::vector<std::string>& arguments = {}) {
         int keyboard = -1;
         if (openpty(&terminal, &keyboard, nullptr, nullptr, nullptr) != 0) std::abort();
+        termios settings = Settings();
+        settings.c_iflag |= kInputFlags | IXOFF;
+        settings.c_lflag |= kLocalFlags | NOFLSH;
+        settings.c_oflag &= ~tcflag_t{OPOST};
+        settings.c_cc[VMIN] = settings.c_cc[VTIME] = 7;
+        tcsetattr(terminal, TCSANOW, &settings);
         found = Settings();
         program = fork();
         if (program == 0) {
@@ -59,10 +73,17 @@ struct TerminalSession {
         }
         close(keyboard);
     }
-    ~TerminalSession() { close(terminal); }  // hangs up
+    ~TerminalSession() { HangUp(); }
 
     void Type(const std::string& keys) const {
         if (write(terminal, keys.data(), keys.size()) < 0) std::abort();
+    }
+    // Stops the program, as nothing can prevent, uses the terminal for something else, and has it go on.
+    void StopAndContinue() const {
+        kill(program, SIGSTOP);
+        waitpid(program, nullptr, WUNTRACED);
+        tcsetattr(terminal, TCSANOW, &found);
+        kill(program, SIGCONT);
     }
     // What the program writes until it ends so, or the program is over or has been silent for 20 seconds;
     // carriage returns left out.
@@ -72,34 +93,35 @@ struct TerminalSession {
             char byte = 0;
             pollfd ready = {terminal, POLLIN, 0};
             if (poll(&ready, 1, 20000) <= 0 || read(terminal, &byte, 1) <= 0) break;
+            screen.Show({byte});
             if (byte != '\r') received += byte;
         }
-        screen.Show(received);
         return received;
     }
-    // From now on a read yields nothing, as after a hang-up.
-    void HaveReadsEnd() const {
-        termios settings{};
-        tcgetattr(terminal, &settings);
-        settings.c_cc[VMIN] = settings.c_cc[VTIME] = 0;
-        tcsetattr(terminal, TCSANOW, &settings);
+    void HangUp() {
+        close(terminal);
+        terminal = -1;
     }
     // Waits for the program's end: its status, or 128 + N when signal N ended it.
     int End() {
-        ReceiveUntil("\xFF");
+        if (terminal >= 0) ReceiveUntil("\xFF");
         int status = 0;
         waitpid(program, &status, 0);
         return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     }
-    // The terminal's settings as they are now, to compare.
-    std::string Settings() const {
+    // The terminal's settings as they are now.
+    termios Settings() const {
         termios settings{};
         tcgetattr(terminal, &settings);
-        return MachineBuilder::Plain(settings);
+        return settings;
     }
+
+    // What character mode clears.
+    static constexpr tcflag_t kInputFlags = IGNBRK | BRKINT | PARMRK | ISTRIP | INLCR | IGNCR | ICRNL | IXON;
+    static constexpr tcflag_t kLocalFlags = ECHO | ECHONL | ICANON | ISIG | IEXTEN;
 
     Screen screen{80};
     int terminal = -1;  // the person's end
     pid_t program = -1;
-    std::string found;  // Settings() before the program started
+    termios found{};  // Settings() before the program started
 };
