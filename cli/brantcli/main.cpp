@@ -35,11 +35,19 @@ void show_usage() {
     std::printf("\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n");
 }
 
+// The first word that is no option ends the options. Some systems' getopt would go on behind it, and move the
+// words: so it isn't called there.
+bool AtOption(int argc, char** argv) {
+    return optind < argc && argv[optind][0] == '-' && argv[optind][1] != '\0';
+}
+
 // False for an option that isn't known, or one that lacks its value.
 bool ReadOptions(int argc, char** argv) {
-    for (int option = getopt(argc, argv, "sS:"); option != -1; option = getopt(argc, argv, "sS:")) {
+    while (AtOption(argc, argv)) {
+        const int option = getopt(argc, argv, "sS:");
         if (option == '?') return false;
-        if (option == 's' || option == 'S') script_mode = 1;
+        if (option == -1) break;  // "--"
+        script_mode = 1;
     }
     return true;
 }
@@ -72,7 +80,7 @@ int main(int argc, char** argv) {
     if (!CheckUser()) return CommonEnd(1);
     if (!ReadOptions(argc, argv)) {
         show_usage();
-        return FinalStatus(0);
+        return 0;  // even where nobody can read it
     }
 
     if (!CheckRom() || !ReadFirmwareTables()) return CommonEnd(1);

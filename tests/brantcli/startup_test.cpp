@@ -33,6 +33,11 @@ const DeviceCase kDeviceCases[] = {
      "cdt\n"},
 };
 
+const std::string kRule(74, '-');
+const std::string kBanner = "VX management CLI for Solaris (v1.1)\n" + kRule +
+                            "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" +
+                            kRule + "\n";
+
 TEST(StartUp, EndsWhenADeviceDoesNotOpen) {
     for (const DeviceCase& c : kDeviceCases) {
         TestMachine machine("tr500k2");
@@ -42,10 +47,9 @@ TEST(StartUp, EndsWhenADeviceDoesNotOpen) {
         EXPECT_EQ(run.output, c.output) << c.missing;
         EXPECT_EQ(run.status, 1) << c.missing;
         EXPECT_EQ(Devices(machine.TakeTrace()), c.trace) << c.missing;
+        EXPECT_EQ(machine.Type("").output, kBanner + c.output) << c.missing;
     }
 }
-
-const std::string kRule(74, '-');
 
 struct OptionCase {
     const char* catches;
@@ -56,9 +60,6 @@ struct OptionCase {
 };
 
 constexpr char kUsage[] = "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n";
-const std::string kBanner = "VX management CLI for Solaris (v1.1)\n" + kRule +
-                            "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" +
-                            kRule + "\nbrantcli> \n";
 constexpr char kNoCommand[] = "ERROR: At least one command must be specified in script mode.\n";
 
 // clang-format off
@@ -70,7 +71,9 @@ const OptionCase kOptionCases[] = {
     {"-S not the same as -s",                   {"-S", "nonsense"},      "\nInvalid Command\n\n", 1, true},
     {"a final ';' taken for an empty command",  {"-s", "HELP EXIT;"},    "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
     {"a command run after EXIT",                {"-s", "EXIT;nonsense"}, "\n",                    0, true},
-    {"an argument without an option run, no banner, no end at the end of the input", {"EXIT"}, kBanner, 0, true},
+    {"options behind another word read, no end at the end of the input", {"SET UID ON", "-s"}, kBanner + "brantcli> \n", 0, true},
+    {"options behind the commands read",        {"-s", "HELP EXIT", "-x"}, "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
+    {"words behind \"--\" taken for options",   {"--", "-x"},            kBanner + "brantcli> \n", 0, true},
 };
 // clang-format on
 
@@ -114,11 +117,14 @@ TEST(StartUp, ClosesTheDevicesInTheOrderOfItsEnd) {
 TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
     TestMachine machine("tr500k2");
     const auto status = [&](const std::string& words) {
-        return RunProgram("/bin/sh", {"-c", InShell("brantcli") + words}, machine.Directory()).status;
+        return RunProgram("/bin/sh", {"-c", "timeout 20 " + InShell("brantcli") + words}, machine.Directory())
+            .status;
     };
     EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/full"), 1);
     EXPECT_EQ(status(" -s 'EXIT' > /dev/full"), 1);
     EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/null"), 0);
+    EXPECT_EQ(status(" -x > /dev/full"), 0);
+    EXPECT_EQ(status(" < /dev/zero > /dev/full"), 1);  // keys that do nothing, without end
 }
 
 }  // namespace
