@@ -64,6 +64,7 @@ void ResetState() {
     FreeAll(gMemoryMod);
     processors_left_out = memory_modules_left_out = 0;
 
-    FreeAll(History);
+    std::free(History[0]);
+    std::memset(History, 0, sizeof History);
     history_index = 0;
 }

@@ -38,8 +38,8 @@ extern ZET_MemModule* gMemoryMod[64];
 extern int processors_left_out;      // populated, but not in gCpu_tbl: it was full, or memory was short
 extern int memory_modules_left_out;  // installed, but not in gMemoryMod, as above
 
-// The command history: a ring of zeroed buffers, and the slot that the next command goes into. What is done
-// with it is in cli/parse/history.h.
+// The command history: a ring of buffers in one block of memory, which begins at the first, and the slot that
+// the next command goes into. What is done with it is in cli/parse/history.h.
 constexpr int kHistorySlots = 50;
 constexpr int kHistorySlotSize = 256;  // bytes
 extern char* History[kHistorySlots];

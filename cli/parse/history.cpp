@@ -20,18 +20,19 @@ int SlotAfter(int slot) {
 
 bool AllocateHistory() {
     history_index = 0;
+    auto* buffer = static_cast<char*>(std::malloc(kHistorySlots * kHistorySlotSize));
+    if (buffer == nullptr) return false;
     for (char*& slot : History) {
-        slot = static_cast<char*>(std::calloc(1, kHistorySlotSize));
-        if (slot == nullptr) return false;
+        *buffer = '\0';
+        slot = buffer;
+        buffer += kHistorySlotSize;
     }
     return true;
 }
 
 void FreeHistory() {
-    for (char*& slot : History) {
-        std::free(slot);
-        slot = nullptr;
-    }
+    std::free(History[0]);
+    std::memset(History, 0, sizeof History);
 }
 
 void StoreInHistory(const char* line) {

@@ -2,11 +2,11 @@
 // that it holds one command fewer than it has slots. Nothing is kept between runs.
 #pragma once
 
-// Gives each slot of History its buffer, zeroed, and begins at the first. False when there is no memory; then
-// some slots may have one.
+// Gives each slot of History its buffer, with an empty text, and begins at the first. False when there is no
+// memory.
 bool AllocateHistory();
 
-// Frees the buffers that there are.
+// Frees the buffers, if there are any.
 void FreeHistory();
 
 // Adds a line as the newest command; the oldest goes once the ring is full. At most 255 characters are kept.
