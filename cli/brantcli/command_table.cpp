@@ -1,6 +1,8 @@
 #include "cli/brantcli/command_table.h"
 
-#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
 #include <string_view>
 
 #include "cli/fan/fan.h"
@@ -179,6 +181,7 @@ constexpr CommandRow kCommands[] = {
     {"SHOW WOL",                  HelpShowWol,                do_show_wol},
 };
 // clang-format on
+constexpr size_t kCommandCount = std::size(kCommands);
 
 // The path without its last token; "" for a top-level command.
 constexpr std::string_view ParentOf(std::string_view path) {
@@ -225,28 +228,45 @@ static_assert(WellFormed(),
               "no row comes twice or before one that it needs; help texts begin as they must, and a parent's "
               "names its children");
 
-// The node at the end of a path that was appended already; the root for "".
-CmdType* FindNode(std::string_view path) {
-    CmdType* node = Cmds;
-    while (!path.empty()) {
-        const size_t word = std::min(path.find(' '), path.size());
-        node = FindChild(node, path.substr(0, word));
-        path.remove_prefix(std::min(word + 1, path.size()));
+// Where a row's node goes in the tree: the rows are those of its parent and of the node that it stands for,
+// kNone where that is the root, or none.
+struct Place {
+    static constexpr size_t kNone = SIZE_MAX;
+    size_t parent = kNone, synonym_of = kNone;
+    const char* token = nullptr;
+};
+
+constexpr size_t RowOf(std::string_view path) {
+    for (size_t i = 0; i < kCommandCount; ++i) {
+        if (path == kCommands[i].path) return i;
     }
-    return node;
+    return Place::kNone;
 }
 
-void AppendRow(const CommandRow& row) {
+constexpr Place PlaceOf(const CommandRow& row) {
     const std::string_view parent = ParentOf(row.path);
-    const char* token = row.path + (parent.empty() ? 0 : parent.size() + 1);
-    CmdType* synonym = row.synonym_of != nullptr ? FindNode(row.synonym_of) : nullptr;
-    AppendCmd(FindNode(parent), token, synonym, row.help, row.function);
+    return {RowOf(parent), row.synonym_of != nullptr ? RowOf(row.synonym_of) : Place::kNone,
+            row.path + (parent.empty() ? 0 : parent.size() + 1)};
 }
+
+constexpr std::array<Place, kCommandCount> Places() {
+    std::array<Place, kCommandCount> places{};
+    for (size_t i = 0; i < kCommandCount; ++i) places[i] = PlaceOf(kCommands[i]);
+    return places;
+}
+
+constexpr std::array<Place, kCommandCount> kPlaces = Places();
 
 }  // namespace
 
 void CreateCommands() {
     Cmds = NewCommandNode("Top Level of Command Tree", nullptr, HelpRoot, nullptr);
-    for (const CommandRow& row : kCommands) AppendRow(row);
+    CmdType* nodes[kCommandCount];
+    for (size_t i = 0; i < kCommandCount; ++i) {
+        const auto& [parent, synonym_of, token] = kPlaces[i];
+        nodes[i] = AppendCmd(parent != Place::kNone ? nodes[parent] : Cmds, token,
+                             synonym_of != Place::kNone ? nodes[synonym_of] : nullptr, kCommands[i].help,
+                             kCommands[i].function);
+    }
     PropagateSynonyms(Cmds);
 }

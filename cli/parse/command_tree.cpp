@@ -21,12 +21,20 @@ void RefuseDuplicate(const CmdType* node, const char* token, const char* parent_
 }  // namespace
 
 CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, CommandHandler Function) {
-    auto* node = new (std::nothrow) CmdType{Token, Help, Synonym, Function, nullptr, nullptr};
-    if (node == nullptr) {
-        std::printf("\nERROR: Could not allocate memory for the command tree.\n");
-        EndProcess(1);
+    constexpr int kBlock = 64;  // the program's tree takes one
+    static CmdType* unused = nullptr;
+    static int unused_count = 0;
+    if (unused_count == 0) {
+        unused = new (std::nothrow) CmdType[kBlock];
+        if (unused == nullptr) {
+            std::printf("\nERROR: Could not allocate memory for the command tree.\n");
+            EndProcess(1);
+        }
+        unused_count = kBlock;
     }
-    return node;
+    --unused_count;
+    *unused = {Token, Help, Synonym, Function, nullptr, nullptr};
+    return unused++;
 }
 
 CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char* Help,
