@@ -10,7 +10,7 @@
 #include "cli/brantcli/firmware.h"
 #include "cli/brantcli/script.h"
 #include "cli/command/state.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/completion.h"
 #include "cli/parse/help.h"

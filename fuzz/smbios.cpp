@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "cli/brantcli/firmware.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "fuzz/target.h"
 #include "include/bios_area.h"

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "cli/brantcli/firmware.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "platform/request.h"
 #include "savemachine/pieces.h"
 #include "src/utils/standard_streams.h"

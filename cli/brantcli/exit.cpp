@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/parse/history.h"
 #include "cli/parse/terminal.h"
 #include "cli/smbios_old/smbios.h"

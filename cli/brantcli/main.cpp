@@ -10,7 +10,7 @@
 #include "cli/brantcli/script.h"
 #include "cli/command/exit.h"
 #include "cli/command/state.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/dispatcher.h"
 #include "cli/parse/history.h"

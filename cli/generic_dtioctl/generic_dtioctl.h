@@ -1,11 +1,26 @@
-// The health driver's data tables, record by record.
+// The health driver: its four devices, open from start-up to the end of the run, and its data tables, record
+// by record.
 #pragma once
 
 #include <cstdlib>
 #include <type_traits>
 
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/command/state.h"
 #include "include/data_tables.h"
+
+// The devices' files. Not const: the request library takes a char*.
+extern char cdt_path[];
+extern char cevt_path[];
+extern char casr_path[];
+extern char crom_path[];
+
+// Opens cdt, cevt, casr and crom, in this order. False, with a message, when one of them doesn't open; those
+// before it are closed again, the last one first.
+bool OpenDevices();
+
+// Close all four: in the order in which they were opened, or the last one first.
+void CloseDevices();
+void CloseDevicesLastFirst();
 
 // Reads a record of `size` bytes from the table dt_type. The request has a byte for each index, so the driver
 // is asked for 255 where index is -1. fd: the cdt device.

@@ -4,11 +4,10 @@
 #include <iterator>
 
 #include "cli/command/refusals.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
-#include "cli/misc-commands/switch_words.h"
 #include "include/asr_timer.h"
 #include "platform/request.h"
 #include "src/utils/numbers.h"
@@ -16,24 +15,7 @@
 namespace {
 
 constexpr RomVariable<ASREVSTRUCT> kTimeout = {kAsrVariable};
-constexpr char kUnreadable[] = "\nERROR: Failed to read ASR status.";
-constexpr RomTexts kTimeoutTexts = {
-    kUnreadable,
-    "\nERROR: Failed to set ASR timeout.",
-    "\nSuccessfully set ASR timeout to %d minutes.",
-};
-
 constexpr int kMinutes[] = {5, 10, 15, 20, 30};
-
-int SwitchTimer(InputLineType* line, const SwitchWay& way) {
-    if (line->NumWords != 2) return InvalidArguments();
-
-    if (vxIoctlRequest(casr_fd, way.on ? kEnableTimer : kDisableTimer, nullptr) != 0) {
-        return Fail("\nERROR: Failed to %s ASR.", way.verb);
-    }
-    std::printf("\nSuccessfully %sd ASR timer.", way.verb);
-    return 0;
-}
 
 }  // namespace
 
@@ -52,7 +34,7 @@ int do_show_asr(InputLineType* InputLine) {
     AsrTimer timer;
     switch (ReadAsrTimer(timer)) {
         case AsrRead::StateFailed: return Fail("\nERROR: Failed to get ASR enabled state.");
-        case AsrRead::TimeoutFailed: return Fail(kUnreadable);
+        case AsrRead::TimeoutFailed: return Fail("\nERROR: Failed to read ASR status.");
         case AsrRead::Done: break;
     }
     std::printf("\nASR timeout is %d minutes.", timer.minutes);
@@ -71,17 +53,27 @@ int do_set_asr(InputLineType* InputLine) {
         return Fail("\nERROR: Timeout must be 5, 10, 15, 20 or 30 minutes.");
     }
 
-    const RomOutcome outcome = ChangeVariable(kTimeout, [=](ASREVSTRUCT& asr) {
-        asr.ucTimeoutValue = static_cast<uint8_t>(minutes);
-        return true;
-    });
-    return Report<kTimeoutTexts>(outcome, minutes);
+    ASREVSTRUCT asr;
+    if (!ReadVariable(kTimeout, asr)) return Fail("\nERROR: Failed to read ASR status.");
+    asr.ucTimeoutValue = static_cast<uint8_t>(minutes);
+    if (StoreVariable(kTimeout, asr) != RomOutcome::Written)
+        return Fail("\nERROR: Failed to set ASR timeout.");
+    std::printf("\nSuccessfully set ASR timeout to %d minutes.", minutes);
+    return 0;
 }
 
 int do_enable_asr(InputLineType* InputLine) {
-    return SwitchTimer(InputLine, kEnable);
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    if (vxIoctlRequest(casr_fd, kEnableTimer, nullptr) != 0) return Fail("\nERROR: Failed to enable ASR.");
+    std::printf("\nSuccessfully enabled ASR timer.");
+    return 0;
 }
 
 int do_disable_asr(InputLineType* InputLine) {
-    return SwitchTimer(InputLine, kDisable);
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    if (vxIoctlRequest(casr_fd, kDisableTimer, nullptr) != 0) return Fail("\nERROR: Failed to disable ASR.");
+    std::printf("\nSuccessfully disabled ASR timer.");
+    return 0;
 }

@@ -9,7 +9,7 @@
 
 #include "cli/command/refusals.h"
 #include "cli/eventstr/eventstr.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"
 #include "src/utils/text_writer.h"

@@ -6,7 +6,7 @@
 #include <new>
 
 #include "cli/command/refusals.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"

@@ -8,7 +8,7 @@
 
 #include "cli/brantcli/command_table.h"
 #include "cli/command/state.h"
-#include "cli/generic_dtioctl/devices.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/dispatcher.h"
 #include "platform/request.h"
