@@ -3,7 +3,7 @@
 
 #include "cli/command/state.h"
 #include "cli/misc-commands/rom_variables.h"
-#include "include/asr_timer.h"
+#include "include/health_records.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"
 #include "savemachine/pieces.h"

@@ -6,11 +6,8 @@
 #include <memory>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "include/fan_records.h"
-#include "include/indicator_records.h"
+#include "include/health_records.h"
 #include "include/memory_records.h"
-#include "include/power_supply_records.h"
-#include "include/temperature_records.h"
 #include "platform/request.h"
 #include "savemachine/pieces.h"
 

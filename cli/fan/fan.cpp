@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "cli/command/refusals.h"
-#include "include/fan_records.h"
+#include "include/health_records.h"
 #include "src/utils/word_table.h"
 
 namespace {

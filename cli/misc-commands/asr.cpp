@@ -8,7 +8,7 @@
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
-#include "include/asr_timer.h"
+#include "include/health_records.h"
 #include "platform/request.h"
 #include "src/utils/numbers.h"
 

@@ -7,8 +7,7 @@
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/health_table.h"
-#include "include/indicator_records.h"
-#include "include/power_supply_records.h"
+#include "include/health_records.h"
 
 // Power supplies, bay by bay.
 

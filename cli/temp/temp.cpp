@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "cli/command/refusals.h"
-#include "include/temperature_records.h"
+#include "include/health_records.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string>
 
-#include "include/indicator_records.h"
+#include "include/health_records.h"
 #include "platform/sim/change.h"
 #include "platform/sim/device.h"
 #include "platform/sim/machine_directory.h"

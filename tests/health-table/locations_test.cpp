@@ -4,8 +4,7 @@
 
 #include <cstdio>
 
-#include "include/fan_records.h"
-#include "include/temperature_records.h"
+#include "include/health_records.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/features.h"
 

@@ -4,7 +4,7 @@
 
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/command_tree.h"
-#include "include/indicator_records.h"
+#include "include/health_records.h"
 #include "tests/support/test_machine.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "include/temperature_records.h"
+#include "include/health_records.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/features.h"
 

@@ -6,10 +6,8 @@
 #include <optional>
 #include <vector>
 
-#include "include/fan_records.h"
-#include "include/indicator_records.h"
+#include "include/health_records.h"
 #include "include/rom_variables.h"
-#include "include/temperature_records.h"
 #include "tools/mkmachine/features.h"
 #include "tools/mkmachine/firmware_records.h"
 #include "tools/mkmachine/machine_builder.h"

@@ -1,5 +1,5 @@
 // The driver's records of power supplies.
-#include "include/power_supply_records.h"
+#include "include/health_records.h"
 #include "tools/mkmachine/facts.h"
 
 namespace {

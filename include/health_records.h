@@ -1,0 +1,223 @@
+// The driver's records of fans, temperature sensors, power supplies and indicator lights, and the requests of
+// the recovery timer. Packed and little-endian, as the driver has them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "include/data_tables.h"
+#include "include/event_machine.h"
+
+// Fans.
+
+constexpr DataTableType kFanHeaderTable = 351;   // FANHEADER
+constexpr DataTableType kFanDataTable = 352;     // FANDDATA, which not every driver offers
+constexpr DataTableType kFanBasicTable = 353;    // FANBASIC
+constexpr DataTableType kFanFeatureTable = 356;  // COMMONFEATUREINFO
+
+enum FanSpeed : uint8_t { kFanNormal = 1, kFanHigh = 2, kFanOff = 3 };
+
+#pragma pack(push, 1)
+
+struct FANHEADER {
+    uint8_t ucNumSupportedByChassis;  // fan positions
+    uint8_t ucDataAvailable;          // 0: no fan data
+    uint8_t ucNumFanControllers;
+    uint8_t ucMaximum_ucID;
+};
+using PFANHEADER = FANHEADER*;
+static_assert(sizeof(FANHEADER) == 4, "as the driver has it");
+
+struct EVT_MINIHEADER {
+    uint32_t dwEvtNumber;
+    uint8_t bSeverity;
+};
+
+struct FANDDATA {
+    uint8_t ucPresent;  // nonzero: a fan is installed
+    EVT_MINIHEADER EvtCommon;
+    EVT_MACH_FAN_FAIL Evt;
+    char cChassisNameContinued[31];
+    uint8_t ucType;
+    uint8_t ucSpeedState;
+    uint8_t ucRedundant;         // nonzero: redundant
+    uint8_t ucRedundantPartner;  // the partner's number
+};
+using PFANDDATA = FANDDATA*;
+static_assert(sizeof(FANDDATA) == 47 && offsetof(FANDDATA, Evt) == 6 && offsetof(FANDDATA, ucRedundant) == 45,
+              "as the driver has it");
+
+union FANDESCRIPTOR {
+    uint16_t usFanDescriptor;
+    struct {
+        uint16_t bit_Primary : 1;
+        uint16_t bit_SpeedCntrl : 1;
+        uint16_t bit_HotPlug : 1;
+        uint16_t bit_TachForFault : 1;
+        uint16_t bit_SharedFan : 1;
+        uint16_t bit_AlwaysSpeedsUp : 1;
+        uint16_t bit_FailedFanBlowOut : 1;
+        uint16_t bit_FanBlkRedCapable : 1;
+        uint16_t bits_Reserved : 8;
+    } s1;
+};
+
+struct FANBASIC {
+    uint8_t ucDataAvailable;
+    FANDESCRIPTOR FanDescriptor;
+    uint8_t ucSpinTypeIsValid;
+    uint8_t ucSpinType;
+    uint8_t ucSpeedStateIsValid;
+    uint8_t ucSpeedState;  // a FanSpeed, or another
+    uint8_t ucSpeedPctIsValid;
+    uint8_t ucSpeedPct;  // percent of maximum
+    REDUNDANCYGROUPINFO SharedRedGroup;
+};
+using PFANBASIC = FANBASIC*;
+static_assert(sizeof(FANBASIC) == 11 && offsetof(FANBASIC, FanDescriptor) == 1 &&
+                  offsetof(FANBASIC, ucSpeedState) == 6 && offsetof(FANBASIC, ucSpeedPct) == 8,
+              "as the driver has it");
+
+#pragma pack(pop)
+
+// Temperature sensors.
+
+constexpr DataTableType kTemperatureHeaderTable = 251;   // TEMPERATUREHEADER
+constexpr DataTableType kTemperatureNumbersTable = 254;  // TEMPERATURENUMBERS
+constexpr DataTableType kTemperatureFeatureTable = 256;  // COMMONFEATUREINFO
+
+// A sensor's kind, COMMONFEATUREINFO::ucTypeOf.
+enum SensorKind : uint8_t {
+    kBasicSensor = 1,
+    kTc610 = 2,
+    kTc620 = 3,
+    kLm75 = 4,
+    kMax1617 = 5,  // the only kind that knows whether it is present
+};
+
+#pragma pack(push, 1)
+
+struct TEMPERATUREHEADER {
+    uint8_t ucNumSupportedByChassis;  // sensors
+    uint8_t ucDataAvailable;          // 0: no temperature data
+    uint8_t ucMaximum_ucID;
+};
+using PTEMPERATUREHEADER = TEMPERATUREHEADER*;
+static_assert(sizeof(TEMPERATUREHEADER) == 3, "as the driver has it");
+
+struct TEMPERATURENUMBERS {  // degrees Celsius, 0 to 255
+    uint8_t ucDataAvailable;
+    uint8_t ucTemperatureIsValid;  // nonzero: there is a reading
+    uint8_t ucCelciusTemperature;
+    uint8_t ucThresholdIsValid;  // nonzero: there is a threshold
+    uint8_t ucCelciusThreshold;
+    uint8_t ucPrevTempIsValid;
+    uint8_t ucPrevTemperature;
+};
+using PTEMPERATURENUMBERS = TEMPERATURENUMBERS*;
+static_assert(sizeof(TEMPERATURENUMBERS) == 7 && offsetof(TEMPERATURENUMBERS, ucCelciusThreshold) == 4,
+              "as the driver has it");
+
+#pragma pack(pop)
+
+// Power supplies.
+
+constexpr DataTableType kSupplyHeaderTable = 151;   // POWERSUPPLYHEADER
+constexpr DataTableType kSupplyNumbersTable = 158;  // POWERSUPPLYNUMBERS, which not every driver offers
+constexpr DataTableType kSupplyBasicTable = 159;    // POWERSUPPLYBASIC
+constexpr DataTableType kSupplyFeatureTable = 162;  // COMMONFEATUREINFO
+
+#pragma pack(push, 1)
+
+struct POWERSUPPLYHEADER {
+    uint8_t ucNumSupportedByChassis;  // bays
+    uint8_t ucDataAvailable;          // 0: no power supply data
+    uint8_t ucTotalHealthyPresent;
+    uint8_t ucPowerSubsystemRedundant;
+    uint8_t ucMaximum_ucID;
+};
+using PPOWERSUPPLYHEADER = POWERSUPPLYHEADER*;
+static_assert(sizeof(POWERSUPPLYHEADER) == 5, "as the driver has it");
+
+struct POWERSUPPLYNUMBERS {
+    uint8_t ucPresent;  // nonzero: a supply is installed
+    uint8_t ucNumberOfRatings;
+    uint8_t ucNumberOfChannels;
+    uint8_t ucNumberOfSensors;
+    uint8_t ucNumberOfFans;
+};
+using PPOWERSUPPLYNUMBERS = POWERSUPPLYNUMBERS*;
+static_assert(sizeof(POWERSUPPLYNUMBERS) == 5, "as the driver has it");
+
+union PSDESCRIPTOR {
+    uint16_t usPsDescriptor;
+    struct {
+        uint16_t bit_HotPlug : 1;
+        uint16_t bits_Reserved : 15;
+    } s1;
+};
+
+struct POWERSUPPLYBASIC {
+    uint8_t ucDataAvailable;
+    PSDESCRIPTOR PsDescriptor;
+};
+using PPOWERSUPPLYBASIC = POWERSUPPLYBASIC*;
+static_assert(sizeof(POWERSUPPLYBASIC) == 3 && offsetof(POWERSUPPLYBASIC, PsDescriptor) == 1,
+              "as the driver has it");
+
+#pragma pack(pop)
+
+// Indicator lights.
+
+constexpr DataTableType kIndicatorHeaderTable = 1500;   // INDCHEADER
+constexpr DataTableType kIndicatorControlTable = 1503;  // INDCBASIC; its request carries a control function
+
+// DT_IOCTL_HEADER's control function and its subfunctions.
+constexpr uint8_t kIndicatorControl = 1;
+enum IndicatorSubfunction : uint8_t { kTurnOn = 1, kTurnOff = 2, kReportState = 4 };
+
+enum IndicatorState : uint8_t { kIndicatorOff = 0, kIndicatorOn = 1, kIndicatorBlinking = 2 };
+
+#pragma pack(push, 1)
+
+struct INDCHEADER {
+    uint8_t ucNumSupportedByChassis;  // indicators
+    uint8_t ucDataAvailable;          // 0: no indicator data
+    uint8_t ucMaximum_ucID;
+};
+using PINDCHEADER = INDCHEADER*;
+static_assert(sizeof(INDCHEADER) == 3, "as the driver has it");
+
+union INDCDESCRIPTOR {
+    uint16_t usIndcDescriptor;
+    struct {
+        uint16_t bit_InitialState : 1;
+        uint16_t bit_HWCtrl : 1;
+        uint16_t bit_SWCtrl : 1;
+        uint16_t bit_HWCtrlSwtch : 1;
+        uint16_t bit_SWCtrlSwtch : 1;
+        uint16_t bit_SWGenIntr : 1;
+        uint16_t bits_Buttons : 2;
+        uint16_t bits_Reserved : 8;
+    } s1;
+};
+
+struct INDCBASIC {
+    uint8_t ucDataAvailable;
+    uint8_t ucCurrState;  // an IndicatorState
+    INDCDESCRIPTOR IndcDescriptor;
+    uint8_t ucCRUReturnCode;
+};
+using PINDCBASIC = INDCBASIC*;
+static_assert(sizeof(INDCBASIC) == 5 && offsetof(INDCBASIC, ucCurrState) == 1 &&
+                  offsetof(INDCBASIC, ucCRUReturnCode) == 4,
+              "as the driver has it");
+
+#pragma pack(pop)
+
+// The automatic server recovery timer: the casr device's requests. Its timeout is a ROM variable.
+enum AsrRequest : int {
+    kDisableTimer = 3,  // no block
+    kEnableTimer = 4,   // no block
+    kTimerState = 6,    // int32_t, filled: nonzero when the timer runs
+};
