@@ -20,7 +20,7 @@ std::string Table(const std::string& rows) {
 struct Fan {
     bool older_offered = false;
     FANDDATA older{};
-    COMMONFEATUREINFO feature = Feature(0, kPresent, kSystem);
+    COMMONFEATUREINFO feature = Feature(0, kPresent, kSystemZone);
     FANBASIC basic{};
 
     Fan() {

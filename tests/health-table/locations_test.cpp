@@ -41,7 +41,7 @@ TEST(HealthTable, ShowsEveryFanAndSensorThatAByteCanCount) {
     machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{255, 255, 0});
     std::string fans, sensors;
     for (int i = 0; i < 256; ++i) {
-        const COMMONFEATUREINFO feature = Feature(i, kPresent, static_cast<Zone>(i % kZones));
+        const COMMONFEATUREINFO feature = Feature(i, kPresent, static_cast<ZoneType>(i % kZones));
         machine.Table(kFanFeatureTable, i, 0, feature);
         machine.Table(kFanBasicTable, i, 0, FANBASIC{});
         machine.Table(kTemperatureFeatureTable, (i + 255) % 256, 0, feature);  // row 0 is index 255

@@ -12,7 +12,7 @@ TEST(ShowPowerSupply, ReadsEachBitAmongItsNeighbours) {
     TestMachine machine("bx20");
     machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{1, 255, 0, 0, 0});
     machine.Table(kSupplyNumbersTable, 0, 0, POWERSUPPLYNUMBERS{255, 0, 0, 0, 0});
-    machine.Table(kSupplyFeatureTable, 0, 0, Feature(0, 0xFFF8, kSupply));
+    machine.Table(kSupplyFeatureTable, 0, 0, Feature(0, 0xFFF8, kPowerSupplyZone));
     machine.Table(kSupplyBasicTable, 0, 0, POWERSUPPLYBASIC{1, {0xFFFE}});
     EXPECT_EQ(machine.Script("SHOW POWERSUPPLY").output,
               "\nPower supply #1\n\tPresent : No\n\tRedundant: No\n\tCondition: Ok"

@@ -17,7 +17,7 @@ constexpr int kNoPercent = -1;
 
 struct Fan {
     unsigned state;  // bits of State
-    Zone zone;
+    ZoneType zone;
     unsigned instance;  // of the zone
     uint8_t speed;      // a FanSpeed, or kOtherSpeed
     int percent;        // of maximum, or kNoPercent
@@ -33,7 +33,7 @@ constexpr int kInvalid = -1;       // no reading, no threshold
 struct Sensor {
     uint8_t kind;  // a SensorKind, or kOtherKind
     unsigned state;
-    Zone zone;
+    ZoneType zone;
     unsigned instance;  // of the zone
     int reading;        // degrees Celsius, or kInvalid
     int threshold;      // likewise

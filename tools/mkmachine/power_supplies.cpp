@@ -10,7 +10,7 @@ void AddSupply(MachineBuilder& machine, int index, const Supply& supply) {
         older.ucPresent = supply.older == OlderRecord::Present;
         machine.Table(kSupplyNumbersTable, index, 0, older);
     }
-    machine.Table(kSupplyFeatureTable, index, 0, Feature(index, supply.state, kSupply));
+    machine.Table(kSupplyFeatureTable, index, 0, Feature(index, supply.state, kPowerSupplyZone));
 
     POWERSUPPLYBASIC basic{};
     basic.ucDataAvailable = 1;

@@ -6,13 +6,13 @@ namespace {
 // clang-format off
 const std::vector<Fan> kFans = {
     // state, zone, instance, speed, percent, hot-plug, partner, older record
-    {kPresent | kRedundant, kVirtual, 0, kFanNormal, 40, false, 1, false},
+    {kPresent | kRedundant, kVirtualZone, 0, kFanNormal, 40, false, 1, false},
 };
 
 const std::vector<Sensor> kSensors = {
     // kind, state, zone, instance, reading, threshold
-    {kBasicSensor, kPresent, kSystemBoard, 0, 27, 65},
-    {kLm75,        kPresent, kCpu,         1, 48, 95},
+    {kBasicSensor, kPresent, kSystemBoardZone, 0, 27, 65},
+    {kLm75,        kPresent, kProcessorZone,   1, 48, 95},
 };
 
 const std::vector<Supply> kSupplies = {};

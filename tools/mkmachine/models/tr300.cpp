@@ -7,19 +7,19 @@ namespace {
 // clang-format off
 const std::vector<Fan> kFans = {
     // state, zone, instance, speed, percent, hot-plug, partner, older record
-    {kPresent | kRedundant, kSystemBoard, 0, kFanNormal,  45,         false, 2, true},
-    {kPresent | kRedundant, kSystemBoard, 0, kFanNormal,  45,         false, 1, true},
-    {kPresent,              kCpu,         1, kFanHigh,    90,         false, 0, true},
-    {kPresent | kRedundant, kIo,          0, kFanNormal,  kNoPercent, false, 3, false},
-    {kAbsent,               kMedia,       0, kFanOff,     kNoPercent, false, 0, false},
+    {kPresent | kRedundant, kSystemBoardZone,    0, kFanNormal,  45,         false, 2, true},
+    {kPresent | kRedundant, kSystemBoardZone,    0, kFanNormal,  45,         false, 1, true},
+    {kPresent,              kProcessorZone,      1, kFanHigh,    90,         false, 0, true},
+    {kPresent | kRedundant, kIoZone,             0, kFanNormal,  kNoPercent, false, 3, false},
+    {kAbsent,               kRemovableMediaZone, 0, kFanOff,     kNoPercent, false, 0, false},
 };
 
 const std::vector<Sensor> kSensors = {
     // kind, state, zone, instance, reading, threshold
-    {kBasicSensor, kPresent, kSystemBoard, 0, 26, 60},
-    {kBasicSensor, kPresent, kAmbient,     0, 22, 42},
-    {kMax1617,     kPresent, kCpu,         1, 43, 90},
-    {kMax1617,     kAbsent,  kCpu,         2, 0,  90},
+    {kBasicSensor, kPresent, kSystemBoardZone, 0, 26, 60},
+    {kBasicSensor, kPresent, kAmbientZone,     0, 22, 42},
+    {kMax1617,     kPresent, kProcessorZone,   1, 43, 90},
+    {kMax1617,     kAbsent,  kProcessorZone,   2, 0,  90},
 };
 
 const std::vector<Supply> kSupplies = {
