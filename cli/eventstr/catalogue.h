@@ -72,16 +72,16 @@ constexpr size_t CountOf(const Argument (&arguments)[N]) {
 
 // Whether two fields can stand in one row.
 constexpr bool GoTogether(const RecordType& a, const RecordType& b) {
-    const std::string_view chassis = NameOf<EVT_CHASSIS>();
-    if (a.name == b.name || a.name == kNoRecord.name || b.name == kNoRecord.name) return true;
-    return (a.name == chassis && b.has_chassis) || (b.name == chassis && a.has_chassis);
+    constexpr uint32_t kChassis = IdOf<EVT_CHASSIS>();
+    if (a.id == b.id || a.id == 0 || b.id == 0) return true;
+    return (a.id == kChassis && b.has_chassis) || (b.id == kChassis && a.has_chassis);
 }
 
 template <typename FieldsA, typename FieldsB>
 constexpr bool GoTogether(const FieldsA& a, const FieldsB& b) {
     for (const auto& one : a) {
         for (const auto& other : b) {
-            if (!GoTogether(*one.record, *other.record)) return false;
+            if (!GoTogether(one.record, other.record)) return false;
         }
     }
     return true;

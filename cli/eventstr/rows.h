@@ -13,13 +13,12 @@
 
 namespace eventstr {
 
-// A record as a constant, to tell whether two fields are of the same one.
+// A record as a constant, to tell whether two fields are of the same one: a number, because each pointer in a
+// row would be set by the loader whenever the program starts.
 struct RecordType {
-    std::string_view name;
-    bool has_chassis;  // it begins with an EVT_CHASSIS
+    uint32_t id = 0;           // of its name; 0: of no record
+    bool has_chassis = false;  // it begins with an EVT_CHASSIS
 };
-
-inline constexpr RecordType kNoRecord = {"", false};
 
 template <typename Record, typename = void>
 constexpr bool kHasChassis = false;
@@ -27,12 +26,13 @@ template <typename Record>
 constexpr bool kHasChassis<Record, std::void_t<decltype(Record::Chassis)>> = true;
 
 template <typename Record>
-constexpr std::string_view NameOf() {
-    return __PRETTY_FUNCTION__;  // with the record's name in it
+constexpr uint32_t IdOf() {
+    uint32_t id = 2166136261;                                          // FNV-1a
+    for (const char letter : std::string_view(__PRETTY_FUNCTION__)) {  // with the record's name in it
+        id = (id ^ static_cast<uint8_t>(letter)) * 16777619;
+    }
+    return id;
 }
-
-template <typename Record>
-inline constexpr RecordType kRecordType = {NameOf<Record>(), kHasChassis<Record>};
 
 // What a pointer to a member tells: the record, and the field's type.
 template <typename Pointer>
@@ -43,8 +43,8 @@ struct Member<OfType InRecord::*> {
     using Type = OfType;
 };
 
-template <auto kField>
-constexpr const RecordType* kRecordOf = &kRecordType<typename Member<decltype(kField)>::Record>;
+template <auto kField, typename Record = typename Member<decltype(kField)>::Record>
+constexpr RecordType kRecordOf = {IdOf<Record>(), kHasChassis<Record>};
 
 // How many bytes of its record stand in front of a field.
 template <auto kField>
@@ -79,7 +79,7 @@ void PrintField(Bytes payload, TextWriter& out) {
 // What stands for a mark of a text; none in a row whose text has fewer marks.
 struct Argument {
     bool is_set = false;
-    const RecordType* record = &kNoRecord;  // whose field it is
+    RecordType record;  // whose field it is
     void (*print)(Bytes payload, TextWriter& out) = nullptr;
 };
 
@@ -89,7 +89,7 @@ constexpr Argument Field = {true, kRecordOf<kField>, PrintField<kField, kPrint>}
 
 // A function that writes from the whole payload what a row can't say.
 constexpr Argument Whole(void (*print)(Bytes payload, TextWriter& out)) {
-    return {true, &kNoRecord, print};
+    return {true, {}, print};
 }
 
 template <auto kField>
@@ -101,7 +101,7 @@ uint8_t ReadByte(Bytes payload) {
 // What a byte of the payload, or some of its bits, must be for a row to apply; left out, the condition always
 // holds.
 struct Condition {
-    const RecordType* record = &kNoRecord;
+    RecordType record;
     uint8_t (*read)(Bytes payload) = nullptr;
     uint8_t value = 0;
     uint8_t bits = 0;  // those that are looked at
