@@ -24,8 +24,8 @@ unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
 bool BeginsEntryPoint(Bytes bytes) {
     SMBIOSEntryPoint entry;
     if (bytes.size < sizeof entry) return false;
+    if (std::memcmp(bytes.data, kEntryPointAnchor, sizeof entry.sAnchorString) != 0) return false;
     std::memcpy(&entry, bytes.data, sizeof entry);
-    if (std::memcmp(entry.sAnchorString, kEntryPointAnchor, sizeof entry.sAnchorString) != 0) return false;
     if (entry.byEPSLength > bytes.size || SmbChecksum(bytes.data, entry.byEPSLength) != 0) return false;
     return entry.byMajorVer * 256U + entry.byMinorVer > kNewestRefused;
 }
@@ -40,13 +40,22 @@ bool FindEntryPoint(Bytes area) {
     return false;
 }
 
+// Maps physical memory; says on standard error when it can't.
+unsigned char* MapPhysMem(unsigned int offset, unsigned int size) {
+    void* const mapping = zetMapPhys32UnCache(offset, size);
+    if (mapping == nullptr) std::fprintf(stderr, "smbios: ReadPhysMem: mmap FAILED\n");
+    return static_cast<unsigned char*>(mapping);
+}
+
+// Looks for the entry point where it is: the area is large, and most of it is never read.
 bool ReadEntryPoint() {
-    auto* area = static_cast<unsigned char*>(std::malloc(kBiosAreaSize));
-    if (area == nullptr) return false;
-    const bool read = ReadPhysMem(kBiosArea, kBiosAreaSize, area) == TRUE;
-    if (!read) std::printf("ReadPhysMem failed\n");
-    const bool found = read && FindEntryPoint({area, kBiosAreaSize});
-    std::free(area);
+    unsigned char* const area = MapPhysMem(kBiosArea, kBiosAreaSize);
+    if (area == nullptr) {
+        std::printf("ReadPhysMem failed\n");
+        return false;
+    }
+    const bool found = FindEntryPoint({area, kBiosAreaSize});
+    zetUnMapPhys32UnCache(area, kBiosAreaSize);
     return found;
 }
 
@@ -77,11 +86,8 @@ BOOL IsSMBIOSAvailable() {
 }
 
 BOOL ReadPhysMem(unsigned int offset, unsigned int size, unsigned char* buffer) {
-    auto* mapping = static_cast<unsigned char*>(zetMapPhys32UnCache(offset, size));
-    if (mapping == nullptr) {
-        std::fprintf(stderr, "smbios: ReadPhysMem: mmap FAILED\n");
-        return FALSE;
-    }
+    unsigned char* const mapping = MapPhysMem(offset, size);
+    if (mapping == nullptr) return FALSE;
     std::memcpy(buffer, mapping, size);
     zetUnMapPhys32UnCache(mapping, size);
     return TRUE;
