@@ -1,11 +1,11 @@
 // The data tables: every record that a command can ask for, as long as the command asks for it. What a driver
 // has beyond that can't be told from the zeros that a shorter record leaves, and no command sees it.
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/misc-commands/health.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
 #include "platform/request.h"
@@ -95,18 +95,15 @@ void SaveFamily(MachineCopy& copy, const Family& family) {
     }
 }
 
-constexpr int kUnknownMemoryCount = 20;
-constexpr int kMaxModules = 256;
-constexpr int kMaxCartridges = 255;
 constexpr Table kMemory = {kMemoryTable, sizeof(RESMEM_CONFIG), kNotEverywhere};
 constexpr Table kCartridge = {kCartridgeTable, sizeof(CartridgeBeginning), kNotEverywhere};
 constexpr Table kModuleConfig = {kModuleConfigTable, sizeof(RESMEM_DIMM_CONFIG), kNotEverywhere};
 constexpr Table kModuleStatus = {kModuleStatusTable, sizeof(RESMEM_DIMM_STATUS)};
 
 // The modules of some cartridges, up to the first that the driver refuses, as the commands read them.
-void SaveModules(MachineCopy& copy, int from, int to, int modules) {
+void SaveModules(MachineCopy& copy, int from, int to, int sockets) {
     for (int cartridge = from; cartridge < to; ++cartridge) {
-        for (int module = 0; module < modules; ++module) {
+        for (int module = 0; module < sockets; ++module) {
             const Record config = Save(copy, kModuleConfig, cartridge, module);
             if (config == nullptr) return;
             if (static_cast<const RESMEM_DIMM_CONFIG*>(config.get())->ulPresent == 0) continue;
@@ -118,16 +115,11 @@ void SaveModules(MachineCopy& copy, int from, int to, int modules) {
 // A driver may have memory on the system board or in cartridges: it is asked for both.
 void SaveMemory(MachineCopy& copy) {
     copy.Reading("memory modules");
-    int modules = kUnknownMemoryCount;
-    int cartridges = kUnknownMemoryCount;
-    if (const Record record = Save(copy, kMemory, 0)) {
-        const auto& memory = *static_cast<const RESMEM_CONFIG*>(record.get());
-        modules = std::min(static_cast<int>(memory.ulNumberModules), kMaxModules);
-        cartridges = std::min(static_cast<int>(memory.ulNumberCartridges), kMaxCartridges);
-    }
+    const Record memory = Save(copy, kMemory, 0);
+    const MemoryCounts counts = CountsOf(static_cast<const RESMEM_CONFIG*>(memory.get()));
     Save(copy, kCartridge, kSystemBoardCartridge);
-    SaveModules(copy, kSystemBoardCartridge, kSystemBoardCartridge + 1, modules);
-    SaveModules(copy, 0, cartridges, modules);
+    SaveModules(copy, kSystemBoardCartridge, kSystemBoardCartridge + 1, counts.sockets);
+    SaveModules(copy, 0, counts.cartridges, counts.sockets);
 }
 
 // The state of the light comes with a control request, which a plain read couldn't carry.

@@ -18,6 +18,10 @@ extern char crom_path[];
 // before it are closed again, the last one first.
 bool OpenDevices();
 
+// Opens those that open, for programs that do without the others: the descriptor of one that doesn't is below
+// 0, and requests on it fail. Prints nothing.
+void OpenWhatOpens();
+
 // Close all four: in the order in which they were opened, or the last one first.
 void CloseDevices();
 void CloseDevicesLastFirst();

@@ -68,11 +68,17 @@ void PrintModule(const ModuleStatus& module) {
 
 }  // namespace
 
-MemoryModules::MemoryModules() : cartridges_(kUnknownCount), sockets_(kUnknownCount) {
-    if (const Reply<RESMEM_CONFIG> memory{kMemoryTable, 0}) {
-        sockets_ = Bounded(memory->ulNumberModules, kMaxModules);
-        cartridges_ = Bounded(memory->ulNumberCartridges, kMaxCartridges);
-    }
+MemoryCounts CountsOf(const RESMEM_CONFIG* memory) {
+    if (memory == nullptr) return {kUnknownCount, kUnknownCount};
+    return {Bounded(memory->ulNumberModules, kMaxModules),
+            Bounded(memory->ulNumberCartridges, kMaxCartridges)};
+}
+
+MemoryModules::MemoryModules() {
+    const Reply<RESMEM_CONFIG> memory(kMemoryTable, 0);
+    const MemoryCounts counts = CountsOf(memory ? &*memory : nullptr);
+    sockets_ = counts.sockets;
+    cartridges_ = counts.cartridges;
     const Reply<CartridgeBeginning> board(kCartridgeTable, kSystemBoardCartridge);
     if (board && board->ulCartID == 0 && board->ulNumModules != 0) {
         cartridge_ = kSystemBoardCartridge;

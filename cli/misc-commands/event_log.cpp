@@ -96,10 +96,6 @@ constexpr const char* EventClass[] = {
     "Infrastructure Environment",
 };
 
-const char* EventClassName(uint16_t wClass) {
-    return wClass < std::size(EventClass) ? EventClass[wClass] : kNotDefined;
-}
-
 // Control characters, and bytes that aren't ASCII, would disturb the terminal.
 void BlankUnprintable(char* text) {
     for (; *text != '\0'; ++text) {
@@ -163,6 +159,10 @@ int ReadEvent(EVT_IOCTL_ENTRY* buffer, size_t size, uint32_t number) {
 
 const char* SeverityWord(uint8_t bSeverity) {
     return TextOfCode(kSeverities, bSeverity, "UNKNOWN");
+}
+
+const char* EventClassName(uint16_t wClass) {
+    return wClass < std::size(EventClass) ? EventClass[wClass] : kNotDefined;
 }
 
 int do_show_hlog(InputLineType* InputLine) {

@@ -22,3 +22,6 @@ int ReadEvent(EVT_IOCTL_ENTRY* buffer, size_t size, uint32_t number);
 
 // "INFO", "REPAIRED", "CAUTION", "CRITICAL" or "UNKNOWN".
 const char* SeverityWord(uint8_t bSeverity);
+
+// What the listing calls a class of events; of one that it does not know, what it calls those not defined.
+const char* EventClassName(uint16_t wClass);

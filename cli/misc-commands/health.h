@@ -8,6 +8,7 @@
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/health_table.h"
 #include "include/health_records.h"
+#include "include/memory_records.h"
 
 // Power supplies, bay by bay.
 
@@ -67,6 +68,14 @@ struct ModuleStatus {
     uint32_t status;          // the driver's number
     const char* status_text;  // null when the number isn't known
 };
+
+// How many cartridges the driver may be asked for, and how many sockets of each. memory: what it says of
+// them; null when it says nothing. A count of 0 or below: none.
+struct MemoryCounts {
+    int sockets;
+    int cartridges;
+};
+MemoryCounts CountsOf(const RESMEM_CONFIG* memory);
 
 class MemoryModules {
   public:

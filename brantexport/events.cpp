@@ -1,0 +1,57 @@
+// The event log.
+#include "cli/misc-commands/event_log.h"
+
+#include <cstdio>
+#include <memory>
+
+#include "brantexport/sections.h"
+#include "cli/eventstr/eventstr.h"
+
+namespace {
+
+constexpr int kTextSize = 256;  // bytes of an event's text, as in the shell's listing
+
+// As ISO 8601 has it, without a zone, which the firmware doesn't keep; null when it is no time.
+Json Time(const EVT_TIME_STAMP& time) {
+    const bool is_one = time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
+                        time.bDay >= 1 && time.bDay <= 31 && time.bHour < 24 && time.bMinute < 60;
+    if (!is_one) return nullptr;
+    char text[32];
+    std::snprintf(text, sizeof text, "%02d%02d-%02d-%02dT%02d:%02d", time.bCentury, time.bYear, time.bMonth,
+                  time.bDay, time.bHour, time.bMinute);
+    return text;
+}
+
+Json EventOf(EVT_LOG_ENTRY& entry) {
+    char text[kTextSize];
+    TranslateEventLogMessage(&entry, text, sizeof text);
+    const EVT_HEADER& header = entry.Hdr;
+    return {
+        {"number", uint32_t{header.dwEvtNumber}},
+        {"class", uint16_t{header.wClass}},
+        {"class_name", Text(EventClassName(header.wClass))},
+        {"code", uint16_t{header.wCode}},
+        {"severity", Word(SeverityWord(header.bSeverity))},
+        {"first_time", Time(header.InitTime)},
+        {"last_time", Time(header.UpdateTime)},
+        {"text", Text(text)},
+    };
+}
+
+}  // namespace
+
+Json ReadEvents(Errors& errors) {
+    const auto buffer = std::make_unique<EventRead>();
+    Json events = Json::array();
+    for (uint32_t wanted = 0;;) {
+        const int status = ReadEvent(&buffer->request, sizeof *buffer, wanted);
+        if (status == kEndOfLog) return events;
+        if (status != kEntryRead) break;
+        events.push_back(EventOf(buffer->request.Evt));
+        const uint32_t number = buffer->request.Evt.Hdr.dwEvtNumber;
+        if (number == UINT32_MAX) return events;
+        wanted = number + 1;
+    }
+    errors.Add("Failed to read the event log to its end.");
+    return events.empty() ? Json() : events;
+}

@@ -1,0 +1,110 @@
+// What the firmware's tables tell: the server, its processors, its NICs.
+#include <algorithm>
+#include <cstdio>
+
+#include "brantexport/sections.h"
+#include "cli/command/state.h"
+#include "cli/misc-commands/settings.h"
+#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios_old/smbios.h"
+#include "cli/smbparse/smbparse.h"
+
+namespace {
+
+using smbios::Bios;
+using smbios::System;
+
+constexpr char kNoTables[] = "There are no SMBIOS tables.";
+
+Json CachesOf(const ZET_CPU& cpu) {
+    Json caches = Json::array();
+    for (const ZET_CACHE* cache : gCache_tbl) {
+        if (cache == nullptr) break;
+        if (cache->cacheUnitIndex != cpu.cpuUnitIndex) continue;
+        caches.push_back({{"level", cache->cacheLevelIndex}, {"size_kib", cache->cacheSize}});
+    }
+    return caches;
+}
+
+Json ProcessorOf(const ZET_CPU& cpu) {
+    const bool counted = cpu.cpucorecount != 0;
+    return {
+        {"number", cpu.cpuUnitIndex},
+        {"name", Text(cpu.cpuName)},
+        {"stepping", cpu.cpuStep},
+        {"speed_mhz", cpu.cpuSpeed},
+        {"bus_mhz", cpu.cpuExtFrequency},
+        {"cores", counted ? Json(cpu.cpucorecount) : Json()},
+        {"threads", counted ? Json(cpu.threadcount) : Json()},
+        {"socket", cpu.cpuSocketNumber},
+        {"status", Word(CpuStatusWord(cpu.cpuStatus))},
+        {"caches", CachesOf(cpu)},
+    };
+}
+
+Json MacAddress(int place) {
+    if (place >= kMaxEmbeddedNics) return nullptr;
+    const uint8_t* mac = EmbeddedNic(place).nic_mac;
+    char text[18];
+    std::snprintf(text, sizeof text, "%02x:%02x:%02x:%02x:%02x:%02x", mac[0], mac[1], mac[2], mac[3], mac[4],
+                  mac[5]);
+    return text;
+}
+
+}  // namespace
+
+Json ReadSystem(Errors& errors) {
+    const auto system = SmbFirst<System>();
+    const auto rom = SmbFirst<Bios>();
+    unsigned int memoryKiB = 0;
+    const bool has_memory = SmbGetTotalMemory(&memoryKiB) == TRUE;
+    if (smbios_available == 0) {
+        errors.Add(kNoTables);
+    } else {
+        if (!rom) errors.Add("Failed to get SMBIOS ROM data.");
+        if (!has_memory) errors.Add("Failed to get SMBIOS memory data.");
+    }
+    const auto text = [](const auto& record, auto field) {
+        return record ? Text(record.Text(field)) : Json();
+    };
+    return {
+        {"product_name", text(system, System::kProductName)},
+        {"serial_number", text(system, System::kSerialNumber)},
+        {"rom_version", text(rom, Bios::kVersion)},
+        {"rom_date", text(rom, Bios::kDate)},
+        {"management_processor", got_kelm != 0},
+        {"memory_mib", has_memory ? Json(memoryKiB / 1024) : Json()},
+        {"memory_ecc", has_memory ? Json(SmbChkForECCSupported() == TRUE) : Json()},
+    };
+}
+
+Json ReadProcessors(Errors& errors) {
+    if (smbios_available == 0) {
+        errors.Add(kNoTables);
+        return nullptr;
+    }
+    Json processors = Json::array();
+    for (const ZET_CPU* cpu : gCpu_tbl) {
+        if (cpu == nullptr) break;
+        processors.push_back(ProcessorOf(*cpu));
+    }
+    if (processors_left_out != 0) errors.Add("There are more processors than the inventory has room for.");
+    return processors;
+}
+
+Json ReadNics(Errors& errors) {
+    if (embedded_nics_installed < 0) {
+        errors.Add("Failed to read embedded NIC status.");
+        return nullptr;
+    }
+    NicBootStates states{};
+    errors.Add(ReadNicBoot(states));
+    Json nics = Json::array();
+    for (int i = 0; i < embedded_nics_installed; ++i) {
+        const bool told = i < kNicBootStates;
+        nics.push_back({{"number", i + 1},
+                        {"mac_address", MacAddress(i)},
+                        {"boot", told ? Word(states.nic[i]) : Json()}});
+    }
+    return nics;
+}

@@ -1,0 +1,110 @@
+// brantexport [--json | --prometheus] [SECTION...]: what the SHOW commands tell, for programs.
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+
+#include "brantexport/prometheus.h"
+#include "brantexport/sections.h"
+#include "cli/brantcli/firmware.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/pci/kelm.h"
+#include "src/utils/standard_streams.h"
+
+namespace {
+
+constexpr char kProgram[] = "brantexport";
+
+struct Order {
+    bool prometheus = false;
+    std::vector<Section> sections;  // in the order of all; none asked for means all
+};
+
+// False for a word that is neither an option nor a section.
+bool ReadOrder(int argc, char** argv, Order& order) {
+    const std::vector<Section>& all = Sections();
+    std::vector<bool> asked(all.size());
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        const auto is_word = [&](const Section& section) { return word == section.name; };
+        const auto found = std::find_if(all.begin(), all.end(), is_word);
+        if (word == "--json" || word == "--prometheus") {
+            order.prometheus = word == "--prometheus";
+        } else if (found == all.end()) {
+            return false;
+        } else {
+            asked[static_cast<size_t>(found - all.begin())] = true;
+        }
+    }
+    const bool any = std::find(asked.begin(), asked.end(), true) != asked.end();
+    for (size_t i = 0; i < all.size(); ++i) {
+        if (asked[i] || !any) order.sections.push_back(all[i]);
+    }
+    return true;
+}
+
+void PrintUsage() {
+    std::string names;
+    for (const Section& section : Sections()) names += std::string(names.empty() ? "" : " ") + section.name;
+    std::fprintf(stderr, "usage: brantexport [--json | --prometheus] [SECTION...]\nsections: %s\n",
+                 names.c_str());
+}
+
+// What sections need that aren't read by requests of their own.
+void StartUp() {
+    OpenWhatOpens();
+    FindEmbeddedNics();
+    got_kelm = find_kelm();
+}
+
+Json Export(const Order& order) {
+    Errors errors;
+    Json document = Json::object();
+    for (const Section& section : order.sections) {
+        errors.Begin(section.name);
+        document[section.name] = section.read(errors);
+    }
+    document["errors"] = errors.List();
+    return document;
+}
+
+bool Write(int output, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t count = write(output, text.data(), text.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return false;
+        text.remove_prefix(static_cast<size_t>(count));
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+    KeepStandardDescriptors();
+    const int output = MessagesToStandardError();
+    std::signal(SIGPIPE, SIG_IGN);
+    Order order;
+    if (!ReadOrder(argc, argv, order)) {
+        PrintUsage();
+        return 2;
+    }
+    if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
+
+    StartUp();
+    const Json document = Export(order);
+    CloseDevices();
+    if (!Write(output, order.prometheus ? PrometheusText(document) : document.dump(2, ' ', true) + "\n")) {
+        std::fprintf(stderr, "%s: %s\n", kProgram, std::strerror(errno));
+        return 1;
+    }
+    return document["errors"].empty() ? 0 : 1;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "%s: %s\n", kProgram, error.what());
+    return 1;
+}

@@ -1,0 +1,193 @@
+#include "brantexport/prometheus.h"
+
+#include <cstdio>
+#include <set>
+#include <vector>
+
+namespace {
+
+// Labels are members of the entry that the value is of.
+struct Labels {
+    const char* member[3];
+};
+constexpr Labels kNone = {};
+constexpr Labels kByNumber = {{"number"}};
+constexpr Labels kByPlace = {{"number", "location"}};
+constexpr Labels kBySocket = {{"cartridge", "module"}};
+
+// One metric: a member of a section or, where the section is a list, of each of its entries.
+struct Metric {
+    const char* name;
+    const char* help;
+    const char* section;
+    Labels labels;
+    const char* member = nullptr;  // null: the value is 1, and what is to be told stands in the labels
+    double factor = 1;             // of a number; true is 1
+    const char* word = nullptr;    // of a text: the value is 1 for this one, else 0
+};
+
+constexpr double kMebibyte = 1024 * 1024;
+constexpr double kMinute = 60;
+constexpr double kPercent = 0.01;
+
+constexpr Metric Is(const char* word, Metric metric) {
+    metric.word = word;
+    return metric;
+}
+
+// clang-format off
+constexpr Metric kMetrics[] = {
+    {"brant_system_info", "The server.",
+     "system", {{"product_name", "serial_number", "rom_version"}}},
+    {"brant_memory_installed_bytes", "Memory that the firmware has found.",
+     "system", kNone, "memory_mib", kMebibyte},
+    {"brant_management_processor_present", "Whether there is a management processor.",
+     "system", kNone, "management_processor"},
+
+    Is("ok", {"brant_processor_ok", "Whether the firmware calls a processor ok.",
+     "processors", {{"number", "name"}}, "status"}),
+
+    {"brant_memory_module_size_bytes", "Size of a memory module.",
+     "memory", kBySocket, "size_mib", kMebibyte},
+    Is("ok", {"brant_memory_module_ok", "Whether the driver calls a memory module ok.",
+     "memory", kBySocket, "status"}),
+
+    {"brant_nic_info", "An embedded NIC.",
+     "nics", {{"number", "mac_address", "boot"}}},
+
+    {"brant_fan_present", "Whether a fan is there.",
+     "fans", kByPlace, "present"},
+    {"brant_fan_failed", "Whether a fan has failed.",
+     "fans", kByPlace, "failed"},
+    {"brant_fan_redundant", "Whether a fan's group is redundant.",
+     "fans", kByPlace, "redundant"},
+    {"brant_fan_speed_ratio", "Speed of a fan, of its highest.",
+     "fans", kByPlace, "speed_percent", kPercent},
+
+    {"brant_temperature_celsius", "Reading of a temperature sensor.",
+     "temperatures", kByPlace, "temperature_celsius"},
+    {"brant_temperature_threshold_celsius", "Threshold of a temperature sensor.",
+     "temperatures", kByPlace, "threshold_celsius"},
+
+    {"brant_power_supply_present", "Whether a power supply is there.",
+     "power_supplies", kByNumber, "present"},
+    Is("ok", {"brant_power_supply_ok", "Whether a power supply has not failed.",
+     "power_supplies", kByNumber, "condition"}),
+    {"brant_power_supply_redundant", "Whether a power supply's group is redundant.",
+     "power_supplies", kByNumber, "redundant"},
+
+    {"brant_uid_info", "The unit identification light.",
+     "uid", {{"state"}}},
+
+    Is("enabled", {"brant_asr_enabled", "Whether the recovery timer runs.",
+     "asr", kNone, "state"}),
+    {"brant_asr_timeout_seconds", "The recovery timer's timeout.",
+     "asr", kNone, "timeout_minutes", kMinute},
+
+    Is("enabled", {"brant_automatic_shutdown_enabled", "Whether the server shuts down in an abnormal environment.",
+     "settings", kNone, "automatic_shutdown"}),
+    Is("enabled", {"brant_wake_on_lan_enabled", "Whether Wake-On-Lan is enabled.",
+     "settings", kNone, "wake_on_lan"}),
+    Is("enabled", {"brant_hyper_threading_enabled", "Whether hyper-threading is enabled.",
+     "settings", kNone, "hyper_threading"}),
+
+    {"brant_firmware_info", "A component of the firmware.",
+     "versions", {{"component", "baseline", "current"}}},
+};
+// clang-format on
+
+std::string Escaped(const std::string& value) {
+    std::string text;
+    for (const char letter : value) {
+        if (letter == '\\' || letter == '"') text += '\\';
+        text += letter == '\n' ? std::string("\\n") : std::string(1, letter);
+    }
+    return text;
+}
+
+std::string LabelValue(const Json& value) {
+    if (value.is_null()) return "";
+    return value.is_string() ? Escaped(value.get<std::string>()) : value.dump();
+}
+
+// name{key="value",...} number
+std::string Sample(const char* name, const std::string& labels, double value) {
+    char number[32];
+    std::snprintf(number, sizeof number, " %.15g\n", value);
+    return name + (labels.empty() ? "" : "{" + labels + "}") + number;
+}
+
+std::string Label(const char* key, const std::string& value) {
+    return key + ("=\"" + value + "\"");
+}
+
+std::string LabelsOf(const Metric& metric, const Json& entry) {
+    std::string labels;
+    for (const char* member : metric.labels.member) {
+        if (member == nullptr) break;
+        labels += (labels.empty() ? "" : ",") + Label(member, LabelValue(entry[member]));
+    }
+    return labels;
+}
+
+double ValueOf(const Metric& metric, const Json& value) {
+    if (metric.word != nullptr) return value == metric.word ? 1 : 0;
+    return (value.is_boolean() ? int{value.get<bool>()} : value.get<double>()) * metric.factor;
+}
+
+std::string SampleOf(const Metric& metric, const Json& entry) {
+    if (metric.member == nullptr) return Sample(metric.name, LabelsOf(metric, entry), 1);
+    const Json& value = entry[metric.member];
+    if (value.is_null()) return "";
+    return Sample(metric.name, LabelsOf(metric, entry), ValueOf(metric, value));
+}
+
+std::string SamplesOf(const Metric& metric, const Json& section) {
+    if (section.is_object()) return SampleOf(metric, section);
+    // Two samples with the same labels would spoil the whole text: the first counts.
+    std::set<std::string> known;
+    std::string samples;
+    for (const Json& entry : section) {
+        if (known.insert(LabelsOf(metric, entry)).second) samples += SampleOf(metric, entry);
+    }
+    return samples;
+}
+
+// A metric with its samples; nothing when it has none.
+std::string Block(const char* name, const char* help, const std::string& samples) {
+    if (samples.empty()) return "";
+    const std::string help_line = std::string("# HELP ") + name + " " + help + '\n';
+    return help_line + "# TYPE " + name + " gauge" + '\n' + samples;
+}
+
+// For each of the words, how many of a list's entries have it as a member.
+std::string Counts(const char* name, const Json& list, const char* member,
+                   const std::vector<std::string>& words) {
+    std::string samples;
+    for (const std::string& word : words) {
+        int count = 0;
+        for (const Json& entry : list) count += entry[member] == word ? 1 : 0;
+        samples += Sample(name, Label(member, word), count);
+    }
+    return samples;
+}
+
+}  // namespace
+
+std::string PrometheusText(const Json& document) {
+    std::string text;
+    std::vector<std::string> sections;
+    for (const auto& [name, section] : document.items()) {
+        if (name != "errors") sections.push_back(name);
+        for (const Metric& metric : kMetrics) {
+            if (name == metric.section) text += Block(metric.name, metric.help, SamplesOf(metric, section));
+        }
+    }
+    if (document.contains("events") && !document["events"].is_null()) {
+        text += Block("brant_events", "Entries of the event log.",
+                      Counts("brant_events", document["events"], "severity",
+                             {"info", "repaired", "caution", "critical", "unknown"}));
+    }
+    return text + Block("brant_read_errors", "What could not be read of a section.",
+                        Counts("brant_read_errors", document["errors"], "section", sections));
+}
