@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/misc-commands/event_class.h"
 #include "cli/misc-commands/event_log.h"

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
 #include "cli/parse/history.h"

@@ -6,9 +6,8 @@
 #include <memory>
 #include <vector>
 
-#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/brantcli/firmware.h"
-#include "cli/brantcli/script.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/parse/command_tree.h"

@@ -1,10 +1,11 @@
-#include "cli/brantcli/command_table.h"
+// The command language, as one table: every command with its help text and its handler.
 
 #include <array>
 #include <cstdint>
 #include <iterator>
 #include <string_view>
 
+#include "cli/brantcli/brantcli.h"
 #include "cli/fan/fan.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/command_tree.h"

@@ -3,14 +3,16 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstring>
 
-#include "cli/brantcli/rom_signature.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/rom_variables.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
 #include "cli/smbparse/smbparse.h"
+#include "include/bios_area.h"
 #include "include/rom_variables.h"
+#include "src/utils/map_physical.h"
 
 namespace {
 
@@ -23,6 +25,17 @@ int CountNicsOfRom() {
 }
 
 }  // namespace
+
+int detect_zet_rom() {
+    // One byte short of the area, which the rounding to whole pages makes up for.
+    constexpr unsigned int kMapped = kBiosAreaSize - 1;
+    auto* area = static_cast<unsigned char*>(zetMapPhys32UnCache(kBiosArea, kMapped));
+    if (area == nullptr) return 1;
+
+    const bool found = std::memcmp(area + kRomSignatureOffset, kRomSignature, kRomSignatureSize) == 0;
+    zetUnMapPhys32UnCache(area, kMapped);
+    return found ? 0 : 1;
+}
 
 bool CheckUser(const char* program) {
     if (getuid() == 0) return true;

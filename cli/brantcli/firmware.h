@@ -2,6 +2,10 @@
 // program: its name, for the messages.
 #pragma once
 
+// Looks for the maker's signature in the BIOS area. Result: 0 when it is there, 1 when it isn't or when the
+// area can't be mapped. Prints nothing.
+int detect_zet_rom();
+
 // False, with a message, when the user isn't root.
 bool CheckUser(const char* program = "brantcli");
 

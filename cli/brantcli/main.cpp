@@ -5,14 +5,12 @@
 #include <csignal>
 #include <cstdio>
 
-#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/brantcli/firmware.h"
-#include "cli/brantcli/script.h"
 #include "cli/command/exit.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/dispatcher.h"
 #include "cli/parse/history.h"
 #include "cli/parse/terminal.h"
 #include "cli/pci/kelm.h"
@@ -59,11 +57,6 @@ void PrintBanner() {
     std::printf("\n%s\n", kDashes);
 }
 
-int CommonEnd(int status) {
-    std::printf("\n");
-    return FinalStatus(status);
-}
-
 int RunScript(char* commands) {
     if (commands == nullptr) {
         std::printf("ERROR: At least one command must be specified in script mode.");
@@ -72,22 +65,13 @@ int RunScript(char* commands) {
     return do_scripted_command(commands);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    KeepStandardDescriptors();
-    PrepareStreams();
-    if (!CheckUser()) return CommonEnd(1);
-    if (!ReadOptions(argc, argv)) {
-        show_usage();
-        return 0;  // even where nobody can read it
-    }
-
-    if (!CheckRom() || !ReadFirmwareTables()) return CommonEnd(1);
+// False, with a message and nothing left open, when the program can't run here.
+bool StartUp() {
+    if (!CheckRom() || !ReadFirmwareTables()) return false;
     if (script_mode == 0) PrintBanner();
     if (!OpenDevices()) {
         DeinitSMBIOS();
-        return CommonEnd(1);
+        return false;
     }
     CountEmbeddedNics();
 
@@ -96,22 +80,31 @@ int main(int argc, char** argv) {
         std::printf("Failed to allocate memory for command history.");
         do_exit(nullptr);  // EXIT's way out, its status 0 included
     }
-
     got_kelm = find_kelm();
     CreateCommands();
+    return true;
+}
 
-    int status = 1;
-    if (script_mode != 0) {
-        // getopt knows -s as an option without a value: the commands are
-        // the second argument, whatever the first.
-        status = RunScript(argc > 2 ? argv[2] : nullptr);
-    } else {
-        while (Command(&CurrentCommandLine, 0) != 0) continue;
+int Refused() {
+    std::printf("\n");
+    return FinalStatus(1);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    KeepStandardDescriptors();
+    PrepareStreams();
+    if (!CheckUser()) return Refused();
+    if (!ReadOptions(argc, argv)) {
+        show_usage();
+        return 0;  // even where nobody can read it
     }
+    if (!StartUp()) return Refused();
+    if (script_mode == 0) RunPrompt();
 
-    RestoreTerminal();
-    FreeHistory();
-    CloseDevicesLastFirst();
-    DeinitSMBIOS();
-    return CommonEnd(status);
+    // -s is an option without a value: the commands are the second argument, whatever the first.
+    const int status = RunScript(argc > 2 ? argv[2] : nullptr);
+    std::printf("\n");
+    return EndRun(status, CloseOrder::kLastFirst);
 }

@@ -1,5 +1,4 @@
-// The ways out of the program. EXIT and fatal errors close the devices in the order of opening, the end of
-// main in the reverse one; traces show either, and tests hold both.
+// The ways out of the program, once it has started up.
 #pragma once
 
 // Flushes standard output. False when something could not be written to it, now or before.
@@ -8,9 +7,12 @@ bool OutputIsWritten();
 // The status to end with: status itself, or 1 instead of 0 when not all output could be written.
 int FinalStatus(int status);
 
-// Closes the devices in the order in which they were opened, gives the terminal back, frees the history and
-// the SMBIOS copy.
-void ReleaseEverything();
+// EXIT and fatal errors close the devices in the order in which they were opened, the end of main the last
+// one first: traces show it.
+enum class CloseOrder { kAsOpened, kLastFirst };
 
-// The same, and ends the process with FinalStatus(status).
+// Closes the devices, gives the terminal back, frees the history and the SMBIOS copy. Result: FinalStatus.
+int EndRun(int status, CloseOrder order);
+
+// Ends the run, its devices closed as they were opened, and the process.
 [[noreturn]] void EndProcess(int status);

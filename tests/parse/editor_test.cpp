@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/history.h"

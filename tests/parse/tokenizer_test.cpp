@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/parse/tokenizer.h"
+#include "cli/parse/command_line.h"
 
 namespace {
 

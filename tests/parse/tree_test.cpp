@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string>
 
-#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/parse/command_tree.h"
 #include "tests/support/stored.h"
 #include "tests/support/test_machine.h"

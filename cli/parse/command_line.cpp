@@ -1,4 +1,5 @@
-// Cuts a line into words, in a copy of it in which zeros take the place of separators and quotes.
+// A line is cut into words in a copy of it, in which zeros take the place of separators and quotes; then the
+// words are followed down the tree.
 //
 // Outside quotes a separator ends a word. A double quote where a word could begin opens quotes: the word
 // begins behind it, and up to the closing quote, or the line's end, separators are part of it. Two quotes
@@ -9,11 +10,15 @@
 // close them.
 //
 // The 25th word has no end: it is the rest of the line.
-#include "cli/parse/tokenizer.h"
+#include "cli/parse/command_line.h"
 
 #include <cctype>
+#include <cstdio>
 #include <cstring>
 
+#include "cli/command/state.h"
+#include "cli/parse/command_tree.h"
+#include "cli/parse/editor.h"
 #include "src/utils/text_writer.h"
 
 namespace {
@@ -84,4 +89,27 @@ void Parse(InputLineType* InputLine) {
         TextWriter(InputLine->OrigCaseWords[i], kLineSize).Text(InputLine->Words[i]);
         if (InputLine->Quote[i] == 0) MakeUpper(InputLine->Words[i]);
     }
+}
+
+int Command(InputLineType* InputLine, int scriptFlag) {
+    if (scriptFlag != 0) {
+        Parse(InputLine);
+    } else {
+        GetCmd(InputLine);
+    }
+    if (InputLine->Words[0] == nullptr || InputLine->NumWords == 0) {
+        std::printf("\n");
+        return 1;
+    }
+
+    CmdType* matched = FollowWords(InputLine->Words, InputLine->NumWords);
+    current_command = matched != Cmds ? matched : nullptr;
+    int result = 1;
+    if (current_command != nullptr) {
+        result = current_command->Function(InputLine);
+    } else {
+        std::printf("\nInvalid Command");
+    }
+    std::printf("\n");
+    return script_mode != 0 ? result : 1;
 }

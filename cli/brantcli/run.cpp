@@ -1,0 +1,58 @@
+// How commands are run, and how a run ends.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "cli/brantcli/brantcli.h"
+#include "cli/command/exit.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/parse/command_line.h"
+#include "cli/parse/history.h"
+#include "cli/parse/terminal.h"
+#include "cli/smbios_old/smbios.h"
+#include "src/utils/text_writer.h"
+
+int do_scripted_command(char* command) {
+    int result = 1;
+    char* const end = command + std::strlen(command);
+    for (char* segment = command; segment < end;) {
+        char* separator = std::strchr(segment, ';');
+        if (separator != nullptr) *separator = '\0';
+
+        InputLineType& line = CurrentCommandLine;
+        ClearLine(&line);
+        TextWriter(line.CmdLine, sizeof line.CmdLine).Text(segment);
+        result = Command(&line, 1);
+
+        segment = separator != nullptr ? separator + 1 : end;
+    }
+    return result;
+}
+
+void RunPrompt() {
+    for (;;) Command(&CurrentCommandLine, 0);
+}
+
+bool OutputIsWritten() {
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
+int FinalStatus(int status) {
+    return OutputIsWritten() || status != 0 ? status : 1;
+}
+
+int EndRun(int status, CloseOrder order) {
+    if (order == CloseOrder::kLastFirst) {
+        CloseDevicesLastFirst();
+    } else {
+        CloseDevices();
+    }
+    RestoreTerminal();
+    FreeHistory();
+    DeinitSMBIOS();
+    return FinalStatus(status);
+}
+
+void EndProcess(int status) {
+    std::exit(EndRun(status, CloseOrder::kAsOpened));
+}

@@ -1,0 +1,15 @@
+// A command line: cut into words, and run.
+#pragma once
+
+#include "cli/command/command.h"
+
+// Fills ParseLine, Words, OrigCaseWords, Quote and NumWords from CmdLine.
+void Parse(InputLineType* InputLine);
+
+// Upper-cases a zero-terminated string in place; null is left alone.
+void MakeUpper(char* String);
+
+// Gets one line, runs the command that its words name and prints the closing newline. scriptFlag: nonzero
+// when CmdLine is already filled; 0 to read it from the keyboard. Result: in script mode the command's
+// result, else 1; 1 for an empty line.
+int Command(InputLineType* InputLine, int scriptFlag);

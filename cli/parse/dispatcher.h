@@ -1,8 +1,0 @@
-// Runs the command that a line's words name.
-#pragma once
-
-#include "cli/command/command.h"
-
-// Gets one line, runs it and prints the closing newline. scriptFlag: nonzero when CmdLine is already filled;
-// 0 to read it from the keyboard. Result: in script mode the command's result, else 1; 1 for an empty line.
-int Command(InputLineType* InputLine, int scriptFlag);
