@@ -27,36 +27,21 @@ int Stay(InputLineType* /*InputLine*/) {
     return 0;
 }
 
-struct Variable {
-    template <typename Value>
-    Variable(Value& value) : place(&value), size(sizeof value) {}
-
-    void* place;
-    size_t size;
-};
-
-// What start-up fills.
-const Variable kFilled[] = {
-    cdt_fd,      cevt_fd,          casr_fd,  crom_fd,    EPS,
-    pSMBTables,  fSMBiosInited,    gCpu_tbl, gCache_tbl, gMemoryMod,
-    system_name, smbios_available, zthmac,   got_kelm,   embedded_nics_installed,
-};
-
 // The program on a machine, started once: start-up takes ten times as long as most lines.
 class Program {
   public:
     explicit Program(const Model& model) : machine_(model.name) {
+        static const std::string before = StateNow();
+        ReturnToState(before);
+        script_mode = 1;
         setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
-        for (const Variable& variable : kFilled) std::memset(variable.place, 0, variable.size);
         Require(CheckRom() && ReadFirmwareTables() && OpenDevices());
         CountEmbeddedNics();
         got_kelm = find_kelm();
-        for (const Variable& variable : kFilled) {
-            values_.emplace_back(static_cast<const char*>(variable.place), variable.size);
-        }
+        started_ = StateNow();
     }
     ~Program() {
-        GoOn("");
+        ReturnToState(started_);
         ResetState();
     }
     Program(const Program&) = delete;
@@ -64,16 +49,14 @@ class Program {
     // Before each line. events: what the log holds, whatever the last line cleared.
     TestMachine& GoOn(const std::string& events) {
         setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
-        for (size_t i = 0; i < values_.size(); ++i) {
-            std::memcpy(kFilled[i].place, values_[i].data(), kFilled[i].size);
-        }
+        ReturnToState(started_);
         machine_.Write("cevt/hlog", events);
         return machine_;
     }
 
   private:
     TestMachine machine_;
-    std::vector<std::string> values_;  // of kFilled
+    std::string started_;
 };
 
 // A log of more than a screen: the number-th eight of all events.
@@ -96,7 +79,6 @@ void CheckWords(const InputLineType& line) {
 
 // Every model, and one whose firmware has the older NIC settings only.
 std::vector<std::unique_ptr<Program>> StartPrograms() {
-    script_mode = 1;
     CreateCommands();
     for (const char* word : {"EXIT", "QUIT"}) FindChild(Cmds, word)->Function = Stay;
     std::vector<std::unique_ptr<Program>> programs;

@@ -36,35 +36,54 @@ smbios_nic& EmbeddedNic(int index) {
 
 namespace {
 
+struct Variable {
+    template <typename Value>
+    constexpr Variable(Value& value) : place(&value), size(sizeof value) {}
+
+    void* place;
+    size_t size;
+};
+
+// clang-format off
+constexpr Variable kVariables[] = {
+    script_mode, got_kelm,
+    cdt_fd, cevt_fd, casr_fd, crom_fd,
+    embedded_nics_installed, zthmac,
+    fSMBiosInited, EPS, pSMBTables,
+    smbios_available, system_name, gCpu_tbl, gCache_tbl, gMemoryMod, processors_left_out, memory_modules_left_out,
+    History, history_index,
+};
+// clang-format on
+
 template <typename Record, size_t kEntries>
 void FreeAll(Record* (&table)[kEntries]) {
-    for (Record*& record : table) {
-        std::free(record);
-        record = nullptr;
-    }
+    for (Record* record : table) std::free(record);
 }
 
 }  // namespace
 
 void ResetState() {
-    script_mode = got_kelm = 0;
-    cdt_fd = cevt_fd = casr_fd = crom_fd = -1;
-    embedded_nics_installed = 0;
-    std::memset(zthmac, 0, sizeof zthmac);
-
     std::free(pSMBTables);
-    pSMBTables = nullptr;
-    fSMBiosInited = 0;
-    EPS = {};
-
-    smbios_available = 0;
-    std::memset(system_name, 0, sizeof system_name);
     FreeAll(gCpu_tbl);
     FreeAll(gCache_tbl);
     FreeAll(gMemoryMod);
-    processors_left_out = memory_modules_left_out = 0;
-
     std::free(History[0]);
-    std::memset(History, 0, sizeof History);
-    history_index = 0;
+    for (const Variable& variable : kVariables) std::memset(variable.place, 0, variable.size);
+    cdt_fd = cevt_fd = casr_fd = crom_fd = -1;
+}
+
+std::string StateNow() {
+    std::string state;
+    for (const Variable& variable : kVariables) {
+        state.append(static_cast<const char*>(variable.place), variable.size);
+    }
+    return state;
+}
+
+void ReturnToState(const std::string& state) {
+    const char* next = state.data();
+    for (const Variable& variable : kVariables) {
+        std::memcpy(variable.place, next, variable.size);
+        next += variable.size;
+    }
 }
