@@ -21,7 +21,7 @@ uint64_t PageOf(uint64_t address) {
 
 // A mapping needs whole pages of the file.
 std::string FilledToPage(std::string bytes, uint64_t address) {
-    bytes.resize(PageOf(address + bytes.size() + kLargestPage - 1) - address);
+    bytes.resize(static_cast<size_t>(PageOf(address + bytes.size() + kLargestPage - 1) - address));
     return bytes;
 }
 
