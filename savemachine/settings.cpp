@@ -2,7 +2,7 @@
 #include <cerrno>
 
 #include "cli/command/state.h"
-#include "cli/misc-commands/rom_variables.h"
+#include "cli/misc-commands/rom_store.h"
 #include "include/health_records.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"

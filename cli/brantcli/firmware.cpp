@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "cli/command/state.h"
-#include "cli/misc-commands/rom_variables.h"
+#include "cli/misc-commands/rom_store.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
 #include "cli/smbparse/smbparse.h"

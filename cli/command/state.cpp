@@ -62,6 +62,10 @@ void FreeAll(Record* (&table)[kEntries]) {
 
 }  // namespace
 
+bool is_tr500k2() {
+    return std::strcmp(system_name, "Corvex TR500 K2") == 0;
+}
+
 void ResetState() {
     std::free(pSMBTables);
     FreeAll(gCpu_tbl);

@@ -40,6 +40,10 @@ extern ZET_MemModule* gMemoryMod[64];
 extern int processors_left_out;      // populated, but not in gCpu_tbl: it was full, or memory was short
 extern int memory_modules_left_out;  // installed, but not in gMemoryMod, as above
 
+// Whether system_name is that of the one server that can boot from a USB key. It numbers its boot devices and
+// restricts its embedded serial ports in ways of its own.
+bool is_tr500k2();
+
 // The command history: a ring of buffers in one block of memory, which begins at the first, and the slot that
 // the next command goes into. What is done with it is in cli/parse/history.h.
 constexpr int kHistorySlots = 50;

@@ -4,9 +4,9 @@
 #include <iterator>
 
 #include "cli/command/refusals.h"
+#include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
-#include "cli/misc-commands/server_model.h"
 #include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 

@@ -4,7 +4,6 @@
 
 #include "cli/command/command.h"
 #include "cli/command/refusals.h"
-#include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/settings.h"

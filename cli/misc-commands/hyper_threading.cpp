@@ -2,7 +2,6 @@
 #include <cstdio>
 
 #include "cli/command/refusals.h"
-#include "cli/misc-commands/configuration.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_setting.h"
 #include "cli/misc-commands/settings.h"

@@ -4,11 +4,12 @@
 // for each outcome.
 #pragma once
 
+#include <cstddef>
 #include <cstdio>
 #include <string_view>
 #include <type_traits>
 
-#include "cli/misc-commands/rom_variables.h"
+#include "cli/misc-commands/rom_store.h"
 #include "include/rom_variables.h"
 
 // A variable as one family of commands uses it.
@@ -111,3 +112,11 @@ RomOutcome ChangeVariable(const RomVariable<Record>& variable, Change change) {
     if (!change(copy)) return RomOutcome::Refused;
     return StoreVariable(variable, copy);
 }
+
+// The system configuration: one variable whose bits several commands share.
+// As most commands use it: they write back all but its last byte.
+constexpr RomVariable<WOLEVREC> kConfiguration = {kConfigurationVariable, sizeof(WOLEVREC),
+                                                  offsetof(WOLEVREC, flags5)};
+
+// As the hyper-threading commands use it.
+constexpr RomVariable<WOLEVREC> kWholeConfiguration = {kConfigurationVariable};

@@ -9,7 +9,7 @@
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_variables.h"
+#include "cli/misc-commands/rom_store.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"
 

@@ -1,4 +1,4 @@
-#include "cli/misc-commands/rom_variables.h"
+#include "cli/misc-commands/rom_store.h"
 
 #include <cstring>
 
