@@ -117,13 +117,7 @@ struct NicBootSettings {
 static_assert(sizeof(NicBootSettings) == 100, "the longest read");
 
 struct NicPxeFlags {  // the older form of the NIC settings
-    union {
-        uint8_t ucData;
-        struct {
-            uint8_t bits_PXE : 5;  // bit i: NIC i+1 boots by PXE
-            uint8_t reserved : 3;
-        } s;
-    } nics;
+    uint8_t nics;     // bit i, of the lowest five: NIC i+1 boots by PXE
     uint8_t reserved[9];
 };
 static_assert(sizeof(NicPxeFlags) == 10, "as the firmware has it");

@@ -7,7 +7,7 @@
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/rom_store.h"
 #include "include/health_records.h"
 #include "platform/request.h"
 #include "src/utils/numbers.h"
@@ -56,8 +56,7 @@ int do_set_asr(InputLineType* InputLine) {
     ASREVSTRUCT asr;
     if (!ReadVariable(kTimeout, asr)) return Fail("\nERROR: Failed to read ASR status.");
     asr.ucTimeoutValue = static_cast<uint8_t>(minutes);
-    if (StoreVariable(kTimeout, asr) != RomOutcome::Written)
-        return Fail("\nERROR: Failed to set ASR timeout.");
+    if (!WriteVariable(kTimeout, asr)) return Fail("\nERROR: Failed to set ASR timeout.");
     std::printf("\nSuccessfully set ASR timeout to %d minutes.", minutes);
     return 0;
 }

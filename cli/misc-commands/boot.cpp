@@ -1,12 +1,13 @@
-// The standard boot order (the IPL list) and the device that the next start alone boots from.
+// The standard boot order (the IPL list) and the one-time boot device.
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <iterator>
 
 #include "cli/command/refusals.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 
@@ -20,20 +21,7 @@ constexpr char kCountUnreadable[] = "\nERROR: Failed to get number of IPL device
 constexpr char kOrderUnreadable[] = "\nERROR: Failed to get IPL list.";
 constexpr char kNoSuchDevice[] = "\nERROR: Invalid boot device entered.";
 
-constexpr RomTexts kBootFirstTexts = {
-    "\nERROR: Failed to get first boot device.",
-    "\nERROR: Failed to set first boot.",
-    "\nSuccessfully set first boot device to %s.",
-    0,
-};
-constexpr RomTexts kBootOnceTexts = {
-    "",
-    "\nERROR: Failed to set first boot.",
-    "\nSuccessfully set next boot to %s.",
-};
-
-// A device's place in its table is its code in the boot order: usually, and where the list can hold a USB
-// key.
+// A device's place in its list is its code in the boot order.
 struct OrderDevice {
     const char* word;
     const char* shown;
@@ -54,50 +42,51 @@ constexpr OrderDevice ipl2[] = {
 };
 // clang-format on
 
-template <size_t kCount>
-const char* NameOf(const OrderDevice (&devices)[kCount], uint8_t code) {
-    return code < kCount ? devices[code].shown : "UNKNOWN";
+static_assert(std::size(ipl) == kBootPxe + 1 && std::size(ipl2) == kBootPxeAfterUsbKey + 1, "PXE comes last");
+
+struct OrderDevices {
+    const OrderDevice* list;
+    size_t count;
+};
+constexpr OrderDevices kUsual = {ipl, std::size(ipl)};
+constexpr OrderDevices kWithUsbKey = {ipl2, std::size(ipl2)};
+
+const OrderDevices& DevicesOfServer() {
+    return is_tr500k2() ? kWithUsbKey : kUsual;
+}
+
+const char* NameOf(const OrderDevices& devices, uint8_t code) {
+    return code < devices.count ? devices.list[code].shown : "UNKNOWN";
 }
 
 constexpr int kNoCode = -1;
 
-// A device's code by its word; kNoCode where the server can't boot from it.
-template <size_t kCount>
-int CodeOf(const OrderDevice (&devices)[kCount], const char* word) {
-    const OrderDevice* const device = FindWord(devices, word);
-    return device != nullptr ? static_cast<int>(device - devices) : kNoCode;
+// A device's code by its word; kNoCode for a word that isn't in the list.
+int CodeOf(const OrderDevices& devices, const char* word) {
+    const OrderDevice* const end = devices.list + devices.count;
+    const OrderDevice* const device = std::find_if(
+        devices.list, end, [=](const OrderDevice& row) { return std::strcmp(row.word, word) == 0; });
+    return device != end ? static_cast<int>(device - devices.list) : kNoCode;
 }
 
 struct OnceDevice {
-    uint8_t code;  // ZTTBT1STRUCT::boot
+    BootOnce code;
     const char* word;
     const char* shown;
 };
 // clang-format off
 constexpr OnceDevice kOnceDevices[] = {
-    {1,    "FLOPPY", "Floppy"},
-    {2,    "CDROM",  "CDROM"},
-    {3,    "HDD",    "HDD"},
-    {0x30, "KONF",   "KONF"},
-    {0x40, "PXE",    "PXE"},
+    {kBootOnceFloppy, "FLOPPY", "Floppy"},
+    {kBootOnceCdrom,  "CDROM",  "CDROM"},
+    {kBootOnceHdd,    "HDD",    "HDD"},
+    {kBootOnceKonf,   "KONF",   "KONF"},
+    {kBootOncePxe,    "PXE",    "PXE"},
 };
 // clang-format on
 
-// How many entries of the list mean something. count: as the firmware gives it.
-int ListLength(const BootDeviceCount& count) {
-    return std::min(int{count.zthnipl}, int{sizeof ZTHIPLSTRUCT::ucPriority});
-}
-
-// Swaps a device with the one that stands first. False, with the reason printed, when the list lacks it.
-bool MoveToFront(uint8_t* list, int length, int code, const char* word) {
-    uint8_t* const place = std::find(list, list + length, code);
-    if (place == list + length) {
-        std::printf("\nERROR: %s boot is not supported on this server or it may have been disabled by KONF.",
-                    word);
-        return false;
-    }
-    std::swap(*place, list[0]);
-    return true;
+// How many entries of the boot order mean something.
+int LengthOfOrder(const BootDeviceCount& installed) {
+    return std::min(int{installed.zthnipl}, int{sizeof ZTHIPLSTRUCT::ucPriority});
 }
 
 }  // namespace
@@ -111,17 +100,14 @@ const char* ReadBootOnce(const char*& device) {
 }
 
 const char* ReadBootOrder(BootOrder& order) {
-    BootDeviceCount count;
-    if (!ReadVariable(kInstalled, count)) return kCountUnreadable;
-    ZTHIPLSTRUCT list;
-    if (!ReadVariable(kBootOrder, list)) return kOrderUnreadable;
+    BootDeviceCount installed;
+    if (!ReadVariable(kInstalled, installed)) return kCountUnreadable;
+    ZTHIPLSTRUCT codes;
+    if (!ReadVariable(kBootOrder, codes)) return kOrderUnreadable;
 
-    const bool with_usb_key = count.zthnipl > std::size(ipl) || is_tr500k2();
-    order.count = ListLength(count);
-    for (int i = 0; i < order.count; ++i) {
-        const uint8_t code = list.ucPriority[i];
-        order.device[i] = with_usb_key ? NameOf(ipl2, code) : NameOf(ipl, code);
-    }
+    const OrderDevices& devices = installed.zthnipl > kUsual.count ? kWithUsbKey : DevicesOfServer();
+    order.count = LengthOfOrder(installed);
+    for (int i = 0; i < order.count; ++i) order.device[i] = NameOf(devices, codes.ucPriority[i]);
     return nullptr;
 }
 
@@ -133,9 +119,7 @@ int do_show_boot(InputLineType* InputLine) {
     const char* once = nullptr;
     if (const char* error = ReadBootOnce(once)) return Fail("%s", error);
 
-    const uint8_t code = order.ucPriority[0];
-    const char* first = is_tr500k2() ? NameOf(ipl2, code) : NameOf(ipl, code);
-    std::printf("\nFirst boot device is: %s.", first);
+    std::printf("\nFirst boot device is: %s.", NameOf(DevicesOfServer(), order.ucPriority[0]));
     std::printf("\nOne time boot device is: %s.", once);
     return 0;
 }
@@ -147,25 +131,39 @@ int do_set_boot_once(InputLineType* InputLine) {
 
     ZTTBT1STRUCT once{};
     once.boot.bVal = device->code;
-    return Report<kBootOnceTexts>(StoreVariable(kBootOnce, once), device->word);
+    if (!WriteVariable(kBootOnce, once)) return Fail("\nERROR: Failed to set first boot.");
+
+    std::printf("\nSuccessfully set next boot to %s.", device->word);
+    return 0;
 }
 
 int do_set_boot_first(InputLineType* InputLine) {
     if (InputLine->NumWords != 4) return InvalidArguments();
     const char* word = InputLine->Words[3];
-    if (CodeOf(ipl2, word) == kNoCode) return Fail(kNoSuchDevice);  // the longer list knows them all
+    if (CodeOf(kWithUsbKey, word) == kNoCode) return Fail(kNoSuchDevice);  // this list has every word
 
-    BootDeviceCount count;
-    if (!ReadVariable(kInstalled, count)) return Fail(kCountUnreadable);
-    if (count.zthnipl == 0) return Fail("ERROR: No bootable devices found.");
-
-    const int code = is_tr500k2() ? CodeOf(ipl2, word) : CodeOf(ipl, word);
+    BootDeviceCount installed;
+    if (!ReadVariable(kInstalled, installed)) return Fail(kCountUnreadable);
+    if (installed.zthnipl == 0) return Fail("ERROR: No bootable devices found.");
+    const int code = CodeOf(DevicesOfServer(), word);
     if (code == kNoCode) return Fail("\nERROR: USB boot is not supported on this system by brantcli.");
 
-    const RomOutcome outcome = ChangeVariable(kBootOrder, [&](ZTHIPLSTRUCT& order) {
-        return MoveToFront(order.ucPriority, ListLength(count), code, word);
-    });
-    return Report<kBootFirstTexts>(outcome, word);
+    ZTHIPLSTRUCT order;
+    if (!ReadVariable(kBootOrder, order)) return Fail("\nERROR: Failed to get first boot device.");
+    uint8_t* const first = order.ucPriority;
+    uint8_t* const end = first + LengthOfOrder(installed);
+    uint8_t* const place = std::find(first, end, code);
+    if (place == end) {
+        return Fail("\nERROR: %s boot is not supported on this server or it may have been disabled by KONF.",
+                    word);
+    }
+    std::swap(*place, *first);
+    if (!WriteVariable(kBootOrder, order)) {
+        std::printf("\nERROR: Failed to set first boot.");
+        return 0;
+    }
+    std::printf("\nSuccessfully set first boot device to %s.", word);
+    return 0;
 }
 
 int do_show_ipl(InputLineType* InputLine) {

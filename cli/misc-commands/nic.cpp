@@ -6,28 +6,21 @@
 #include "cli/command/refusals.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"
-#include "cli/misc-commands/switch_words.h"
 #include "src/utils/word_table.h"
 
 namespace {
 
-constexpr int kShortRead = kNicBootStates;  // bytes, thus NICs: all that the iSCSI commands know of, too
-constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable, kShortRead, kShortRead};
-constexpr RomVariable<NicPxeFlags> kPxeFlags = {kNicPxeVariable, sizeof(NicPxeFlags), 1};  // older firmware's
+// What the PXE commands read and write depends on how many NICs there are; the others know of ten.
+constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable};
+constexpr RomVariable<NicBootSettings, kNicBootStates> kFirstBootSettings = {kNicBootVariable};
+constexpr RomVariable<NicPxeFlags, sizeof(NicPxeFlags), 1> kPxeFlags = {kNicPxeVariable};  // older firmware's
 
 constexpr char kSettingsUnreadable[] = "\nERROR: Failed to read NIC status.";
-constexpr RomTexts kPxeTexts = {
-    "\nERROR: Failed to read PXE status.",
-    "\nERROR: Failed to %s %s PXE support.",
-    "\nSuccessfully %sd %s PXE support.",
-};
-constexpr RomTexts kIscsiTexts = {
-    kSettingsUnreadable,
-    "\nERROR: Failed to %s %s iSCSI support.",
-    "\nSuccessfully %sd %s iSCSI support.",
-};
+
+constexpr int kNamedNics = 5;  // NIC1 to NIC5: the words of the commands, and the flags of the older variable
+constexpr uint8_t kAllPxeFlags = (1 << kNamedNics) - 1;
 
 constexpr CodeText kStates[] = {
     {kNicBootNone, "PXE disabled"},
@@ -35,46 +28,34 @@ constexpr CodeText kStates[] = {
     {kNicBootIscsi, "iSCSI enabled"},
 };
 
-// A NIC's place among the settings, from 0, by its word NIC1 to NIC5; -1 for any other word.
+// A NIC's place among the settings, from 0, by its word; -1 for a word that names none.
 int PlaceOf(const char* word) {
-    if (std::strncmp(word, "NIC", 3) != 0 || word[3] < '1' || word[3] > '5' || word[4] != '\0') return -1;
-    return word[3] - '1';
+    if (std::strncmp(word, "NIC", 3) != 0 || word[3] == '\0' || word[4] != '\0') return -1;
+    const int place = word[3] - '1';
+    return place >= 0 && place < kNamedNics ? place : -1;
 }
 
-// A NIC's place by the word that a command got; -1, with the reason printed, for a word that isn't one and
-// for a NIC that the server doesn't have.
-int CheckedPlace(const char* word, const SwitchWay& way, const char* feature) {
-    const int place = PlaceOf(word);
-    if (place < 0) {
-        std::printf("\nERROR: Failed to %s %s. Please specify either %s, NIC2...NIC5", way.verb, feature,
-                    way.on ? "NIC1" : "NIC");
-        return -1;
-    }
+// Whether the server has a NIC. False: the reason has been printed.
+bool HasNic(int place) {
     if (embedded_nics_installed < 1) {
         std::printf("\nERROR: brantcli didn't detect any embedded NICs.");
-        return -1;
+        return false;
     }
     if (place >= embedded_nics_installed) {
         std::printf("\nERROR: This sytem only has %d embedded NICs.", embedded_nics_installed);
-        return -1;
+        return false;
     }
-    return place;
+    return true;
 }
 
 void SayPxeMoved(int place) {
     std::printf("\nPXE boot was already enabled for NIC%d. It has now been disabled.", place + 1);
 }
 
-// The settings as the PXE commands use them: a byte for each NIC of the server, as far as there are bytes.
-RomVariable<NicBootSettings> SettingsOfAllNics(const SwitchWay& way) {
-    constexpr int kMost = sizeof NicBootSettings::nic;
-    const int nics = std::min(embedded_nics_installed, kMost);
-    return {kNicBootVariable, way.on ? kMost : nics, nics};
-}
-
-// One NIC at most boots by PXE: any other that did is switched off, with a note.
-void EnablePxe(NicBootSettings& settings, int place, int nics) {
-    for (int i = 0; i < nics; ++i) {
+// One NIC at most boots by PXE: any other that did is switched off, with a note. nics: how many there are.
+void EnablePxe(NicBootSettings& settings, int place, size_t nics) {
+    const int count = static_cast<int>(std::min(nics, sizeof settings.nic));
+    for (int i = 0; i < count; ++i) {
         if (settings.nic[i] != kNicBootPxe || i == place) continue;
         SayPxeMoved(i);
         settings.nic[i] = kNicBootNone;
@@ -82,63 +63,88 @@ void EnablePxe(NicBootSettings& settings, int place, int nics) {
     settings.nic[place] = kNicBootPxe;
 }
 
-// Likewise, but only the first NIC that had it can be named, and isn't when it is this one.
+// As above; but of several NICs that had it only the first is told, and that only when it is another.
 void EnablePxe(NicPxeFlags& flags, int place) {
-    constexpr int kFlags = 5;
     int first = 0;
-    while (first < kFlags && (flags.nics.s.bits_PXE >> first & 1) == 0) ++first;
-    if (first < kFlags && first != place) SayPxeMoved(first);
-    flags.nics.s.bits_PXE = (1u << place) & 31;
+    while (first < kNamedNics && (flags.nics >> first & 1) == 0) ++first;
+    if (first < kNamedNics && first != place) SayPxeMoved(first);
+    flags.nics = static_cast<uint8_t>((flags.nics & ~kAllPxeFlags) | 1 << place);
+}
+
+void DisablePxe(NicBootSettings& settings, int place) {
+    settings.nic[place] = kNicBootNone;
 }
 
 void DisablePxe(NicPxeFlags& flags, int place) {
-    flags.nics.s.bits_PXE = flags.nics.s.bits_PXE & ~(1u << place) & 31;
+    flags.nics = static_cast<uint8_t>(flags.nics & ~(1 << place));
 }
 
-int SwitchPxe(InputLineType* line, const SwitchWay& way) {
+int SwitchPxe(InputLineType* line, bool enable) {
     if (line->NumWords == 2) return ShowUsage();
     if (line->NumWords != 3) return InvalidArguments();
     const char* word = line->Words[2];
-    const int place = CheckedPlace(word, way, "PXE");
-    if (place < 0) return 1;
-
-    const RomVariable<NicBootSettings> variable = SettingsOfAllNics(way);
-    RomOutcome outcome = ChangeVariable(variable, [&](NicBootSettings& settings) {
-        if (way.on) {
-            EnablePxe(settings, place, variable.written);
-        } else {
-            settings.nic[place] = kNicBootNone;
-        }
-        return true;
-    });
-    if (outcome == RomOutcome::Unreadable) {
-        outcome = ChangeVariable(kPxeFlags, [&](NicPxeFlags& flags) {
-            way.on ? EnablePxe(flags, place) : DisablePxe(flags, place);
-            return true;
-        });
+    const int place = PlaceOf(word);
+    if (place < 0) {
+        return Fail(enable ? "\nERROR: Failed to enable PXE. Please specify either NIC1, NIC2...NIC5"
+                           : "\nERROR: Failed to disable PXE. Please specify either NIC, NIC2...NIC5");
     }
-    return Report<kPxeTexts>(outcome, way.verb, word);
+    if (!HasNic(place)) return 1;
+
+    const auto nics = static_cast<size_t>(embedded_nics_installed);
+    NicBootSettings settings;
+    NicPxeFlags flags;
+    bool written = false;
+    if (ReadVariable(kBootSettings, settings, enable ? sizeof settings : nics)) {
+        enable ? EnablePxe(settings, place, nics) : DisablePxe(settings, place);
+        written = WriteVariable(kBootSettings, settings, nics);
+    } else if (ReadVariable(kPxeFlags, flags)) {
+        enable ? EnablePxe(flags, place) : DisablePxe(flags, place);
+        written = WriteVariable(kPxeFlags, flags);
+    } else {
+        return Fail("\nERROR: Failed to read PXE status.");
+    }
+
+    if (!written) {
+        return Fail(enable ? "\nERROR: Failed to enable %s PXE support."
+                           : "\nERROR: Failed to disable %s PXE support.",
+                    word);
+    }
+    std::printf(enable ? "\nSuccessfully enabled %s PXE support." : "\nSuccessfully disabled %s PXE support.",
+                word);
+    return 0;
 }
 
-int SwitchIscsi(InputLineType* line, const SwitchWay& way) {
+int SwitchIscsi(InputLineType* line, bool enable) {
     if (line->NumWords == 2) return ShowUsage();
     if (line->NumWords != 3) return InvalidArguments();
 
+    NicBootSettings settings;
+    if (!ReadVariable(kFirstBootSettings, settings)) return Fail(kSettingsUnreadable);
     const char* word = line->Words[2];
-    const RomOutcome outcome = ChangeVariable(kBootSettings, [&](NicBootSettings& settings) {
-        const int place = CheckedPlace(word, way, "iSCSI");
-        if (place < 0) return false;
-        settings.nic[place] = way.on ? kNicBootIscsi : kNicBootNone;
-        return true;
-    });
-    return Report<kIscsiTexts>(outcome, way.verb, word);
+    const int place = PlaceOf(word);
+    if (place < 0) {
+        return Fail(enable ? "\nERROR: Failed to enable iSCSI. Please specify either NIC1, NIC2...NIC5"
+                           : "\nERROR: Failed to disable iSCSI. Please specify either NIC, NIC2...NIC5");
+    }
+    if (!HasNic(place)) return 1;
+
+    settings.nic[place] = enable ? kNicBootIscsi : kNicBootNone;
+    if (!WriteVariable(kFirstBootSettings, settings)) {
+        return Fail(enable ? "\nERROR: Failed to enable %s iSCSI support."
+                           : "\nERROR: Failed to disable %s iSCSI support.",
+                    word);
+    }
+    std::printf(
+        enable ? "\nSuccessfully enabled %s iSCSI support." : "\nSuccessfully disabled %s iSCSI support.",
+        word);
+    return 0;
 }
 
 }  // namespace
 
 const char* ReadNicBoot(NicBootStates& states) {
     NicBootSettings settings;
-    if (!ReadVariable(kBootSettings, settings)) return kSettingsUnreadable;
+    if (!ReadVariable(kFirstBootSettings, settings)) return kSettingsUnreadable;
     for (int i = 0; i < kNicBootStates; ++i) {
         states.nic[i] = TextOfCode(kStates, settings.nic[i], "Unknown setting");
     }
@@ -163,17 +169,17 @@ int do_show_nic(InputLineType* InputLine) {
 }
 
 int do_enable_nic_pxe(InputLineType* InputLine) {
-    return SwitchPxe(InputLine, kEnable);
+    return SwitchPxe(InputLine, true);
 }
 
 int do_disable_nic_pxe(InputLineType* InputLine) {
-    return SwitchPxe(InputLine, kDisable);
+    return SwitchPxe(InputLine, false);
 }
 
 int do_enable_nic_iscsi(InputLineType* InputLine) {
-    return SwitchIscsi(InputLine, kEnable);
+    return SwitchIscsi(InputLine, true);
 }
 
 int do_disable_nic_iscsi(InputLineType* InputLine) {
-    return SwitchIscsi(InputLine, kDisable);
+    return SwitchIscsi(InputLine, false);
 }

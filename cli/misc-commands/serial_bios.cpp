@@ -3,43 +3,63 @@
 
 #include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 
 namespace {
 
-constexpr RomVariable<BiosPort> kPort = {kBiosPortVariable, sizeof(BiosPort), 1};
-constexpr RomVariable<BiosBaud> kBaud = {kBiosBaudVariable, sizeof(BiosBaud), 1};
+constexpr RomVariable<BiosPort, sizeof(BiosPort), 1> kPort = {kBiosPortVariable};
+constexpr RomVariable<BiosBaud, sizeof(BiosBaud), 1> kBaud = {kBiosBaudVariable};
+
+constexpr char kNotWritten[] = "\nERROR: Failed to set BIOS serial port config.";
 
 struct Port {
-    uint8_t code;
+    BiosPortCode code;
     const char* word;   // null: can't be set
     const char* shown;  // null: as a port that is disabled
 };
 // clang-format off
 constexpr Port kPorts[] = {
-    {0, "DISABLED", nullptr},
-    {1, "COM1",     "COM1"},
-    {2, "COM2",     "COM2"},
-    {4, nullptr,    "COM3"},
-    {5, nullptr,    "COM4"},
-    {6, nullptr,    "VSP"},
+    {kBiosPortDisabled, "DISABLED", nullptr},
+    {kBiosPortCom1,     "COM1",     "COM1"},
+    {kBiosPortCom2,     "COM2",     "COM2"},
+    {kBiosPortCom3,     nullptr,    "COM3"},
+    {kBiosPortCom4,     nullptr,    "COM4"},
+    {kBiosPortVirtual,  nullptr,    "VSP"},
 };
 // clang-format on
 
 struct Baud {
-    uint8_t code;
+    BiosBaudRate code;
     const char* word;
 };
 // clang-format off
 constexpr Baud kBauds[] = {
-    {1, "9600"},
-    {2, "19200"},
-    {3, "57600"},
-    {4, "115200"},
+    {kBaud9600,   "9600"},
+    {kBaud19200,  "19200"},
+    {kBaud57600,  "57600"},
+    {kBaud115200, "115200"},
 };
 // clang-format on
+
+bool WritePort(uint8_t code) {
+    return WriteVariable(kPort, BiosPort{code, 0});
+}
+
+bool WriteBaud(uint8_t code) {
+    return WriteVariable(kBaud, BiosBaud{{code}, {}});
+}
+
+// with_baud: whether the rate is cleared, too. A command that names one has this done, whichever it names.
+int DisablePort(bool with_baud) {
+    bool written = WritePort(kBiosPortDisabled);
+    if (with_baud) written = WriteBaud(0) && written;
+    if (!written) return Fail(kNotWritten);
+
+    std::printf("\nSuccessfully set BIOS serial port to DISABLED.");
+    return 0;
+}
 
 }  // namespace
 
@@ -50,29 +70,22 @@ int do_set_bios_serial_port(InputLineType* InputLine) {
     if (port == nullptr) {
         return Fail("\nERROR: Invalid arguments. It must be either COM1, COM2 or DISABLED.");
     }
-    const bool needs_baud = port->code != 0;
-    if (needs_baud && !with_baud) {
+    if (port->code == kBiosPortDisabled) return DisablePort(with_baud);
+
+    if (!with_baud) {
         return Fail(
             "\nERROR: You must specify the baud rate when assigning the port."
             "\nBaud rate must be either 9600, 19200, 57600 or 115200.");
     }
-    const Baud* baud = needs_baud ? FindWord(kBauds, InputLine->Words[4]) : nullptr;
-    if (needs_baud && baud == nullptr) {
+    const Baud* baud = FindWord(kBauds, InputLine->Words[4]);
+    if (baud == nullptr) {
         return Fail("\nERROR: Invalid baud rate. Baud rate must be either 9600, 19200, 57600 or 115200.");
     }
+    const bool port_written = WritePort(port->code);
+    const bool baud_written = WriteBaud(baud->code);  // whatever became of the port
+    if (!port_written || !baud_written) return Fail(kNotWritten);
 
-    // The second is written whatever became of the first.
-    RomOutcome stored = StoreVariable(kPort, BiosPort{port->code, 0});
-    if (with_baud) {
-        const uint8_t code = baud != nullptr ? baud->code : uint8_t{0};
-        const RomOutcome baud_stored = StoreVariable(kBaud, BiosBaud{{code}, {}});
-        if (baud_stored == RomOutcome::NotWritten) stored = baud_stored;
-    }
-    if (stored == RomOutcome::NotWritten) return Fail("\nERROR: Failed to set BIOS serial port config.");
-
-    std::printf("\nSuccessfully set BIOS serial port to %s", port->word);
-    if (baud != nullptr) std::printf("/%s", baud->word);
-    std::printf(".");
+    std::printf("\nSuccessfully set BIOS serial port to %s/%s.", port->word, baud->word);
     return 0;
 }
 

@@ -6,30 +6,17 @@
 #include "cli/command/refusals.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"
 #include "src/utils/word_table.h"
 
 namespace {
 
 constexpr char kPortsUnreadable[] = "\nERROR: Failed to read serial port status.";
-constexpr RomTexts kVirtualTexts = {
-    kPortsUnreadable,
-    "\nERROR: Failed to set Virtual serial port config.",
-    "\nSuccessfully set Virtual serial port config to %s.",
-    0,
-};
-constexpr RomTexts kEmbeddedTexts = {
-    kPortsUnreadable,
-    "\nERROR: Failed to set Embedded serial port config.",
-    "\nSuccessfully set Embedded serial port %c to %s.",
-    0,
-};
-
 constexpr char kPortLetters[] = "AB";
 
-SERIALPORT& EmbeddedPort(WOLEVREC& configuration, int port) {
-    return port == 0 ? configuration.uart1 : configuration.uart2;
+SERIALPORT& EmbeddedPort(WOLEVREC& ztsbkt, int port) {
+    return port == 0 ? ztsbkt.uart1 : ztsbkt.uart2;
 }
 
 // A choice's place in its table is its COM number; 0 disables the port. Its byte is the port's whole: the
@@ -91,9 +78,9 @@ static_assert(HoldItsPlace(kVirtualChoices) && HoldItsPlace(kEmbeddedChoices[0])
 
 // Gives the other embedded port another number when it has the one that this port is getting. Whether the
 // virtual port has that other number isn't asked.
-void MoveOtherPort(WOLEVREC& configuration, int port, int com) {
+void MoveOtherPort(WOLEVREC& ztsbkt, int port, int com) {
     const int other = 1 - port;
-    SERIALPORT& moved = EmbeddedPort(configuration, other);
+    SERIALPORT& moved = EmbeddedPort(ztsbkt, other);
     if (moved.s.bits_UART != com) return;
 
     const int to = kEmbeddedChoices[port][com].other_moves_to;
@@ -105,18 +92,20 @@ void MoveOtherPort(WOLEVREC& configuration, int port, int com) {
 }
 
 // The two notes differ in case, and stay so: what is printed is an interface.
-void TakeFromVirtualPort(WOLEVREC& configuration, int com) {
-    if (configuration.vsp.s.bits_UART1 != com) return;
+void TakeFromVirtualPort(WOLEVREC& ztsbkt, int com) {
+    if (ztsbkt.vsp.s.bits_UART1 != com) return;
 
-    std::printf("\n%s: The Virtual serial port was already assigned COM%d.\nIt has now been disabled.\n",
-                com == 1 ? "NOTE" : "Note", com);
-    configuration.vsp.s.bits_UART1 = kUartDisabled;
+    std::printf(
+        com == 1 ? "\nNOTE: The Virtual serial port was already assigned COM%d.\nIt has now been disabled.\n"
+                 : "\nNote: The Virtual serial port was already assigned COM%d.\nIt has now been disabled.\n",
+        com);
+    ztsbkt.vsp.s.bits_UART1 = kUartDisabled;
 }
 
 // One embedded port at most: port A before port B.
-void TakeFromEmbeddedPort(WOLEVREC& configuration, int com) {
+void TakeFromEmbeddedPort(WOLEVREC& ztsbkt, int com) {
     for (int port = 0; port < 2; ++port) {
-        SERIALPORT& embedded = EmbeddedPort(configuration, port);
+        SERIALPORT& embedded = EmbeddedPort(ztsbkt, port);
         if (embedded.s.bits_UART != com) continue;
 
         std::printf(
@@ -128,41 +117,6 @@ void TakeFromEmbeddedPort(WOLEVREC& configuration, int com) {
     }
 }
 
-// SetVirtualPort and SetEmbeddedPort change the configuration. False, with the reason printed, for a word
-// that the port can't be set to.
-bool SetVirtualPort(WOLEVREC& configuration, const char* word) {
-    const VirtualChoice* choice = FindWord(kVirtualChoices, word);
-    if (choice == nullptr) {
-        std::printf("\nERROR: Invalid argument. It must be either COM1, COM2 or DISABLED");
-        return false;
-    }
-    configuration.vsp.ucData = choice->byte;
-    const auto com = static_cast<int>(choice - kVirtualChoices);
-    if (com != 0) TakeFromEmbeddedPort(configuration, com);
-    return true;
-}
-
-bool SetEmbeddedPort(WOLEVREC& configuration, int port, const char* word) {
-    const EmbeddedChoice* choice = FindWord(kEmbeddedChoices[port], word);
-    if (choice == nullptr) {
-        std::printf("\nERROR: Invalid argument %s. It must be either COM1, COM2, COM3, COM4 or DISABLED",
-                    word);
-        return false;
-    }
-    const char* refusal = is_tr500k2() ? choice->on_tr500k2 : choice->elsewhere;
-    if (refusal != nullptr) {
-        std::printf("%s", refusal);
-        return false;
-    }
-    EmbeddedPort(configuration, port).ucData = choice->byte;
-    const auto com = static_cast<int>(choice - kEmbeddedChoices[port]);
-    if (com != 0) {
-        MoveOtherPort(configuration, port, com);
-        TakeFromVirtualPort(configuration, com);
-    }
-    return true;
-}
-
 // How a port's number is shown; null when it is none that the firmware should have.
 const char* UartText(unsigned uart) {
     constexpr const char* kTexts[] = {nullptr, "COM1", "COM2", "COM3", "COM4", nullptr, nullptr, "disabled"};
@@ -172,11 +126,11 @@ const char* UartText(unsigned uart) {
 }  // namespace
 
 const char* ReadVirtualPort(const char*& port) {
-    WOLEVREC configuration;
-    if (!ReadVariable(kConfiguration, configuration)) {
+    WOLEVREC ztsbkt;
+    if (!ReadVariable(kConfiguration, ztsbkt)) {
         return "\nERROR: Failed to read Virtual serial port status.";
     }
-    const char* text = UartText(configuration.vsp.s.bits_UART1);
+    const char* text = UartText(ztsbkt.vsp.s.bits_UART1);
     if (text == nullptr) {
         return "\nERROR: Kelm Virtual serial port is in an unknown state."
                "\nYou may have to upgrade the Kelm firmware to version 1.55 or later"
@@ -187,12 +141,12 @@ const char* ReadVirtualPort(const char*& port) {
 }
 
 const char* ReadEmbeddedPorts(EmbeddedPorts& ports) {
-    WOLEVREC configuration;
-    if (!ReadVariable(kConfiguration, configuration)) {
+    WOLEVREC ztsbkt;
+    if (!ReadVariable(kConfiguration, ztsbkt)) {
         return "\nERROR: Failed to read embedded serial status.";
     }
     for (int port = 0; port < 2; ++port) {
-        ports.port[port] = UartText(EmbeddedPort(configuration, port).s.bits_UART);
+        ports.port[port] = UartText(EmbeddedPort(ztsbkt, port).s.bits_UART);
     }
     return nullptr;
 }
@@ -203,10 +157,21 @@ int do_set_virtual_serial_port(InputLineType* InputLine) {
     }
     if (InputLine->NumWords != 4) return InvalidArguments();
 
-    const char* word = InputLine->Words[3];
-    const RomOutcome outcome = ChangeVariable(
-        kConfiguration, [=](WOLEVREC& configuration) { return SetVirtualPort(configuration, word); });
-    return Report<kVirtualTexts>(outcome, word);
+    WOLEVREC ztsbkt;
+    if (!ReadVariable(kConfiguration, ztsbkt)) return Fail(kPortsUnreadable);
+    const VirtualChoice* choice = FindWord(kVirtualChoices, InputLine->Words[3]);
+    if (choice == nullptr) {
+        return Fail("\nERROR: Invalid argument. It must be either COM1, COM2 or DISABLED");
+    }
+    ztsbkt.vsp.ucData = choice->byte;
+    const auto com = static_cast<int>(choice - kVirtualChoices);
+    if (com != 0) TakeFromEmbeddedPort(ztsbkt, com);
+    if (!WriteVariable(kConfiguration, ztsbkt)) {
+        std::printf("\nERROR: Failed to set Virtual serial port config.");
+        return 0;
+    }
+    std::printf("\nSuccessfully set Virtual serial port config to %s.", choice->word);
+    return 0;
 }
 
 int do_show_vsp(InputLineType* InputLine) {
@@ -226,11 +191,30 @@ int do_show_vsp(InputLineType* InputLine) {
 int do_set_embedded_serial_port(InputLineType* InputLine) {
     if (InputLine->NumWords != 5) return InvalidArguments();
 
+    WOLEVREC ztsbkt;
+    if (!ReadVariable(kConfiguration, ztsbkt)) return Fail(kPortsUnreadable);
     const int port = std::strncmp(InputLine->Words[3], "PORTA", 5) == 0 ? 0 : 1;
     const char* word = InputLine->Words[4];
-    const RomOutcome outcome = ChangeVariable(
-        kConfiguration, [=](WOLEVREC& configuration) { return SetEmbeddedPort(configuration, port, word); });
-    return Report<kEmbeddedTexts>(outcome, kPortLetters[port], word);
+    const EmbeddedChoice* choice = FindWord(kEmbeddedChoices[port], word);
+    if (choice == nullptr) {
+        return Fail("\nERROR: Invalid argument %s. It must be either COM1, COM2, COM3, COM4 or DISABLED",
+                    word);
+    }
+    const char* refusal = is_tr500k2() ? choice->on_tr500k2 : choice->elsewhere;
+    if (refusal != nullptr) return Fail("%s", refusal);
+
+    EmbeddedPort(ztsbkt, port).ucData = choice->byte;
+    const auto com = static_cast<int>(choice - kEmbeddedChoices[port]);
+    if (com != 0) {
+        MoveOtherPort(ztsbkt, port, com);
+        TakeFromVirtualPort(ztsbkt, com);
+    }
+    if (!WriteVariable(kConfiguration, ztsbkt)) {
+        std::printf("\nERROR: Failed to set Embedded serial port config.");
+        return 0;
+    }
+    std::printf("\nSuccessfully set Embedded serial port %c to %s.", kPortLetters[port], word);
+    return 0;
 }
 
 int do_show_embedded_serial_port(InputLineType* InputLine) {

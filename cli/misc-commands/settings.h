@@ -32,7 +32,7 @@ struct BiosSerialPort {
     const char* port;  // null: disabled
     const char* baud;
 };
-const char* ReadBiosSerialPort(BiosSerialPort& port);
+const char* ReadBiosSerialPort(BiosSerialPort& shown);
 
 struct EmbeddedPorts {
     const char* port[2];  // A and B: a number, or disabled; null: unknown

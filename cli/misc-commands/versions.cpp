@@ -6,7 +6,7 @@
 
 #include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/misc-commands/rom_setting.h"
+#include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"
 
 namespace {

@@ -37,7 +37,7 @@ void AddNics(MachineBuilder& machine, const RomSettings& settings) {
     NicPxeFlags flags{};
     for (size_t i = 0; i < settings.nics.size(); ++i) {
         boot[i] = static_cast<char>(settings.nics[i]);
-        if (settings.nics[i] == kNicBootPxe) flags.nics.ucData |= static_cast<uint8_t>(1 << i);
+        if (settings.nics[i] == kNicBootPxe) flags.nics |= static_cast<uint8_t>(1 << i);
     }
     machine.Variable(kNicBootVariable, boot);
     machine.Variable(kNicPxeVariable, flags);

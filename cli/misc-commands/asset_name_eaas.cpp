@@ -1,0 +1,126 @@
+// The asset text, the server's name, and the environment-abnormality automatic shutdown (EAAS).
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+#include "cli/command/refusals.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/rom_store.h"
+#include "cli/misc-commands/settings.h"
+
+namespace {
+
+constexpr RomVariable<AssetText> kAsset = {kAssetVariable};
+constexpr RomVariable<ServerName> kServerName = {kServerNameVariable};
+constexpr RomVariable<CSMEVSTRUCT> kShutdown = {kShutdownVariable};
+
+constexpr char kShutdownUnreadable[] = "\nERROR: Failed to read EAAS status.";
+
+static_assert(2 * kServerNameHalf == 28, "as the text of SET NAME's refusal says");
+
+int SwitchShutdown(InputLineType* line, bool enable) {
+    if (line->NumWords != 2) return InvalidArguments();
+
+    CSMEVSTRUCT shutdown;
+    if (!ReadVariable(kShutdown, shutdown)) return Fail(kShutdownUnreadable);
+
+    shutdown.ucEAAshutdown = enable ? 1 : 0;  // the whole byte is the command's
+    if (!WriteVariable(kShutdown, shutdown)) {
+        return Fail(enable ? "\nERROR: Failed to enable EAAS." : "\nERROR: Failed to disable EAAS.");
+    }
+    std::printf(enable ? "\nSuccessfully enabled EAAS." : "\nSuccessfully disabled EAAS.");
+    return 0;
+}
+
+}  // namespace
+
+const char* ReadAsset(AssetText& asset) {
+    return ReadVariable(kAsset, asset) ? nullptr : "\nERROR: Failed to read Asset Text.";
+}
+
+const char* ReadServerName(ServerName& name) {
+    if (ReadVariable(kServerName, name)) return nullptr;
+    return "\nNo Server name seems to have been set, or command failed."
+           "\nPlease use \"SET NAME\" to set a server name.";
+}
+
+const char* ReadShutdown(bool& enabled) {
+    CSMEVSTRUCT shutdown;
+    if (!ReadVariable(kShutdown, shutdown)) return kShutdownUnreadable;
+    enabled = (shutdown.ucEAAshutdown & 1) != 0;
+    return nullptr;
+}
+
+int do_show_asset(InputLineType* /*InputLine*/) {
+    AssetText asset;
+    if (const char* error = ReadAsset(asset)) return Fail("%s", error);
+
+    std::printf("\nAsset: '%.*s'", int{sizeof asset.asset_text}, asset.asset_text);
+    return 0;
+}
+
+int do_set_asset(InputLineType* InputLine) {
+    if (InputLine->NumWords == 2) return ShowUsage();
+    if (InputLine->NumWords != 3) return InvalidArguments();
+
+    const char* text = InputLine->Words[2];
+    AssetText asset{};
+    std::memcpy(asset.asset_text, text, std::min(std::strlen(text), sizeof asset.asset_text));
+    if (!WriteVariable(kAsset, asset)) return Fail("\nERROR: Failed to set Asset Text.");
+
+    std::printf("\nSuccessfully set Asset Text.");
+    return 0;
+}
+
+int do_show_name(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    ServerName name;
+    if (const char* error = ReadServerName(name)) return Fail("%s", error);
+
+    std::printf("\nServer name is: ");
+    if (name.zthls1[0] == '\0') {
+        std::printf("Not Set");
+    } else {
+        std::fwrite(&name, 1, sizeof name, stdout);  // zeros too, for which a terminal shows nothing
+    }
+    return 0;
+}
+
+int do_set_name(InputLineType* InputLine) {
+    if (InputLine->NumWords != 3) return InvalidArguments();
+
+    const char* typed = InputLine->OrigCaseWords[2];
+    const size_t length = std::strlen(typed);
+    if (length > size_t{2 * kServerNameHalf}) {
+        return Fail("\nERROR: Max length of server name is 28 characters.");
+    }
+    std::printf("\nNOTE: On some servers the name may be split in two depending on length");
+
+    ServerName name{};
+    const size_t first = std::min(length, size_t{kServerNameHalf});
+    std::memcpy(name.zthls1, typed, first);
+    std::memcpy(name.zthls1 + kServerNameHalf + 1, typed + first, length - first);
+    if (!WriteVariable(kServerName, name)) return Fail("\nFailed to set server name. ");
+
+    std::printf("\nSuccessfully set new server name: %s", typed);
+    return 0;
+}
+
+int do_show_eaas(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    bool enabled = false;
+    if (const char* error = ReadShutdown(enabled)) return Fail("%s", error);
+
+    std::printf("\nEAAS is currently %s.", EnabledOrDisabled(enabled));
+    return 0;
+}
+
+int do_enable_eaas(InputLineType* InputLine) {
+    return SwitchShutdown(InputLine, true);
+}
+
+int do_disable_eaas(InputLineType* InputLine) {
+    return SwitchShutdown(InputLine, false);
+}
