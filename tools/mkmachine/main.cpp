@@ -10,7 +10,7 @@
 
 namespace {
 
-struct Order {
+struct Options {
     const Model* model = &Models().front();
     std::optional<size_t> events;  // entries of the event log; else one of each sample
     std::string directory;
@@ -24,23 +24,23 @@ std::optional<size_t> ReadCount(const std::string& word) {
     return std::stoul(word);
 }
 
-// False when the words don't make an order.
-bool ReadOrder(int argc, char** argv, Order& order) {
+// False when the words aren't options that go together.
+bool ReadOptions(int argc, char** argv, Options& options) {
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
         if (word == "--model" && i + 1 < argc) {
-            order.model = FindModel(argv[++i]);
-            if (order.model == nullptr) return false;
+            options.model = FindModel(argv[++i]);
+            if (options.model == nullptr) return false;
         } else if (word == "--events" && i + 1 < argc) {
-            order.events = ReadCount(argv[++i]);
-            if (!order.events) return false;
-        } else if (word.empty() || word[0] == '-' || !order.directory.empty()) {
+            options.events = ReadCount(argv[++i]);
+            if (!options.events) return false;
+        } else if (word.empty() || word[0] == '-' || !options.directory.empty()) {
             return false;
         } else {
-            order.directory = word;
+            options.directory = word;
         }
     }
-    return !order.directory.empty();
+    return !options.directory.empty();
 }
 
 void PrintUsage() {
@@ -52,16 +52,16 @@ void PrintUsage() {
 }  // namespace
 
 int main(int argc, char** argv) try {
-    Order order;
-    if (!ReadOrder(argc, argv, order)) {
+    Options options;
+    if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
         return 2;
     }
-    if (std::filesystem::exists(order.directory) && !std::filesystem::is_empty(order.directory)) {
-        std::fprintf(stderr, "mkmachine: %s exists and isn't empty\n", order.directory.c_str());
+    if (std::filesystem::exists(options.directory) && !std::filesystem::is_empty(options.directory)) {
+        std::fprintf(stderr, "mkmachine: %s exists and isn't empty\n", options.directory.c_str());
         return 1;
     }
-    MakeMachine(*order.model, order.directory, order.events);
+    MakeMachine(*options.model, options.directory, options.events);
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "mkmachine: %s\n", error.what());
