@@ -1,13 +1,70 @@
-// SHOW DIMM's numbers, and which sockets it asks for.
+// Power supplies, the unit identification light, and memory modules: their numbers and which sockets are
+// asked for.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "cli/command/command.h"
+#include "cli/misc-commands/misc_commands.h"
+#include "include/health_records.h"
 #include "include/memory_records.h"
 #include "tests/support/test_machine.h"
+#include "tools/mkmachine/features.h"
 
 namespace {
+
+TEST(ShowPowerSupply, ReadsEachBitAmongItsNeighbours) {
+    TestMachine machine("bx20");
+    machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{1, 255, 0, 0, 0});
+    machine.Table(kSupplyNumbersTable, 0, 0, POWERSUPPLYNUMBERS{255, 0, 0, 0, 0});
+    machine.Table(kSupplyFeatureTable, 0, 0, Feature(0, 0xFFF8, kPowerSupplyZone));
+    machine.Table(kSupplyBasicTable, 0, 0, POWERSUPPLYBASIC{1, {0xFFFE}});
+    EXPECT_EQ(machine.Script("SHOW POWERSUPPLY").output,
+              "\nPower supply #1\n\tPresent : No\n\tRedundant: No\n\tCondition: Ok"
+              "\n\tHotplug  : Not supported\n\n\n");
+}
+
+constexpr char kControlFile[] = "cdt/1503.0.0";
+
+TEST(SetUid, StaysSetForTheNextRun) {
+    TestMachine machine("tr300");
+    const std::string at_first = machine.Read(kControlFile);
+    machine.Table(kIndicatorHeaderTable, 0, 0, INDCHEADER{1, 255, 0});
+    EXPECT_EQ(machine.Script("SET UID OFF").output, "\nUID is now off.\n\n");
+    EXPECT_EQ(machine.Script("SHOW UID;SET UID ON;SHOW UID").output,
+              "\nUID is currently off.\n\nUID is now on.\n\nUID is currently on.\n\n");
+    EXPECT_EQ(machine.Read(kControlFile), at_first);
+}
+
+struct WordsCase {
+    int count;
+    char third[8];
+    const char* output;
+};
+
+// The command tree lets only ON and OFF through; the handler itself takes any word that begins so.
+constexpr WordsCase kWords[] = {
+    {2, "", "\nhelp"},
+    {3, "O", "\nInvalid argument(s)\nhelp"},
+    {3, "OF", "\nInvalid argument(s)\nhelp"},
+    {3, "ONCE", "\nERROR: \"SET UID\" command failed."},  // there is no driver here
+    {3, "OFFSET", "\nERROR: \"SET UID\" command failed."},
+};
+
+TEST(SetUid, TakesWordsThatBeginWithOnOrOff) {
+    CmdType node = {"UID", "help", nullptr, do_set_uid, nullptr, nullptr};
+    current_command = &node;
+    for (WordsCase c : kWords) {
+        InputLineType line{};
+        line.NumWords = c.count;
+        line.Words[2] = c.third;
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(do_set_uid(&line), 1);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), c.output) << c.third;
+    }
+    current_command = nullptr;
+}
 
 constexpr int kBoardIndex = 255;
 

@@ -1,11 +1,13 @@
-// What the health displays say of a family that the server doesn't have and of records that tell too little;
-// that nothing can be asked for at all, or words are too many, is swept for every command in tests/sweep.
+// What the health displays show of every model, and what they say of a family that the server doesn't have
+// and of records that tell too little; that nothing can be asked for at all, or words are too many, is swept
+// for every command in tests/sweep.
 
 #include <gtest/gtest.h>
 
 #include <string_view>
 
 #include "tests/support/expected_run.h"
+#include "tests/support/stored.h"
 
 using namespace std::string_view_literals;
 
@@ -43,6 +45,10 @@ TEST(HealthDisplays, SayWhatCantBeShownAndChangeNothing) {
         machine.Write(c.file, record);
         EXPECT_EQ(machine.Read(kLight), light) << c.step.command << ": " << c.catches;
     }
+}
+
+TEST(HealthDisplays, ShowEveryModelInFull) {
+    ExpectModelsAsStored("health-table");
 }
 
 }  // namespace

@@ -1,0 +1,182 @@
+// The tables of fans and sensors, as a person and the driver see them: one fact of a device after the other,
+// and the tables at their longest, with every zone in them.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "include/health_records.h"
+#include "tests/support/test_machine.h"
+#include "tools/mkmachine/features.h"
+
+namespace {
+
+// The rows of a table, without its heading and the lines behind it.
+std::string Rows(const TestMachine& machine, const char* command) {
+    const std::string output = machine.Script(command).output;
+    const size_t first = output.find('#');
+    return output.substr(first, output.size() - 2 - first);
+}
+
+// One fan, and the three records that tell of it.
+struct Fan {
+    bool older_offered = false;
+    FANDDATA older{};
+    COMMONFEATUREINFO feature = Feature(0, kPresent, kSystemZone);
+    FANBASIC basic{};
+
+    Fan() {
+        basic.ucSpeedState = 1;
+        basic.ucSpeedPctIsValid = 255;
+        basic.ucSpeedPct = 50;
+    }
+    void Older(uint8_t present, uint8_t redundant, uint8_t partner) {
+        older_offered = true;
+        older.ucPresent = present;
+        older.ucRedundant = redundant;
+        older.ucRedundantPartner = partner;
+    }
+};
+
+struct FanCase {
+    const char* catches;
+    void (*change)(Fan& fan);
+    const char* row;
+};
+
+// clang-format off
+constexpr FanCase kFans[] = {
+    {"the fan that the others differ from", [](Fan&) {},
+     "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
+    // one bit among its neighbours
+    {"hot-plug from another bit", [](Fan& f) { f.basic.FanDescriptor.usFanDescriptor = 0xFFFB; },
+     "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
+    {"the shared group taken for the fan's", [](Fan& f) { f.feature.DeviceState.usDeviceState = 0xFFF9; },
+     "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
+    {"a group number cut or shifted",
+     [](Fan& f) { f.feature.DeviceState.usDeviceState = 5, f.feature.RedGroup.usRedundancyInfo = 0xFD7F; },
+     "#1   SYSTEM          Yes     NORMAL 50%     Yes        21       No            \n"},
+    {"bits beside the location read into it", [](Fan& f) { f.feature.Location.usLocation = 0xFFE3; },
+     "#1   CPU#31          Yes     NORMAL 50%     No         N/A      No            \n"},
+    // the older record against the common one
+    {"a fan absent by the older record alone", [](Fan& f) { f.Older(0, 0, 9); },
+     "#1   SYSTEM          No      -      50%     No         N/A      No            \n"},
+    {"a fan present by the older record alone",
+     [](Fan& f) { f.Older(255, 2, 200), f.feature.DeviceState.usDeviceState = kAbsent; },
+     "#1   SYSTEM          Yes     NORMAL 50%     Yes        200      No            \n"},
+    {"redundancy from the common record",
+     [](Fan& f) { f.Older(1, 0, 7), f.feature.DeviceState.usDeviceState = kPresent | kRedundant; },
+     "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
+    {"a failed fan taken for present",
+     [](Fan& f) { f.Older(0, 1, 3), f.feature.DeviceState.usDeviceState = kPresent | kFailed; },
+     "#1   SYSTEM          No      -      -       Yes        3        -             \n"},
+    // speed
+    {"a speed state above the known ones", [](Fan& f) { f.basic.ucSpeedState = 255; },
+     "#1   SYSTEM          Yes     UNKNOWN50%     No         N/A      No            \n"},
+    {"a percentage wider than signed bytes", [](Fan& f) { f.basic.ucSpeedPct = 255; },
+     "#1   SYSTEM          Yes     NORMAL 255%    No         N/A      No            \n"},
+};
+// clang-format on
+
+TEST(HealthTable, OneFactOfAFan) {
+    TestMachine machine("bx20");
+    for (const FanCase& c : kFans) {
+        Fan fan;
+        c.change(fan);
+        machine.NoTable(kFanDataTable, 0, 0);
+        if (fan.older_offered) machine.Table(kFanDataTable, 0, 0, fan.older);
+        machine.Table(kFanFeatureTable, 0, 0, fan.feature);
+        machine.Table(kFanBasicTable, 0, 0, fan.basic);
+        EXPECT_EQ(Rows(machine, "show fan"), c.row) << c.catches;
+    }
+}
+
+constexpr int kBeforeTheFirst = 255;  // the driver's index of row 0
+
+struct SensorCase {
+    const char* catches;
+    uint8_t kind;
+    uint16_t state;
+    uint16_t location;
+    TEMPERATURENUMBERS numbers;
+    const char* row;
+};
+
+// clang-format off
+constexpr SensorCase kSensors[] = {
+    {"presence from another bit",         kMax1617, 0xFFFE, 0x0000, {1, 1, 20, 1, 50, 0, 0},
+     "#0         -                    -          -       \n"},
+    {"an unknown kind that may be absent", 255,     kAbsent, 0x0000, {1, 1, 20, 1, 50, 0, 0},
+     "#0        SYSTEM_BD            20C/68F    50C/122F \n"},
+    {"bits beside the location read into it", kLm75, kPresent, 0xFFE3, {1, 1, 20, 1, 50, 0, 0},
+     "#0        CPU#31               20C/68F    50C/122F \n"},
+    {"validity that is only 1",           kLm75,    kPresent, 0x0002, {0, 128, 20, 255, 50, 0, 0},
+     "#0        I/O_ZONE             20C/68F    50C/122F \n"},
+    {"the previous temperature taken",    kLm75,    kPresent, 0x0002, {1, 0, 20, 0, 50, 1, 99},
+     "#0        I/O_ZONE              -          -       \n"},
+};
+// clang-format on
+
+TEST(HealthTable, OneFactOfASensor) {
+    TestMachine machine("bx20");
+    machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{0, 1, 0});
+    for (const SensorCase& c : kSensors) {
+        COMMONFEATUREINFO feature{};
+        feature.ucTypeOf = c.kind;
+        feature.DeviceState.usDeviceState = c.state;
+        feature.Location.usLocation = c.location;
+        machine.Table(kTemperatureFeatureTable, kBeforeTheFirst, 0, feature);
+        machine.Table(kTemperatureNumbersTable, kBeforeTheFirst, 0, c.numbers);
+        EXPECT_EQ(Rows(machine, "SHOW TEMP"), c.row) << c.catches;
+    }
+}
+
+struct ZoneNames {
+    const char *fans, *sensors;
+};
+
+constexpr int kZones = 32;
+
+// clang-format off
+constexpr ZoneNames kNames[kZones] = {  // what is left out has no name
+    {"SYSTEM", "SYSTEM_BD"},            {"SYSTEM", "SYSTEM_BD"},
+    {"I/O_ZONE", "I/O_ZONE"},           {"PROCESSOR_ZONE", "PROCESSOR_ZONE"},
+    {"MEMORY_BD", "MEMORY_BD"},         {"SCSI_BACKPLANE_ZONE", "SCSI_BACKPLANE_ZONE"},
+    {"REMOVABLE_MEDIA", "REMOVABLE_MEDIA"}, {"POWERSUPPLY_BAY", "POWER_SUPPLY_BAY"},
+    {"AMBIENT", "AMBIENT"},             {"CHASSIS_ZONE", "CHASSIS_ZONE"},
+    {"PCI_BRIDGE_CARD", "PCI_BRIDGE_CARD"}, {"EXHAUST", "EXHAUSTED_AIR"},
+    {}, {}, {},                         {"VIRTUAL", "VIRTUAL"},
+};
+// clang-format on
+
+// Row number row of a table whose rows go through the zones in turn.
+std::string Row(const char* format, int row, const char* zone) {
+    char text[120];
+    std::snprintf(text, sizeof text, format, row, zone != nullptr ? zone : "NOT_SUPPORTED");
+    return text;
+}
+
+TEST(HealthTable, ShowsEveryFanAndSensorThatAByteCanCount) {
+    TestMachine machine("bx20");
+    machine.Table(kFanHeaderTable, 0, 0, FANHEADER{255, 255, 0, 0});
+    machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{255, 255, 0});
+    std::string fans, sensors;
+    for (int i = 0; i < 256; ++i) {
+        const COMMONFEATUREINFO feature = Feature(i, kPresent, static_cast<ZoneType>(i % kZones));
+        machine.Table(kFanFeatureTable, i, 0, feature);
+        machine.Table(kFanBasicTable, i, 0, FANBASIC{});
+        machine.Table(kTemperatureFeatureTable, (i + 255) % 256, 0, feature);  // row 0 is index 255
+        machine.Table(kTemperatureNumbersTable, i, 0, TEMPERATURENUMBERS{});
+
+        const ZoneNames& names = kNames[i % kZones];
+        fans +=
+            Row("#%-4d%-16sYes     UNKNOWNN/A     No         N/A      No            \n", i + 1, names.fans);
+        sensors += Row("#%-9d%-21s -          -       \n", i, names.sensors);
+    }
+    fans.resize(fans.rfind("#256"));
+
+    EXPECT_EQ(Rows(machine, "SHOW FANS"), fans);
+    EXPECT_EQ(Rows(machine, "SHOW TEMP"), sensors);
+}
+
+}  // namespace
