@@ -133,12 +133,12 @@ Json ReadTemperatures(Errors& errors) {
 
 Json ReadPowerSupplies(Errors& errors) {
     SupplyBays bays;
-    if (bays.header() == SupplyBays::Header::Refused) {
+    if (bays.What() == SupplyBays::Found::Refused) {
         errors.Add("No powersupplies were detected.");
         return nullptr;
     }
     Json list = Json::array();
-    for (int i = 0; i < bays.count(); ++i) {
+    for (int i = 0; i < bays.Count(); ++i) {
         SupplyStatus supply;
         if (!bays.Read(i, supply)) {
             errors.Add("Failed to read the power supplies.");

@@ -22,17 +22,17 @@ struct SupplyStatus {
 
 class SupplyBays {
   public:
-    enum class Header { Refused, NoData, Read };
+    enum class Found { Refused, NoData, Bays };
 
     SupplyBays();  // reads the header
-    Header header() const { return header_; }
-    int count() const { return count_; }  // of bays; 0 unless the header could be read
+    Found What() const { return found_; }
+    int Count() const { return count_; }  // 0 unless bays were found
 
     // Reads a bay, index from 0, in ascending order. False when the driver refuses a record of it.
     bool Read(int index, SupplyStatus& supply);
 
   private:
-    Header header_ = Header::Refused;
+    Found found_ = Found::Refused;
     int count_ = 0;
     OlderRecords<POWERSUPPLYNUMBERS> older_records_{kSupplyNumbersTable};
 };

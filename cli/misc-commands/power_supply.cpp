@@ -29,8 +29,8 @@ void PrintSupply(const SupplyStatus& supply) {
 SupplyBays::SupplyBays() {
     const Reply<POWERSUPPLYHEADER> header(kSupplyHeaderTable, 0);
     if (!header) return;
-    header_ = header->ucDataAvailable != 0 ? Header::Read : Header::NoData;
-    if (header_ == Header::Read) count_ = header->ucNumSupportedByChassis;
+    found_ = header->ucDataAvailable != 0 ? Found::Bays : Found::NoData;
+    if (found_ == Found::Bays) count_ = header->ucNumSupportedByChassis;
 }
 
 bool SupplyBays::Read(int index, SupplyStatus& supply) {
@@ -56,14 +56,14 @@ bool SupplyBays::Read(int index, SupplyStatus& supply) {
 // Words behind the command are ignored.
 int do_show_powersupply(InputLineType* /*InputLine*/) {
     SupplyBays bays;
-    if (bays.header() == SupplyBays::Header::Refused) return Fail("\nNo powersupplies were detected.");
-    if (bays.header() == SupplyBays::Header::NoData) {
+    if (bays.What() == SupplyBays::Found::Refused) return Fail("\nNo powersupplies were detected.");
+    if (bays.What() == SupplyBays::Found::NoData) {
         return Fail(
             "\nNo Power Supply data found."
             "\nThis system may not support powersupply health reporting.");
     }
 
-    for (int i = 0; i < bays.count(); ++i) {
+    for (int i = 0; i < bays.Count(); ++i) {
         std::printf("\nPower supply #%d", i + 1);
         SupplyStatus supply;
         if (!bays.Read(i, supply)) return Fail("\nERROR \"SHOW POWERSUPPLY\" command failed.");
