@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "brantexport/sections.h"
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/command/state.h"
 
 namespace {

@@ -1,5 +1,5 @@
-// What the shell hands to a command: the typed line as words, and the node of the command tree that they
-// name.
+// What the shell hands to a command, the typed line as words and the node of the command tree that they name;
+// and what commands say in the same way.
 #pragma once
 
 constexpr int kLineSize = 255;  // bytes of a line, its terminating zero included
@@ -41,3 +41,23 @@ void ClearLine(InputLineType* InputLine);
 
 // The node that the last dispatch reached; null when nothing matched. A handler reads its help text here.
 extern CmdType* current_command;
+
+// What commands say in the same way. The refusals return 1, the result of a command that failed, so that a
+// handler can refuse in one line.
+
+// "Invalid argument(s)" and the current command's help text.
+int InvalidArguments();
+
+// The current command's help text alone: a command given without its value.
+int ShowUsage();
+
+// A message of the handler's own, as printf prints it.
+__attribute__((format(printf, 1, 2))) int Fail(const char* format, ...);
+
+constexpr const char* YesNo(bool yes) {
+    return yes ? "Yes" : "No";
+}
+
+constexpr const char* EnabledOrDisabled(bool enabled) {
+    return enabled ? "enabled" : "disabled";
+}

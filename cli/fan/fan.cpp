@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "include/health_records.h"
 #include "src/utils/word_table.h"
 

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <iterator>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"

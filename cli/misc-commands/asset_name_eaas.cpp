@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/smbios-commands/smbios_commands.h"

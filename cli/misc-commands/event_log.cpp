@@ -7,7 +7,7 @@
 #include <memory>
 #include <new>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/event_log.h"

@@ -5,7 +5,6 @@
 #include <iterator>
 
 #include "cli/command/command.h"
-#include "cli/command/refusals.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 

@@ -1,7 +1,7 @@
 // The serial port of the BIOS console, and its baud rate.
 #include <cstdio>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"

@@ -5,7 +5,7 @@
 #include <memory>
 #include <new>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"

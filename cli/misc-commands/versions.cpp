@@ -4,7 +4,7 @@
 #include <cstring>
 #include <iterator>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"

@@ -1,7 +1,7 @@
 // SHOW SERVER: the machine, its NICs, its processors and its memory; and the memory modules, for SHOW DIMM.
 #include <cstdio>
 
-#include "cli/command/refusals.h"
+#include "cli/command/command.h"
 #include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbparse/smbparse.h"
