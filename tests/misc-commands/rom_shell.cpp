@@ -9,8 +9,8 @@
 #include "cli/brantcli/brantcli.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/parse/command_tree.h"
 #include "cli/parse/command_line.h"
+#include "cli/parse/command_tree.h"
 #include "platform/request.h"
 
 std::vector<std::string> Items(const std::string& list) {
