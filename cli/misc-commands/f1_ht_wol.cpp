@@ -32,7 +32,7 @@ constexpr F1Mode kF1Modes[] = {
 static_assert(std::size(kF1Modes) == 4 && kF1Modes[kF1Delayed].code == kF1Delayed,
               "each value of two bits has its mode, at that place");
 
-// Whether a line is the ENABLE command of those two that one handler serves.
+// One handler serves ENABLE and DISABLE. Whether the line is ENABLE.
 bool Enables(const InputLineType& line) {
     return std::strcmp(line.Words[0], "ENABLE") == 0;
 }

@@ -15,7 +15,8 @@ namespace {
 // What the PXE commands read and write depends on how many NICs there are; the others know of ten.
 constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable};
 constexpr RomVariable<NicBootSettings, kNicBootStates> kFirstBootSettings = {kNicBootVariable};
-constexpr RomVariable<NicPxeFlags, sizeof(NicPxeFlags), 1> kPxeFlags = {kNicPxeVariable};  // older firmware's
+constexpr RomVariable<NicPxeFlags, sizeof(NicPxeFlags), 1> kPxeFlags = {
+    kNicPxeVariable};  // on older firmware
 
 constexpr char kSettingsUnreadable[] = "\nERROR: Failed to read NIC status.";
 
@@ -63,7 +64,7 @@ void EnablePxe(NicBootSettings& settings, int place, size_t nics) {
     settings.nic[place] = kNicBootPxe;
 }
 
-// As above; but of several NICs that had it only the first is told, and that only when it is another.
+// As above. Where several flags are set, only the lowest one's NIC is named, and not when it is this one.
 void EnablePxe(NicPxeFlags& flags, int place) {
     int first = 0;
     while (first < kNamedNics && (flags.nics >> first & 1) == 0) ++first;

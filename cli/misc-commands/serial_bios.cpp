@@ -17,7 +17,7 @@ constexpr char kNotWritten[] = "\nERROR: Failed to set BIOS serial port config."
 struct Port {
     BiosPortCode code;
     const char* word;   // null: can't be set
-    const char* shown;  // null: as a port that is disabled
+    const char* shown;  // null: shown as disabled
 };
 // clang-format off
 constexpr Port kPorts[] = {
@@ -51,7 +51,7 @@ bool WriteBaud(uint8_t code) {
     return WriteVariable(kBaud, BiosBaud{{code}, {}});
 }
 
-// with_baud: whether the rate is cleared, too. A command that names one has this done, whichever it names.
+// with_baud: whether the command names a rate. It isn't looked at, but the variable is cleared.
 int DisablePort(bool with_baud) {
     bool written = WritePort(kBiosPortDisabled);
     if (with_baud) written = WriteBaud(0) && written;
