@@ -16,9 +16,6 @@ namespace {
 const std::vector<RomRow> kRows = {
     {kOrdinary, "a device of the other list let through", "",
      {Fails("SET BOOT ONCE USBKEY", NO_SUCH), Fails("SET BOOT FIRST KONF", NO_SUCH)}},
-    {kOrdinary, "entries rotated instead of swapped", "ZTHNIPL=03; ZTHIPL=000302ffeeddccbb",
-     {{"set boot first hdd", FIRST "HDD.", "read ZTHNIPL 1; read ZTHIPL 8; write ZTHIPL 8 020300ffeeddccbb"},
-      {"SET BOOT FIRST HDD", FIRST "HDD.", "read ZTHNIPL 1; read ZTHIPL 8; write ZTHIPL 8 020300ffeeddccbb"}}},
     {kOrdinary, "an entry past the installed ones taken", "ZTHNIPL=03; ZTHIPL=0001020304050607",
      {Fails("SET BOOT FIRST PXE", NO_PXE, "read ZTHNIPL 1; read ZTHIPL 8")}},
     {kOrdinary, "an empty list searched, or taken for a failure by SHOW IPL", "ZTHNIPL=00",
