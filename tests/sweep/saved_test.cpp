@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "tests/sweep/sweep.h"
+#include "tools/mkmachine/events.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
@@ -29,8 +30,10 @@ class Saved : public testing::TestWithParam<std::string> {
             EXPECT_EQ(here.output, there.output) << command;
             EXPECT_EQ(here.status, there.status) << command;
         }
+        log_ = parent.Read("copy/cevt/hlog");
         return saved.errors;
     }
+    std::string log_;  // of the last copy
 };
 
 // Every piece is missing, another thing, or cut, in one machine of kMachines.
@@ -73,6 +76,8 @@ TEST_P(Saved, TellsTheSameWhereCallsFail) {
         machine.Fault(faults);
         EXPECT_NE(Compare(machine, faults), "");
     }
+    const std::string behind = EventLog(3).substr(EventLog(2).size());
+    EXPECT_EQ(log_, EventLog(1) + behind) << "an entry that can't be read ended the log";
 }
 
 TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
