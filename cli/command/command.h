@@ -5,8 +5,8 @@
 constexpr int kLineSize = 255;  // bytes of a line, its terminating zero included
 constexpr int kMaxWords = 25;
 
-// The longest line that can be entered with the cursor at its end: the editor refuses one whose cursor gets
-// further, though what is inserted in mid-line may still fill all of a line.
+// The longest line that can be entered with the cursor at its end: the editor refuses a line whose cursor
+// gets further. What is inserted in mid-line may make a line longer.
 constexpr int kLongestEntered = 252;
 
 // One command line, typed at the prompt or taken from the script argument, and its words.
@@ -25,8 +25,8 @@ using CommandHandler = int (*)(InputLineType* InputLine);
 // One keyword of the command tree: a command is the path of tokens from the top level down to a node.
 struct CmdType {
     const char* Token;  // upper case
-    const char* Help;   // begins with "USAGE:", but for the root's; nodes that share a text share the pointer
-    CmdType* Synonym;   // the node that this one stands for, or null
+    const char* Help;  // begins with "USAGE:" (the root's doesn't); nodes that share a text share the pointer
+    CmdType* Synonym;  // the node that this one stands for, or null
     CommandHandler Function;  // runs when a line ends at this node; null at the root only
     CmdType* Sub;             // first child, in ascending order of the tokens' bytes
     CmdType* Next;            // next sibling

@@ -14,5 +14,5 @@ enum class CloseOrder { kAsOpened, kLastFirst };
 // Closes the devices, gives the terminal back, frees the history and the SMBIOS copy. Result: FinalStatus.
 int EndRun(int status, CloseOrder order);
 
-// Ends the run, its devices closed as they were opened, and the process.
+// Ends the run, with CloseOrder::kAsOpened, and then the process.
 [[noreturn]] void EndProcess(int status);

@@ -35,8 +35,7 @@ char* EraseSeparators(char* byte) {
     return byte;
 }
 
-// Records the word that byte begins, or the quote there opens. Result: the byte from which its end is to be
-// looked for.
+// Records the word that begins at byte, or behind the quote there. Result: from where to look for its end.
 char* BeginWord(InputLineType& line, char* byte) {
     bool quoted = *byte == '"';
     if (quoted) *byte++ = '\0';
@@ -50,7 +49,7 @@ char* BeginWord(InputLineType& line, char* byte) {
     return quoted ? byte : byte + 1;
 }
 
-// Ends the text of a word, and passes what is dropped. Result: the separator or the zero behind it.
+// Ends the text of a word, and skips what is dropped behind it. Result: the separator or the zero behind it.
 char* EndWord(char* byte, bool in_quotes) {
     for (; *byte != '\0' && (in_quotes || !IsSeparator(*byte)); ++byte) {
         if (*byte != '"') continue;

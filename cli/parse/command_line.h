@@ -6,7 +6,7 @@
 // Fills ParseLine, Words, OrigCaseWords, Quote and NumWords from CmdLine.
 void Parse(InputLineType* InputLine);
 
-// Upper-cases a zero-terminated string in place; null is left alone.
+// Upper-cases a zero-terminated string in place; a null pointer is ignored.
 void MakeUpper(char* String);
 
 // Gets one line, runs the command that its words name and prints the closing newline. scriptFlag: nonzero

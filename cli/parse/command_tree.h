@@ -9,8 +9,8 @@
 // The root, above the top-level commands.
 extern CmdType* Cmds;
 
-// A node outside any tree, without children. Texts are kept by pointer. No memory for it ends the process
-// with status 1.
+// A node outside any tree, without children. The texts aren't copied. When memory runs out, the process
+// ends with status 1.
 CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, CommandHandler Function);
 
 // Adds a child in its sorted place. Cmd: the parent. Synonym: the node that the new one stands for, or null.
@@ -22,8 +22,8 @@ CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char
 // The child with exactly this token; null when Cmd has none.
 CmdType* FindChild(const CmdType* Cmd, std::string_view Token);
 
-// The deepest node that words name one after the other, from the top level down: the root when the first word
-// is no command. Word: char* or std::string_view, already upper case.
+// The deepest node to which the words lead, from the top level down; the root when the first word is no
+// command. Word: char* or std::string_view, already upper case.
 template <typename Word>
 CmdType* FollowWords(const Word* words, int count) {
     CmdType* node = Cmds;

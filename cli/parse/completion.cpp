@@ -46,8 +46,9 @@ Candidates FindCandidates(const CmdType& parent, std::string_view word, bool las
     return found;
 }
 
-// Puts the tokens of the tree in the words' place, as far as the tree goes, and in the last word's place what
-// all its candidates begin with. Result: how many candidates the word had that it ended at; 0 for none.
+// Replaces the words by the tree's tokens, as far as the tree goes, and the last word by what all its
+// candidates begin with. Result: the number of candidates for the word that it stopped at; 0 when there is
+// none.
 int CompleteWords(const CmdType* tree, WordsOfLine& line) {
     int candidates = 0;
     const CmdType* node = tree;

@@ -1,5 +1,5 @@
-// Completes a line against the command tree. Words are cut at blanks alone, at most 25 of them, and compared
-// without regard to case; quotes mean nothing here.
+// Completes a line against the command tree. Words end at blanks only, and upper and lower case are the
+// same; quotes mean nothing here.
 #pragma once
 
 #include <string_view>
@@ -28,7 +28,7 @@ struct Completion {
 // the line has more than 25 words, and when the completed line couldn't be entered any more.
 Completion CompleteLine(std::string_view line, const CmdType* tree);
 
-// The same for the line that is being edited, kLineSize bytes, in place; rings where there is reason to.
+// Completes the line that is being edited, kLineSize bytes, in place, and rings the bell where it is due.
 // Result: 0 when the line stays as it was (also, without the bell, when it has no words); 1 when it names one
 // command; else the number of candidates for its last word.
 int TabComplete(char* CmdLine);

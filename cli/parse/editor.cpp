@@ -9,6 +9,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/command_line.h"
 #include "cli/parse/completion.h"
+#include "cli/parse/drawing.h"
 #include "cli/parse/help.h"
 #include "cli/parse/history.h"
 #include "cli/parse/keys.h"
@@ -16,160 +17,122 @@
 
 namespace {
 
-constexpr char Prompt[] = "brantcli> ";
-constexpr int kPromptLength = sizeof Prompt - 1;
+// What the keys do to the line, each as the table below says.
 
-struct Line {
-    char* text;    // the CmdLine that is being read
-    int cursor;    // currentpos: a column, 0 to the line's length
-    int browsed;   // temp_history_index: the slot that is shown, history_index when none is
-    bool entered;  // Enter was pressed
-
-    int Length() const { return static_cast<int>(std::strlen(text)); }
-    bool AtEnd() const { return text[cursor] == '\0'; }
-};
-
-void PrintBackspaces(int count) {
-    for (int i = 0; i < count; ++i) std::putchar('\b');
+Change Nothing(Line&, int) {
+    return Change::kNone;
 }
 
-// Movements and whole-line changes, on the screen and in the buffer.
-
-void MoveTo(Line& line, int column) {
-    while (line.cursor < column) std::putchar(line.text[line.cursor++]);
-    line.cursor = BackupCursor(line.cursor, column, 0);
+Change InsertTyped(Line& line, int key) {
+    const int column = InsertChar(line.currentpos, static_cast<char>(key), line.text);
+    if (column < 0) return Change::kNone;
+    line.currentpos = column;
+    return Change::kTail;
 }
 
-void EraseFromScreen(Line& line) {
-    MoveTo(line, line.Length());
-    line.cursor = BackupCursor(line.cursor, 0, 1);
+Change InsertBlank(Line& line, int) {
+    return InsertChar(line.currentpos, ' ', line.text) < 0 ? Change::kNone : Change::kTail;
 }
 
-void DeleteLeftOf(Line& line) {
-    std::putchar('\b');
-    --line.cursor;
-    DeleteChar(line.cursor, line.text);
+Change DeleteLeft(Line& line, int) {
+    if (line.currentpos == 0) return Change::kNone;
+    line.currentpos = DeleteChar(line.currentpos - 1, line.text);
+    return Change::kTail;
 }
 
-void PrintLine(Line& line) {
-    line.cursor = 0;
-    MoveTo(line, line.Length());
+Change DeleteUnder(Line& line, int) {
+    if (line.AtEnd()) return Change::kRefused;
+    DeleteChar(line.currentpos, line.text);
+    return Change::kTail;
 }
 
-void PrintPromptAndLine(Line& line) {
-    std::fputs(Prompt, stdout);
-    PrintLine(line);
+Change Left(Line& line, int) {
+    if (line.currentpos == 0) return Change::kRefused;
+    --line.currentpos;
+    return Change::kCursor;
 }
 
-void ShowBrowsed(Line& line) {
+Change Right(Line& line, int) {
+    if (line.AtEnd()) return Change::kRefused;
+    ++line.currentpos;
+    return Change::kCursor;
+}
+
+Change ToStart(Line& line, int) {
+    if (line.currentpos == 0) return Change::kRefused;
+    line.currentpos = 0;
+    return Change::kCursor;
+}
+
+Change ToEnd(Line& line, int) {
+    if (line.AtEnd()) return Change::kRefused;
+    line.currentpos = line.Length();
+    return Change::kCursor;
+}
+
+Change Recall(Line& line, int slot) {
     std::memset(line.text, 0, kLineSize);
-    std::memcpy(line.text, History[line.browsed], std::strlen(History[line.browsed]));
-    PrintLine(line);
+    std::memcpy(line.text, History[slot], std::strlen(History[slot]));
+    line.currentpos = line.Length();
+    return Change::kReplaced;
 }
 
-// What the keys do, each as the table below says.
-
-void Nothing(Line&, int) {}
-
-void InsertTyped(Line& line, int key) {
-    const int column = InsertChar(line.cursor, static_cast<char>(key), line.text);
-    if (column >= 0) line.cursor = column;
+// The slot at history_index is empty.
+Change Clear(Line& line, int) {
+    line.temp_history_index = history_index;
+    return Recall(line, history_index);
 }
 
-void InsertBlank(Line& line, int) {
-    if (InsertChar(line.cursor, ' ', line.text) >= 0) std::putchar('\b');
+Change Older(Line& line, int) {
+    if (!BrowseOlder(line.temp_history_index)) return Change::kRefused;
+    return Recall(line, line.temp_history_index);
 }
 
-void DeleteLeft(Line& line, int) {
-    if (line.cursor > 0) DeleteLeftOf(line);
+Change Newer(Line& line, int) {
+    if (!BrowseNewer(line.temp_history_index)) return Change::kNone;
+    return Recall(line, line.temp_history_index);
 }
 
-void DeleteUnder(Line& line, int) {
-    if (line.AtEnd()) return RingBell();
-    DeleteChar(line.cursor, line.text);
+Change Complete(Line& line, int) {
+    if (TabComplete(line.text) == 0) return Change::kNone;
+    line.currentpos = line.Length();
+    return Change::kCompleted;
 }
 
-void Left(Line& line, int) {
-    if (line.cursor == 0) return RingBell();
-    MoveTo(line, line.cursor - 1);
+Change ListAlternatives(Line& line, int) {
+    if (DoubleTabComplete(line.text) == 0) return Change::kNone;
+    line.currentpos = line.Length();
+    return Change::kPromptGone;
 }
 
-void Right(Line& line, int) {
-    if (line.AtEnd()) return RingBell();
-    MoveTo(line, line.cursor + 1);
+Change ShowHelp(Line& line, int) {
+    const bool listed = FindHelp(line.text) != 0;
+    line.currentpos = listed ? line.Length() : std::min(line.currentpos, line.Length());
+    return Change::kPromptGone;
 }
 
-void ToStart(Line& line, int) {
-    if (line.cursor == 0) return RingBell();
-    MoveTo(line, 0);
+Change ReturnFromStop(Line&, int) {
+    return Change::kScreenLost;
 }
 
-void ToEnd(Line& line, int) {
-    if (line.AtEnd()) return RingBell();
-    MoveTo(line, line.Length());
-}
-
-void Clear(Line& line, int) {
-    MoveTo(line, line.Length());
-    while (line.cursor > 0) DeleteLeftOf(line);
-    line.browsed = history_index;
-}
-
-void Older(Line& line, int) {
-    if (!BrowseOlder(line.browsed)) return RingBell();
-    EraseFromScreen(line);
-    ShowBrowsed(line);
-}
-
-void Newer(Line& line, int) {
-    if (!BrowseNewer(line.browsed)) return;
-    EraseFromScreen(line);
-    ShowBrowsed(line);
-}
-
-void Complete(Line& line, int) {
-    if (TabComplete(line.text) == 0) return;
-    BackupCursor(line.cursor, 0, 1);
-    PrintLine(line);
-}
-
-void ListAlternatives(Line& line, int) {
-    if (DoubleTabComplete(line.text) != 0) PrintPromptAndLine(line);
-}
-
-// The help takes the line's place on the screen; prompt and line come again below it.
-void ShowHelp(Line& line, int) {
-    int column = line.cursor;
-    EraseFromScreen(line);
-    BackupCursor(kPromptLength, 0, 1);
-    if (FindHelp(line.text) != 0) column = line.Length();
-    PrintPromptAndLine(line);
-    MoveTo(line, std::min(column, line.cursor));
-}
-
-// Whatever else the terminal was used for while the program was stopped, the cursor stands where the line is
-// to be drawn: somewhere in a row.
-void DrawAgain(Line& line, int) {
-    const int column = line.cursor;
-    std::putchar('\r');
-    PrintPromptAndLine(line);
-    MoveTo(line, column);
-}
-
-void Enter(Line& line, int) {
+Change Enter(Line& line, int) {
     line.entered = true;
+    return Change::kNone;
 }
 
-void Leave(Line&, int) {
+Change Leave(Line&, int) {
     do_exit(nullptr);
+    return Change::kNone;
 }
 
 struct Binding {
     int key;
-    void (*action)(Line& line, int key);
+    Change (*action)(Line& line, int key);
+    bool clears_row = false;  // first, prompt and line leave the screen
 };
 
-// Printable characters are inserted; whatever isn't here rings the bell.
+constexpr Binding kTyped = {kNoKey, InsertTyped};
+constexpr Binding kOther = {kNoKey, [](Line&, int) { return Change::kRefused; }};
 constexpr Binding kBindings[] = {
     {kBackspace, DeleteLeft},
     {kRubout, DeleteLeft},
@@ -187,20 +150,35 @@ constexpr Binding kBindings[] = {
     {kDown, Newer},
     {kTab, Complete},
     {kDoubleTab, ListAlternatives},
-    {kF1, ShowHelp},
+    {kF1, ShowHelp, true},
     {kLineFeed, Enter},
     {kReturn, Enter},
     {kNoKey, Nothing},
-    {kContinued, DrawAgain},
+    {kContinued, ReturnFromStop},
     {kEndOfInput, Leave},
 };
 
-void Act(Line& line, int key) {
-    if (key >= ' ' && key <= '~') return InsertTyped(line, key);
+const Binding& BindingOf(int key) {
+    if (key >= ' ' && key <= '~') return kTyped;
     for (const Binding& binding : kBindings) {
-        if (binding.key == key) return binding.action(line, key);
+        if (binding.key == key) return binding;
     }
+    return kOther;
+}
+
+void Act(Line& line, Shown& shown, int key) {
+    const Binding& binding = BindingOf(key);
+    if (binding.clears_row) EraseRow(shown);
+    const Change change = binding.action(line, key);
+    Draw(shown, line, change);
+    std::fflush(stdout);
+}
+
+void RefuseTooLong() {
     RingBell();
+    std::printf("\nInvalid Command - command line too long.");
+    std::fflush(stdout);
+    DropRestOfLine();
 }
 
 }  // namespace
@@ -208,12 +186,8 @@ void Act(Line& line, int key) {
 int InsertChar(int pos, char ch, char* string) {
     if (string[kLineSize - 2] != '\0') return -1;
     char* place = string + pos;
-    const size_t tail = std::strlen(place);
-    std::memmove(place + 1, place, tail + 1);
+    std::memmove(place + 1, place, std::strlen(place) + 1);
     *place = ch;
-    std::fputs(place, stdout);
-    PrintBackspaces(static_cast<int>(tail));
-    std::fflush(stdout);
     return pos + 1;
 }
 
@@ -221,34 +195,19 @@ int DeleteChar(int pos, char* string) {
     if (pos < 0 || pos > kLineSize - 2) return -1;
     char* place = string + pos;
     std::memmove(place, place + 1, std::strlen(place));
-    std::printf("%s ", place);
-    PrintBackspaces(static_cast<int>(std::strlen(place)) + 1);
-    std::fflush(stdout);
     return pos;
-}
-
-int BackupCursor(int currpos, int newpos, int erase) {
-    for (int column = currpos; column > newpos; --column) std::fputs(erase != 0 ? "\b \b" : "\b", stdout);
-    return newpos;
 }
 
 void GetCmd(InputLineType* InputLine) {
     ClearLine(InputLine);
     Line line = {InputLine->CmdLine, 0, history_index, false};
-    PrintPromptAndLine(line);
+    Shown shown = {};
+    Draw(shown, line, Change::kPromptGone);
     if (!OutputIsWritten()) do_exit(nullptr);  // nobody can see what is asked
 
-    while (!line.entered && line.cursor <= kLongestEntered) {
-        Act(line, GetChar(0));
-        std::fflush(stdout);
-    }
-    if (!line.entered) {
-        RingBell();
-        std::printf("\nInvalid Command - command line too long.");
-        std::fflush(stdout);
-        DropRestOfLine();
-        return;
-    }
+    while (!line.entered && line.currentpos <= kLongestEntered) Act(line, shown, GetChar(0));
+    if (!line.entered) return RefuseTooLong();
+
     const bool repeated = RepeatsNewest(line.text);
     Parse(InputLine);
     if (!repeated && InputLine->NumWords > 0) StoreInHistory(line.text);

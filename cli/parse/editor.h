@@ -1,8 +1,7 @@
-// The line editor: keys edit a line of at most 254 characters in place on the screen.
+// The line editor: keys edit a line of at most 254 characters in place on the screen. A key changes the line
+// first; what that comes to on the screen is then drawn in one place, and written at once.
 //
-// All that it writes is text, bells and two movements: a backspace moves the cursor left, and printing the
-// character that is there already moves it right. Only what is drawn again, after the program was stopped,
-// begins with a carriage return. A line's buffer is zero behind its last character.
+// A line's buffer is zero behind its last character.
 #pragma once
 
 #include "cli/command/command.h"
@@ -13,14 +12,10 @@
 // so does a prompt that can't be written.
 void GetCmd(InputLineType* InputLine);
 
-// The editor's movements. string: the line. pos, currpos, newpos: columns of it, from 0; the cursor of the
-// screen is at the first one named, and ends at the one returned.
+// What edits consist of. string: the line. pos: a column of it, from 0.
 
 // Inserts ch before pos. Result: the column behind it; -1, with nothing done, when the line is full.
 int InsertChar(int pos, char ch, char* string);
 
 // Removes the character at pos. Result: pos; -1, with nothing done, when it is no column of a line.
 int DeleteChar(int pos, char* string);
-
-// Moves left; never right. erase: nonzero to blank what is passed. Result: newpos.
-int BackupCursor(int currpos, int newpos, int erase);

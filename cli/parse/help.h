@@ -14,7 +14,7 @@ int do_help(InputLineType* InputLine);
 // The handler of every inner node: lists the usage of current_command's children. Result: 1.
 int Display_Subcommand_Usage(InputLineType* InputLine);
 
-// Help on a partly typed line of kLineSize bytes, which is completed in place as TAB would: the help text of
-// the command that it names, the alternatives for its last word, or the root's text when it names nothing.
+// Help on a partly typed line of kLineSize bytes, which is completed in place as by TAB. Prints the help text
+// of the command that it names, the alternatives for its last word, or the root's text when it names nothing.
 // Result: 1 when it printed alternatives, else 0.
 int FindHelp(char* CmdLine);

@@ -6,7 +6,7 @@
 enum Key : int {
     kNoKey       = 0,
     kEndOfInput  = -1,     // no key: there will be no more
-    kContinued   = -2,     // no key: the terminal is ours again, and shows other things by now
+    kContinued   = -2,     // no key: the process was stopped, and has the terminal again
     kCtrlC       = 3,
     kBackspace   = 8,
     kTab         = 9,
@@ -24,7 +24,7 @@ enum Key : int {
 };
 // clang-format on
 
-// The next key; waits for its first byte only, the rest of an escape sequence has to be there. Rings the bell
-// for a sequence that isn't known, whose unread bytes then arrive as keys of their own.
-// Clear_MultiKey: nonzero to read nothing, but have the next TAB or ESC count as a first one; then 0.
+// The next key. It waits for the first byte only: the rest of an escape sequence has to be there. For a
+// sequence that isn't known the bell rings, and those of its bytes that weren't read arrive as keys of their
+// own. Clear_MultiKey: nonzero to read nothing, but have the next TAB or ESC count as a first one; then 0.
 int GetChar(int Clear_MultiKey);

@@ -18,10 +18,10 @@ constexpr int kEndOrStop[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP};
 termios TTY;      // as found
 termios TTYTEMP;  // character mode
 
-// What a signal, at any moment, goes by.
+// What the signal handlers read and set.
 volatile std::sig_atomic_t terminal_wanted = 0;  // from get_terminfo to RestoreTerminal
 volatile std::sig_atomic_t terminal_taken = 0;   // TTY holds what was found, TTYTEMP may be in force
-volatile std::sig_atomic_t continued = 0;        // a SIGCONT came that nobody has looked at
+volatile std::sig_atomic_t continued = 0;        // a SIGCONT has come since this was last looked at
 
 // How the last ReadChar ended.
 bool input_ended = false;
@@ -115,16 +115,17 @@ bool InputIsReady() {
     }
 }
 
-// The system stops a process that reads a terminal in the background, and has it read on when it continues,
-// which then goes unnoticed. So it is stopped before it reads. False when it was not: the read will tell.
+// The system stops a process in the background when it reads the terminal. Once the process continues, the
+// same read goes on, and nothing shows that it was stopped. So it stops itself before it reads. False when
+// the signal didn't stop it; the read will then tell why.
 bool StopUntilContinued() {
     continued = 0;
     kill(0, SIGTTIN);
     return continued != 0;
 }
 
-// Waits until the keyboard can be read or a signal was caught. False for the signal. SIGCONT is held back
-// until it waits, so that none is missed.
+// Waits until the keyboard can be read, or a signal's handler has run; false for the latter. SIGCONT is
+// blocked except while the process waits, so that none is missed.
 bool WaitUnlessContinued() {
     sigset_t held_back, found;
     sigemptyset(&held_back);

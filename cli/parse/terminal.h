@@ -1,9 +1,9 @@
-// Standard input as a keyboard: character mode for the length of the run, bytes one by one, the bell.
+// Standard input as a keyboard: character mode for the length of the run, single bytes, the bell.
 #pragma once
 
-// Switches descriptor 0 to character mode: no echo, no line editing and no signals by keys. Whatever ends or
-// stops the process from then on gives the terminal back first. What is no terminal, or another's while the
-// process runs in the background, is left alone.
+// Switches descriptor 0 to character mode: no echo, no line editing and no signals by keys. From then
+// on the terminal is given back before a signal ends or stops the process. If descriptor 0 isn't a terminal,
+// or the process runs in the background, the settings stay as they are.
 void get_terminfo();
 
 // Gives the terminal back as get_terminfo found it. Does nothing when there was none, or the second time.
@@ -13,13 +13,13 @@ void RestoreTerminal();
 // there already or comes within 10 microseconds. -1 when there is none (0xFF reads the same).
 char ReadChar(int wait);
 
-// Why the last ReadChar gave none: the input has ended, or a read will never work again; or the process was
-// stopped meanwhile and has its terminal again, so that the screen may show other things.
+// Why the last ReadChar returned no byte: the input has ended, or can't be read any more; or the process was
+// stopped and has its terminal again, which may show other things by now.
 bool InputHasEnded();
 bool WasContinued();
 
-// Takes what belongs to a line that isn't wanted: what there is up to and including the next Enter. On a
-// terminal only what has been typed ahead, from anything else also what is yet to come.
+// Reads the rest of a line that isn't wanted, up to and including the next Enter. From a terminal it takes
+// only what has been typed already; from anything else it waits for the rest.
 void DropRestOfLine();
 
 // Writes the bell at once.

@@ -1,0 +1,65 @@
+#include "cli/parse/drawing.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "cli/parse/terminal.h"
+
+namespace {
+
+constexpr char Prompt[] = "brantcli> ";
+constexpr int kPromptLength = sizeof Prompt - 1;
+
+void MoveTo(Shown& shown, int column) {
+    while (shown.column < column) std::putchar(shown.text[shown.column++]);
+    shown.column = BackupCursor(shown.column, column, 0);
+}
+
+void Erase(Shown& shown) {
+    shown.column = BackupCursor(shown.column, 0, 1);
+}
+
+void EraseAll(Shown& shown) {
+    MoveTo(shown, static_cast<int>(std::strlen(shown.text)));
+    Erase(shown);
+}
+
+// Shows the line from the screen's cursor on. blanks: to print behind it, over what was there.
+void ShowRest(Shown& shown, const Line& line, int blanks) {
+    std::memcpy(shown.text, line.text, kLineSize);
+    MoveTo(shown, line.Length());
+    for (int i = 0; i < blanks; ++i) std::putchar(' ');
+    shown.column = BackupCursor(line.Length() + blanks, line.currentpos, 0);
+}
+
+}  // namespace
+
+void Draw(Shown& shown, const Line& line, Change change) {
+    const int shorter = static_cast<int>(std::strlen(shown.text)) - line.Length();
+    switch (change) {
+        case Change::kNone: return;
+        case Change::kRefused: return RingBell();
+        case Change::kCursor: return MoveTo(shown, line.currentpos);
+        case Change::kTail:
+            MoveTo(shown, std::min(shown.column, line.currentpos));
+            return ShowRest(shown, line, std::max(shorter, 0));
+        case Change::kReplaced: EraseAll(shown); break;
+        case Change::kCompleted: Erase(shown); break;
+        case Change::kScreenLost: std::putchar('\r'); [[fallthrough]];
+        case Change::kPromptGone:
+            std::fputs(Prompt, stdout);
+            shown.column = 0;
+            break;
+    }
+    ShowRest(shown, line, 0);
+}
+
+void EraseRow(Shown& shown) {
+    EraseAll(shown);
+    BackupCursor(kPromptLength, 0, 1);
+}
+
+int BackupCursor(int currpos, int newpos, int erase) {
+    for (int column = currpos; column > newpos; --column) std::fputs(erase != 0 ? "\b \b" : "\b", stdout);
+    return newpos;
+}
