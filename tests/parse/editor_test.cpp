@@ -18,7 +18,7 @@ namespace {
 // clang-format off
 const std::string kUp = "\33[A", kDown = "\33[B", kRight = "\33[C", kLeft = "\33[D", kF1 = "\33[11~",
                   kHome = "\33[1~", kInsert = "\33[2~", kDelete = "\33[3~", kEnd = "\33[4~", kClear = "\3";
-const std::string kPrompt = "brantcli> ";
+const std::string kPrompt = "brantcli> ", k25Words = "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ";
 
 std::string Erased(size_t columns) { return columns == 0 ? "" : "\b \b" + Erased(columns - 1); }
 std::string Trimmed(const std::string& text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
@@ -59,10 +59,8 @@ const KeyCase kKeys[] = {
     {"a beginning taken for a word",      "sho x\t",             "sho x\a",                                  "sho x", 5},
     {"blanks kept, quotes heeded",        " set  name \"My  b\t", " set  name \"My  b" + Erased(17) + "SET NAME \"My b ", "SET NAME \"My b ", 15},
     {"a bell for an empty line",          " \t",                 " ",                                        " ", 1},
-    {"the 25th word lost", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y \t", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y "
-        + Erased(50) + "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ", 50},
-    {"the 26th word lost", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z\t",
-        "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z\a", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y z", 51},
+    {"the 25th word lost",                k25Words + "\t",       k25Words + Erased(50) + k25Words,              k25Words, 50},
+    {"the 26th word lost",                k25Words + "z\t",      k25Words + "z\a",                              k25Words + "z", 51},
     // TAB and F1 on the screen
     {"the cursor left inside the word",   "sh" + kLeft + "\t",   "sh\b\b \bSHOW ",                           "SHOW ", 5},
     {"the TAB after a longer word counted as its second", "sh\t\t", "sh" + Erased(2) + "SHOW " + Erased(5) + "SHOW ", "SHOW ", 5},

@@ -6,8 +6,8 @@
 
 #include "cli/brantcli/brantcli.h"
 #include "cli/parse/command_tree.h"
+#include "tests/support/expected_run.h"
 #include "tests/support/stored.h"
-#include "tests/support/test_machine.h"
 
 namespace {
 
@@ -27,7 +27,8 @@ std::string Listing(const CmdType* parent, const std::string& path) {
 // Help texts are an interface: a difference here is a changed text.
 TEST(CommandTree, HasEveryCommandWithItsHelpText) {
     CreateCommands();
-    ExpectStored("parse/help_texts.golden", Listing(Cmds, ""));
+    const std::string shown = TestMachine("tr500k2").Script("HELP TREE;SHOW").output;
+    ExpectStored("parse/help_texts.golden", Listing(Cmds, "") + shown);
 }
 
 TEST(CommandTree, SharesWhatASynonymStandsFor) {
@@ -50,39 +51,38 @@ TEST(CommandTree, EndsTheProcessOnATokenThatIsThereAlready) {
                 "Debug - Error TEMP is not unique subcommand of SHOW.\nCommand tree could not be built.\n");
 }
 
-struct DispatchCase {
-    const char* catches;
-    std::string line;
-    const char* output;
-    int status;
-};
+const std::string kRootHelp =
+    "\n\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command.";
+const std::string kRefusal = "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans.";
+const std::string kAllCommands = "\n?  CLEAR  DISABLE  ENABLE  EXIT  HELP  QUIT  SET  SHOW ";
 
-const DispatchCase kDispatch[] = {
-    {"an abbreviation accepted", "sho fans", "\nInvalid Command\n\n", 1},
-    {"a quoted word upper-cased", "\"show\" fans", "\nInvalid Command\n\n", 1},
-    {"an empty line run", " ", "\n\n", 1},
-    {"the closing newline lost", "SHOW FANS extra",
-     "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans.\n\n", 1},
-    {"a quoted upper-case word refused", "\"SHOW\" \"FANS\" x",
-     "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans.\n\n", 1},
-    {"the last result not the status", "sho;SHOW FANS extra;;HELP EXIT",
-     "\nInvalid Command\n"
-     "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans.\n"
-     "\n"
-     "\nUSAGE: EXIT: Exit brantcli.\n\n",
-     0},
-    {"a segment not cut to 254 characters", std::string(250, ' ') + "EXIT" + std::string(46, 'X'), "\n", 0},
-    {"a segment cut before its 254th character", std::string(248, ' ') + "HELPXX;EXIT;sho",
-     "\nInvalid Command\n\n", 0},
+struct LineCase {
+    const char* catches;
+    Step step;
 };
+// clang-format off
+const LineCase kLines[] = {
+    {"an abbreviation accepted",             Fails("sho fans", "\nInvalid Command")},
+    {"a quoted word upper-cased",            Fails("\"show\" fans", "\nInvalid Command")},
+    {"a quoted upper-case word refused",     Fails("\"SHOW\" \"FANS\" x", kRefusal)},
+    {"an empty line run",                    Fails(" ", "")},
+    {"the last result not the status",       {"sho;SHOW FANS extra;;HELP EXIT", "\nInvalid Command\n" + kRefusal + "\n\n\nUSAGE: EXIT: Exit brantcli."}},
+    {"a segment not cut to 254 characters",  {std::string(250, ' ') + "HELP" + std::string(46, 'X'), kAllCommands}},
+    {"a segment cut before its 254th",       Fails(std::string(248, ' ') + "HELPXX", "\nInvalid Command")},
+    // help
+    {"the first command on a line of its own", {"?", kAllCommands}},
+    {"TREE taken for a command's name",      {"HELP TREE X", kRootHelp}},
+    {"the way begun at HELP",                {"help set serial", "\nUSAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]"}},
+    {"a word behind a leaf leading astray",  {"HELP SHOW FANS SHOW", "\nUSAGE: SHOW FANS: Shows info on installed fans."}},
+    {"no way back to the nearest node",      {"HELP CLEAR BOGUS", "\nUSAGE: CLEAR [ HLOG ]"}},
+    {"a usage that ends at the wrong colon", Fails("SET UID", "\n\t SET UID OFF\n\t SET UID ON")},
+};
+// clang-format on
 
 TEST(Dispatcher, RunsTheDeepestNodeOrSaysWhatIsWrong) {
     TestMachine machine("tr300");
-    for (const DispatchCase& c : kDispatch) {
-        const RunResult run = machine.Script(c.line);
-        EXPECT_EQ(run.output, c.output) << c.catches;
-        EXPECT_EQ(run.status, c.status) << c.catches;
-    }
+    for (const LineCase& c : kLines) ExpectRuns(machine, {c.step}, c.catches);
+    EXPECT_EQ(machine.Script("help tree").status, 1);
 }
 
 }  // namespace
