@@ -21,9 +21,9 @@ struct RecordType {
 };
 
 template <typename Record, typename = void>
-constexpr bool kHasChassis = false;
+inline constexpr bool kHasChassis = false;
 template <typename Record>
-constexpr bool kHasChassis<Record, std::void_t<decltype(Record::Chassis)>> = true;
+inline constexpr bool kHasChassis<Record, std::void_t<decltype(Record::Chassis)>> = true;
 
 template <typename Record>
 constexpr uint32_t IdOf() {
