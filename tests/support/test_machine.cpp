@@ -13,7 +13,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tools/mkmachine/firmware.h"
+#include "tools/mkmachine/facts.h"
 #include "tools/mkmachine/models.h"
 
 namespace {

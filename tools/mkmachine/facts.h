@@ -54,9 +54,10 @@ void AddPowerSupplies(MachineBuilder& machine, const std::vector<Supply>& suppli
 void AddIndicators(MachineBuilder& machine, IndicatorState uid);
 
 struct Module {
-    uint32_t present;  // 0: an empty socket
-    uint32_t size;     // megabytes
-    uint32_t speed;    // MHz
+    uint32_t present;           // 0: an empty socket
+    uint32_t size;              // megabytes
+    uint32_t speed;             // MHz
+    uint8_t form_factor, type;  // as SMBIOS numbers them
     uint32_t status;
 };
 
@@ -69,31 +70,42 @@ void AddMemoryModules(MachineBuilder& machine, const DriverMemory& memory);
 
 constexpr uint16_t kArray = 0x1000;  // the handle of a model's one memory array
 
-// Whether the maker's records tell where processors and memory devices are.
-enum class Locations { NotTold, Told };
-
+// Where the maker's own records say that something is.
+struct ProcessorPlace {
+    uint16_t processor;  // its handle
+    uint8_t socket;      // from 1, the boot processor's
+};
+struct ModulePlace {
+    uint16_t device;  // its handle
+    uint8_t board, socket;
+};
 struct RackPlace {  // a blade's
     const char* enclosure;
     const char* bay;
 };
 
-// What the SMBIOS tables tell. What comes from the maker's own records stands at the end, and may be missing.
+// What the SMBIOS tables tell, each list in table order. A model assigns by name what it has other than here.
+// Where processors have places, those of the higher sockets come first: the inventory begins at the end.
 struct Hardware {
-    const char* rom_version;
-    const char* rom_date;
-    uint8_t smbios_minor_version;  // of version 2
-    const char* serial;
-    uint8_t chassis;
-    std::vector<Cache> caches;
-    std::vector<Processor>
-        processors;  // in table order; from the last socket to the first with Locations::Told
-    MemoryArray array;
-    std::vector<MemoryDevice> devices;
+    const char* rom_version = "";
+    const char* rom_date = "";
+    uint8_t smbios_minor_version = 6;  // of version 2
+    const char* serial = "";
+    uint8_t chassis = kRackMount;
+    std::vector<Cache> caches = {};
+    std::vector<Processor> processors = {};
+    MemoryArray array = {};
+    std::vector<MemoryDevice> devices = {};
+    // From the maker's own records, of which there may be none.
     std::vector<smbios_nic> nics = {};
-    Locations locations = Locations::NotTold;
+    std::vector<ProcessorPlace> processor_places = {};
+    std::vector<ModulePlace> module_places = {};
     std::optional<RackPlace> rack = {};
     std::vector<MappedPort> ports = {};
 };
+
+// The last 64 KiB below 1 MiB, with the maker's signature in them.
+void AddRomSignature(MachineBuilder& machine);
 
 // The management processor, which the PICL tree shows.
 enum class Kelm { Absent, Present };

@@ -1,9 +1,8 @@
-#include "tools/mkmachine/firmware.h"
-
+// What a model's firmware leaves in memory, and what the system makes of its PCI bus.
 #include <string>
 
 #include "include/bios_area.h"
-#include "tools/mkmachine/facts.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 
@@ -22,6 +21,40 @@ constexpr char kPiclWithoutKelm[] =
     "    obp-device vendor-id=0x8086 device-id=0x25d8\n"
     "      obp-device vendor-id=0x1002 device-id=0x515e\n";
 
+constexpr uint16_t kProcInfo = 0xC500;  // handles; of the first two, those of the first record
+constexpr uint16_t kDimmLocation = 0xCA00;
+constexpr uint16_t kRack = 0xCC00;
+constexpr uint16_t kNics = 0xD100;
+constexpr uint16_t kPortMap = 0xDE00;
+
+void AddMemory(SmbiosTable& table, const Hardware& hardware) {
+    table.Add(MemoryArrayRecord(hardware.array));
+    uint32_t installedMiB = 0;
+    for (const MemoryDevice& device : hardware.devices) {
+        table.Add(MemoryDeviceRecord(device).CutTo(MemoryDeviceLength(hardware.smbios_minor_version)));
+        installedMiB += device.size;
+    }
+    table.Add(MappedAddressRecord(0x1300, hardware.array.handle, installedMiB * 1024));
+}
+
+void AddPlaces(SmbiosTable& table, const Hardware& hardware) {
+    uint16_t handle = kProcInfo;
+    for (const ProcessorPlace& place : hardware.processor_places) {
+        table.Add(ProcInfoRecord(++handle, place.processor, place.socket));
+    }
+    handle = kDimmLocation;
+    for (const ModulePlace& place : hardware.module_places) {
+        table.Add(DimmLocationRecord(handle++, place.device, place.board, place.socket));
+    }
+}
+
+void AddMakersRecords(SmbiosTable& table, const Hardware& hardware) {
+    AddPlaces(table, hardware);
+    if (hardware.rack) table.Add(RackRecord(kRack, hardware.rack->enclosure, hardware.rack->bay));
+    if (!hardware.nics.empty()) table.Add(NicRecord(kNics, hardware.nics));
+    if (!hardware.ports.empty()) table.Add(PortMapRecord(kPortMap, hardware.ports));
+}
+
 }  // namespace
 
 void AddRomSignature(MachineBuilder& machine) {
@@ -32,4 +65,21 @@ void AddRomSignature(MachineBuilder& machine) {
 
 void AddPicl(MachineBuilder& machine, Kelm kelm) {
     machine.Write("picl", kelm == Kelm::Present ? kPiclWithKelm : kPiclWithoutKelm);
+}
+
+SmbiosTable TablesOf(const Model& model) {
+    const Hardware& hardware = model.hardware;
+    SmbiosTable table(hardware.smbios_minor_version);
+    table.Add(BiosRecord(hardware.rom_version, hardware.rom_date));
+    table.Add(SystemRecord(model.product_name, hardware.serial));
+    table.Add(ChassisRecord(hardware.chassis, hardware.serial));
+    for (const Processor& processor : hardware.processors) {
+        table.Add(ProcessorRecord(processor).CutTo(ProcessorLength(hardware.smbios_minor_version)));
+    }
+    for (const Cache& cache : hardware.caches) table.Add(CacheRecord(cache));
+    AddMemory(table, hardware);
+    table.Add(BootRecord(0x2000));
+    AddMakersRecords(table, hardware);
+    table.Add(EndRecord(0x7F00));
+    return table;
 }

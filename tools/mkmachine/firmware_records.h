@@ -13,6 +13,8 @@ constexpr uint8_t kDimm = 0x09;  // form factors of memory devices
 constexpr uint8_t kFbDimm = 0x0F;
 constexpr uint8_t kDdr2 = 0x13;  // memory types
 constexpr uint8_t kDdr2FullyBuffered = 0x14;
+constexpr uint8_t kSingleBitEcc = 5;  // error corrections of memory arrays
+constexpr uint8_t kMultiBitEcc = 6;
 constexpr uint8_t kEmptySocket = 0;        // a status of processors
 constexpr uint16_t kSynchronous = 0x0080;  // type details
 
@@ -51,10 +53,10 @@ struct Cache {
 SmbiosRecord CacheRecord(const Cache& part);
 
 struct MemoryArray {
-    uint16_t handle;
+    uint16_t handle = kNoHandle;
     uint32_t capacity = 0;  // KiB
     uint8_t sockets = 0;
-    uint8_t error_correction = 6;  // multi-bit ECC
+    uint8_t error_correction = kMultiBitEcc;
     uint8_t use = smbios::MemoryArray::kSystemMemory;
 };
 SmbiosRecord MemoryArrayRecord(const MemoryArray& part);

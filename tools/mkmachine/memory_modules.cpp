@@ -17,8 +17,8 @@ void AddCartridge(MachineBuilder& machine, int index, uint32_t id, const std::ve
         config.ulCartID = id;
         config.ulModuleID = static_cast<uint32_t>(i + 1);
         config.ulPresent = module.present;
-        config.dimmInfo.ulFormFactor = kFbDimm;  // the driver numbers both as SMBIOS does
-        config.dimmInfo.ulMemType = kDdr2FullyBuffered;
+        config.dimmInfo.ulFormFactor = module.form_factor;
+        config.dimmInfo.ulMemType = module.type;
         config.dimmInfo.ulSize = module.size;
         config.dimmInfo.ulSpeed = module.speed;
         machine.Table(kModuleConfigTable, index, static_cast<int>(i), config);

@@ -1,7 +1,6 @@
 #include "tools/mkmachine/models.h"
 
 #include "tools/mkmachine/events.h"
-#include "tools/mkmachine/firmware.h"
 
 const std::vector<Model>& Models() {
     static const std::vector<Model> models = {kTr500k2, kTr300, kBx20};

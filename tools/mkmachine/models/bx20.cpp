@@ -18,11 +18,11 @@ const std::vector<Sensor> kSensors = {
 const std::vector<Supply> kSupplies = {};
 
 const std::vector<Module> kModules = {
-    // present, megabytes, MHz, status
-    {1, 4096, 667, 2},
-    {1, 4096, 667, 2},
-    {0, 0,    0,   4},
-    {0, 0,    0,   4},
+    // present, megabytes, MHz, form factor, type, status
+    {1, 4096, 667, kFbDimm, kDdr2FullyBuffered, 2},
+    {1, 4096, 667, kFbDimm, kDdr2FullyBuffered, 2},
+    {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
+    {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
 };
 
 const DriverMemory kDriverMemory = {{}, kModules};
@@ -42,21 +42,43 @@ const std::vector<MappedPort> kPorts = {  // bay offsets from 0; the mezzanine i
     {2, 6, {3, 0, 2, 16, 0, 1}},
 };
 
-const Hardware kHardware = {
-    "Z31", "02/20/2008", 6, "VX8108BX20", kBlade,
-    {{0x0700, "Proc 1 L1", 1, 128}, {0x0701, "Proc 1 L2", 2, 6144},
-     {0x0702, "Proc 2 L1", 1, 128}, {0x0703, "Proc 2 L2", 2, 6144}},
-    {{0x0400, "Proc 1", 2500, 4, 4, 0x0700, 0x0701},
-     {0x0401, "Proc 2", 2500, 4, 4, 0x0702, 0x0703}},
-    {kArray, 0x01000000, 4},
-    {{0x1100, kArray, "DIMM 1", 4096, 667, kFbDimm, kDdr2FullyBuffered},
-     {0x1101, kArray, "DIMM 2", 4096, 667, kFbDimm, kDdr2FullyBuffered},
-     {0x1102, kArray, "DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
-     {0x1103, kArray, "DIMM 4", 0,    0,   kFbDimm, kDdr2FullyBuffered}},
-    kNics, Locations::NotTold, RackPlace{"Enclosure 2", "7"}, kPorts,
+const std::vector<Cache> kCaches = {
+    // handle, name, level, size
+    {0x0700, "Proc 1 L1", 1, 128}, {0x0701, "Proc 1 L2", 2, 6144},
+    {0x0702, "Proc 2 L1", 1, 128}, {0x0703, "Proc 2 L2", 2, 6144},
+};
+
+const std::vector<Processor> kProcessors = {
+    // handle, socket, MHz, cores, threads, caches
+    {0x0400, "Proc 1", 2500, 4, 4, 0x0700, 0x0701},
+    {0x0401, "Proc 2", 2500, 4, 4, 0x0702, 0x0703},
+};
+
+const std::vector<MemoryDevice> kDevices = {
+    // handle, array, locator, megabytes, MHz, form factor, type
+    {0x1100, kArray, "DIMM 1", 4096, 667, kFbDimm, kDdr2FullyBuffered},
+    {0x1101, kArray, "DIMM 2", 4096, 667, kFbDimm, kDdr2FullyBuffered},
+    {0x1102, kArray, "DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
+    {0x1103, kArray, "DIMM 4", 0,    0,   kFbDimm, kDdr2FullyBuffered},
 };
 
 // clang-format on
+Hardware Parts() {
+    Hardware hardware;
+    hardware.rom_version = "Z31";
+    hardware.rom_date = "02/20/2008";
+    hardware.serial = "VX8108BX20";
+    hardware.chassis = kBlade;
+    hardware.caches = kCaches;
+    hardware.processors = kProcessors;
+    hardware.array = {kArray, 0x01000000, 4};
+    hardware.devices = kDevices;
+    hardware.nics = kNics;
+    hardware.rack = RackPlace{"Enclosure 2", "7"};
+    hardware.ports = kPorts;
+    return hardware;
+}
+
 RomSettings Settings() {
     RomSettings settings;
     settings.asr_enabled = true;
@@ -84,6 +106,6 @@ RomSettings Settings() {
 
 const Model kBx20 = {
     "bx20", "Corvex BX20",
-    kFans, kSensors, kSupplies, kIndicatorBlinking, kDriverMemory, kHardware, Settings(), Kelm::Present,
+    kFans, kSensors, kSupplies, kIndicatorBlinking, kDriverMemory, Parts(), Settings(), Kelm::Present,
 };
 // clang-format on

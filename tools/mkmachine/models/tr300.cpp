@@ -33,19 +33,39 @@ const std::vector<Supply> kSupplies = {
 
 const DriverMemory kDriverMemory = {};
 
-const Hardware kHardware = {  // firmware of a version whose records don't tell cores
-    "Z07", "11/03/2006", 4, "VX6447T300", kRackMount,
-    {{0x0700, "Proc 1 L1", 1, 64}, {0x0701, "Proc 1 L2", 2, 4096}},
-    {{0x0400, "Proc 1", 2333, 2, 2, 0x0700, 0x0701},
-     {0x0401, "Proc 2", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket}},
-    {kArray, 0x00800000, 4, 5},
-    {{0x1100, kArray, "SLOT 0 DIMM 1", 1024, 533},
-     {0x1101, kArray, "SLOT 0 DIMM 2", 512,  533},
-     {0x1102, kArray, "SLOT 0 DIMM 3", 0},
-     {0x1103, kArray, "SLOT 0 DIMM 4", 0}},
+const std::vector<Cache> kCaches = {
+    // handle, name, level, size
+    {0x0700, "Proc 1 L1", 1, 64}, {0x0701, "Proc 1 L2", 2, 4096},
+};
+
+const std::vector<Processor> kProcessors = {  // of a version of SMBIOS that doesn't tell the cores
+    // handle, socket, MHz, cores, threads, caches, status
+    {0x0400, "Proc 1", 2333, 2, 2, 0x0700, 0x0701},
+    {0x0401, "Proc 2", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
+};
+
+const std::vector<MemoryDevice> kDevices = {
+    // handle, array, locator, megabytes, MHz, form factor, type
+    {0x1100, kArray, "SLOT 0 DIMM 1", 1024, 533, kDimm, kDdr2},
+    {0x1101, kArray, "SLOT 0 DIMM 2", 512,  533, kDimm, kDdr2},
+    {0x1102, kArray, "SLOT 0 DIMM 3", 0,    0,   kDimm, kDdr2},
+    {0x1103, kArray, "SLOT 0 DIMM 4", 0,    0,   kDimm, kDdr2},
 };
 
 // clang-format on
+Hardware Parts() {
+    Hardware hardware;
+    hardware.rom_version = "Z07";
+    hardware.rom_date = "11/03/2006";
+    hardware.smbios_minor_version = 4;
+    hardware.serial = "VX6447T300";
+    hardware.caches = kCaches;
+    hardware.processors = kProcessors;
+    hardware.array = {kArray, 0x00800000, 4, kSingleBitEcc};
+    hardware.devices = kDevices;
+    return hardware;
+}
+
 RomSettings Settings() {  // its firmware knows no versions
     RomSettings settings;
     settings.asr_minutes = 10;
@@ -68,6 +88,6 @@ RomSettings Settings() {  // its firmware knows no versions
 
 const Model kTr300 = {
     "tr300", "Corvex TR300",
-    kFans, kSensors, kSupplies, kIndicatorOn, kDriverMemory, kHardware, Settings(), Kelm::Absent,
+    kFans, kSensors, kSupplies, kIndicatorOn, kDriverMemory, Parts(), Settings(), Kelm::Absent,
 };
 // clang-format on

@@ -49,19 +49,19 @@ const std::vector<Supply> kSupplies = {
 };
 
 const std::vector<Module> kCartridge1 = {
-    // present, megabytes, MHz, status
-    {1, 2048, 667, 2},
-    {1, 2048, 667, 2},
-    {0, 0,    0,   4},
-    {1, 2048, 667, 9},
-    {1, 1024, 533, 3},  // a status that has no text
+    // present, megabytes, MHz, form factor, type, status
+    {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
+    {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
+    {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
+    {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 9},
+    {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 3},  // a status that has no text
 };
 const std::vector<Module> kCartridge2 = {
-    {1, 2048, 667, 2},
-    {1, 1024, 533, 6},
-    {1, 4096, 800, 7},
-    {1, 2048, 667, 8},
-    {2, 0,    0,   5},  // expected, but gone
+    {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
+    {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 6},
+    {1, 4096, 800, kFbDimm, kDdr2FullyBuffered, 7},
+    {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 8},
+    {2, 0,    0,   kFbDimm, kDdr2FullyBuffered, 5},  // expected, but gone
 };
 
 const std::vector<smbios_nic> kNics = {
@@ -74,29 +74,51 @@ const std::vector<smbios_nic> kNics = {
 
 const DriverMemory kDriverMemory = {{kCartridge1, kCartridge2}, {}};
 
-const Hardware kHardware = {  // the second processor has the smaller L3 cache
-    "Z18", "06/12/2009", 6, "VX8431T5K2", kRackMount,
-    {{0x0700, "Proc 1 L1", 1, 256}, {0x0701, "Proc 1 L2", 2, 1024}, {0x0702, "Proc 1 L3", 3, 0x8100},
-     {0x0703, "Proc 2 L1", 1, 256}, {0x0704, "Proc 2 L2", 2, 1024}, {0x0705, "Proc 2 L3", 3, 0x8080}},
-    {{0x0403, "Proc 4", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
-     {0x0402, "Proc 3", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
-     {0x0401, "Proc 2", 2933, 4, 8, 0x0703, 0x0704, 0x0705},
-     {0x0400, "Proc 1", 2933, 4, 8, 0x0700, 0x0701, 0x0702}},
-    {kArray, 0x04000000, 10},
-    {{0x1100, kArray, "Board 1 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
-     {0x1101, kArray, "Board 1 DIMM 2", 2048, 667, kFbDimm, kDdr2FullyBuffered},
-     {0x1102, kArray, "Board 1 DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
-     {0x1103, kArray, "Board 1 DIMM 4", 2048, 667, kFbDimm, kDdr2FullyBuffered},
-     {0x1104, kArray, "Board 1 DIMM 5", 1024, 533, kFbDimm, kDdr2FullyBuffered},
-     {0x1105, kArray, "Board 2 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
-     {0x1106, kArray, "Board 2 DIMM 2", 1024, 533, kFbDimm, kDdr2FullyBuffered},
-     {0x1107, kArray, "Board 2 DIMM 3", 4096, 800, kFbDimm, kDdr2FullyBuffered},
-     {0x1108, kArray, "Board 2 DIMM 4", 2048, 667, kFbDimm, kDdr2FullyBuffered},
-     {0x1109, kArray, "Board 2 DIMM 5", 0,    0,   kFbDimm, kDdr2FullyBuffered}},
-    kNics, Locations::Told,
+const std::vector<Cache> kCaches = {
+    // handle, name, level, size; the second processor has the smaller L3 cache
+    {0x0700, "Proc 1 L1", 1, 256}, {0x0701, "Proc 1 L2", 2, 1024}, {0x0702, "Proc 1 L3", 3, 0x8100},
+    {0x0703, "Proc 2 L1", 1, 256}, {0x0704, "Proc 2 L2", 2, 1024}, {0x0705, "Proc 2 L3", 3, 0x8080},
+};
+
+const std::vector<Processor> kProcessors = {
+    // handle, socket, MHz, cores, threads, caches, status
+    {0x0403, "Proc 4", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
+    {0x0402, "Proc 3", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
+    {0x0401, "Proc 2", 2933, 4, 8, 0x0703, 0x0704, 0x0705},
+    {0x0400, "Proc 1", 2933, 4, 8, 0x0700, 0x0701, 0x0702},
+};
+
+const std::vector<MemoryDevice> kDevices = {
+    // handle, array, locator, megabytes, MHz, form factor, type
+    {0x1100, kArray, "Board 1 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+    {0x1101, kArray, "Board 1 DIMM 2", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+    {0x1102, kArray, "Board 1 DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
+    {0x1103, kArray, "Board 1 DIMM 4", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+    {0x1104, kArray, "Board 1 DIMM 5", 1024, 533, kFbDimm, kDdr2FullyBuffered},
+    {0x1105, kArray, "Board 2 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+    {0x1106, kArray, "Board 2 DIMM 2", 1024, 533, kFbDimm, kDdr2FullyBuffered},
+    {0x1107, kArray, "Board 2 DIMM 3", 4096, 800, kFbDimm, kDdr2FullyBuffered},
+    {0x1108, kArray, "Board 2 DIMM 4", 2048, 667, kFbDimm, kDdr2FullyBuffered},
+    {0x1109, kArray, "Board 2 DIMM 5", 0,    0,   kFbDimm, kDdr2FullyBuffered},
 };
 
 // clang-format on
+Hardware Parts() {
+    Hardware hardware;
+    hardware.rom_version = "Z18";
+    hardware.rom_date = "06/12/2009";
+    hardware.serial = "VX8431T5K2";
+    hardware.caches = kCaches;
+    hardware.processors = kProcessors;
+    hardware.array = {kArray, 0x04000000, 10};
+    hardware.devices = kDevices;
+    hardware.nics = kNics;
+    hardware.processor_places = {{0x0400, 1}, {0x0401, 2}};
+    hardware.module_places = {{0x1100, 1, 1}, {0x1101, 1, 2}, {0x1102, 1, 3}, {0x1103, 1, 4}, {0x1104, 1, 5},
+                              {0x1105, 2, 1}, {0x1106, 2, 2}, {0x1107, 2, 3}, {0x1108, 2, 4}, {0x1109, 2, 5}};
+    return hardware;
+}
+
 RomSettings Settings() {
     RomSettings settings;
     settings.asr_enabled = true;
@@ -137,6 +159,6 @@ RomSettings Settings() {
 
 const Model kTr500k2 = {
     "tr500k2", "Corvex TR500 K2",
-    kFans, kSensors, kSupplies, kIndicatorOff, kDriverMemory, kHardware, Settings(), Kelm::Present,
+    kFans, kSensors, kSupplies, kIndicatorOff, kDriverMemory, Parts(), Settings(), Kelm::Present,
 };
 // clang-format on
