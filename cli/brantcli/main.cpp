@@ -106,5 +106,5 @@ int main(int argc, char** argv) {
     // -s is an option without a value: the commands are the second argument, whatever the first.
     const int status = RunScript(argc > 2 ? argv[2] : nullptr);
     std::printf("\n");
-    return EndRun(status, CloseOrder::kLastFirst);
+    return EndRun(status, CloseOrder::LastFirst);
 }

@@ -42,7 +42,7 @@ int FinalStatus(int status) {
 }
 
 int EndRun(int status, CloseOrder order) {
-    if (order == CloseOrder::kLastFirst) {
+    if (order == CloseOrder::LastFirst) {
         CloseDevicesLastFirst();
     } else {
         CloseDevices();
@@ -54,5 +54,5 @@ int EndRun(int status, CloseOrder order) {
 }
 
 void EndProcess(int status) {
-    std::exit(EndRun(status, CloseOrder::kAsOpened));
+    std::exit(EndRun(status, CloseOrder::AsOpened));
 }

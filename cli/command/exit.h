@@ -9,7 +9,7 @@ int FinalStatus(int status);
 
 // EXIT and fatal errors close the devices in the order in which they were opened, the end of main the last
 // one first: traces show it.
-enum class CloseOrder { kAsOpened, kLastFirst };
+enum class CloseOrder { AsOpened, LastFirst };
 
 // Closes the devices, gives the terminal back, frees the history and the SMBIOS copy. Result: FinalStatus.
 int EndRun(int status, CloseOrder order);

@@ -37,16 +37,16 @@ void ShowRest(Shown& shown, const Line& line, int blanks) {
 void Draw(Shown& shown, const Line& line, Change change) {
     const int shorter = static_cast<int>(std::strlen(shown.text)) - line.Length();
     switch (change) {
-        case Change::kNone: return;
-        case Change::kRefused: return RingBell();
-        case Change::kCursor: return MoveTo(shown, line.currentpos);
-        case Change::kTail:
+        case Change::None: return;
+        case Change::Refused: return RingBell();
+        case Change::Cursor: return MoveTo(shown, line.currentpos);
+        case Change::Tail:
             MoveTo(shown, std::min(shown.column, line.currentpos));
             return ShowRest(shown, line, std::max(shorter, 0));
-        case Change::kReplaced: EraseAll(shown); break;
-        case Change::kCompleted: Erase(shown); break;
-        case Change::kScreenLost: std::putchar('\r'); [[fallthrough]];
-        case Change::kPromptGone:
+        case Change::Replaced: EraseAll(shown); break;
+        case Change::Completed: Erase(shown); break;
+        case Change::ScreenLost: std::putchar('\r'); [[fallthrough]];
+        case Change::PromptGone:
             std::fputs(Prompt, stdout);
             shown.column = 0;
             break;

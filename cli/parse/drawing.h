@@ -28,14 +28,14 @@ struct Shown {
 
 // What a key has done to the line, and so what is to be drawn.
 enum class Change {
-    kNone,
-    kRefused,     // the key can do nothing here
-    kCursor,      // it moved
-    kTail,        // the text differs from where the cursor was or is, whichever is further left
-    kReplaced,    // another line stands in its place
-    kCompleted,   // the same, and of the old one what is right of the cursor isn't erased
-    kPromptGone,  // what was printed stands in its place, and the cursor at the start of a row
-    kScreenLost,  // the same, but the cursor may stand anywhere in a row
+    None,
+    Refused,     // the key can do nothing here
+    Cursor,      // it moved
+    Tail,        // the text differs from where the cursor was or is, whichever is further left
+    Replaced,    // another line stands in its place
+    Completed,   // the same, and of the old one what is right of the cursor isn't erased
+    PromptGone,  // what was printed stands in its place, and the cursor at the start of a row
+    ScreenLost,  // the same, but the cursor may stand anywhere in a row
 };
 
 // Draws what a key has changed. shown: what the terminal has shown so far, and shows then.

@@ -20,61 +20,61 @@ namespace {
 // What the keys do to the line, each as the table below says.
 
 Change Nothing(Line&, int) {
-    return Change::kNone;
+    return Change::None;
 }
 
 Change InsertTyped(Line& line, int key) {
     const int column = InsertChar(line.currentpos, static_cast<char>(key), line.text);
-    if (column < 0) return Change::kNone;
+    if (column < 0) return Change::None;
     line.currentpos = column;
-    return Change::kTail;
+    return Change::Tail;
 }
 
 Change InsertBlank(Line& line, int) {
-    return InsertChar(line.currentpos, ' ', line.text) < 0 ? Change::kNone : Change::kTail;
+    return InsertChar(line.currentpos, ' ', line.text) < 0 ? Change::None : Change::Tail;
 }
 
 Change DeleteLeft(Line& line, int) {
-    if (line.currentpos == 0) return Change::kNone;
+    if (line.currentpos == 0) return Change::None;
     line.currentpos = DeleteChar(line.currentpos - 1, line.text);
-    return Change::kTail;
+    return Change::Tail;
 }
 
 Change DeleteUnder(Line& line, int) {
-    if (line.AtEnd()) return Change::kRefused;
+    if (line.AtEnd()) return Change::Refused;
     DeleteChar(line.currentpos, line.text);
-    return Change::kTail;
+    return Change::Tail;
 }
 
 Change Left(Line& line, int) {
-    if (line.currentpos == 0) return Change::kRefused;
+    if (line.currentpos == 0) return Change::Refused;
     --line.currentpos;
-    return Change::kCursor;
+    return Change::Cursor;
 }
 
 Change Right(Line& line, int) {
-    if (line.AtEnd()) return Change::kRefused;
+    if (line.AtEnd()) return Change::Refused;
     ++line.currentpos;
-    return Change::kCursor;
+    return Change::Cursor;
 }
 
 Change ToStart(Line& line, int) {
-    if (line.currentpos == 0) return Change::kRefused;
+    if (line.currentpos == 0) return Change::Refused;
     line.currentpos = 0;
-    return Change::kCursor;
+    return Change::Cursor;
 }
 
 Change ToEnd(Line& line, int) {
-    if (line.AtEnd()) return Change::kRefused;
+    if (line.AtEnd()) return Change::Refused;
     line.currentpos = line.Length();
-    return Change::kCursor;
+    return Change::Cursor;
 }
 
 Change Recall(Line& line, int slot) {
     std::memset(line.text, 0, kLineSize);
     std::memcpy(line.text, History[slot], std::strlen(History[slot]));
     line.currentpos = line.Length();
-    return Change::kReplaced;
+    return Change::Replaced;
 }
 
 // The slot at history_index is empty.
@@ -84,45 +84,45 @@ Change Clear(Line& line, int) {
 }
 
 Change Older(Line& line, int) {
-    if (!BrowseOlder(line.temp_history_index)) return Change::kRefused;
+    if (!BrowseOlder(line.temp_history_index)) return Change::Refused;
     return Recall(line, line.temp_history_index);
 }
 
 Change Newer(Line& line, int) {
-    if (!BrowseNewer(line.temp_history_index)) return Change::kNone;
+    if (!BrowseNewer(line.temp_history_index)) return Change::None;
     return Recall(line, line.temp_history_index);
 }
 
 Change Complete(Line& line, int) {
-    if (TabComplete(line.text) == 0) return Change::kNone;
+    if (TabComplete(line.text) == 0) return Change::None;
     line.currentpos = line.Length();
-    return Change::kCompleted;
+    return Change::Completed;
 }
 
 Change ListAlternatives(Line& line, int) {
-    if (DoubleTabComplete(line.text) == 0) return Change::kNone;
+    if (DoubleTabComplete(line.text) == 0) return Change::None;
     line.currentpos = line.Length();
-    return Change::kPromptGone;
+    return Change::PromptGone;
 }
 
 Change ShowHelp(Line& line, int) {
     const bool listed = FindHelp(line.text) != 0;
     line.currentpos = listed ? line.Length() : std::min(line.currentpos, line.Length());
-    return Change::kPromptGone;
+    return Change::PromptGone;
 }
 
 Change ReturnFromStop(Line&, int) {
-    return Change::kScreenLost;
+    return Change::ScreenLost;
 }
 
 Change Enter(Line& line, int) {
     line.entered = true;
-    return Change::kNone;
+    return Change::None;
 }
 
 Change Leave(Line&, int) {
     do_exit(nullptr);
-    return Change::kNone;
+    return Change::None;
 }
 
 struct Binding {
@@ -132,7 +132,7 @@ struct Binding {
 };
 
 constexpr Binding kTyped = {kNoKey, InsertTyped};
-constexpr Binding kOther = {kNoKey, [](Line&, int) { return Change::kRefused; }};
+constexpr Binding kOther = {kNoKey, [](Line&, int) { return Change::Refused; }};
 constexpr Binding kBindings[] = {
     {kBackspace, DeleteLeft},
     {kRubout, DeleteLeft},
@@ -202,7 +202,7 @@ void GetCmd(InputLineType* InputLine) {
     ClearLine(InputLine);
     Line line = {InputLine->CmdLine, 0, history_index, false};
     Shown shown = {};
-    Draw(shown, line, Change::kPromptGone);
+    Draw(shown, line, Change::PromptGone);
     if (!OutputIsWritten()) do_exit(nullptr);  // nobody can see what is asked
 
     while (!line.entered && line.currentpos <= kLongestEntered) Act(line, shown, GetChar(0));
