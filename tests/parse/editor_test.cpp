@@ -79,7 +79,14 @@ const KeyCase kKeys[] = {
 
 InputLineType line;
 
+bool at_prompt = false;
+
 void StartShell() {
+    // The end of the input ends the process with status 0, which would look like success.
+    static const int registered = std::atexit([] {
+        if (at_prompt) std::abort();
+    });
+    ASSERT_EQ(registered, 0);
     ResetState();
     ASSERT_TRUE(AllocateHistory());
     if (Cmds == nullptr) CreateCommands();
@@ -93,7 +100,9 @@ std::string Type(const std::string& keys) {
     EXPECT_EQ(dup2(keyboard[0], STDIN_FILENO), 0);
     for (const int end : keyboard) close(end);
     ::testing::internal::CaptureStdout();
+    at_prompt = true;
     GetCmd(&line);
+    at_prompt = false;
     return ::testing::internal::GetCapturedStdout();
 }
 
@@ -126,6 +135,13 @@ TEST(Editor, KeepsToTheRoomOfALine) {
     EXPECT_EQ(line.CmdLine, completed);
     EXPECT_EQ(Type(most + "x\t\r"), kPrompt + most + "x\a");
     EXPECT_EQ(line.CmdLine, most + "x");
+
+    std::string full(254, 'a');
+    EXPECT_EQ(InsertChar(0, 'b', full.data()), -1);
+    EXPECT_EQ(DeleteChar(-1, full.data()), -1);
+    EXPECT_EQ(DeleteChar(254, full.data()), -1);
+    EXPECT_EQ(DeleteChar(253, full.data()), 253);
+    EXPECT_EQ(full.c_str(), std::string(253, 'a'));
 }
 
 // What stands behind a line that is too long must not run: all of it up to Enter, or at a terminal what has
