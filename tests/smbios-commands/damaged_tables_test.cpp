@@ -63,17 +63,6 @@ TEST(DamagedTables, ComeToAKnownEndWhicheverByteIsWrong) {
     }
 }
 
-TEST(DamagedTables, AreFoundOrNotWhicheverByteOfTheEntryPointIsWrong) {
-    LoadedTables tables(GoodTables());
-    for (size_t place = 0; place < sizeof(SMBIOSEntryPoint); ++place) {
-        SMBIOSEntryPoint entry = TablesOf(*FindModel("bx20")).EntryPoint(kTablesAddress);
-        reinterpret_cast<uint8_t*>(&entry)[place] ^= 0xFF;
-        SetChecksums(entry);
-        tables.Machine().PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry));
-        if (tables.Load()) ExpectKnownEnds("entry point's byte " + std::to_string(place));
-    }
-}
-
 // As many arrays and devices as 64 KiB hold, each device to be looked up among all arrays.
 TEST(DamagedTables, TakeNoLongerThanAPersonWaits) {
     std::string records;

@@ -64,8 +64,8 @@ const Case kCases[] = {
     // status
     {"a state that means nothing, a bit beside it", Status(0xFF) + Status(0x46) + Status(0x45),
      "1 #1 s1 0/0\n1 #2 s1 0/0\n1 #3 s1 0/0\n"},
-    {"unknown, idle", Status(0x44) + Status(0x40), "1 #1 s4 0/0\n1 #2 s2 0/0\n"},
-    {"disabled by the user, in POST", Status(0x43) + Status(0x42), "1 #1 s5 0/0\n1 #2 s5 0/0\n"},
+    {"unknown, disabled, idle", Status(0x44) + Status(0x43) + Status(0x42) + Status(0x40),
+     "1 #1 s4 0/0\n1 #2 s5 0/0\n1 #3 s5 0/0\n1 #4 s2 0/0\n"},
     // socket numbers
     {"the designation ignored", Socket("PROC 7"), "1 #7 s2 0/0\n"},
     {"letter case, signs, TABs", Socket("\t \tA\tpROC\t \t#12b3"), "1 #12 s2 0/0\n"},
@@ -78,7 +78,6 @@ const Case kCases[] = {
     {"the maker's record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7"), "1 #1 s2 0/0\n"},
     {"another's record taken", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7"), "1 #7 s2 0/0\n"},
     // cores and threads
-    {"cores of an older record", FourCores().CutTo(35).Bytes(), "1 #1 s2 0/0\n"},
     {"cores without threads", FourCores().CutTo(37).Bytes(), "1 #1 s2 0/0\n"},
     {"the last byte missed", FourCores().CutTo(38).Bytes(), "1 #1 s2 4/8\n"},
     {"128 threads, which a signed byte can't hold", ProcessorRecord({1, "", 1, 4, 128}).Bytes(),
