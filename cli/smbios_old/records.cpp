@@ -21,8 +21,8 @@ unsigned char* StringsOf(unsigned char* record) {
     return record + SmbFormattedArea(record).size;
 }
 
-// The size of a record's strings, each with its zero, without the zero that closes the set. A set that the
-// tables' end cuts reaches up to there, where InitSMBIOS left a zero: in either case one follows.
+// The size of a record's strings, each with its terminating zero, but without the zero that closes the set. A
+// set that is cut short ends with the tables. InitSMBIOS left a zero there, so one follows in either case.
 size_t SizeOfStrings(const unsigned char* strings) {
     const size_t left = BytesFrom(strings);
     for (size_t size = 1; size < left; ++size) {

@@ -20,7 +20,7 @@ unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
     return static_cast<unsigned char>(sum);
 }
 
-// Whether an entry point begins the bytes, and lies within them as a whole.
+// Whether the bytes begin with an entry point that is right and lies wholly within them.
 bool BeginsEntryPoint(Bytes bytes) {
     SMBIOSEntryPoint entry;
     if (bytes.size < sizeof entry) return false;
@@ -64,7 +64,7 @@ bool ReadEntryPoint() {
 BOOL InitSMBIOS() {
     if (!ReadEntryPoint() || EPS.wSTLength == 0) return FALSE;
 
-    // The byte that is left over ends a string that the tables' end cuts.
+    // One byte more than the tables have: it stays 0, and ends a last string that is cut short.
     pSMBTables = static_cast<unsigned char*>(std::calloc(1, EPS.wSTLength + size_t{1}));
     if (pSMBTables == nullptr) return FALSE;
     if (ReadPhysMem(EPS.dwSTAddr, EPS.wSTLength, pSMBTables) != TRUE) {

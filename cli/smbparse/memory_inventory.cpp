@@ -79,7 +79,8 @@ BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSoc
     return FALSE;
 }
 
-// Finds out where a device is: from the maker's record, else from its locator; what neither tells stays.
+// Finds out where a device is, from the maker's record or else from its locator. A number that neither tells
+// stays as it was.
 void LocateModule(const SmbRecord<MemoryDevice>& device, int* board, int* module) {
     if (SmbFindMemoryLocation(device.Handle(), board, module) == TRUE) return;
     const char* locator = device.Text(MemoryDevice::kLocator);

@@ -65,8 +65,8 @@ PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {
     return {};
 }
 
-// By the place in gCpu_tbl, unless a designation like "Proc 2" says otherwise. The designation doesn't count
-// where the maker's own record describes the processor.
+// The socket as the user counts: the place in gCpu_tbl, from 1, unless a designation like "Proc 2" says
+// otherwise. A designation doesn't count when the maker's own record describes the processor.
 unsigned int SocketNumber(const SmbRecord<Processor>& record, int place) {
     int number = place + 1;
     if (!FindZetProcRec(record.Handle())) {
@@ -89,7 +89,7 @@ void FillCpu(const SmbRecord<Processor>& record, ZET_CPU* cpu, int place) {
     }
 }
 
-// In units of 1 or 64 KiB.
+// How many units of 1 KiB or 64 KiB a cache has.
 uint16_t InstalledSize(const SmbRecord<Cache>& record) {
     return record.Read(Cache::kInstalledSize) & static_cast<uint16_t>(~Cache::kIn64KiB);
 }
@@ -102,7 +102,7 @@ void ParseCache(const SmbRecord<Cache>& record, ZET_CACHE* entry, int cpu) {
     entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
 }
 
-// handle: of a processor's cache. When the first record that has it isn't a cache, there is none.
+// Records the cache that a handle names. A handle whose first record is another's names none.
 void RecordCache(uint16_t handle, int cpu) {
     const auto record = SmbWithHandle<Cache>(handle);
     if (!record || InstalledSize(record) == 0) return;

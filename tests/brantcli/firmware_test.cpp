@@ -138,6 +138,7 @@ TEST(FirmwareTables, DecideWhatTheProgramKnows) {
     }
     LoadedTables long_name(System(std::string(70, 'x').c_str()));
     EXPECT_EQ(smbios_get_systemname(), 0);
+    EXPECT_EQ(detect_corvex(), 1);
     EXPECT_EQ(system_name, std::string(63, 'x'));
 }
 

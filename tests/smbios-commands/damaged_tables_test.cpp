@@ -5,7 +5,6 @@
 
 #include "cli/smbios-commands/smbios_commands.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/firmware_records.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
@@ -61,16 +60,4 @@ TEST(DamagedTables, ComeToAKnownEndWhicheverByteIsWrong) {
         ASSERT_TRUE(tables.Load(bad));
         ExpectKnownEnds("byte " + std::to_string(place));
     }
-}
-
-// As many arrays and devices as 64 KiB hold, each device to be looked up among all arrays.
-TEST(DamagedTables, TakeNoLongerThanAPersonWaits) {
-    std::string records;
-    for (uint16_t handle = 0; records.size() < 65000; ++handle) {
-        records += SmbiosRecord(smbios::MemoryArray::kType, handle).Byte(3).Byte(2).Byte(6).Bytes();
-        records += SmbiosRecord(smbios::MemoryDevice::kType, handle).Word(handle).Bytes();
-    }
-    LoadedTables tables(records);
-    unsigned int size = 1;
-    EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
 }

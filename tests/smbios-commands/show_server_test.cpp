@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 
 #include "tests/support/loaded_tables.h"
@@ -11,24 +10,19 @@ TEST(ShowServer, TellsEachModelInFull) {
     ExpectModelsAsStored("smbios-commands");
 }
 
-// What the models' processors, all of one family and in order, and memory in whole MiB don't show. The last
-// record is shown first.
-TEST(ShowServer, NamesFamilyAndStateAndRoundsDown) {
+// What the models, whose processors are all in order and whose memory is in whole MiB, don't show.
+TEST(ShowServer, NamesTheStateAndRoundsDown) {
     std::string records = SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes();
     records += MemoryArrayRecord({1}).Bytes();
-    constexpr uint8_t kFamiliesAndStates[][2] = {{0xB5, 0x45}, {0x10, 0x42}, {0xFF, 0x40}};
-    for (const auto& [family, state] : kFamiliesAndStates) {
+    for (const unsigned state : {0x45, 0x42, 0x40}) {
         Processor part = {2, ""};
-        part.family = family;
-        part.status = state;
+        part.status = static_cast<uint8_t>(state);
         records += ProcessorRecord(part).Bytes();
     }
     LoadedTables tables(records + MemoryDeviceRecord({3, 1, "", 0x8000 | 2047}).Bytes());
     const std::string output = tables.Machine().Script("SHOW SERVER;SHOW DIMM").output;
-    const std::regex line("(?:\t(?:Name|Status)|Memory installed|Size) *: *(.*)");
-    std::string names;
-    for (std::sregex_iterator match(output.begin(), output.end(), line), end; match != end; ++match) {
-        names += match->str(1) + ", ";
+    for (const char* text :
+         {": Failed\n", ": Disabled\n", ": Unknown\n", ": 1 MBytes\n", ":           1 MB\n"}) {
+        EXPECT_NE(output.find(text), output.npos) << text;
     }
-    EXPECT_EQ(names, "Other, Failed, Pentium II Xeon, Disabled, Intel Xeon MP, Unknown, 1 MBytes, 1 MB, ");
 }

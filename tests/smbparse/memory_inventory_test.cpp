@@ -62,8 +62,6 @@ const Case kCases[] = {
     {"KiB", Sized(0x8200).Bytes(), "0.1 512 1 8/5\n"},
     {"an empty socket left out", Sized(0).Bytes(), "0.1 0 1 8/5\n"},
     // codes
-    {"a form factor that has no row", Kind(kFbDimm).Bytes(), "0.1 1024 1 1/5\n"},
-    {"a row by its place", Kind(12).Bytes(), "0.1 1024 1 10/5\n"},
     {"the last bit first", Kind(kDimm, 0x0280).Bytes(), "0.1 1024 1 8/5\n"},
     {"the first row", Kind(kDimm, 0x0288).Bytes(), "0.1 1024 1 8/2\n"},
     {"bits that have no row", Kind(kDimm, 0xFD77).Bytes(), "0.1 1024 1 8/1\n"},
@@ -93,6 +91,8 @@ TEST(MemoryModules, AreRecordedByTheRules) {
         EXPECT_EQ(Inventory(), c.inventory) << c.catches;
     }
     unsigned int size = 0;
+    LoadedTables none(At("").Bytes());
+    EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size));
     LoadedTables several(kSeveral);
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
     EXPECT_EQ(size, 7168U) << "flash memory counted, or one array alone";

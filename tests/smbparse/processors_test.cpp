@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tests/support/loaded_tables.h"
+#include "tests/support/stored.h"
 #include "tools/mkmachine/firmware_records.h"
 
 namespace {
@@ -102,6 +103,25 @@ TEST(Processors, AreRecordedByTheRules) {
         LoadedTables tables(c.tables);
         EXPECT_EQ(Inventory(), c.inventory) << c.catches;
     }
+}
+
+// A line for each code of a family, a form factor or a trait of memory that isn't taken as any other.
+TEST(Processors, AndModulesAreNamedByTheirCodes) {
+    std::string listing;
+    LoadedTables tables;
+    for (unsigned code = 0; code < 256; ++code) {
+        const auto byte = static_cast<uint8_t>(code);
+        const auto trait = static_cast<uint16_t>(code < 16 ? 1 << code : 0);
+        Processor part = {1, ""};
+        part.family = byte;
+        tables.Load(ProcessorRecord(part).Bytes() + MemoryArrayRecord({2}).Bytes() +
+                    MemoryDeviceRecord({3, 2, "", 1, 1, byte, kDdr2, trait}).Bytes());
+        const std::string line = std::string(gCpu_tbl[0]->cpuName) + ", " +
+                                 std::to_string(gMemoryMod[0]->memModuleType) + ", " +
+                                 std::to_string(gMemoryMod[0]->memModuleTechnology) + "\n";
+        if (line != "Other, 1, 1\n") listing += std::to_string(code) + ": " + line;
+    }
+    ExpectStored("smbparse/codes.txt", listing);
 }
 
 TEST(Processors, BeyondTheTablesAreLeftOutWithANote) {
