@@ -38,18 +38,16 @@ TEST(SetUid, StaysSetForTheNextRun) {
 }
 
 struct WordsCase {
-    int count;
     char third[8];
     const char* output;
 };
 
 // The command tree lets only ON and OFF through; the handler itself takes any word that begins so.
 constexpr WordsCase kWords[] = {
-    {2, "", "\nhelp"},
-    {3, "O", "\nInvalid argument(s)\nhelp"},
-    {3, "OF", "\nInvalid argument(s)\nhelp"},
-    {3, "ONCE", "\nERROR: \"SET UID\" command failed."},  // there is no driver here
-    {3, "OFFSET", "\nERROR: \"SET UID\" command failed."},
+    {"O", "\nInvalid argument(s)\nhelp"},
+    {"OF", "\nInvalid argument(s)\nhelp"},
+    {"ONCE", "\nERROR: \"SET UID\" command failed."},  // there is no driver here
+    {"OFFSET", "\nERROR: \"SET UID\" command failed."},
 };
 
 TEST(SetUid, TakesWordsThatBeginWithOnOrOff) {
@@ -57,7 +55,7 @@ TEST(SetUid, TakesWordsThatBeginWithOnOrOff) {
     current_command = &node;
     for (WordsCase c : kWords) {
         InputLineType line{};
-        line.NumWords = c.count;
+        line.NumWords = 3;
         line.Words[2] = c.third;
         testing::internal::CaptureStdout();
         EXPECT_EQ(do_set_uid(&line), 1);
