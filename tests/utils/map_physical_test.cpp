@@ -62,4 +62,7 @@ TEST(MapPhysical, MapsTheWholePagesAroundARangeAndGivesThemBack) {
         zetUnMapPhys32UnCache(mapped, static_cast<unsigned int>(c.length));
         EXPECT_EQ(machine.TakeTrace(), c.trace) << c.catches;
     }
+    machine.Remove("xsvc");
+    EXPECT_EQ(zetMapPhys32UnCache(0xF0000, 16), nullptr);
+    EXPECT_EQ(machine.TakeTrace(), "xsvc open -> -1 errno=2\n") << "a map or a close without a device";
 }
