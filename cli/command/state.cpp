@@ -17,6 +17,7 @@ unsigned char zthmac[kMaxEmbeddedNics * sizeof(smbios_nic)];
 unsigned char fSMBiosInited = 0;
 SMBIOSEntryPoint EPS;
 unsigned char* pSMBTables = nullptr;
+uint16_t* smb_record_sizes = nullptr;
 
 int smbios_available = 0;
 char system_name[64];
@@ -49,7 +50,7 @@ constexpr Variable kVariables[] = {
     script_mode, got_kelm,
     cdt_fd, cevt_fd, casr_fd, crom_fd,
     embedded_nics_installed, zthmac,
-    fSMBiosInited, EPS, pSMBTables,
+    fSMBiosInited, EPS, pSMBTables, smb_record_sizes,
     smbios_available, system_name, gCpu_tbl, gCache_tbl, gMemoryMod, processors_left_out, memory_modules_left_out,
     History, history_index,
 };
@@ -68,6 +69,7 @@ bool is_tr500k2() {
 
 void ResetState() {
     std::free(pSMBTables);
+    std::free(smb_record_sizes);
     FreeAll(gCpu_tbl);
     FreeAll(gCache_tbl);
     FreeAll(gMemoryMod);

@@ -29,6 +29,7 @@ smbios_nic& EmbeddedNic(int index);
 extern unsigned char fSMBiosInited;  // TRUE: there is a copy
 extern SMBIOSEntryPoint EPS;         // the entry point that was found last
 extern unsigned char* pSMBTables;    // EPS.wSTLength bytes, then one more that is 0; null without a copy
+extern uint16_t* smb_record_sizes;   // by the record's place in the copy; behind the last record a 0
 
 // The inventory taken from it. A table is filled from its first entry on, without gaps; the first null ends
 // its used part.

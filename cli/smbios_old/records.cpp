@@ -31,13 +31,27 @@ size_t SizeOfStrings(const unsigned char* strings) {
     return left;
 }
 
-// The first byte behind a record: the next record, if there is one.
-unsigned char* EndOf(unsigned char* record) {
+// The size of a record and its strings, up to the place of the next record.
+size_t Measure(unsigned char* record) {
     unsigned char* strings = StringsOf(record);
-    return strings + std::min(SizeOfStrings(strings) + 1, BytesFrom(strings));
+    const unsigned char* end = strings + std::min(SizeOfStrings(strings) + 1, BytesFrom(strings));
+    return static_cast<size_t>(end - record);
+}
+
+// What Measure found, 0 where no record begins.
+uint16_t& SizeOf(const unsigned char* record) {
+    return smb_record_sizes[record - pSMBTables];
 }
 
 }  // namespace
+
+void SmbMeasureRecords() {
+    unsigned char* record = pSMBTables;
+    for (; BeginsRecord(record); record += SizeOf(record)) {
+        SizeOf(record) = static_cast<uint16_t>(Measure(record));
+    }
+    SizeOf(record) = 0;
+}
 
 Bytes SmbFormattedArea(const void* pRecord) {
     const auto* record = static_cast<const unsigned char*>(pRecord);
@@ -46,8 +60,8 @@ Bytes SmbFormattedArea(const void* pRecord) {
 
 BOOL SmbGetRecord(unsigned char** ppRecord) {
     if (pSMBTables == nullptr) return FALSE;
-    unsigned char* next = *ppRecord != nullptr ? EndOf(*ppRecord) : pSMBTables;
-    if (!BeginsRecord(next)) return FALSE;
+    unsigned char* next = *ppRecord != nullptr ? *ppRecord + SizeOf(*ppRecord) : pSMBTables;
+    if (SizeOf(next) == 0) return FALSE;
     *ppRecord = next;
     return TRUE;
 }

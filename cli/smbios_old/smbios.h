@@ -25,6 +25,10 @@ void DeinitSMBIOS();
 // TRUE while there is a copy.
 BOOL IsSMBIOSAvailable();
 
+// Measures the records of the copy, for InitSMBIOS. The program comes to each of them some dozen times; to
+// find the end of its strings each time took more than all that it reads.
+void SmbMeasureRecords();
+
 // Copies physical memory. offset: its address. buffer: at least size bytes; left as it was on failure.
 // Result: FALSE, with a line on standard error, when the memory can't be read.
 BOOL ReadPhysMem(unsigned int offset, unsigned int size, unsigned char* buffer);

@@ -66,11 +66,13 @@ BOOL InitSMBIOS() {
 
     // One byte more than the tables have: it stays 0, and ends a last string that is cut short.
     pSMBTables = static_cast<unsigned char*>(std::calloc(1, EPS.wSTLength + size_t{1}));
-    if (pSMBTables == nullptr) return FALSE;
-    if (ReadPhysMem(EPS.dwSTAddr, EPS.wSTLength, pSMBTables) != TRUE) {
+    smb_record_sizes = static_cast<uint16_t*>(std::malloc((EPS.wSTLength + size_t{1}) * sizeof(uint16_t)));
+    if (pSMBTables == nullptr || smb_record_sizes == nullptr ||
+        ReadPhysMem(EPS.dwSTAddr, EPS.wSTLength, pSMBTables) != TRUE) {
         DeinitSMBIOS();
         return FALSE;
     }
+    SmbMeasureRecords();
     fSMBiosInited = TRUE;
     return TRUE;
 }
@@ -78,7 +80,9 @@ BOOL InitSMBIOS() {
 void DeinitSMBIOS() {
     fSMBiosInited = FALSE;
     std::free(pSMBTables);
+    std::free(smb_record_sizes);
     pSMBTables = nullptr;
+    smb_record_sizes = nullptr;
 }
 
 BOOL IsSMBIOSAvailable() {
