@@ -33,7 +33,7 @@ void ReadTree(const std::string& text) {
     PiclTree tree;
     tree.Read("picl", text);
     uint32_t value = 0;
-    for (const PiclNode& node : tree.Nodes()) FindProperty(node, "DeviceID", value);
+    for (const PiclNode& node : tree.Nodes()) tree.FindProperty(node, "DeviceID", value);
     find_kelm();
 }
 

@@ -39,7 +39,7 @@ int ReadState(void* block) {
 }
 
 int SetState(const char* text) {
-    const Change change(kCasr.name);
+    const DeviceChange change(kCasr.name);
     if (!change) return AnswerForMissing();
     if (!OpenFile(change.Directory(), kStateFile)) return AnswerForMissing();
     return change.Replace(kStateFile, text);

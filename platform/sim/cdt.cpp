@@ -41,7 +41,7 @@ int Report(const DT_IOCTL& block) {
 // Stores an indicator's new state, then reports the record that has been stored.
 int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
     const RecordName name(block.DtHdr);
-    const Change change(kCdt.name);
+    const DeviceChange change(kCdt.name);
     if (!change) return AnswerForMissing();
     const Descriptor file = OpenFile(change.Directory(), name.text);
     if (!file) return AnswerForMissing();

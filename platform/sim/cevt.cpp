@@ -1,4 +1,5 @@
 // The event log: one file, `hlog`, of entries one after the other.
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -53,7 +54,7 @@ bool NextChangeShows(const Identity& file) {
     constexpr double kLongEnough = 0.05;  // seconds
     timespec now;
     clock_gettime(CLOCK_REALTIME, &now);
-    return std::difftime(now.tv_sec, file.changed.tv_sec) +
+    return static_cast<double>(now.tv_sec - file.changed.tv_sec) +
                static_cast<double>(now.tv_nsec - file.changed.tv_nsec) / 1e9 >
            kLongEnough;
 }
@@ -89,7 +90,7 @@ int Log::Follow() {
         path_ = machine_ + '/' + kCevt.name + '/' + kLogFile;
     }
     struct stat status;
-    if (stat(path_.c_str(), &status) != 0) return AnswerForMissing();
+    if (fstatat(AT_FDCWD, path_.c_str(), &status, 0) != 0) return AnswerForMissing();
     return identity_ && *identity_ == Identity(status) ? 0 : Open();
 }
 
@@ -133,7 +134,7 @@ int Read(const LOG_INFO& block, void* entry) {
 }
 
 int Clear() {
-    const Change change(kCevt.name);
+    const DeviceChange change(kCevt.name);
     if (!change) return -errno;
     return change.Replace(kLogFile, {});
 }

@@ -39,14 +39,14 @@ bool WriteNewFile(const Descriptor& directory, mode_t permissions, std::string_v
 
 }  // namespace
 
-Change::Change(const char* device) : directory_(OpenDevice(device)) {
+DeviceChange::DeviceChange(const char* device) : directory_(OpenDevice(device)) {
     if (!directory_) return;
     int locked = flock(directory_.Get(), LOCK_EX);
     while (locked != 0 && errno == EINTR) locked = flock(directory_.Get(), LOCK_EX);
     if (locked != 0) directory_ = Descriptor();
 }
 
-int Change::Replace(const char* name, std::string_view bytes) const {
+int DeviceChange::Replace(const char* name, std::string_view bytes) const {
     const int directory = directory_.Get();
     if (WriteNewFile(directory_, PermissionsOf(directory_, name), bytes) &&
         renameat(directory, kNewFile, directory, name) == 0) {

@@ -6,11 +6,11 @@
 
 #include "platform/sim/machine_directory.h"
 
-class Change {
+class DeviceChange {
   public:
     // Waits for the lock of a device's directory; it is held until the scope ends. What is read meanwhile is
     // what the replacement will replace.
-    explicit Change(const char* device);
+    explicit DeviceChange(const char* device);
 
     explicit operator bool() const { return static_cast<bool>(directory_); }  // false: failed, errno is set
     const Descriptor& Directory() const { return directory_; }

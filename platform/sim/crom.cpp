@@ -66,7 +66,7 @@ int Read(EV_IOCTL_STRUCT& block) {
 }
 
 int Write(const EV_IOCTL_STRUCT& block) {
-    const Change change(kCrom.name);
+    const DeviceChange change(kCrom.name);
     if (!change) return -errno;
 
     std::string value;

@@ -90,7 +90,7 @@ int picl_get_propval_by_name(picl_nodehdl_t node, const char* name, void* value,
     if (found == nullptr) return PICL_INVALIDHANDLE;
 
     uint32_t number = 0;
-    if (!FindProperty(*found, name, number)) return PICL_PROPNOTFOUND;
+    if (!Tree().FindProperty(*found, name, number)) return PICL_PROPNOTFOUND;
     if (size < sizeof number) return PICL_VALUETOOBIG;
     std::memcpy(value, &number, sizeof number);
     return PICL_SUCCESS;

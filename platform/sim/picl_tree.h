@@ -8,10 +8,15 @@
 #include <string_view>
 #include <vector>
 
+struct PiclProperty {
+    std::string_view name;  // in the tree's text
+    uint32_t value;
+};
+
 struct PiclNode {
-    size_t level;                 // 0: the root
-    std::string_view class_name;  // in the tree's text
-    std::string_view properties;  // name=value, separated by blanks; all of them well formed
+    size_t level;                       // 0: the root
+    std::string_view class_name;        // in the tree's text
+    size_t properties, properties_end;  // its own among those of the tree
 };
 
 class PiclTree {
@@ -24,10 +29,14 @@ class PiclTree {
     // The nodes in file order, so that what stands below a node follows it at higher levels.
     const std::vector<PiclNode>& Nodes() const { return nodes_; }
 
+    // A node's property. False, with value as it was, when it has none of that name.
+    bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value) const;
+
   private:
+    bool ReadNode(std::string_view line, size_t indentation);
+    bool ReadProperties(std::string_view text);
+
     std::string text_;
     std::vector<PiclNode> nodes_;
+    std::vector<PiclProperty> properties_;
 };
-
-// A node's property. False, with value as it was, when it has none of that name.
-bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value);
