@@ -8,7 +8,6 @@
 
 #include "cli/brantcli/brantcli.h"
 #include "cli/eventstr/eventstr.h"
-#include "cli/misc-commands/event_class.h"
 #include "cli/misc-commands/event_log.h"
 #include "cli/parse/completion.h"
 #include "tools/mkmachine/events.h"

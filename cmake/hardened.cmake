@@ -15,6 +15,7 @@ set(release "$<CONFIG:Release>")
 set(pie "$<AND:${release},$<BOOL:${BRANT_HAS_PIE}>>")
 add_library(hardened INTERFACE)
 target_compile_options(hardened INTERFACE
+  "$<${release}:-ffunction-sections;-fdata-sections>"
   "$<${release}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_STACK_PROTECTOR}>>:-fstack-protector-strong>"
   "$<${pie}:-fPIE>")
@@ -22,8 +23,8 @@ target_link_options(hardened INTERFACE
   "$<${pie}:-pie>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_RELRO}>>:-Wl,-z,relro,-z,now>")
 
-# For the programs: the C++ library and the compiler's support library are linked in, without the parts that
-# nothing uses. To load and bind them takes four times as long as all that a command does. The C library is the
+# For the programs: the C++ library and the compiler's support library are linked in, and what nothing uses of them
+# and of our own code is left out. To load and bind them takes four times as long as all that a command does. The C library is the
 # system's and stays shared.
 check_linker_flag(CXX -Wl,--gc-sections BRANT_HAS_GC_SECTIONS)
 add_library(own_cxx_library INTERFACE)

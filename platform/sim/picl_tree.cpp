@@ -8,6 +8,7 @@
 namespace {
 
 constexpr size_t kBlanksPerLevel = 2;
+constexpr size_t kUsualSize = 32;  // nodes, and properties, of a machine
 
 // Takes the next of the words that blanks separate; empty at the end.
 std::string_view TakeWord(std::string_view& text) {
@@ -32,6 +33,8 @@ bool ReadProperty(std::string_view word, PiclProperty& property) {
 void PiclTree::Read(const char* file, std::string text) {
     nodes_.clear();
     properties_.clear();
+    nodes_.reserve(kUsualSize);
+    properties_.reserve(kUsualSize);
     text_ = std::move(text);
     size_t skipped = SIZE_MAX;  // the indentation of a line that was skipped: so is what stands below it
     for (Lines lines(file, text_); lines.Take();) {
