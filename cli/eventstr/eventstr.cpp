@@ -43,7 +43,11 @@ int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCod
     }
     if (!out.Empty() || out.Cut()) return 1;
 
-    out.Format("Unknown Event (Class %d, Code %d)", wEventClass, wEventCode);
+    out.Text("Unknown Event (Class ");
+    out.Number(wEventClass);
+    out.Text(", Code ");
+    out.Number(wEventCode);
+    out.Text(")");
     return 0;
 }
 

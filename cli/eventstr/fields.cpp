@@ -40,25 +40,27 @@ void Char2Str(uint8_t bValue, TextWriter& out) {
 
 void GetTemp(uint8_t bTemp, TextWriter& out) {
     if (bTemp == kUnknownByte) return out.Text(szUnknown);
-    out.Format("%uC", bTemp);
+    out.Number(bTemp);
+    out.Letter('C');
 }
 
 void Dword2Str(uint32_t dwValue, TextWriter& out) {
     if (dwValue == kUnknownDword) return out.Text(szUnknown);
-    out.Format("%u", dwValue);
+    out.Number(dwValue);
 }
 
 void Dword2HexStr(uint32_t dwValue, TextWriter& out) {
     if (dwValue == kUnknownDword) return out.Text(szUnknown);
-    out.Format("0x%08X", dwValue);
+    out.Text("0x");
+    out.Hex(dwValue, 8);
 }
 
 void PlainByte(uint8_t value, TextWriter& out) {
-    out.Format("%u", value);
+    out.Number(value);
 }
 
 void PlainHexByte(uint8_t value, TextWriter& out) {
-    out.Format("%02X", value);
+    out.Hex(value, 2);
 }
 
 void GetBCDString(uint8_t bBCD, TextWriter& out) {
@@ -67,11 +69,14 @@ void GetBCDString(uint8_t bBCD, TextWriter& out) {
 }
 
 void PlainWord(uint16_t value, TextWriter& out) {
-    out.Format("%u", value);
+    out.Number(value);
 }
 
 void BoardPrefix(uint8_t bBoard, TextWriter& out) {
-    if (bBoard != 0) out.Format("Board %u, ", bBoard);
+    if (bBoard == 0) return;
+    out.Text("Board ");
+    out.Number(bBoard);
+    out.Text(", ");
 }
 
 void GetSASPort(const uint8_t (&szPortID)[2], TextWriter& out) {
@@ -132,7 +137,9 @@ void GetChassisEx(Bytes payload, size_t offset, TextWriter& out) {
         return out.Text(name.substr(0, kSerialNumberShown));
     }
     const EVT_CHASSIS chassis = ChassisOf(payload);
-    out.Format("Enclosure Address %02X%02X", chassis.bId, chassis.bPort);
+    out.Text("Enclosure Address ");
+    out.Hex(chassis.bId, 2);
+    out.Hex(chassis.bPort, 2);
 }
 
 void GetChassis(Bytes payload, size_t offset, TextWriter& out) {

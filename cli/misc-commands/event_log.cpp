@@ -13,6 +13,7 @@
 #include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"
+#include "src/utils/text_writer.h"
 #include "src/utils/word_table.h"
 
 namespace {
@@ -20,7 +21,8 @@ namespace {
 // The length preset in the entry, what the driver may fill: a header and 256 bytes of payload of a read's
 // 296.
 constexpr size_t kNotPreset = kEventReadSize - 284;
-constexpr int kTextSize = 256;  // bytes of an event's text, the terminating zero included
+constexpr int kTextSize = 256;        // bytes of an event's text, the terminating zero included
+constexpr int kRoomAroundText = 128;  // bytes of an entry's lines beside its text, at the most
 constexpr int kRequestsAScreen = 6;
 constexpr int kMostTooSmall = 2 * kRequestsAScreen;  // such answers in a row, after which the listing ends
 
@@ -103,17 +105,44 @@ void BlankUnprintable(char* text) {
     }
 }
 
+// "03/15/2006 14:07".
+void WriteTime(const EVT_TIME_STAMP& time, TextWriter& out) {
+    out.Number(time.bMonth, 2);
+    out.Letter('/');
+    out.Number(time.bDay, 2);
+    out.Letter('/');
+    out.Number(time.bCentury, 2);
+    out.Number(time.bYear, 2);
+    out.Letter(' ');
+    out.Number(time.bHour, 2);
+    out.Letter(':');
+    out.Number(time.bMinute, 2);
+}
+
+// The lines of an entry, put together here and printed at once: a printf for each would take most of the time
+// of a long listing.
 void ShowEvent(EVT_LOG_ENTRY& entry) {
     char text[kTextSize];
     TranslateEventLogMessage(&entry, text, sizeof text);
     BlankUnprintable(text);
 
     const EVT_HEADER& header = entry.Hdr;
-    const EVT_TIME_STAMP& time = header.UpdateTime;
-    std::printf("\nEvent: %d Added: ", static_cast<int32_t>(header.dwEvtNumber));
-    std::printf("%02d/%02d/%02d%02d %02d:%02d", time.bMonth, time.bDay, time.bCentury, time.bYear, time.bHour,
-                time.bMinute);
-    std::printf("\n%s: %s - %s.\n", SeverityWord(header.bSeverity), EventClassName(header.wClass), text);
+    const bool negative = header.dwEvtNumber > INT32_MAX;  // the number is shown as a signed one
+    char lines[kTextSize + kRoomAroundText];
+    TextWriter out(lines, sizeof lines);
+    out.Text("\nEvent: ");
+    if (negative) out.Letter('-');
+    out.Number(negative ? -header.dwEvtNumber : header.dwEvtNumber);
+    out.Text(" Added: ");
+    WriteTime(header.UpdateTime, out);
+    out.Letter('\n');
+    out.Text(SeverityWord(header.bSeverity));
+    out.Text(": ");
+    out.Text(EventClassName(header.wClass));
+    out.Text(" - ");
+    out.Text(text);
+    out.Text(".\n");
+    std::fwrite(lines, 1, out.Length(), stdout);
 }
 
 // Shows the log from its lowest number on. Result: the command's.

@@ -1,8 +1,6 @@
 #include "src/utils/text_writer.h"
 
-#include <algorithm>
-#include <cstdarg>
-#include <cstdio>
+#include <iterator>
 
 TextWriter::TextWriter(char* buffer, size_t size) : begin_(buffer), next_(buffer), last_(buffer + size - 1) {
     *next_ = '\0';
@@ -20,18 +18,18 @@ void TextWriter::Text(std::string_view text) {
     *next_ = '\0';
 }
 
-void TextWriter::Format(const char* format, ...) {
-    const size_t room = static_cast<size_t>(last_ - next_);
-    va_list arguments;
-    va_start(arguments, format);
-    const int wanted = std::vsnprintf(next_, room + 1, format, arguments);
-    va_end(arguments);
-    if (wanted < 0) {
-        *next_ = '\0';
-        cut_ = true;
-        return;
-    }
-    const size_t length = std::min(static_cast<size_t>(wanted), room);
-    cut_ = cut_ || length < static_cast<size_t>(wanted);
-    next_ += length;
+void TextWriter::Number(uint32_t value, int digits) {
+    Digits(value, 10, digits);
+}
+
+void TextWriter::Hex(uint32_t value, int digits) {
+    Digits(value, 16, digits);
+}
+
+void TextWriter::Digits(uint32_t value, uint32_t base, int least) {
+    char digits[10];  // as many as a value has in decimal
+    char* const end = std::end(digits);
+    char* first = end;
+    for (; value != 0 || end - first < least; value /= base) *--first = "0123456789ABCDEF"[value % base];
+    Text({first, static_cast<size_t>(end - first)});
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 class TextWriter {
@@ -13,14 +14,17 @@ class TextWriter {
 
     void Letter(char letter);
     void Text(std::string_view text);
-    // As printf prints it, straight into the room that is left.
-    __attribute__((format(printf, 2, 3))) void Format(const char* format, ...);
+    // Each with zeros in front up to so many digits, at most 10.
+    void Number(uint32_t value, int digits = 1);  // decimal
+    void Hex(uint32_t value, int digits);         // hexadecimal, upper case
 
     bool Empty() const { return next_ == begin_; }
     bool Cut() const { return cut_; }  // whether anything was dropped
     size_t Length() const { return static_cast<size_t>(next_ - begin_); }
 
   private:
+    void Digits(uint32_t value, uint32_t base, int least);
+
     char* begin_;
     char* next_;  // the terminator's place
     char* last_;  // the buffer's last byte

@@ -68,9 +68,9 @@ TEST(TextWriter, CutsTheEndAndKeepsTheStart) {
     out.Text({});
     out.Text("ab");
     EXPECT_STREQ(buffer, "ab");
-    out.Format("%d", 712);
+    out.Number(712);
     EXPECT_FALSE(out.Cut()) << "a text that fits exactly";
-    out.Format("%d", 3);
+    out.Number(3);
     EXPECT_TRUE(out.Cut());
     out.Letter('x');
     EXPECT_EQ(std::string(buffer, sizeof buffer), std::string("ab712\0#\0", 8));
