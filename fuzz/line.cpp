@@ -17,6 +17,7 @@
 #include "cli/pci/kelm.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "fuzz/target.h"
+#include "tests/support/program_state.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/events.h"
 #include "tools/mkmachine/models.h"

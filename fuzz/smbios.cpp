@@ -12,6 +12,7 @@
 #include "fuzz/target.h"
 #include "include/bios_area.h"
 #include "tests/support/loaded_tables.h"
+#include "tests/support/program_state.h"
 #include "tools/mkmachine/smbios_table.h"
 
 namespace {

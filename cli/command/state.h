@@ -1,8 +1,6 @@
 // What start-up finds out once and commands read: every variable that outlives a command, in one place.
 #pragma once
 
-#include <string>
-
 #include "include/smbios_records.h"
 
 struct ZET_CPU;  // cli/smbparse/smbparse.h
@@ -51,14 +49,3 @@ constexpr int kHistorySlots = 50;
 constexpr int kHistorySlotSize = 256;  // bytes
 extern char* History[kHistorySlots];
 extern int history_index;
-
-// For programs that start up more than once, such as tests and fuzz targets.
-
-// Frees what start-up allocated and puts every variable back to what it is before start-up. The devices
-// aren't closed.
-void ResetState();
-
-// All variables as one value, with which to return to one start-up after another. What they point to isn't
-// copied: it is freed once, by ResetState, while they are in place.
-std::string StateNow();
-void ReturnToState(const std::string& state);

@@ -11,6 +11,7 @@
 #include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/history.h"
+#include "tests/support/program_state.h"
 #include "tests/support/screen.h"
 
 namespace {

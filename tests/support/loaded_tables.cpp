@@ -1,6 +1,7 @@
 #include "tests/support/loaded_tables.h"
 
 #include "cli/command/state.h"
+#include "tests/support/program_state.h"
 #include "tools/mkmachine/smbios_table.h"
 
 LoadedTables::LoadedTables() {
