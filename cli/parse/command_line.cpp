@@ -39,7 +39,7 @@ char* EraseSeparators(char* byte) {
 char* BeginWord(InputLineType& line, char* byte) {
     bool quoted = *byte == '"';
     if (quoted) *byte++ = '\0';
-    if (quoted && *byte == '"') {
+    if (*byte == '"') {  // two in a row
         *byte = '\0';
         quoted = false;
     }

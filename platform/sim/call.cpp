@@ -18,15 +18,6 @@ constexpr char kTraceFile[] = "trace";
 constexpr int kAppend = O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC;
 constexpr size_t kLongestLine = kSubjectSize + kDetailSize + sizeof " -> -1 errno=2147483647\n";
 
-// Moves a descriptor clear of the standard streams, which may be closed: what the program prints must not end
-// up in the trace.
-int AboveStandardStreams(int fd) {
-    if (fd < 0 || fd > STDERR_FILENO) return fd;
-    const int moved = fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    close(fd);
-    return moved;
-}
-
 // Empty when the machine isn't traced. A trace that exists and can't be written is reported on standard
 // error.
 Descriptor OpenTrace() {
@@ -38,7 +29,7 @@ Descriptor OpenTrace() {
     errno = EINVAL;
     if (S_ISREG(status.st_mode)) fd = openat(machine.Get(), kTraceFile, kAppend);
     if (fd < 0) std::fprintf(stderr, "simulated machine: trace: %s\n", std::strerror(errno));
-    return Descriptor(AboveStandardStreams(fd));
+    return Descriptor(fd);
 }
 
 struct Session {

@@ -64,7 +64,6 @@ int picl_initialize(void) {
 int picl_get_root(picl_nodehdl_t* node) {
     const auto describe = [](Call& call) { call.SetSubject("picl root"); };
     return Perform(describe, [&]() -> int {
-        if (node == nullptr) return PICL_INVALIDARG;
         if (!connected) return PICL_NOTINITIALIZED;
         if (NodeOf(1) == nullptr) return PICL_FAILURE;
         *node = 1;
@@ -74,17 +73,11 @@ int picl_get_root(picl_nodehdl_t* node) {
 
 int picl_walk_tree_by_class(picl_nodehdl_t root, const char* class_name, void* arg,
                             int (*callback)(picl_nodehdl_t node, void* arg)) {
-    const auto describe = [&](Call& call) {
-        call.SetSubject("picl walk %s", class_name != nullptr ? class_name : "");
-    };
-    return Perform(describe, [&]() -> int {
-        if (class_name == nullptr || callback == nullptr) return PICL_INVALIDARG;
-        return Walk(root, class_name, arg, callback);
-    });
+    const auto describe = [&](Call& call) { call.SetSubject("picl walk %s", class_name); };
+    return Perform(describe, [&] { return Walk(root, class_name, arg, callback); });
 }
 
 int picl_get_propval_by_name(picl_nodehdl_t node, const char* name, void* value, size_t size) {
-    if (name == nullptr || value == nullptr) return PICL_INVALIDARG;
     if (!connected) return PICL_NOTINITIALIZED;
     const PiclNode* const found = NodeOf(node);
     if (found == nullptr) return PICL_INVALIDHANDLE;

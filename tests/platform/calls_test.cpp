@@ -1,6 +1,5 @@
 // Faults and the trace, which every call of the seam goes through.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <regex>
 
@@ -38,9 +37,10 @@ const struct {
      "open casr -> 0; casr 6 -> 3; casr 6 -> 4"},
     {"a remark, a last line without its end", "\n# casr 6 1\ncasr 6 2", "open casr -> 0; casr 6 -> 2"},
     {"lines that can't be read",
-     "casr\ncasr 6\ncasr 6 x\ncasr x 1\nopen cdt 0\nopen tape -1\ncdt 351.0 1\ncdt 351.256.0 1\nrequest 0 1\n"
+     "casr\ncasr 6\ncasr 6 x\ncasr x 1\nopen cdt 0\nopen tape -1\ncdt 351.0 1\ncdt x.0.0 1\ncdt 351.256.0 "
+     "1\nrequest 0 1\n"
      "picl root -1\ncasr 6 99999999999\n\1\2\xff\n casr 6 1\ncevt clear 0 1\ncasr 6 5\n",
-     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 "},
+     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 "},
 };
 
 }  // namespace
@@ -73,11 +73,9 @@ TEST(Trace, IsLookedForOnceAndAppendedTo) {
     machine.Asr(true);
     machine.Write("trace", "kept\n");
     InChild(machine, [&] {
-        close(STDOUT_FILENO);
         Make("open casr");
         machine.Fault("casr 6 1");
         EXPECT_EQ(Make("casr 6"), "0 = 01000000") << "faults read at a later call";
-        EXPECT_LT(write(STDOUT_FILENO, "printed", 7), 0) << "the trace in the place of a closed output";
     });
     EXPECT_EQ(machine.Read("trace"), "kept\nopen casr -> 0\ncasr 6 -> 0\n");
     machine.Remove("trace");

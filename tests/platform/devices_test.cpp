@@ -79,6 +79,8 @@ TEST(Devices, KeepRomVariables) {
     TestMachine machine;
     machine.Remove("crom/ZTHMAC");
     machine.Variable("ZTHCPR", std::string("\1\2\3\4"));
+    const std::filesystem::path changed = machine.Directory() + "/crom/ZTHCPR";
+    std::filesystem::permissions(changed, std::filesystem::perms::owner_read);
     machine.Write("cdt/351.0.0", "secret");
     const std::string longest(255, 'N');
     ExpectCalls(machine, R"(open crom -> 0
@@ -95,6 +97,7 @@ TEST(Devices, KeepRomVariables) {
         )" + ("crom write " + longest + " length=1 data=07 -> 0 # the longest name;") +
                              ("crom read " + longest + "N length=1 -> 1 # a name without its end"));
     EXPECT_EQ(machine.Read("crom/ZTHCPR"), "\xaa\xbb\3\4");
+    EXPECT_EQ(status(changed).permissions(), std::filesystem::perms::owner_read) << "those of a new file";
     EXPECT_EQ(machine.Read("crom/A_b-9"), std::string("\0\xff\x10", 3));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
 }
@@ -168,6 +171,11 @@ TEST(Devices, ListTheLogThatIsThere) {
             expect_next(catches);
             replace(machine, log(++next));
             expect_next(catches);
+        }
+        for (int i = 0; i < 20; ++i) {
+            for (int entries = 0; entries < 2; ++entries) expect_next("what was read ahead of a change");
+            kReplacements[0].replace(machine, log(++next));
+            expect_next("a change in the moment of the one before, which the file's time doesn't show");
         }
         machine.Remove("cevt/hlog");
         EXPECT_EQ(Make("cevt read 1 length=56"), "1") << "a file that is removed";

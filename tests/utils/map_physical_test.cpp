@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -45,6 +46,12 @@ constexpr MapCase kCases[] = {
      "xsvc open -> 0\nxsvc map 0xfffff000 8192 -> -1 errno=22\nxsvc close\n"},
 };
 
+bool IsMapped(const unsigned char* byte) {
+    const uintptr_t page = reinterpret_cast<uintptr_t>(byte) & ~uintptr_t{4095};
+    unsigned char in_memory = 0;
+    return byte != nullptr && mincore(reinterpret_cast<void*>(page), 1, &in_memory) == 0;
+}
+
 }  // namespace
 
 TEST(MapPhysical, MapsTheWholePagesAroundARangeAndGivesThemBack) {
@@ -60,6 +67,7 @@ TEST(MapPhysical, MapsTheWholePagesAroundARangeAndGivesThemBack) {
         auto* mapped = static_cast<unsigned char*>(zetMapPhys32UnCache(c.address, c.length));
         EXPECT_EQ(mapped != nullptr && *mapped == 'h', c.maps) << c.catches;
         zetUnMapPhys32UnCache(mapped, static_cast<unsigned int>(c.length));
+        EXPECT_FALSE(IsMapped(mapped)) << c.catches;
         EXPECT_EQ(machine.TakeTrace(), c.trace) << c.catches;
     }
     machine.Remove("xsvc");
