@@ -9,9 +9,8 @@
 #include <cstring>
 #include <exception>
 
-#include "brantexport/prometheus.h"
 #include "brantexport/sections.h"
-#include "cli/brantcli/firmware.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/pci/kelm.h"
 #include "src/utils/standard_streams.h"

@@ -1,4 +1,4 @@
-#include "brantexport/prometheus.h"
+#include "brantexport/sections.h"
 
 #include <cstdio>
 #include <set>

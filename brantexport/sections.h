@@ -2,9 +2,20 @@
 // and numbers, and give them names.
 #pragma once
 
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
 #include <vector>
 
-#include "brantexport/json.h"
+// Members stay in the order in which they are added.
+using Json = nlohmann::ordered_json;
+
+// A text of the firmware or the driver. Its bytes may be any; those that aren't ASCII are taken for the
+// characters with their numbers.
+Json Text(std::string_view bytes);
+
+// A word of the shell's displays, in lower case; null for null.
+Json Word(const char* word);
 
 // What could not be read: an entry for each, with its section and a sentence.
 class Errors {
@@ -42,3 +53,7 @@ Json ReadAsr(Errors& errors);
 Json ReadSettings(Errors& errors);  // settings.cpp
 Json ReadVersions(Errors& errors);
 Json ReadEvents(Errors& errors);  // events.cpp
+
+// The exported values as Prometheus's text format has them: gauges with labels.
+// document: what is exported as JSON, sections and errors. A value that is null has no sample.
+std::string PrometheusText(const Json& document);

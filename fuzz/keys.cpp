@@ -7,8 +7,7 @@
 #include "cli/brantcli/brantcli.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
-#include "cli/parse/history.h"
-#include "cli/parse/keys.h"
+#include "cli/parse/keyboard.h"
 #include "fuzz/target.h"
 
 namespace {

@@ -7,13 +7,11 @@
 #include <vector>
 
 #include "cli/brantcli/brantcli.h"
-#include "cli/brantcli/firmware.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/parse/command_line.h"
 #include "cli/parse/command_tree.h"
-#include "cli/parse/completion.h"
-#include "cli/parse/help.h"
-#include "cli/parse/keys.h"
+#include "cli/parse/keyboard.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "fuzz/target.h"

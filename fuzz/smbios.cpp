@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <cstring>
 
-#include "cli/brantcli/firmware.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "fuzz/target.h"
-#include "include/bios_area.h"
+#include "include/smbios_records.h"
 #include "tests/support/loaded_tables.h"
 #include "tests/support/program_state.h"
 #include "tools/mkmachine/smbios_table.h"

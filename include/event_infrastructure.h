@@ -2,7 +2,7 @@
 // The conventions: event_payloads.h.
 #pragma once
 
-#include "include/event_chassis.h"
+#include "include/event_log.h"
 
 #pragma pack(push, 1)
 

@@ -2,7 +2,7 @@
 // 14, 20, 32 and 33. The conventions: event_payloads.h.
 #pragma once
 
-#include "include/event_chassis.h"
+#include "include/event_log.h"
 
 #pragma pack(push, 1)
 

@@ -5,9 +5,9 @@
 
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
-#include "include/bios_area.h"
+#include "include/smbios_records.h"
 #include "platform/picl.h"
-#include "savemachine/pieces.h"
+#include "savemachine/machine_copy.h"
 #include "src/utils/map_physical.h"
 
 namespace {

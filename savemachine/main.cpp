@@ -5,10 +5,10 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "cli/brantcli/firmware.h"
+#include "cli/brantcli/brantcli.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "platform/request.h"
-#include "savemachine/pieces.h"
+#include "savemachine/machine_copy.h"
 #include "src/utils/standard_streams.h"
 
 namespace {

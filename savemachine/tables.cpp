@@ -9,7 +9,7 @@
 #include "include/health_records.h"
 #include "include/memory_records.h"
 #include "platform/request.h"
-#include "savemachine/pieces.h"
+#include "savemachine/machine_copy.h"
 
 namespace {
 

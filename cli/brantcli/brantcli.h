@@ -11,3 +11,25 @@ int do_scripted_command(char* command);
 
 // Runs what is typed at the prompt. EXIT, or the end of the input, ends the process.
 [[noreturn]] void RunPrompt();
+
+// What the start-up of a program has to find out: whether it may run here at all, and what is in this server.
+// program: its name, for the messages.
+
+// Looks for the maker's signature in the BIOS area. Result: 0 when it is there, 1 when it isn't or when the
+// area can't be mapped. Prints nothing.
+int detect_zet_rom();
+
+// False, with a message, when the user isn't root.
+bool CheckUser(const char* program = "brantcli");
+
+// False, with a message, when the ROM isn't the maker's.
+bool CheckRom(const char* program = "brantcli");
+
+// Copies the SMBIOS tables, if there are any, into smbios_available, the inventory and system_name.
+// False, with a message and the copy released, when they are those of another line of servers.
+bool ReadFirmwareTables(const char* program = "brantcli");
+
+// Fill embedded_nics_installed and zthmac, from SMBIOS or else from the ROM. CountEmbeddedNics reports what
+// neither knows.
+void FindEmbeddedNics();
+void CountEmbeddedNics();

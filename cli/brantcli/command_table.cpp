@@ -8,8 +8,8 @@
 #include "cli/brantcli/brantcli.h"
 #include "cli/fan/fan.h"
 #include "cli/misc-commands/misc_commands.h"
+#include "cli/parse/command_line.h"
 #include "cli/parse/command_tree.h"
-#include "cli/parse/help.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/temp/temp.h"
 

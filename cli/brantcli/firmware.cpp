@@ -1,4 +1,4 @@
-#include "cli/brantcli/firmware.h"
+#include "cli/brantcli/brantcli.h"
 
 #include <unistd.h>
 
@@ -10,8 +10,8 @@
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
 #include "cli/smbparse/smbparse.h"
-#include "include/bios_area.h"
 #include "include/rom_variables.h"
+#include "include/smbios_records.h"
 #include "src/utils/map_physical.h"
 
 namespace {

@@ -6,13 +6,12 @@
 #include <cstdio>
 
 #include "cli/brantcli/brantcli.h"
-#include "cli/brantcli/firmware.h"
-#include "cli/command/exit.h"
+#include "cli/command/command.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/history.h"
-#include "cli/parse/terminal.h"
+#include "cli/parse/editor.h"
+#include "cli/parse/keyboard.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
 #include "src/utils/standard_streams.h"

@@ -4,13 +4,13 @@
 #include <cstring>
 
 #include "cli/brantcli/brantcli.h"
-#include "cli/command/exit.h"
+#include "cli/command/command.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/parse/command_line.h"
-#include "cli/parse/history.h"
-#include "cli/parse/terminal.h"
+#include "cli/parse/editor.h"
+#include "cli/parse/keyboard.h"
 #include "cli/smbios_old/smbios.h"
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 int do_scripted_command(char* command) {
     int result = 1;

@@ -1,7 +1,5 @@
 #include "cli/eventstr/fields.h"
 
-#include "cli/eventstr/words.h"
-
 namespace eventstr {
 namespace {
 

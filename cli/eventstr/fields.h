@@ -1,12 +1,12 @@
 // How the fields of a payload print: numbers, letters, texts, and where an event happened. A value that
-// stands for "not known" prints as "Unknown". Bytes that stand for a word: words.h.
+// stands for "not known" prints as "Unknown".
 #pragma once
 
 #include <cstdint>
 
-#include "include/event_chassis.h"
+#include "include/event_log.h"
 #include "src/utils/bytes.h"
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 namespace eventstr {
 
@@ -50,5 +50,26 @@ std::string_view SecondText(Bytes payload, size_t offset);
 
 // Copies a text with its white space normalised: none at either end, one blank for each run inside.
 void CopyAndReformat(TextWriter& out, std::string_view source);
+
+// The words that stand for a byte of a payload (words.cpp). Each gives a constant text; "Unknown" for a byte
+// that no word stands for, unless said otherwise.
+
+extern const char szUnknown[];
+
+const char* GetLocation(uint8_t bLocation);  // the zone of a fan, a temperature or a fuse
+const char* GetRedundancy(uint8_t bRedundancy);
+const char* GetACProblem(uint8_t bACProblem);
+const char* GetInadequatePowerReason(uint8_t bReason);
+const char* GetImproperPowerReason(uint8_t bReason);
+const char* GetRackSide(uint8_t bLocation);  // else "Unknown Location"
+const char* GetEthSwErr(uint8_t bError);
+const char* GetPwrBus(uint8_t bLocation);
+const char* GetPSError(uint8_t bPSError);         // else "Unknown Failure"
+const char* GetFailedPowerModule(uint8_t bType);  // a whole sentence, by converter type
+const char* GetInfMainLocation(uint8_t bLocation);
+const char* GetInfSubLocation(uint8_t bLocation);
+const char* GetInfErrString(uint8_t bErr);
+const char* GetInternalExternal(uint8_t bType);  // of a chassis type; else ""
+const char* GetEnclosureType(uint8_t bType);     // of a chassis type; else ""
 
 }  // namespace eventstr

@@ -9,7 +9,6 @@
 #include <type_traits>
 
 #include "cli/eventstr/fields.h"
-#include "cli/eventstr/words.h"
 
 namespace eventstr {
 
@@ -83,7 +82,7 @@ struct Argument {
     void (*print)(Bytes payload, TextWriter& out) = nullptr;
 };
 
-// A field, and the function of fields.h or words.h that prints it: Field<&EVT_MACH_OVERHEAT::bTemp, GetTemp>.
+// A field, and the function of fields.h that prints it: Field<&EVT_MACH_OVERHEAT::bTemp, GetTemp>.
 template <auto kField, auto kPrint>
 constexpr Argument Field = {true, kRecordOf<kField>, PrintField<kField, kPrint>};
 

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "src/utils/bytes.h"
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 namespace eventstr {
 

@@ -1,9 +1,9 @@
-#include "cli/eventstr/words.h"
+#include "cli/eventstr/fields.h"
 
 #include <cstddef>
 
-#include "include/event_chassis.h"
-#include "src/utils/word_table.h"
+#include "include/event_log.h"
+#include "src/utils/text.h"
 
 namespace eventstr {
 

@@ -4,7 +4,7 @@
 
 #include "cli/command/command.h"
 #include "include/health_records.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 namespace {
 

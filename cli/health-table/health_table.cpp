@@ -3,7 +3,7 @@
 #include <cstdarg>
 #include <cstdio>
 
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 namespace {
 

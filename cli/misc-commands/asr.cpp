@@ -10,7 +10,7 @@
 #include "cli/misc-commands/rom_store.h"
 #include "include/health_records.h"
 #include "platform/request.h"
-#include "src/utils/numbers.h"
+#include "src/utils/text.h"
 
 namespace {
 

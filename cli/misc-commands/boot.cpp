@@ -9,7 +9,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/settings.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 namespace {
 

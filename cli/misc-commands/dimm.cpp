@@ -9,7 +9,7 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/memory_records.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 namespace {
 

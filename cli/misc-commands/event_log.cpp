@@ -13,8 +13,7 @@
 #include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"
-#include "src/utils/text_writer.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // EXIT and QUIT.
 #include <cstdio>
 
-#include "cli/command/exit.h"
+#include "cli/command/command.h"
 #include "cli/misc-commands/misc_commands.h"
 
 int do_exit(InputLineType* /*InputLine*/) {

@@ -5,7 +5,7 @@
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 namespace {
 

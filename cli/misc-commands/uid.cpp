@@ -10,7 +10,7 @@
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 namespace {
 

@@ -19,7 +19,7 @@
 #include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 namespace {
 

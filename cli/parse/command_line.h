@@ -1,5 +1,7 @@
-// A command line: cut into words, and run.
+// A command line: cut into words and run, completed, explained.
 #pragma once
+
+#include <string_view>
 
 #include "cli/command/command.h"
 
@@ -13,3 +15,53 @@ void MakeUpper(char* String);
 // when CmdLine is already filled; 0 to read it from the keyboard. Result: in script mode the command's
 // result, else 1; 1 for an empty line.
 int Command(InputLineType* InputLine, int scriptFlag);
+
+// Completes a line against the command tree. Words end at blanks only, and upper and lower case are the
+// same; quotes mean nothing here.
+
+// A line cut at its blanks.
+struct WordsOfLine {
+    std::string_view words[kMaxWords];  // parts of the line
+    int count = 0;
+    bool all = true;  // false: the line has more words than there is room for
+
+    std::string_view Last() const { return words[count - 1]; }  // only when there are words
+};
+WordsOfLine SplitAtBlanks(std::string_view line);
+
+// What TAB makes of a line.
+struct Completion {
+    int candidates = 0;           // of the word that it ended at; 0: the line stays as it is
+    bool rings = false;           // the last word is ambiguous, or nothing can be done
+    bool last_word_grew = false;  // so that the next TAB isn't the second of a pair
+    char line[kLineSize] = {};    // the line in its normal form: known keywords in upper case, single blanks
+};
+
+// Completes a line as far as the tree knows its words. Nothing can be done when a word is no command, when
+// the line has more than 25 words, and when the completed line couldn't be entered any more.
+Completion CompleteLine(std::string_view line, const CmdType* tree);
+
+// Completes the line that is being edited, kLineSize bytes, in place, and rings the bell where it is due.
+// Result: 0 when the line stays as it was (also, without the bell, when it has no words); 1 when it names one
+// command; else the number of candidates for its last word.
+int TabComplete(char* CmdLine);
+
+// TabComplete; when the last word is ambiguous then, its candidates are printed on a line of their own.
+// Result: 1 when they were.
+int DoubleTabComplete(char* CmdLine);
+
+// How the shell explains itself from the tree's help texts.
+
+// What the help text of every command begins with; the listings of usages leave it out.
+constexpr std::string_view kUsagePrefix = "USAGE:";
+
+// HELP and ?. Result: 1 for HELP TREE, else 0.
+int do_help(InputLineType* InputLine);
+
+// The handler of every inner node: lists the usage of current_command's children. Result: 1.
+int Display_Subcommand_Usage(InputLineType* InputLine);
+
+// Help on a partly typed line of kLineSize bytes, which is completed in place as by TAB. Prints the help text
+// of the command that it names, the alternatives for its last word, or the root's text when it names nothing.
+// Result: 1 when it printed alternatives, else 0.
+int FindHelp(char* CmdLine);

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <new>
 
-#include "cli/command/exit.h"
-#include "cli/parse/help.h"
+#include "cli/command/command.h"
+#include "cli/parse/command_line.h"
 
 CmdType* Cmds = nullptr;
 

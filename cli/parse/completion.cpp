@@ -1,4 +1,4 @@
-#include "cli/parse/completion.h"
+#include "cli/parse/command_line.h"
 
 #include <algorithm>
 #include <cctype>
@@ -6,9 +6,8 @@
 #include <cstring>
 
 #include "cli/parse/command_tree.h"
-#include "cli/parse/keys.h"
-#include "cli/parse/terminal.h"
-#include "src/utils/text_writer.h"
+#include "cli/parse/keyboard.h"
+#include "src/utils/text.h"
 
 namespace {
 

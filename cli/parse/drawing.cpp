@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/parse/terminal.h"
+#include "cli/parse/keyboard.h"
 
 namespace {
 

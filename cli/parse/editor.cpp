@@ -4,16 +4,12 @@
 #include <cstdio>
 #include <cstring>
 
-#include "cli/command/exit.h"
+#include "cli/command/command.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/parse/command_line.h"
-#include "cli/parse/completion.h"
 #include "cli/parse/drawing.h"
-#include "cli/parse/help.h"
-#include "cli/parse/history.h"
-#include "cli/parse/keys.h"
-#include "cli/parse/terminal.h"
+#include "cli/parse/keyboard.h"
 
 namespace {
 

@@ -1,11 +1,10 @@
-#include "cli/parse/help.h"
+#include "cli/parse/command_line.h"
 
 #include <cstdio>
 #include <cstring>
 #include <string_view>
 
 #include "cli/parse/command_tree.h"
-#include "cli/parse/completion.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
-#include "cli/parse/history.h"
+#include "cli/parse/editor.h"
 
 #include <cstdlib>
 #include <cstring>
 
 #include "cli/command/state.h"
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 namespace {
 

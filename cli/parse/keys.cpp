@@ -1,9 +1,7 @@
-#include "cli/parse/keys.h"
+#include "cli/parse/keyboard.h"
 
 #include <algorithm>
 #include <string_view>
-
-#include "cli/parse/terminal.h"
 
 namespace {
 

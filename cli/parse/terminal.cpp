@@ -1,4 +1,4 @@
-#include "cli/parse/terminal.h"
+#include "cli/parse/keyboard.h"
 
 #include <sys/select.h>
 #include <termios.h>

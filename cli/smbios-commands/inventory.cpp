@@ -5,7 +5,7 @@
 #include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbparse/smbparse.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 using smbios::Bios;
 using smbios::System;

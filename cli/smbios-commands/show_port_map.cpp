@@ -7,7 +7,7 @@
 #include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
-#include "src/utils/numbers.h"
+#include "src/utils/text.h"
 
 namespace {
 

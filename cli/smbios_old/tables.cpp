@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "include/bios_area.h"
+#include "include/smbios_records.h"
 #include "src/utils/map_physical.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <climits>
 
 #include "cli/smbparse/smbparse.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 using smbios::MemoryArray;
 using smbios::MemoryDevice;

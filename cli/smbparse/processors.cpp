@@ -4,9 +4,7 @@
 #include <cstring>
 
 #include "cli/smbparse/smbparse.h"
-#include "src/utils/numbers.h"
-#include "src/utils/text_writer.h"
-#include "src/utils/word_table.h"
+#include "src/utils/text.h"
 
 using smbios::Cache;
 using smbios::Processor;

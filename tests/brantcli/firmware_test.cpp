@@ -4,7 +4,7 @@
 #include <string>
 
 #include "cli/smbios-commands/smbios_commands.h"
-#include "include/bios_area.h"
+#include "include/smbios_records.h"
 #include "tests/support/loaded_tables.h"
 #include "tools/mkmachine/firmware_records.h"
 

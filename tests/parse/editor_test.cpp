@@ -10,7 +10,6 @@
 #include "cli/brantcli/brantcli.h"
 #include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
-#include "cli/parse/history.h"
 #include "tests/support/program_state.h"
 #include "tests/support/screen.h"
 

@@ -98,6 +98,8 @@ TEST(Devices, KeepRomVariables) {
                              ("crom read " + longest + "N length=1 -> 1 # a name without its end"));
     EXPECT_EQ(machine.Read("crom/ZTHCPR"), "\xaa\xbb\3\4");
     EXPECT_EQ(status(changed).permissions(), std::filesystem::perms::owner_read) << "those of a new file";
+    const auto made = std::filesystem::status(machine.Directory() + "/crom/A_b-9").permissions();
+    EXPECT_EQ(static_cast<unsigned>(made), 0644u) << "those of whatever file";
     EXPECT_EQ(machine.Read("crom/A_b-9"), std::string("\0\xff\x10", 3));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
 }

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 namespace {
 

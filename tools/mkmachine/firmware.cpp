@@ -1,7 +1,7 @@
 // What a model's firmware leaves in memory, and what the system makes of its PCI bus.
 #include <string>
 
-#include "include/bios_area.h"
+#include "include/smbios_records.h"
 #include "tools/mkmachine/models.h"
 
 namespace {

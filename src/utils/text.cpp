@@ -1,4 +1,4 @@
-#include "src/utils/text_writer.h"
+#include "src/utils/text.h"
 
 #include <iterator>
 
