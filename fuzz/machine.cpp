@@ -7,8 +7,8 @@
 #include "cli/pci/kelm.h"
 #include "fuzz/target.h"
 #include "platform/request.h"
+#include "platform/sim/call.h"
 #include "platform/sim/event_index.h"
-#include "platform/sim/faults.h"
 #include "platform/sim/picl_tree.h"
 #include "tests/support/test_machine.h"
 

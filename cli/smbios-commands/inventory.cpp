@@ -1,9 +1,14 @@
-// SHOW SERVER: the machine, its NICs, its processors and its memory; and the memory modules, for SHOW DIMM.
+// What the SMBIOS tables say of this server: to start-up the server line, the model and the embedded NICs; to
+// SHOW SERVER the machine, its processors and its memory; to SHOW DIMM the memory modules.
+#include <strings.h>
+
 #include <cstdio>
+#include <cstring>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
 #include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios_old/smbios.h"
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/text.h"
 
@@ -11,6 +16,8 @@ using smbios::Bios;
 using smbios::System;
 
 namespace {
+
+constexpr char kServerLine[] = "corvex";
 
 constexpr CodeText kCpuStatuses[] = {
     {kCpuOk, "Ok"},
@@ -118,4 +125,48 @@ int get_dimminfo_smbios() {
         std::printf("\nNOTE: Memory modules not shown: %d.\n", memory_modules_left_out);
     }
     return 0;
+}
+
+// What start-up asks.
+
+int detect_corvex() {
+    const auto system = SmbFirst<smbios::System>();
+    if (!system) {
+        std::printf("\nERROR: Failed to get SMBIOS system data.");
+        std::printf("\nThis does not seem to be a VX Corvex Server.");
+        return 1;
+    }
+    const char* product = system.Text(smbios::System::kProductName);
+    return strncasecmp(product, kServerLine, std::strlen(kServerLine)) == 0 ? 0 : 1;
+}
+
+int smbios_get_systemname() {
+    if (smbios_available == 0) return 1;
+    const auto system = SmbFirst<smbios::System>();
+    if (!system) {
+        std::printf("\nERROR: Failed to read system name.");
+        return 1;
+    }
+    TextWriter(system_name, sizeof system_name).Text(system.Text(smbios::System::kProductName));
+    return 0;
+}
+
+int get_embedded_nics_smbios() {
+    if (smbios_available == 0) return -1;
+    const auto table = SmbFirst<smbios_nic_table>();
+    if (!table) return -1;
+
+    const auto count = static_cast<int>(table.Count(smbios::kNics));
+    int empty = 0;
+    int stored = 0;
+    for (int i = 0; i < count && stored < kMaxEmbeddedNics; ++i) {
+        const smbios_nic nic = table.Read(smbios::kNics, static_cast<size_t>(i));
+        if (IsEmpty(nic)) {
+            ++empty;
+            continue;
+        }
+        std::memcpy(EmbeddedNic(stored).nic_mac, nic.nic_mac, sizeof nic.nic_mac);
+        ++stored;
+    }
+    return count - empty;
 }

@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <cstring>
 
-#include "platform/sim/faults.h"
 #include "platform/sim/machine_directory.h"
 
 namespace {

@@ -6,10 +6,8 @@
 #include <string>
 
 #include "include/health_records.h"
-#include "platform/sim/change.h"
 #include "platform/sim/device.h"
 #include "platform/sim/machine_directory.h"
-#include "platform/sim/text_file.h"
 
 namespace {
 

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "include/health_records.h"
-#include "platform/sim/change.h"
 #include "platform/sim/device.h"
 #include "platform/sim/machine_directory.h"
 

@@ -9,10 +9,8 @@
 #include <optional>
 
 #include "include/event_log.h"
-#include "platform/sim/change.h"
 #include "platform/sim/device.h"
 #include "platform/sim/event_index.h"
-#include "platform/sim/file_window.h"
 #include "platform/sim/machine_directory.h"
 
 namespace {

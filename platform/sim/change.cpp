@@ -1,4 +1,4 @@
-#include "platform/sim/change.h"
+#include "platform/sim/device.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

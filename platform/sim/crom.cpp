@@ -5,7 +5,6 @@
 #include <string>
 
 #include "include/rom_variables.h"
-#include "platform/sim/change.h"
 #include "platform/sim/device.h"
 #include "platform/sim/machine_directory.h"
 

@@ -1,4 +1,4 @@
-#include "platform/sim/faults.h"
+#include "platform/sim/call.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,7 +9,6 @@
 
 #include "platform/sim/device.h"
 #include "platform/sim/machine_directory.h"
-#include "platform/sim/text_file.h"
 
 namespace {
 

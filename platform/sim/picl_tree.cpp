@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/sim/text_file.h"
+#include "platform/sim/machine_directory.h"
 
 namespace {
 
