@@ -1,7 +1,6 @@
 // Classes 17 to 19: network adapters, SCSI and drive arrays. Most of their events tell the server, whose
 // chassis number is 0, from an external chassis, whatever the chassis type.
 #include "cli/eventstr/catalogue.h"
-#include "cli/eventstr/translators.h"
 #include "include/event_adapters.h"
 
 namespace eventstr {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "cli/eventstr/translators.h"
+#include "cli/eventstr/catalogue.h"
 
 namespace eventstr {
 namespace {

@@ -1,7 +1,6 @@
 // Classes 4 to 9: cache, processors, buses and expansion slots. The events that have a chassis tell the
 // server, whose chassis number is 0, from an external one, whatever the chassis type.
 #include "cli/eventstr/catalogue.h"
-#include "cli/eventstr/translators.h"
 #include "include/event_hardware.h"
 
 namespace eventstr {

@@ -1,7 +1,6 @@
 // Class 34, the infrastructure that blade servers live in. Most of its texts begin with the kind of
 // enclosure; where the chassis isn't an enclosure, they begin with a blank.
 #include "cli/eventstr/catalogue.h"
-#include "cli/eventstr/translators.h"
 #include "include/event_infrastructure.h"
 
 namespace eventstr {

@@ -1,6 +1,5 @@
 // Class 2, machine environment: heat, fans and side panels.
 #include "cli/eventstr/catalogue.h"
-#include "cli/eventstr/translators.h"
 #include "include/event_machine.h"
 
 namespace eventstr {

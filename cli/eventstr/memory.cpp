@@ -1,6 +1,5 @@
 // Class 3, main memory.
 #include "cli/eventstr/catalogue.h"
-#include "cli/eventstr/translators.h"
 #include "include/event_memory.h"
 
 namespace eventstr {

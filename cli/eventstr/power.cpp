@@ -1,6 +1,5 @@
 // Class 11, the power subsystem.
 #include "cli/eventstr/catalogue.h"
-#include "cli/eventstr/translators.h"
 #include "include/event_power.h"
 
 namespace eventstr {

@@ -1,7 +1,6 @@
 // Classes 10, 13, 14, 20, 32 and 33: POST, server recovery, the operating system, unrecoverable errors, ROM
 // flashes and notes.
 #include "cli/eventstr/catalogue.h"
-#include "cli/eventstr/translators.h"
 #include "include/event_system.h"
 
 namespace eventstr {
