@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "cli/command/command.h"
+#include "cli/parse/editor.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/smbios_records.h"
 #include "tests/support/loaded_tables.h"
@@ -169,4 +171,11 @@ TEST(ManagementProcessor, IsLookedForAmongTheDevices) {
     }
     machine.Fault("picl root 1");
     EXPECT_FALSE(present()) << "a service that fails";
+}
+
+TEST(EndOfRun, GivesBackWhatStartUpTook) {
+    LoadedTables tables(System("Corvex"));
+    ASSERT_TRUE(AllocateHistory());
+    EndRun(0, CloseOrder::AsOpened);
+    EXPECT_TRUE(History[0] == nullptr && pSMBTables == nullptr);
 }

@@ -1,15 +1,18 @@
 // An allocator for the whole process, of which one allocation fails: the N-th, when BRANT_FAIL_ALLOCATION is
-// N. It says so on standard error, so that whoever asked knows whether the process got that far.
+// N. It says so on standard error, so that whoever asked knows whether the process got that far. When
+// BRANT_COUNT_BLOCKS is set, it says at the end how many blocks were never given back.
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstddef>
+#include <cstdio>
 #include <cstdlib>
 
 extern "C" {
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* block, size_t size);
+void __libc_free(void* block);
 }
 
 namespace {
@@ -23,17 +26,34 @@ bool Fails() {
     return write(STDERR_FILENO, kNotice, sizeof kNotice - 1) > 0;
 }
 
+long blocks = 0;
+
+void* Counted(void* block) {
+    if (block != nullptr) ++blocks;
+    return block;
+}
+
+__attribute__((destructor)) void TellBlocks() {
+    if (getenv("BRANT_COUNT_BLOCKS") != nullptr) dprintf(STDERR_FILENO, "%ld blocks", blocks);
+}
+
 }  // namespace
 
 // operator new comes here too.
 extern "C" void* malloc(size_t size) {
-    return Fails() ? nullptr : __libc_malloc(size);
+    return Fails() ? nullptr : Counted(__libc_malloc(size));
 }
 
 extern "C" void* calloc(size_t count, size_t size) {
-    return Fails() ? nullptr : __libc_calloc(count, size);
+    return Fails() ? nullptr : Counted(__libc_calloc(count, size));
 }
 
 extern "C" void* realloc(void* block, size_t size) {
-    return Fails() ? nullptr : __libc_realloc(block, size);
+    if (Fails()) return nullptr;
+    return block == nullptr ? Counted(__libc_realloc(block, size)) : __libc_realloc(block, size);
+}
+
+extern "C" void free(void* block) {
+    if (block != nullptr) --blocks;
+    __libc_free(block);
 }

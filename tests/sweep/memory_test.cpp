@@ -66,4 +66,26 @@ TEST_F(ShortOfMemory, EveryCommandComesToAKnownEnd) {
     for (const auto& [message, status] : unseen_) ADD_FAILURE() << "never said: " << message;
 }
 
+// faults: the machine's. Result: what the process never gave back.
+std::string BlocksKept(SweptMachine& machine, const std::string& script, const std::string& faults) {
+    machine.Write("faults", faults);
+    RunOptions options;
+    options.environment = {"BRANT_COUNT_BLOCKS=1"};
+    const RunResult run =
+        RunProgram(ProgramPath("brantcli_interposed"), {"-s", script}, machine.Directory(), options);
+    machine.Restore();
+    return run.errors;
+}
+
+TEST(Memory, IsGivenBackByEveryCommandWhetherItsRequestsFailOrNot) {
+    SweptMachine machine("tr500k2");
+    for (const char* faults : {"# none", "request 1 -5", "request 2 -5"}) {
+        const std::string by_none = BlocksKept(machine, "", faults);
+        ASSERT_FALSE(by_none.empty());
+        for (const std::string& command : Commands()) {
+            EXPECT_EQ(BlocksKept(machine, command, faults), by_none) << command << ", " << faults;
+        }
+    }
+}
+
 }  // namespace
