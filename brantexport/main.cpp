@@ -13,19 +13,18 @@
 #include "cli/brantcli/brantcli.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/pci/kelm.h"
-#include "src/utils/standard_streams.h"
 
 namespace {
 
 constexpr char kProgram[] = "brantexport";
 
-struct Order {
+struct Options {
     bool prometheus = false;
-    std::vector<Section> sections;  // in the order of all; none asked for means all
+    std::vector<Section> sections;  // those asked for, or all, in the order of Sections()
 };
 
 // False for a word that is neither an option nor a section.
-bool ReadOrder(int argc, char** argv, Order& order) {
+bool ReadOptions(int argc, char** argv, Options& options) {
     const std::vector<Section>& all = Sections();
     std::vector<bool> asked(all.size());
     for (int i = 1; i < argc; ++i) {
@@ -33,7 +32,7 @@ bool ReadOrder(int argc, char** argv, Order& order) {
         const auto is_word = [&](const Section& section) { return word == section.name; };
         const auto found = std::find_if(all.begin(), all.end(), is_word);
         if (word == "--json" || word == "--prometheus") {
-            order.prometheus = word == "--prometheus";
+            options.prometheus = word == "--prometheus";
         } else if (found == all.end()) {
             return false;
         } else {
@@ -42,7 +41,7 @@ bool ReadOrder(int argc, char** argv, Order& order) {
     }
     const bool any = std::find(asked.begin(), asked.end(), true) != asked.end();
     for (size_t i = 0; i < all.size(); ++i) {
-        if (asked[i] || !any) order.sections.push_back(all[i]);
+        if (asked[i] || !any) options.sections.push_back(all[i]);
     }
     return true;
 }
@@ -54,17 +53,17 @@ void PrintUsage() {
                  names.c_str());
 }
 
-// What sections need that aren't read by requests of their own.
+// Finds out what some sections need and don't ask for themselves.
 void StartUp() {
     OpenWhatOpens();
     FindEmbeddedNics();
     got_kelm = find_kelm();
 }
 
-Json Export(const Order& order) {
+Json Export(const Options& options) {
     Errors errors;
     Json document = Json::object();
-    for (const Section& section : order.sections) {
+    for (const Section& section : options.sections) {
         errors.Begin(section.name);
         document[section.name] = section.read(errors);
     }
@@ -88,17 +87,17 @@ int main(int argc, char** argv) try {
     KeepStandardDescriptors();
     const int output = MessagesToStandardError();
     std::signal(SIGPIPE, SIG_IGN);
-    Order order;
-    if (!ReadOrder(argc, argv, order)) {
+    Options options;
+    if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
         return 2;
     }
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     StartUp();
-    const Json document = Export(order);
+    const Json document = Export(options);
     CloseDevices();
-    if (!Write(output, order.prometheus ? PrometheusText(document) : document.dump(2, ' ', true) + "\n")) {
+    if (!Write(output, options.prometheus ? PrometheusText(document) : document.dump(2, ' ', true) + "\n")) {
         std::fprintf(stderr, "%s: %s\n", kProgram, std::strerror(errno));
         return 1;
     }

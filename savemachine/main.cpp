@@ -9,7 +9,6 @@
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "platform/request.h"
 #include "savemachine/machine_copy.h"
-#include "src/utils/standard_streams.h"
 
 namespace {
 

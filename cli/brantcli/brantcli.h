@@ -12,8 +12,17 @@ int do_scripted_command(char* command);
 // Runs what is typed at the prompt. EXIT, or the end of the input, ends the process.
 [[noreturn]] void RunPrompt();
 
-// What the start-up of a program has to find out: whether it may run here at all, and what is in this server.
-// program: its name, for the messages.
+// The start-up of a program: its standard streams, as a caller may have left them; whether it may run here at
+// all; and what is in this server. program: its name, for the messages.
+
+// Opens those of the three standard streams that the caller closed. Otherwise the first device that is opened
+// would get such a stream's descriptor, and keys would be read from it. What takes a stream's place can't be
+// written either, so that lost output is noticed.
+void KeepStandardDescriptors();
+
+// For a program whose own output isn't for people: what the shell's code prints goes to standard error from
+// now on. Result: a descriptor for the real standard output; -1 with errno on failure.
+int MessagesToStandardError();
 
 // Looks for the maker's signature in the BIOS area. Result: 0 when it is there, 1 when it isn't or when the
 // area can't be mapped. Prints nothing.
@@ -29,7 +38,7 @@ bool CheckRom(const char* program = "brantcli");
 // False, with a message and the copy released, when they are those of another line of servers.
 bool ReadFirmwareTables(const char* program = "brantcli");
 
-// Fill embedded_nics_installed and zthmac, from SMBIOS or else from the ROM. CountEmbeddedNics reports what
-// neither knows.
+// Both fill embedded_nics_installed and zthmac, from SMBIOS or else from the ROM. CountEmbeddedNics also says
+// so when neither knows the NICs.
 void FindEmbeddedNics();
 void CountEmbeddedNics();

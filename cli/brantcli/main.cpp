@@ -14,7 +14,6 @@
 #include "cli/parse/keyboard.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
-#include "src/utils/standard_streams.h"
 
 namespace {
 

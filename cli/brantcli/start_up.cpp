@@ -1,10 +1,11 @@
-#include "cli/brantcli/brantcli.h"
-
+// What each program does first: its streams, whether it may run here, and what is in this server.
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstring>
 
+#include "cli/brantcli/brantcli.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/smbios-commands/smbios_commands.h"
@@ -25,6 +26,17 @@ int CountNicsOfRom() {
 }
 
 }  // namespace
+
+void KeepStandardDescriptors() {
+    int fd = STDIN_FILENO;
+    while (fd >= 0 && fd <= STDERR_FILENO) fd = open("/dev/null", O_RDONLY);
+    if (fd >= 0) close(fd);
+}
+
+int MessagesToStandardError() {
+    const int output = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    return output >= 0 && dup2(STDERR_FILENO, STDOUT_FILENO) >= 0 ? output : -1;
+}
 
 int detect_zet_rom() {
     // One byte short of the area, which the rounding to whole pages makes up for.
