@@ -8,7 +8,7 @@
 
 #include "cli/brantcli/brantcli.h"
 #include "cli/eventstr/eventstr.h"
-#include "cli/misc-commands/event_log.h"
+#include "cli/misc-commands/health.h"
 #include "cli/parse/command_line.h"
 #include "tools/mkmachine/events.h"
 #include "tools/mkmachine/firmware_records.h"

@@ -1,17 +1,15 @@
 // The event log.
-#include "cli/misc-commands/event_log.h"
-
 #include <cstdio>
 #include <memory>
 
 #include "brantexport/sections.h"
 #include "cli/eventstr/eventstr.h"
+#include "cli/misc-commands/health.h"
 
 namespace {
 
-constexpr int kTextSize = 256;  // bytes of an event's text, as in the shell's listing
-
-// As ISO 8601 has it, without a zone, which the firmware doesn't keep; null when it is no time.
+// A time in the form of ISO 8601, without a zone because the firmware keeps none; null when the bytes are no
+// time.
 Json Time(const EVT_TIME_STAMP& time) {
     const bool is_one = time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
                         time.bDay >= 1 && time.bDay <= 31 && time.bHour < 24 && time.bMinute < 60;
@@ -23,7 +21,7 @@ Json Time(const EVT_TIME_STAMP& time) {
 }
 
 Json EventOf(EVT_LOG_ENTRY& entry) {
-    char text[kTextSize];
+    char text[kEventTextSize];
     TranslateEventLogMessage(&entry, text, sizeof text);
     const EVT_HEADER& header = entry.Hdr;
     return {

@@ -10,7 +10,7 @@
 #include "cli/command/command.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/event_log.h"
+#include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"
 #include "src/utils/text.h"
@@ -20,7 +20,6 @@ namespace {
 // The length preset in the entry, what the driver may fill: a header and 256 bytes of payload of a read's
 // 296.
 constexpr size_t kNotPreset = kEventReadSize - 284;
-constexpr int kTextSize = 256;        // bytes of an event's text, the terminating zero included
 constexpr int kRoomAroundText = 128;  // bytes of an entry's lines beside its text, at the most
 constexpr int kRequestsAScreen = 6;
 constexpr int kMostTooSmall = 2 * kRequestsAScreen;  // such answers in a row, after which the listing ends
@@ -121,13 +120,13 @@ void WriteTime(const EVT_TIME_STAMP& time, TextWriter& out) {
 // The lines of an entry, put together here and printed at once: a printf for each would take most of the time
 // of a long listing.
 void ShowEvent(EVT_LOG_ENTRY& entry) {
-    char text[kTextSize];
+    char text[kEventTextSize];
     TranslateEventLogMessage(&entry, text, sizeof text);
     BlankUnprintable(text);
 
     const EVT_HEADER& header = entry.Hdr;
     const bool negative = header.dwEvtNumber > INT32_MAX;  // the number is shown as a signed one
-    char lines[kTextSize + kRoomAroundText];
+    char lines[kEventTextSize + kRoomAroundText];
     TextWriter out(lines, sizeof lines);
     out.Text("\nEvent: ");
     if (negative) out.Letter('-');

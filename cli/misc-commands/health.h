@@ -1,12 +1,13 @@
-// What the driver's records say of power supplies, the unit identification light, the recovery timer and
-// memory modules: read here, shown by the SHOW commands of misc_commands.h. Functions print nothing, but that
-// generic_dtioctl reports when memory runs out.
+// What the driver tells of power supplies, the unit identification light, the recovery timer, memory modules
+// and the event log: read here, shown by the SHOW commands of misc_commands.h. These functions print nothing,
+// except that generic_dtioctl reports when memory runs out.
 #pragma once
 
 #include <cstdint>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/health-table/health_table.h"
+#include "include/event_payloads.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
 
@@ -94,3 +95,30 @@ class MemoryModules {
     int socket_ = 0;
     int sockets_;
 };
+
+// The event log.
+
+constexpr int kEventTextSize = 256;  // bytes of an event's text in a listing, the terminating zero included
+
+// The buffer of a read: the request, and behind its own entry the room that the longest entry needs.
+struct EventRead {
+    EVT_IOCTL_ENTRY request;
+    uint8_t more[kEventReadSize - sizeof(EVT_IOCTL_ENTRY)];
+};
+static_assert(sizeof(EventRead) == 312, "as the driver takes it");
+
+// A result of ReadEvent that isn't the driver's: the entry that came is numbered below the one asked for. A
+// listing that went on from there would never end.
+constexpr int kEntryFromBefore = -1;
+
+// Reads the first entry whose number is `number` or higher into a buffer of size bytes, kEventReadSize or
+// more. Result: an EventLogStatus, kEntryFromBefore, or a status that isn't known. When the call itself
+// fails, its errno is the result and counts as the status of that number: EPERM ends a listing as the log's
+// end does, and after ESRCH the same entry is asked for again.
+int ReadEvent(EVT_IOCTL_ENTRY* buffer, size_t size, uint32_t number);
+
+// "INFO", "REPAIRED", "CAUTION", "CRITICAL" or "UNKNOWN".
+const char* SeverityWord(uint8_t bSeverity);
+
+// What the listing calls a class of events; "Not defined" for one that it doesn't know.
+const char* EventClassName(uint16_t wClass);
