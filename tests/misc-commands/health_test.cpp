@@ -10,7 +10,7 @@
 #include "include/health_records.h"
 #include "include/memory_records.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/facts.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 

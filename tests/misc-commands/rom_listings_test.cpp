@@ -7,7 +7,6 @@
 #include "tests/misc-commands/rom_shell.h"
 #include "tests/support/expected_run.h"
 #include "tests/support/stored.h"
-#include "tools/mkmachine/facts.h"
 #include "tools/mkmachine/models.h"
 
 namespace {

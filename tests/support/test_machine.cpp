@@ -13,7 +13,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tools/mkmachine/facts.h"
 #include "tools/mkmachine/models.h"
 
 namespace {

@@ -29,6 +29,13 @@ struct SampleEvent {
 };
 using SampleEvents = std::vector<SampleEvent>;
 
+// Adds an event whose payload is a record and nothing else.
+template <typename Record>
+void AddRecord(SampleEvents& events, uint8_t severity, uint16_t event_class, uint16_t code,
+               const Record& record) {
+    events.push_back({severity, event_class, code, MachineBuilder::Plain(record)});
+}
+
 // Every event that has a text, in every variant, by class.
 SampleEvents EveryEvent();
 

@@ -58,9 +58,8 @@ void AddInfrastructureEvents(SampleEvents& events) {
     Add(events, kCritical, 18, EVT_INF_ENV_INPUT_PWR_SENSE_ERR{kPower, 2, {}}, kSerial);
     AddPart<EVT_INF_ENV_BLADE_INS_REM_2>(events, 19);
     AddPart<EVT_INF_ENV_BLADE_INS_REM_2>(events, 20);
-    const auto plain = [](const auto& record) { return MachineBuilder::Plain(record); };
-    events.push_back({kCaution, 34, 21, plain(EVT_INF_ENV_RACK_TOPOLOGY_ERR{kBlades, 1})});
-    events.push_back({kCritical, 34, 24, plain(EVT_INF_ENV_CHASSIS_ERR{kBlades, 8, 0, 3})});
+    AddRecord(events, kCaution, 34, 21, EVT_INF_ENV_RACK_TOPOLOGY_ERR{kBlades, 1});
+    AddRecord(events, kCritical, 34, 24, EVT_INF_ENV_CHASSIS_ERR{kBlades, 8, 0, 3});
     const EVT_INF_FIRMWARE_MISMATCH old = {kBlades, 1, 0x10, 2, 0x20, 0x5678, {}};
     Add(events, kCaution, 25, old, kSerial);
 }

@@ -17,11 +17,6 @@ void AddPlaces(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t mo
     }
 }
 
-template <typename Record>
-void Add(SampleEvents& events, uint8_t severity, uint16_t code, const Record& record) {
-    events.push_back({severity, 3, code, MachineBuilder::Plain(record)});
-}
-
 void AddSuspects(SampleEvents& events, uint8_t resolution, const char* serials) {
     const EVT_MAIN_MEMORY_MULTI suspects = {resolution, {{3, 1}, {5, 2}, {255, 0}, {7, 0}}, {}};
     events.push_back({kCritical, 3, 3, WithTexts(suspects, {serials})});
@@ -44,27 +39,27 @@ void AddMemoryEvents(SampleEvents& events) {
     events.push_back({kCritical, 3, 3,
                       WithTexts(EVT_MAIN_MEMORY_MULTI{2, {{255, 255}, {255, 255}, {}, {}}, {}}, {",S2"})});
     for (uint8_t action = 0; action < 4; ++action) {
-        Add(events, kNotice, 4, EVT_MAIN_MEMORY_USER_ACTION{5, action, 1});
-        Add(events, kNotice, 4, EVT_MAIN_MEMORY_USER_ACTION{6, action, 0});
+        AddRecord(events, kNotice, 3, 4, EVT_MAIN_MEMORY_USER_ACTION{5, action, 1});
+        AddRecord(events, kNotice, 3, 4, EVT_MAIN_MEMORY_USER_ACTION{6, action, 0});
     }
     for (uint8_t status = 0; status < 4; ++status) {
-        Add(events, kCaution, 5, EVT_MAIN_MEMORY_HW_STATUS{7, status});
+        AddRecord(events, kCaution, 3, 5, EVT_MAIN_MEMORY_HW_STATUS{7, status});
     }
-    Add(events, kCaution, 6, EVT_MAIN_MEMORY_CONFIG_ERR{2, 3, 1});
-    Add(events, kCaution, 6, EVT_MAIN_MEMORY_CONFIG_ERR{4, 5, 0});
-    Add(events, kInformational, 7, EVT_MAIN_MEMORY_CONFIG_CHG{9, 0, 4096});
-    Add(events, kInformational, 7, EVT_MAIN_MEMORY_CONFIG_CHG{9, 1, 4096});
+    AddRecord(events, kCaution, 3, 6, EVT_MAIN_MEMORY_CONFIG_ERR{2, 3, 1});
+    AddRecord(events, kCaution, 3, 6, EVT_MAIN_MEMORY_CONFIG_ERR{4, 5, 0});
+    AddRecord(events, kInformational, 3, 7, EVT_MAIN_MEMORY_CONFIG_CHG{9, 0, 4096});
+    AddRecord(events, kInformational, 3, 7, EVT_MAIN_MEMORY_CONFIG_CHG{9, 1, 4096});
     for (const uint8_t slot : {uint8_t{0}, uint8_t{3}}) {
-        Add(events, kRepaired, 8, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 8});
-        Add(events, kRepaired, 9, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 9});
+        AddRecord(events, kRepaired, 3, 8, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 8});
+        AddRecord(events, kRepaired, 3, 9, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 9});
     }
     AddPlaces(events, kCaution, 10, 'B');
     for (const uint8_t slot : {uint8_t{0}, uint8_t{3}}) {
-        Add(events, kRepaired, 11, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 'C'});
-        Add(events, kRepaired, 12, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 'D'});
+        AddRecord(events, kRepaired, 3, 11, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 'C'});
+        AddRecord(events, kRepaired, 3, 12, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 'D'});
     }
     for (uint16_t code = 13; code <= 16; ++code) events.push_back({kCaution, 3, code, ""});
-    Add(events, kCritical, 17, EVT_MAIN_MEMORY_BOARD_FAILURE{4});
+    AddRecord(events, kCritical, 3, 17, EVT_MAIN_MEMORY_BOARD_FAILURE{4});
     AddRomDiag(events, {0, 3, 9, {0, 0}, {}}, "", "");
     AddRomDiag(events, {2, 3, 9, {0, 0}, {}}, "SN77", "");
     AddRomDiag(events, {2, 5, 9, {1, 0}, {}}, " SN  77", "SP  88 of the second row");

@@ -37,8 +37,7 @@ void AddPowerModules(SampleEvents& events) {
     };
     for (uint8_t type = 0; type < 4; ++type) {
         for (const EVT_CHASSIS& chassis : kPlaces) {
-            events.push_back(
-                {kCritical, 11, 3, MachineBuilder::Plain(EVT_POWER_MODULE_FAILURE{chassis, 7, 8, type})});
+            AddRecord(events, kCritical, 11, 3, EVT_POWER_MODULE_FAILURE{chassis, 7, 8, type});
         }
     }
 }

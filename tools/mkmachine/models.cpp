@@ -15,7 +15,7 @@ const Model* FindModel(const std::string& name) {
 }
 
 void MakeMachine(const Model& model, const std::string& directory, std::optional<size_t> events) {
-    // What may be too large for memory comes first: nothing is left behind.
+    // The log comes first: when it is too large for memory, nothing is left behind.
     const std::string log = EventLog(events ? *events : EveryEvent().size());
 
     MachineBuilder machine(directory);

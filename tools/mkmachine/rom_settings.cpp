@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tools/mkmachine/facts.h"
+#include "tools/mkmachine/models.h"
 
 namespace {
 
