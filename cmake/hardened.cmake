@@ -24,10 +24,11 @@ target_link_options(hardened INTERFACE
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_RELRO}>>:-Wl,-z,relro,-z,now>")
 
 # For the programs: the C++ library and the compiler's support library are linked in, and what nothing uses of them
-# and of our own code is left out. To load and bind them takes four times as long as all that a command does. The C library is the
-# system's and stays shared.
+# and of our own code is left out. To load and bind them takes four times as long as all that a command does. The C
+# library is the system's and stays shared.
 check_linker_flag(CXX -Wl,--gc-sections BRANT_HAS_GC_SECTIONS)
 add_library(own_cxx_library INTERFACE)
 target_link_options(own_cxx_library INTERFACE
   "$<${release}:-static-libstdc++;-static-libgcc>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_GC_SECTIONS}>>:-Wl,--gc-sections>")
+target_sources(own_cxx_library INTERFACE "$<${release}:${CMAKE_CURRENT_LIST_DIR}/terminate_handler.cpp>")
