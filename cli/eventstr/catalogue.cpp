@@ -17,15 +17,15 @@ void PrintText(std::string_view text, const Argument* arguments, const Argument&
     out.Text(text);
 }
 
-// The text for a chassis; null when there is none.
-const char* FormFor(EVT_CHASSIS chassis, const ChassisEventRow& row) {
+// The text for a chassis; empty when there is none.
+std::string_view FormFor(EVT_CHASSIS chassis, const ChassisEventRow& row) {
     switch (chassis.bType) {
         case kChassisServer: return row.forms[chassis.bId == 0 ? kOnServer : kOnExternalChassis];
         case kChassisExternalStorage: return row.forms[kOnExternalStorage];
         case kChassisInternalStorage: return row.forms[kOnInternalStorage];
         case kChassisBladeEnclosure: return row.forms[kOnBladeEnclosure];
         case kChassisPowerEnclosure: return row.forms[kOnPowerEnclosure];
-        default: return nullptr;
+        default: return {};
     }
 }
 
@@ -42,8 +42,8 @@ void PrintEvent(const ChassisEventRow* rows, size_t count, uint16_t code, Bytes 
     for (const ChassisEventRow* row = rows; row != rows + count; ++row) {
         const bool extra = row->code_with_extra_text != 0 && row->code_with_extra_text == code;
         if (row->code != code && !extra) continue;
-        const char* const text = FormFor(ChassisOf(payload), *row);
-        if (text == nullptr) continue;
+        const std::string_view text = FormFor(ChassisOf(payload), *row);
+        if (text.empty()) continue;
 
         PrintText(text, row->arguments, row->name.chassis, payload, out);
         if (extra) row->name.extra_text.print(payload, out);

@@ -61,7 +61,7 @@ constexpr bool Accept() {
 
 constexpr size_t CountOf(std::string_view mark, std::string_view text) {
     size_t count = 0;
-    for (size_t at = text.find(mark); at != text.npos; at = text.find(mark, at + mark.size())) ++count;
+    for (size_t at = 0; at < text.size(); ++at) count += text.substr(at, mark.size()) == mark;
     return count;
 }
 
@@ -125,7 +125,7 @@ constexpr Rule BrokenBy(const ChassisEventRow& row) {
     size_t shared = 0, most = 0;  // arguments of the forms that aren't an enclosure's, and of any form
     bool first = true;
     for (size_t i = 0; i < kFormCount; ++i) {
-        if (row.forms[i] == nullptr) continue;
+        if (std::string_view(row.forms[i]).empty()) continue;
         const Rule broken = BrokenBy(row.forms[i], kFormRules[i]);
         if (broken != Rule::None) return broken;
 

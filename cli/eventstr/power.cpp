@@ -46,11 +46,11 @@ constexpr ChassisEventRow kChassisEvents[] = {
       "External Chassis Power Supplies Not Redundant (%C)",
       "External Storage System Power Supplies Not Redundant (%C)",
       "Internal Storage System Power Supplies Not Redundant (%C)",
-      nullptr,    // an enclosure's record is another: next row
-      nullptr},
+      "",    // an enclosure's record is another: next row
+      ""},
      {}},
     {6, 0, Named<&EVT_INF_POWER_NOT_REDUNDANT::cChassisName>,
-     {nullptr, nullptr, nullptr, nullptr,
+     {"", "", "", "",
       "Server Blade Enclosure Power Supplies Not Redundant (in %s, %C)",
       "Power Enclosure Power Supplies Not Redundant (in %s, %C)"},
      {Field<&EVT_INF_POWER_NOT_REDUNDANT::bType, GetRedundancy>}},

@@ -121,11 +121,20 @@ constexpr Argument kEnclosureType = Field<&EVT_CHASSIS::bType, GetEnclosureType>
 
 constexpr size_t kMaxArguments = 6;
 
+// A text of a row, and in it: a pointer to it would have to be set by the loader whenever the program starts.
+struct RowText {
+    char letters[132] = "";
+    constexpr RowText(const char* text = "") {  // a text that is too long doesn't compile
+        for (size_t i = 0; text[i] != '\0'; ++i) letters[i] = text[i];
+    }
+    constexpr operator std::string_view() const { return letters; }
+};
+
 // One text of an event. Of several rows with an event's code, the first whose conditions all hold applies.
 struct EventRow {
     uint16_t code;
     Condition when[2];
-    const char* text;  // each "%s" takes the next argument
+    RowText text;  // each "%s" takes the next argument
     Argument arguments[kMaxArguments];
 };
 
@@ -140,8 +149,8 @@ enum ChassisForm : size_t {
     kFormCount,
 };
 
-// An event's texts, one for each kind in that order; null where it has none.
-using ChassisForms = std::array<const char*, kFormCount>;
+// An event's texts, one for each kind in that order; empty where it has none.
+using ChassisForms = std::array<RowText, kFormCount>;
 
 // The chassis name of a record, and what it gives to the texts.
 struct ChassisName {

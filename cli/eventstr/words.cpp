@@ -11,6 +11,10 @@ const char szUnknown[] = "Unknown";
 
 namespace {
 
+// The longest word and its zero. The words stand in their tables: pointers to them would have to be set by
+// the loader whenever the program starts.
+constexpr size_t kWordSize = 44;
+
 // clang-format off
 constexpr CodeText szLocations[] = {
     {kZoneSystem,          "System"},
@@ -30,7 +34,7 @@ constexpr CodeText szLocations[] = {
     {kZoneBladeSlot,       "Blade Slot"},
     {kZoneVirtual,         "Virtual"},
 };
-constexpr const char* szRedundancy[] = {
+constexpr char szRedundancy[][kWordSize] = {
     "",
     "Enclosure",
     "Power Module",
@@ -38,7 +42,7 @@ constexpr const char* szRedundancy[] = {
     "Breaker",
     "Power Subsystem",
 };
-constexpr const char* szACProblem[] = {
+constexpr char szACProblem[][kWordSize] = {
     "",
     "Line Over Voltage",
     "Line Under Voltage",
@@ -46,26 +50,26 @@ constexpr const char* szACProblem[] = {
     "Brown Out",
     "AC Power Loss",
 };
-constexpr const char* szInadequatePowerReason[] = {
+constexpr char szInadequatePowerReason[][kWordSize] = {
     "",
     "Lost Redundant Power",
     "Not Enough Power",
     "Denied By Server Enclosure Management Board",
     "Denied By Power Enclosure Management Board",
 };
-constexpr const char* szImproperPowerReason[] = {
+constexpr char szImproperPowerReason[][kWordSize] = {
     "",
     "Load Balancing Wire Missing",
     "Too Many Power Enclosures",
     "Improperly Populated Power Bank",
     "DC-to-DC Configuration Invalid",
 };
-constexpr const char* szRackSide[] = {
+constexpr char szRackSide[][kWordSize] = {
     "Unknown Location",
     "Left Side",
     "Right Side",
 };
-constexpr const char* szEthSwErr[] = {
+constexpr char szEthSwErr[][kWordSize] = {
     "Unknown",                          // 0
     "Powering up",
     "Micro-controller fault",
@@ -77,18 +81,18 @@ constexpr const char* szEthSwErr[] = {
     "RJ45 module missing",              // 8
     "Fan 2 failed or removed",
 };
-constexpr const char* szPwrBus[] = {
+constexpr char szPwrBus[][kWordSize] = {
     "Unknown Location",
     "Power Bus A",
     "Power Bus B",
 };
-constexpr const char* szFailedPowerModule[] = {
+constexpr char szFailedPowerModule[][kWordSize] = {
     "A Power Module has Failed",
     "A CPU Power Module has Failed",
     "A PCI Power Module has Failed",
     "An I/O Power Module has Failed",
 };
-constexpr const char* szInfMainLocation[] = {
+constexpr char szInfMainLocation[][kWordSize] = {
     "Chassis Slot 1",                   // 0
     "Chassis Slot 2",
     "Chassis Slot 3",
@@ -109,7 +113,7 @@ constexpr const char* szInfMainLocation[] = {
     "RJ45 6 West",
     "Unknown",
 };
-constexpr const char* szInfSubLocation[] = {
+constexpr char szInfSubLocation[][kWordSize] = {
     "Kelm Management Controller",       // 0
     "FRU EEPROM",
     "Memory",
@@ -128,7 +132,7 @@ constexpr const char* szInfSubLocation[] = {
     "9555 IO Expander",
     "9555 Mux",                         // 16
 };
-constexpr const char* szInfError[] = {
+constexpr char szInfError[][kWordSize] = {
     "I2C Error",                        // 0
     "Interrupt Error",
     "Invalid FRU Data",
@@ -157,7 +161,7 @@ constexpr CodeText kPSErrors[] = {
 
 // The word at an index; beyond the last one, the word given.
 template <size_t N>
-const char* WordAt(const char* const (&words)[N], uint8_t index, const char* beyond = szUnknown) {
+const char* WordAt(const char (&words)[N][kWordSize], uint8_t index, const char* beyond = szUnknown) {
     return index < N ? words[index] : beyond;
 }
 

@@ -58,7 +58,7 @@ constexpr CodeText kSeverities[] = {
 constexpr char kNotDefined[] = "Not defined";
 
 // By EVT_HEADER::wClass.
-constexpr const char* EventClass[] = {
+constexpr char EventClass[][28] = {
     "EVT_CLASS_EMPTY",  // 0
     "EVT_CLASS_TEST",
     "Machine Environment",
@@ -75,22 +75,22 @@ constexpr const char* EventClass[] = {
     "ASR",
     "OS Class",
     "DIAGS",
-    kNotDefined,  // 16
+    "Not defined",  // 16
     "Network Adapter",
     "SCSI Subsystem",
     "Drive Array Subsystem",
     "Unrecoverable System Error",  // 20
-    kNotDefined,
-    kNotDefined,
-    kNotDefined,
-    kNotDefined,  // 24
-    kNotDefined,
-    kNotDefined,
-    kNotDefined,
-    kNotDefined,  // 28
-    kNotDefined,
-    kNotDefined,
-    kNotDefined,
+    "Not defined",
+    "Not defined",
+    "Not defined",
+    "Not defined",  // 24
+    "Not defined",
+    "Not defined",
+    "Not defined",
+    "Not defined",  // 28
+    "Not defined",
+    "Not defined",
+    "Not defined",
     "System Revision",  // 32
     "Maintenance Note",
     "Infrastructure Environment",

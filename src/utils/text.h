@@ -64,10 +64,11 @@ constexpr const Row* FindCode(const Row (&rows)[kCount], unsigned code) {
     return nullptr;
 }
 
-// A row that has nothing but the code and the text that stands for it.
+// A row that has nothing but the code and the text that stands for it. The text is in the row: a pointer to
+// it would have to be set by the loader whenever the program starts.
 struct CodeText {
     unsigned code;
-    const char* text;
+    char text[28];
 };
 
 // The text of a code; the one given for a code that has no row.

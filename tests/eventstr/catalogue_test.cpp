@@ -30,20 +30,19 @@ TEST(Catalogue, RefusesAChassisEventsRow) {
     const auto row = [](const char* server, const char* external, const char* blades,
                         Argument argument = kFan) {
         const ChassisName name = Named<&EVT_MACH_FAN_FAIL::cChassisName>;
-        return BrokenBy(
-            ChassisEventRow{1, 0, name, {server, external, nullptr, nullptr, blades}, {argument}});
+        return BrokenBy(ChassisEventRow{1, 0, name, {server, external, "", "", blades}, {argument}});
     };
     EXPECT_EQ(row("Fan", "External Chassis (%C)", "Server Blade Enclosure %s"), Rule::None);
-    EXPECT_EQ(row("Fan %s", "External Chassis %s (%C)", nullptr), Rule::None);
-    EXPECT_EQ(row("Fan %d", nullptr, nullptr), Rule::MarksOnly);
-    EXPECT_EQ(row(nullptr, "Internal Chassis %s (%C)", nullptr), Rule::FormsInOrder);
-    EXPECT_EQ(row("Fan %s (%C)", nullptr, nullptr), Rule::ChassisNamed);
-    EXPECT_EQ(row(nullptr, "External Chassis %s", nullptr), Rule::ChassisNamed);
-    EXPECT_EQ(row(nullptr, nullptr, "Server Blade Enclosure %s (%C, %C)"), Rule::ChassisNamed);
-    EXPECT_EQ(row("Fan", "External Chassis %s (%C)", nullptr), Rule::SameArguments);
-    EXPECT_EQ(row("Fan %s", nullptr, "Server Blade Enclosure (%C)"), Rule::SameArguments);
-    EXPECT_EQ(row("Fan", nullptr, nullptr), Rule::OneMarkAnArgument);
-    EXPECT_EQ(row("Door %s", nullptr, nullptr, kDoor), Rule::OneRecord);
+    EXPECT_EQ(row("Fan %s", "External Chassis %s (%C)", ""), Rule::None);
+    EXPECT_EQ(row("Fan %d", "", ""), Rule::MarksOnly);
+    EXPECT_EQ(row("", "Internal Chassis %s (%C)", ""), Rule::FormsInOrder);
+    EXPECT_EQ(row("Fan %s (%C)", "", ""), Rule::ChassisNamed);
+    EXPECT_EQ(row("", "External Chassis %s", ""), Rule::ChassisNamed);
+    EXPECT_EQ(row("", "", "Server Blade Enclosure %s (%C, %C)"), Rule::ChassisNamed);
+    EXPECT_EQ(row("Fan", "External Chassis %s (%C)", ""), Rule::SameArguments);
+    EXPECT_EQ(row("Fan %s", "", "Server Blade Enclosure (%C)"), Rule::SameArguments);
+    EXPECT_EQ(row("Fan", "", ""), Rule::OneMarkAnArgument);
+    EXPECT_EQ(row("Door %s", "", "", kDoor), Rule::OneRecord);
 }
 
 TEST(Catalogue, RefusesRowsThatDontGoTogether) {
