@@ -234,7 +234,7 @@ static_assert(WellFormed(),
 struct Place {
     static constexpr size_t kNone = SIZE_MAX;
     size_t parent = kNone, synonym_of = kNone;
-    const char* token = nullptr;
+    size_t token = 0;  // where it begins in the path
 };
 
 constexpr size_t RowOf(std::string_view path) {
@@ -247,7 +247,7 @@ constexpr size_t RowOf(std::string_view path) {
 constexpr Place PlaceOf(const CommandRow& row) {
     const std::string_view parent = ParentOf(row.path);
     return {RowOf(parent), row.synonym_of != nullptr ? RowOf(row.synonym_of) : Place::kNone,
-            row.path + (parent.empty() ? 0 : parent.size() + 1)};
+            parent.empty() ? 0 : parent.size() + 1};
 }
 
 constexpr std::array<Place, kCommandCount> Places() {
@@ -265,7 +265,7 @@ void CreateCommands() {
     CmdType* nodes[kCommandCount];
     for (size_t i = 0; i < kCommandCount; ++i) {
         const auto& [parent, synonym_of, token] = kPlaces[i];
-        nodes[i] = AppendCmd(parent != Place::kNone ? nodes[parent] : Cmds, token,
+        nodes[i] = AppendCmd(parent != Place::kNone ? nodes[parent] : Cmds, kCommands[i].path + token,
                              synonym_of != Place::kNone ? nodes[synonym_of] : nullptr, kCommands[i].help,
                              kCommands[i].function);
     }

@@ -11,11 +11,27 @@ CmdType* Cmds = nullptr;
 
 namespace {
 
-void RefuseDuplicate(const CmdType* node, const char* token, const char* parent_token) {
-    if (std::strcmp(node->Token, token) != 0) return;
+[[noreturn]] void RefuseDuplicate(const char* token, const char* parent_token) {
     std::printf("\nDebug - Error %s is not unique subcommand of %s.\nCommand tree could not be built.\n",
                 token, parent_token);
     EndProcess(1);
+}
+
+// Where a new child goes among the children, which stand in the order of their tokens.
+CmdType** PlaceFor(CmdType* Cmd, const char* Token) {
+    CmdType** place = &Cmd->Sub;
+    // Mostly behind the last, because the table of commands is sorted but for a few rows.
+    CmdType* last = Cmd->Sub;
+    while (last != nullptr && last->Next != nullptr) last = last->Next;
+    if (last != nullptr && std::strcmp(last->Token, Token) < 0) return &last->Next;
+
+    while (*place != nullptr) {
+        const int order = std::strcmp((*place)->Token, Token);
+        if (order == 0) RefuseDuplicate(Token, Cmd->Token);
+        if (order > 0) break;
+        place = &(*place)->Next;
+    }
+    return place;
 }
 
 }  // namespace
@@ -41,11 +57,7 @@ CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char
                    CommandHandler Function) {
     CmdType* node =
         NewCommandNode(Token, Synonym, Help, Function != nullptr ? Function : Display_Subcommand_Usage);
-    CmdType** place = &Cmd->Sub;
-    while (*place != nullptr && std::strcmp((*place)->Token, Token) <= 0) {
-        RefuseDuplicate(*place, Token, Cmd->Token);
-        place = &(*place)->Next;
-    }
+    CmdType** place = PlaceFor(Cmd, Token);
     node->Next = *place;
     *place = node;
     return node;

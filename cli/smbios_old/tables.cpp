@@ -20,19 +20,21 @@ unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
     return static_cast<unsigned char>(sum);
 }
 
-// Whether the bytes begin with an entry point that is right and lies wholly within them.
+// Whether the bytes, which begin with the anchor, are an entry point that is right and lies wholly within
+// them.
 bool BeginsEntryPoint(Bytes bytes) {
     SMBIOSEntryPoint entry;
     if (bytes.size < sizeof entry) return false;
-    if (std::memcmp(bytes.data, kEntryPointAnchor, sizeof entry.sAnchorString) != 0) return false;
     std::memcpy(&entry, bytes.data, sizeof entry);
     if (entry.byEPSLength > bytes.size || SmbChecksum(bytes.data, entry.byEPSLength) != 0) return false;
     return entry.byMajorVer * 256U + entry.byMinorVer > kNewestRefused;
 }
 
-// Fills EPS with the first entry point of the BIOS area; false when there is none.
+// Fills EPS with the first entry point of the BIOS area; false when there is none. Nearly all of its 4096
+// places are told from one by their first four bytes.
 bool FindEntryPoint(Bytes area) {
     for (size_t offset = 0; offset < area.size; offset += kEntryPointAlignment) {
+        if (std::memcmp(area.data + offset, kEntryPointAnchor, sizeof EPS.sAnchorString) != 0) continue;
         if (!BeginsEntryPoint({area.data + offset, area.size - offset})) continue;
         std::memcpy(&EPS, area.data + offset, sizeof EPS);
         return true;
