@@ -16,6 +16,7 @@ set(pie "$<AND:${release},$<BOOL:${BRANT_HAS_PIE}>>")
 add_library(hardened INTERFACE)
 target_compile_options(hardened INTERFACE
   "$<${release}:-ffunction-sections;-fdata-sections>"
+  "$<${release}:-fno-threadsafe-statics>"  # the programs have one thread
   "$<${release}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_STACK_PROTECTOR}>>:-fstack-protector-strong>"
   "$<${pie}:-fPIE>")
@@ -27,8 +28,10 @@ target_link_options(hardened INTERFACE
 # and of our own code is left out. To load and bind them takes four times as long as all that a command does. The C
 # library is the system's and stays shared.
 check_linker_flag(CXX -Wl,--gc-sections BRANT_HAS_GC_SECTIONS)
+check_linker_flag(CXX -Wl,-O1 BRANT_HAS_SYMBOL_HASH)  # a table of symbols that the loader searches quickly
 add_library(own_cxx_library INTERFACE)
 target_link_options(own_cxx_library INTERFACE
   "$<${release}:-static-libstdc++;-static-libgcc>"
-  "$<$<AND:${release},$<BOOL:${BRANT_HAS_GC_SECTIONS}>>:-Wl,--gc-sections>")
+  "$<$<AND:${release},$<BOOL:${BRANT_HAS_GC_SECTIONS}>>:-Wl,--gc-sections>"
+  "$<$<AND:${release},$<BOOL:${BRANT_HAS_SYMBOL_HASH}>>:-Wl,-O1>")
 target_sources(own_cxx_library INTERFACE "$<${release}:${CMAKE_CURRENT_LIST_DIR}/terminate_handler.cpp>")

@@ -109,7 +109,7 @@ constexpr char HelpRoot[] =
     "\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command.";
 
 struct CommandRow {
-    const char* path;  // the tokens, one blank between them; its last one is the node's own
+    char path[28];  // the tokens, one blank between them; its last one is the node's own
     const char* help;
     CommandHandler function;  // null: an inner node
     const char* synonym_of = nullptr;

@@ -1,7 +1,8 @@
 // How commands are run, and how a run ends.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <string_view>
 
 #include "cli/brantcli/brantcli.h"
 #include "cli/command/command.h"
@@ -14,17 +15,14 @@
 
 int do_scripted_command(char* command) {
     int result = 1;
-    char* const end = command + std::strlen(command);
-    for (char* segment = command; segment < end;) {
-        char* separator = std::strchr(segment, ';');
-        if (separator != nullptr) *separator = '\0';
+    for (std::string_view rest = command; !rest.empty();) {
+        const std::string_view segment = rest.substr(0, rest.find(';'));
+        rest.remove_prefix(std::min(segment.size() + 1, rest.size()));
 
         InputLineType& line = CurrentCommandLine;
         ClearLine(&line);
         TextWriter(line.CmdLine, sizeof line.CmdLine).Text(segment);
         result = Command(&line, 1);
-
-        segment = separator != nullptr ? separator + 1 : end;
     }
     return result;
 }

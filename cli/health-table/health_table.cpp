@@ -9,8 +9,8 @@ namespace {
 
 struct ZoneRow {
     unsigned code;
-    const char* of_fans;
-    const char* of_sensors;
+    char of_fans[20];
+    char of_sensors[20];
 };
 
 // clang-format off

@@ -1,7 +1,6 @@
 // How each embedded NIC boots: not at all, by PXE (one NIC at most) or from an iSCSI disk.
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
@@ -31,7 +30,7 @@ constexpr CodeText kStates[] = {
 
 // A NIC's place among the settings, from 0, by its word; -1 for a word that names none.
 int PlaceOf(const char* word) {
-    if (std::strncmp(word, "NIC", 3) != 0 || word[3] == '\0' || word[4] != '\0') return -1;
+    if (!StartsWith(word, "NIC") || word[3] == '\0' || word[4] != '\0') return -1;
     const int place = word[3] - '1';
     return place >= 0 && place < kNamedNics ? place : -1;
 }

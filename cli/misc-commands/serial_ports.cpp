@@ -1,7 +1,6 @@
 // The embedded serial ports A and B and the management processor's virtual one. No two of them are to have
 // the same COM number: the one that is set takes it from the one that had it.
 #include <cstdio>
-#include <cstring>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
@@ -193,7 +192,7 @@ int do_set_embedded_serial_port(InputLineType* InputLine) {
 
     WOLEVREC ztsbkt;
     if (!ReadVariable(kConfiguration, ztsbkt)) return Fail(kPortsUnreadable);
-    const int port = std::strncmp(InputLine->Words[3], "PORTA", 5) == 0 ? 0 : 1;
+    const int port = StartsWith(InputLine->Words[3], "PORTA") ? 0 : 1;
     const char* word = InputLine->Words[4];
     const EmbeddedChoice* choice = FindWord(kEmbeddedChoices[port], word);
     if (choice == nullptr) {

@@ -1,7 +1,6 @@
 // SHOW UID and SET UID: the unit identification light, by which a server is found in its rack.
 
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <new>
 
@@ -65,8 +64,8 @@ int do_set_uid(InputLineType* InputLine) {
     if (InputLine->NumWords != 3) return InvalidArguments();
 
     const char* const word = InputLine->Words[2];
-    const bool on = std::strncmp(word, "ON", 2) == 0;
-    if (!on && std::strncmp(word, "OFF", 3) != 0) return InvalidArguments();
+    const bool on = StartsWith(word, "ON");
+    if (!on && !StartsWith(word, "OFF")) return InvalidArguments();
 
     {
         const Reply<INDCHEADER> header(kIndicatorHeaderTable, 0);

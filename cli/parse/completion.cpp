@@ -1,7 +1,6 @@
 #include "cli/parse/command_line.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 
@@ -15,9 +14,7 @@ namespace {
 // beginning of a token.
 bool Fits(std::string_view token, std::string_view word, bool last) {
     if (word.size() > token.size() || (!last && word.size() < token.size())) return false;
-    return std::equal(word.begin(), word.end(), token.begin(), [](char typed, char upper) {
-        return std::toupper(static_cast<unsigned char>(typed)) == static_cast<unsigned char>(upper);
-    });
+    return strcmpi(word, token.substr(0, word.size())) == 0;
 }
 
 struct Candidates {

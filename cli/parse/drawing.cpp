@@ -60,6 +60,9 @@ void EraseRow(Shown& shown) {
 }
 
 int BackupCursor(int currpos, int newpos, int erase) {
-    for (int column = currpos; column > newpos; --column) std::fputs(erase != 0 ? "\b \b" : "\b", stdout);
+    for (int column = currpos; column > newpos; --column) {
+        std::putchar('\b');
+        if (erase != 0) std::fputs(" \b", stdout);
+    }
     return newpos;
 }

@@ -6,7 +6,7 @@
 namespace {
 
 struct Sequence {
-    std::string_view bytes;  // after ESC and '['; none begins another
+    char bytes[4];  // after ESC and '['; none begins another
     Key key;
 };
 
@@ -24,7 +24,8 @@ constexpr Sequence kSequences[] = {
 
 constexpr size_t LongestSequence() {
     size_t longest = 0;
-    for (const Sequence& sequence : kSequences) longest = std::max(longest, sequence.bytes.size());
+    for (const Sequence& sequence : kSequences)
+        longest = std::max(longest, std::string_view(sequence.bytes).size());
     return longest;
 }
 
@@ -57,8 +58,9 @@ int ReadSequence() {
         const std::string_view read(bytes, length);
         bool begins_one = false;
         for (const Sequence& sequence : kSequences) {
-            if (sequence.bytes == read) return sequence.key;
-            begins_one = begins_one || sequence.bytes.substr(0, length) == read;
+            const std::string_view whole = sequence.bytes;
+            if (whole == read) return sequence.key;
+            begins_one = begins_one || whole.substr(0, length) == read;
         }
         if (!begins_one) break;
     }

@@ -1,9 +1,8 @@
 // What the SMBIOS tables say of this server: to start-up the server line, the model and the embedded NICs; to
 // SHOW SERVER the machine, its processors and its memory; to SHOW DIMM the memory modules.
-#include <strings.h>
-
 #include <cstdio>
 #include <cstring>
+#include <string_view>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
@@ -17,7 +16,7 @@ using smbios::System;
 
 namespace {
 
-constexpr char kServerLine[] = "corvex";
+constexpr std::string_view kServerLine = "corvex";
 
 constexpr CodeText kCpuStatuses[] = {
     {kCpuOk, "Ok"},
@@ -136,8 +135,8 @@ int detect_corvex() {
         std::printf("\nThis does not seem to be a VX Corvex Server.");
         return 1;
     }
-    const char* product = system.Text(smbios::System::kProductName);
-    return strncasecmp(product, kServerLine, std::strlen(kServerLine)) == 0 ? 0 : 1;
+    const std::string_view product = system.Text(smbios::System::kProductName);
+    return strcmpi(product.substr(0, kServerLine.size()), kServerLine) == 0 ? 0 : 1;
 }
 
 int smbios_get_systemname() {

@@ -20,23 +20,26 @@ unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
     return static_cast<unsigned char>(sum);
 }
 
-// Whether the bytes, which begin with the anchor, are an entry point that is right and lies wholly within
-// them.
+// Whether the bytes begin with an entry point that is right and lies wholly within them.
 bool BeginsEntryPoint(Bytes bytes) {
     SMBIOSEntryPoint entry;
     if (bytes.size < sizeof entry) return false;
+    if (std::memcmp(bytes.data, kEntryPointAnchor, sizeof entry.sAnchorString) != 0) return false;
     std::memcpy(&entry, bytes.data, sizeof entry);
     if (entry.byEPSLength > bytes.size || SmbChecksum(bytes.data, entry.byEPSLength) != 0) return false;
     return entry.byMajorVer * 256U + entry.byMinorVer > kNewestRefused;
 }
 
-// Fills EPS with the first entry point of the BIOS area; false when there is none. Nearly all of its 4096
-// places are told from one by their first four bytes.
+// Fills EPS with the first entry point of the BIOS area; false when there is none.
 bool FindEntryPoint(Bytes area) {
-    for (size_t offset = 0; offset < area.size; offset += kEntryPointAlignment) {
-        if (std::memcmp(area.data + offset, kEntryPointAnchor, sizeof EPS.sAnchorString) != 0) continue;
-        if (!BeginsEntryPoint({area.data + offset, area.size - offset})) continue;
-        std::memcpy(&EPS, area.data + offset, sizeof EPS);
+    const unsigned char* const end = area.data + area.size;
+    for (const unsigned char* next = area.data; next != end; ++next) {
+        next = static_cast<const unsigned char*>(
+            std::memchr(next, kEntryPointAnchor[0], static_cast<size_t>(end - next)));
+        if (next == nullptr) return false;
+        if ((next - area.data) % kEntryPointAlignment != 0) continue;
+        if (!BeginsEntryPoint({next, static_cast<size_t>(end - next)})) continue;
+        std::memcpy(&EPS, next, sizeof EPS);
         return true;
     }
     return false;

@@ -1,7 +1,6 @@
 // The processors and their caches.
-#include <strings.h>
-
-#include <cstring>
+#include <algorithm>
+#include <string_view>
 
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/text.h"
@@ -114,11 +113,13 @@ unsigned short CountProcessors() {
     return count;
 }
 
-constexpr char kBlanks[] = " \t";
-
-// Compares as strcmp does, ASCII letters in either case being equal.
-int strcmpi(const char* a, const char* b) {
-    return strcasecmp(a, b);
+// Takes the first word off a text. Empty when there is none.
+std::string_view TakeWord(std::string_view& text) {
+    constexpr char kBlanks[] = " \t";
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
+    text.remove_prefix(word.size());
+    return word;
 }
 
 }  // namespace
@@ -149,14 +150,12 @@ BOOL ParseNumFromString(const char* pStr, const char* pToken, int* piValue) {
     char words[256];
     TextWriter(words, sizeof words).Text(pStr);
 
-    char* rest = nullptr;
-    const char* word = strtok_r(words, kBlanks, &rest);
-    while (word != nullptr && strcmpi(word, pToken) != 0) word = strtok_r(nullptr, kBlanks, &rest);
-    const char* number = word != nullptr ? strtok_r(nullptr, kBlanks, &rest) : nullptr;
-    if (number == nullptr) return FALSE;
-
-    number += std::strcspn(number, "0123456789");
-    if (*number == '\0') return FALSE;
-    *piValue = DecimalNumber(number);
+    std::string_view rest = words;
+    std::string_view word = TakeWord(rest);
+    while (!word.empty() && strcmpi(word, pToken) != 0) word = TakeWord(rest);
+    word = TakeWord(rest);
+    const size_t number = word.find_first_of("0123456789");
+    if (number == word.npos) return FALSE;
+    *piValue = DecimalNumber(word.data() + number);
     return TRUE;
 }

@@ -1,7 +1,6 @@
 // The data tables: one file per record, named by the three numbers of the request.
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <string>
 
@@ -14,12 +13,10 @@ namespace {
 constexpr size_t kLargestIndicator = size_t{1} << 16;  // bytes of its record
 constexpr size_t kStateOffset = offsetof(INDCBASIC, ucCurrState);
 
-struct RecordName {
-    char text[24];
-    explicit RecordName(const DT_IOCTL_HEADER& header) {
-        std::snprintf(text, sizeof text, "%u.%u.%u", header.DT_Type, header.Index, header.Index2);
-    }
-};
+std::string RecordName(const DT_IOCTL_HEADER& header) {
+    return std::to_string(header.DT_Type) + '.' + std::to_string(header.Index) + '.' +
+           std::to_string(header.Index2);
+}
 
 bool Knows(int code, const void* block) {
     return code == kDataTableRequest && block != nullptr;
@@ -27,29 +24,29 @@ bool Knows(int code, const void* block) {
 
 void Describe(int /*code*/, const void* block, Call& call) {
     const DT_IOCTL_HEADER& header = static_cast<const DT_IOCTL*>(block)->DtHdr;
-    call.SetSubject("cdt %s", RecordName(header).text);
+    call.SetSubject("cdt %u.%u.%u", header.DT_Type, header.Index, header.Index2);
     call.SetDetail(" size=%u cru=%u.%u", header.size, header.CRUFunction, header.CRUSubfunction);
 }
 
 int Report(const DT_IOCTL& block) {
-    const Descriptor file = OpenFile(OpenDevice(kCdt.name), RecordName(block.DtHdr).text);
+    const Descriptor file = OpenFile(OpenDevice(kCdt.name), RecordName(block.DtHdr).c_str());
     if (!file) return AnswerForMissing();
     return ReadAt(file.Get(), block.pData, block.DtHdr.size, 0) < 0 ? -errno : 0;
 }
 
 // Stores an indicator's new state, then reports the record that has been stored.
 int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
-    const RecordName name(block.DtHdr);
+    const std::string name = RecordName(block.DtHdr);
     const DeviceChange change(kCdt.name);
     if (!change) return AnswerForMissing();
-    const Descriptor file = OpenFile(change.Directory(), name.text);
+    const Descriptor file = OpenFile(change.Directory(), name.c_str());
     if (!file) return AnswerForMissing();
 
     std::string record;
     if (!ReadWhole(file, kLargestIndicator, record)) return -errno;
     record.resize(std::max(record.size(), kStateOffset + 1));
     record[kStateOffset] = static_cast<char>(state);
-    const int result = change.Replace(name.text, record);
+    const int result = change.Replace(name.c_str(), record);
     if (result == 0)
         std::memcpy(block.pData, record.data(), std::min<size_t>(record.size(), block.DtHdr.size));
     return result;

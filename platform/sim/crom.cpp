@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <string>
 
 #include "include/rom_variables.h"
@@ -13,7 +14,7 @@ namespace {
 constexpr size_t kLargestValue = size_t{1} << 20;  // bytes; what a write keeps behind its own bytes counts
 
 size_t NameLength(const EV_IOCTL_STRUCT& block) {
-    return strnlen(block.EvName, sizeof block.EvName);
+    return static_cast<size_t>(std::find(block.EvName, std::end(block.EvName), '\0') - block.EvName);
 }
 
 bool IsNameLetter(char letter) {

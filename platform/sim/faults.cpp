@@ -72,10 +72,10 @@ bool EventNumber(std::string_view text, std::string& subject) {
 
 bool Address(std::string_view text, std::string& subject) {
     uint64_t address = 0;
-    char words[24];
     if (!ReadNumber(text, INT64_MAX, address)) return false;
-    std::snprintf(words, sizeof words, "0x%08llx", static_cast<unsigned long long>(address));
-    subject += words;
+    Call call;
+    call.SetSubject("0x%08llx", static_cast<unsigned long long>(address));
+    subject += call.subject;
     return true;
 }
 
@@ -166,8 +166,7 @@ bool Faults::ReadLine(std::string_view line) {
 }
 
 bool Faults::Meets(std::string_view subject, unsigned long request, int* result) const {
-    char place[32] = "";
-    if (request != 0) std::snprintf(place, sizeof place, "request %lu", request);
+    const std::string place = request != 0 ? "request " + std::to_string(request) : "";
     for (const Fault& fault : faults_) {
         const bool fits = fault.subject == subject || fault.subject == place ||
                           (fault.subject == kAnyEvent && StartsWith(subject, kEventRead));

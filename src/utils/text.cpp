@@ -6,6 +6,15 @@ TextWriter::TextWriter(char* buffer, size_t size) : begin_(buffer), next_(buffer
     *next_ = '\0';
 }
 
+int strcmpi(std::string_view a, std::string_view b) {
+    const size_t shared = std::min(a.size(), b.size());
+    for (size_t i = 0; i < shared; ++i) {
+        const int difference = UpperCase(a[i]) - UpperCase(b[i]);
+        if (difference != 0) return difference;
+    }
+    return static_cast<int>(a.size() > shared) - static_cast<int>(b.size() > shared);
+}
+
 void TextWriter::Letter(char letter) {
     Text({&letter, 1});
 }
