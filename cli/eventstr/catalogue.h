@@ -59,10 +59,20 @@ constexpr bool Accept() {
     return kRule == Rule::None;
 }
 
-constexpr size_t CountOf(std::string_view mark, std::string_view text) {
-    size_t count = 0;
-    for (size_t at = 0; at < text.size(); ++at) count += text.substr(at, mark.size()) == mark;
-    return count;
+struct Marks {
+    size_t arguments = 0;  // "%s"
+    size_t chassis = 0;    // "%C"
+    size_t others = 0;     // any other "%"
+};
+
+constexpr Marks MarksOf(std::string_view text) {
+    Marks marks;
+    for (size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '%') continue;
+        const char letter = at + 1 < text.size() ? text[at + 1] : '\0';
+        ++(letter == 's' ? marks.arguments : letter == 'C' ? marks.chassis : marks.others);
+    }
+    return marks;
 }
 
 template <size_t N>
@@ -90,9 +100,9 @@ constexpr bool GoTogether(const FieldsA& a, const FieldsB& b) {
 }
 
 constexpr Rule BrokenBy(const EventRow& row) {
-    const size_t marks = CountOf("%s", row.text);
-    if (CountOf("%", row.text) != marks) return Rule::MarksOnly;
-    if (CountOf(row.arguments) != marks) return Rule::OneMarkAnArgument;
+    const Marks marks = MarksOf(row.text);
+    if (marks.chassis + marks.others != 0) return Rule::MarksOnly;
+    if (CountOf(row.arguments) != marks.arguments) return Rule::OneMarkAnArgument;
     const bool one_record = GoTogether(row.when, row.when) && GoTogether(row.when, row.arguments) &&
                             GoTogether(row.arguments, row.arguments);
     return one_record ? Rule::None : Rule::OneRecord;
@@ -113,11 +123,10 @@ constexpr FormRule kFormRules[kFormCount] = {
     {"Power Enclosure ", 0, 1},
 };
 
-constexpr Rule BrokenBy(std::string_view form, const FormRule& rule) {
-    const size_t named = CountOf("%C", form);
-    if (CountOf("%", form) != CountOf("%s", form) + named) return Rule::MarksOnly;
+constexpr Rule BrokenBy(std::string_view form, const Marks& marks, const FormRule& rule) {
+    if (marks.others != 0) return Rule::MarksOnly;
     if (form.substr(0, rule.words.size()) != rule.words) return Rule::FormsInOrder;
-    return named < rule.least || named > rule.most ? Rule::ChassisNamed : Rule::None;
+    return marks.chassis < rule.least || marks.chassis > rule.most ? Rule::ChassisNamed : Rule::None;
 }
 
 constexpr Rule BrokenBy(const ChassisEventRow& row) {
@@ -125,11 +134,13 @@ constexpr Rule BrokenBy(const ChassisEventRow& row) {
     size_t shared = 0, most = 0;  // arguments of the forms that aren't an enclosure's, and of any form
     bool first = true;
     for (size_t i = 0; i < kFormCount; ++i) {
-        if (std::string_view(row.forms[i]).empty()) continue;
-        const Rule broken = BrokenBy(row.forms[i], kFormRules[i]);
+        const std::string_view form = row.forms[i];
+        if (form.empty()) continue;
+        const Marks marks = MarksOf(form);
+        const Rule broken = BrokenBy(form, marks, kFormRules[i]);
         if (broken != Rule::None) return broken;
 
-        const size_t taken = CountOf("%s", row.forms[i]);
+        const size_t taken = marks.arguments;
         if (taken > most) most = taken;
         if (i >= kOnBladeEnclosure ? taken != all : !first && taken != shared) return Rule::SameArguments;
         shared = taken;
