@@ -15,25 +15,38 @@ namespace fs = std::filesystem;
 
 class Saved : public testing::TestWithParam<std::string> {
   protected:
+    enum Runs { kEachByItself, kAllInOne };  // the SHOW commands; each one's status is seen in the former
+
     // Saves the machine and compares; what: why it is one to be tried. Result: what savemachine says.
-    std::string Compare(const SweptMachine& machine, const std::string& what) {
+    std::string Compare(const SweptMachine& machine, const std::string& what, Runs runs = kEachByItself) {
         SCOPED_TRACE(what);
         const TestMachine parent;
         const std::string copy = parent.Directory() + "/copy";
         const RunResult saved = RunProgram(ProgramPath("savemachine"), {copy}, machine.Directory());
         EXPECT_EQ(saved.status, 0) << saved.errors;
         EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_all);
-        for (const std::string& command : Commands()) {
-            if (command.rfind("SHOW", 0) != 0) continue;
-            const RunResult there = machine.Script(command);
-            const RunResult here = RunProgram(ProgramPath("brantcli"), {"-s", command}, copy);
-            EXPECT_EQ(here.output, there.output) << command;
-            EXPECT_EQ(here.status, there.status) << command;
+        for (const std::string& script : Scripts(runs)) {
+            const RunResult there = machine.Script(script);
+            const RunResult here = RunProgram(ProgramPath("brantcli"), {"-s", script}, copy);
+            EXPECT_EQ(here.output, there.output) << script;
+            EXPECT_EQ(here.status, there.status) << script;
         }
         log_ = parent.Read("copy/cevt/hlog");
         return saved.errors;
     }
     std::string log_;  // of the last copy
+
+  private:
+    static std::vector<std::string> Scripts(Runs runs) {
+        std::vector<std::string> each;
+        std::string all;
+        for (const std::string& command : Commands()) {
+            if (command.rfind("SHOW", 0) != 0) continue;
+            each.push_back(command);
+            all += command + ';';
+        }
+        return runs == kEachByItself ? each : std::vector<std::string>{all};
+    }
 };
 
 // Every piece is missing, another thing, or cut, in one machine of kMachines.
@@ -57,7 +70,7 @@ TEST_P(Saved, TellsTheSameWithoutSomePieces) {
         for (const auto& [path, bytes] : pieces) {
             if (place++ % kMachines == i % kMachines) damages[i / kMachines](path);
         }
-        Compare(machine, "damage " + std::to_string(i));
+        Compare(machine, "damage " + std::to_string(i), kAllInOne);
         for (const auto& [path, bytes] : pieces) machine.Remove(path);
         machine.Restore();
     }
