@@ -77,5 +77,5 @@ enum class CloseOrder { AsOpened, LastFirst };
 // Closes the devices, gives the terminal back, frees the history and the SMBIOS copy. Result: FinalStatus.
 int EndRun(int status, CloseOrder order);
 
-// Ends the run, with CloseOrder::kAsOpened, and then the process.
+// Ends the run, with CloseOrder::AsOpened, and then the process.
 [[noreturn]] void EndProcess(int status);

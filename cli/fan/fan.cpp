@@ -74,7 +74,7 @@ constexpr Column kColumns[] = {
     {kPercent, 8}, {kRedundant, 11}, {kPartner, 9}, {kHotPluggable, 14},
 };
 
-// What nothing is known of shows as "-".
+// What isn't known shows as "-".
 outdata RowOf(const FanStatus& fan, int number) {
     outdata row;
     for (field& cell : row.tdata) SetCell(cell, "-");

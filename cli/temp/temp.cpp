@@ -42,7 +42,7 @@ void SetDegrees(field& cell, int celsius) {
     SetCell(cell, "%dC/%dF", celsius, Fahrenheit(celsius));
 }
 
-// What nothing is known of shows as " - ".
+// What isn't known shows as " - ".
 outdata RowOf(const SensorStatus& sensor) {
     outdata row;
     for (field& cell : row.tdata) SetCell(cell, " - ");
