@@ -17,7 +17,7 @@ SmbiosRecord BiosRecord(const std::string& version, const std::string& date) {
     record.Byte(0x3F);         // size of the ROM, in 64 KiB less one
     record.Qword(0x00019880);  // PCI, upgradeable, shadowed, boots from CD, boot device selectable
     record.Byte(0x03);         // ACPI, USB legacy
-    record.Byte(0x05);         // BIOS boot specification, targeted content distribution
+    record.Byte(0x05);         // a boot order of devices (BBS), targeted content distribution
     for (int i = 0; i < 4; ++i) record.Byte(kUnsupported);  // releases of the BIOS and of the controller
     return record;
 }
