@@ -22,7 +22,7 @@ constexpr size_t kLongestLine = kSubjectSize + kDetailSize + sizeof " -> -1 errn
 Descriptor OpenTrace() {
     const Descriptor machine = OpenMachine();
     struct stat status;
-    if (!machine || fstatat(machine.Get(), kTraceFile, &status, 0) != 0) return Descriptor();
+    if (fstatat(machine.Get(), kTraceFile, &status, 0) != 0) return Descriptor();
 
     int fd = -1;
     errno = EINVAL;
