@@ -25,7 +25,7 @@ target_link_options(hardened INTERFACE
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_RELRO}>>:-Wl,-z,relro,-z,now>")
 
 # For the programs: the C++ library and the compiler's support library are linked in, and what nothing uses of them
-# and of our own code is left out. To load and bind them takes four times as long as all that a command does. The C
+# and of our own code is left out. To load and bind them takes six times as long as all that a command does. The C
 # library is the system's and stays shared.
 check_linker_flag(CXX -Wl,--gc-sections BRANT_HAS_GC_SECTIONS)
 check_linker_flag(CXX -Wl,-O1 BRANT_HAS_SYMBOL_HASH)  # a table of symbols that the loader searches quickly

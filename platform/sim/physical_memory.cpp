@@ -14,10 +14,10 @@ namespace {
 
 constexpr char kMemoryFile[] = "xsvc";
 
-// Whether the file has all of a range of one byte or more.
+// Whether the file has all of a range. One without bytes is left to mmap, which refuses it.
 bool Holds(int fd, off_t address, size_t length) {
     struct stat status;
-    if (fstat(fd, &status) != 0 || address < 0 || address > status.st_size || length == 0) return false;
+    if (fstat(fd, &status) != 0 || address < 0 || address > status.st_size) return false;
     return length <= static_cast<uint64_t>(status.st_size - address);
 }
 
