@@ -131,7 +131,7 @@ constexpr Rule BrokenBy(std::string_view form, const Marks& marks, const FormRul
 
 constexpr Rule BrokenBy(const ChassisEventRow& row) {
     const size_t all = CountOf(row.arguments);
-    size_t shared = 0, most = 0;  // arguments of the forms that aren't an enclosure's, and of any form
+    size_t taken = 0;  // by the form that was looked at last; an enclosure's, which come last, take all
     bool first = true;
     for (size_t i = 0; i < kFormCount; ++i) {
         const std::string_view form = row.forms[i];
@@ -140,13 +140,12 @@ constexpr Rule BrokenBy(const ChassisEventRow& row) {
         const Rule broken = BrokenBy(form, marks, kFormRules[i]);
         if (broken != Rule::None) return broken;
 
-        const size_t taken = marks.arguments;
-        if (taken > most) most = taken;
-        if (i >= kOnBladeEnclosure ? taken != all : !first && taken != shared) return Rule::SameArguments;
-        shared = taken;
+        const size_t before = taken;
+        taken = marks.arguments;
+        if (i >= kOnBladeEnclosure ? taken != all : !first && taken != before) return Rule::SameArguments;
         first = false;
     }
-    if (most != all) return Rule::OneMarkAnArgument;
+    if (taken != all) return Rule::OneMarkAnArgument;
     const Argument name[] = {row.name.chassis};
     const bool one_record = GoTogether(row.arguments, row.arguments) && GoTogether(row.arguments, name);
     return one_record ? Rule::None : Rule::OneRecord;

@@ -1,6 +1,7 @@
 // Faults and the trace, which every call of the seam goes through.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <regex>
 
 #include "tests/platform/seam.h"
@@ -85,4 +86,8 @@ TEST(Trace, IsLookedForOnceAndAppendedTo) {
         Make("casr 6");
     });
     EXPECT_EQ(machine.Read("trace"), "") << "looked for at a later call";
+    machine.Remove("trace");
+    std::filesystem::create_directory(machine.Directory() + "/trace");
+    InChild(machine, [] { Make("open casr"); });
+    EXPECT_EQ(machine.Read("stderr"), "simulated machine: trace: Invalid argument\n");
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "cli/smbios-commands/smbios_commands.h"
 #include "tests/support/loaded_tables.h"
 #include "tests/support/stored.h"
 #include "tools/mkmachine/firmware_records.h"
@@ -25,4 +26,7 @@ TEST(ShowServer, NamesTheStateAndRoundsDown) {
          {": Failed\n", ": Disabled\n", ": Unknown\n", ": 1 MBytes\n", ":           1 MB\n"}) {
         EXPECT_NE(output.find(text), output.npos) << text;
     }
+
+    EXPECT_TRUE(tables.Load(SystemRecord("Corvex", "").Bytes()));
+    EXPECT_EQ(get_dimminfo_smbios(), 1) << "no sockets";
 }
