@@ -72,7 +72,7 @@ CmdType* FindChild(const CmdType* Cmd, std::string_view Token) {
 void PropagateSynonyms(CmdType* Cmd) {
     for (CmdType* child = Cmd->Sub; child != nullptr; child = child->Next) {
         if (child->Synonym != nullptr) child->Sub = child->Synonym->Sub;
-        if (child->Sub != nullptr) PropagateSynonyms(child);
+        PropagateSynonyms(child);
     }
 }
 

@@ -136,8 +136,8 @@ TEST(Editor, KeepsToTheRoomOfALine) {
     EXPECT_EQ(Type(most + "x\t\r"), kPrompt + most + "x\a");
     EXPECT_EQ(line.CmdLine, most + "x");
     const std::string middle = most + "x" + kHome + kRight;
-    Type(middle + "123\r");  // the third is one too many
-    EXPECT_EQ(line.CmdLine, "h12" + most.substr(1) + "x");
+    Type(middle + "123" + kDelete + "\r");  // the third is one too many
+    EXPECT_EQ(line.CmdLine, "h12" + most.substr(2) + "x");
 
     std::string full(254, 'a');
     EXPECT_EQ(InsertChar(0, 'b', full.data()), -1);

@@ -33,8 +33,9 @@ TEST(CommandTree, HasEveryCommandWithItsHelpText) {
 
 TEST(CommandTree, SharesWhatASynonymStandsFor) {
     static CmdType* const root = NewCommandNode("", nullptr, "", nullptr);  // nodes are never freed
-    CmdType* fan = AppendCmd(root, "FAN", nullptr, "help", Nothing);
-    CmdType* fans = AppendCmd(root, "FANS", fan, "help", Nothing);
+    CmdType* show = AppendCmd(root, "SHOW", nullptr, "", nullptr);
+    CmdType* fan = AppendCmd(show, "FAN", nullptr, "help", Nothing);
+    CmdType* fans = AppendCmd(show, "FANS", fan, "help", Nothing);
     CmdType* sub = AppendCmd(fan, "ALL", nullptr, "", Nothing);
     PropagateSynonyms(root);
     EXPECT_EQ(fans->Sub, sub);
