@@ -8,11 +8,19 @@
 
 namespace {
 
+// The days of a time's month, which is one.
+int DaysOf(const EVT_TIME_STAMP& time) {
+    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const int year = time.bCentury * 100 + time.bYear;
+    const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    return kDays[time.bMonth - 1] + (time.bMonth == 2 && leap ? 1 : 0);
+}
+
 // A time in the form of ISO 8601, without a zone because the firmware keeps none; null when the bytes are no
 // time.
 Json Time(const EVT_TIME_STAMP& time) {
     const bool is_one = time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
-                        time.bDay >= 1 && time.bDay <= 31 && time.bHour < 24 && time.bMinute < 60;
+                        time.bDay >= 1 && time.bDay <= DaysOf(time) && time.bHour < 24 && time.bMinute < 60;
     if (!is_one) return nullptr;
     char text[32];
     std::snprintf(text, sizeof text, "%02d%02d-%02d-%02dT%02d:%02d", time.bCentury, time.bYear, time.bMonth,

@@ -1,4 +1,5 @@
 // What the health driver tells.
+#include <cstdio>
 #include <memory>
 
 #include "brantexport/sections.h"
@@ -15,7 +16,8 @@ Json Known(const std::optional<Value>& value) {
 }
 
 Json ModuleOf(const ModuleStatus& module) {
-    const std::string number = "unknown " + std::to_string(module.status);
+    char number[24];  // as SHOW DIMM has it
+    std::snprintf(number, sizeof number, "Unknown - 0x%x", module.status);
     return {
         {"cartridge", module.cartridge},
         {"module", module.module},
@@ -24,7 +26,7 @@ Json ModuleOf(const ModuleStatus& module) {
         {"memory_type", module.memory_type},
         {"size_mib", module.size},
         {"speed_mhz", module.speed},
-        {"status", Word(module.status_text != nullptr ? module.status_text : number.c_str())},
+        {"status", Word(module.status_text != nullptr ? module.status_text : number)},
     };
 }
 

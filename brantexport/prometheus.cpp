@@ -1,7 +1,9 @@
 #include "brantexport/sections.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <set>
+#include <iterator>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -135,22 +137,40 @@ double ValueOf(const Metric& metric, const Json& value) {
     return (value.is_boolean() ? int{value.get<bool>()} : value.get<double>()) * metric.factor;
 }
 
-std::string SampleOf(const Metric& metric, const Json& entry) {
-    if (metric.member == nullptr) return Sample(metric.name, LabelsOf(metric, entry), 1);
-    const Json& value = entry[metric.member];
-    if (value.is_null()) return "";
-    return Sample(metric.name, LabelsOf(metric, entry), ValueOf(metric, value));
+// Whether there is anything to be told of an entry.
+bool IsKnown(const Metric& metric, const Json& entry) {
+    if (metric.member != nullptr) return !entry[metric.member].is_null();
+    const auto& members = metric.labels.member;
+    return std::any_of(std::begin(members), std::end(members),
+                       [&](const char* member) { return member != nullptr && !entry[member].is_null(); });
 }
 
 std::string SamplesOf(const Metric& metric, const Json& section) {
-    if (section.is_object()) return SampleOf(metric, section);
-    // Two samples with the same labels would spoil the whole text: the first counts.
-    std::set<std::string> known;
-    std::string samples;
-    for (const Json& entry : section) {
-        if (known.insert(LabelsOf(metric, entry)).second) samples += SampleOf(metric, entry);
+    // Two samples with the same labels would spoil the whole text: the lower one counts, so that of two
+    // modules that claim one place the one that isn't ok is told of.
+    std::vector<std::pair<std::string, double>> samples;
+    const Json entries = section.is_object() ? Json::array({section}) : section;
+    for (const Json& entry : entries) {
+        if (!IsKnown(metric, entry)) continue;
+        const std::string labels = LabelsOf(metric, entry);
+        const double value = metric.member != nullptr ? ValueOf(metric, entry[metric.member]) : 1;
+        const auto same = std::find_if(samples.begin(), samples.end(),
+                                       [&](const auto& sample) { return sample.first == labels; });
+        if (same == samples.end()) {
+            samples.emplace_back(labels, value);
+        } else {
+            same->second = std::min(same->second, value);
+        }
     }
-    return samples;
+    std::string text;
+    for (const auto& [labels, value] : samples) text += Sample(metric.name, labels, value);
+    return text;
+}
+
+bool HasErrorOf(const Json& document, const char* section) {
+    const Json& errors = document["errors"];
+    return std::any_of(errors.begin(), errors.end(),
+                       [&](const Json& error) { return error["section"] == section; });
 }
 
 // A metric with its samples; nothing when it has none.
@@ -183,11 +203,14 @@ std::string PrometheusText(const Json& document) {
             if (name == metric.section) text += Block(metric.name, metric.help, SamplesOf(metric, section));
         }
     }
-    if (document.contains("events") && !document["events"].is_null()) {
+    // What a log that was read in part holds would look like new entries once it is read whole.
+    if (document.contains("events") && !HasErrorOf(document, "events")) {
         text += Block("brant_events", "Entries of the event log.",
                       Counts("brant_events", document["events"], "severity",
                              {"info", "repaired", "caution", "critical", "unknown"}));
     }
-    return text + Block("brant_read_errors", "What could not be read of a section.",
-                        Counts("brant_read_errors", document["errors"], "section", sections));
+    return text +
+           Block("brant_read_errors", "What could not be read of a section.",
+                 Counts("brant_read_errors", document["errors"], "section", sections)) +
+           "# EOF\n";  // a comment, by which a text that was cut off can be told
 }

@@ -51,7 +51,9 @@ int FailedResult() {
 }
 
 void NoticeInterrupts() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, Interrupt);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, Interrupt);  // else as nohup has it
+    }
     for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);  // the write fails, too
 }
 
