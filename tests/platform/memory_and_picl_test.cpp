@@ -1,6 +1,8 @@
 // Physical memory and the PICL tree.
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "platform/physical_memory.h"
 #include "platform/picl.h"
 #include "tests/platform/seam.h"
@@ -26,6 +28,7 @@ TEST(PhysicalMemory, OutlivesTheFile) {
         const int fd = xsvc_open();
         const auto* bytes = static_cast<const char*>(xsvc_map(fd, 0, 8192));
         xsvc_close(fd);
+        EXPECT_EQ(xsvc_open(), fd) << "a descriptor that wasn't closed";
         machine.Write("xsvc", "");
         ASSERT_NE(bytes, nullptr);
         EXPECT_EQ(bytes[8191], 'M') << "a mapping of a file that shrank";
@@ -37,7 +40,8 @@ namespace {
 const struct {
     const char* catches;
     const char* tree;
-    const char* nodes;  // of class a: each one's "id"; null: there is no root
+    const char* nodes;         // of class a: each one's "id"; null: there is no root
+    const char* refused = "";  // the numbers of the lines that are reported
 } kTrees[] = {
     {"the walk's order, or the root in it", "a id=1\n  a id=2\n    a id=3\n    b id=9\n  a id=4\n", "020304"},
     {"a class by its beginning", "r\n  ab id=1\n  a id=2\n  b id=3\n", "02"},
@@ -46,27 +50,29 @@ const struct {
     {"remarks in the tree", "# r\n\nr\n\n  a id=1\n# x\n  # x\n   \n    a id=2", "0102"},
     {"another system's line ends", "r\r\n  a id=1\r\n", "01"},
     {"no root", "# nothing\n", nullptr},
-    {"a root that is indented", "  r\n", nullptr},
-    {"random bytes", "\x8e\x01\n\xff  =\t\n   \x7f", ""},
-    {"a second root and all below it", "r\na id=1\n  a id=2\n", ""},
-    {"a level passed over", "r\n    a id=1\n  a id=2\n", "02"},
-    {"half a level", "r\n   a id=1\n  a id=2\n", "02"},
-    {"a value of 33 bits", "r\n  a id=4294967296\n  a id=2\n", "02"},
-    {"a value that isn't a number", "r\n  a id=0x\n    a id=1\n  a id=2\n", "02"},
-    {"a property without a name", "r\n  a =1\n  a id=2\n", "02"},
-    {"a property without a value", "r\n  a id\n  a id=2\n", "02"},
+    {"a root that is indented", "  r\n", nullptr, "1 "},
+    {"random bytes", "\x8e\x01\n\xff  =\t\n   \x7f", "", "2 "},
+    {"a second root and all below it", "r\na id=1\n  a id=2\n", "", "2 "},
+    {"a level passed over", "r\n    a id=1\n  a id=2\n", "02", "2 "},
+    {"half a level", "r\n   a id=1\n  a id=2\n", "02", "2 "},
+    {"a value of 33 bits", "r\n  a id=4294967296\n  a id=2\n", "02", "2 "},
+    {"a value that isn't a number", "r\n  a id=0x\n    a id=1\n  a id=2\n", "02", "2 "},
+    {"a property without a name", "r\n  a =1\n  a id=2\n", "02", "2 "},
+    {"a property without a value", "r\n  a id\n  a id=2\n", "02", "2 "},
 };
 
 }  // namespace
 
 TEST(Picl, WalksTheTreeOfTheFile) {
-    for (const auto& [catches, tree, nodes] : kTrees) {
+    for (const auto& [catches, tree, nodes, refused] : kTrees) {
         SCOPED_TRACE(catches);
         TestMachine machine;
         machine.Write("picl", tree);
         const std::string found = nodes == nullptr ? "1" : "0; picl walk a -> 0";
         const std::string ids = nodes == nullptr || *nodes == '\0' ? "" : std::string(" = ") + nodes;
         ExpectCalls(machine, "picl initialize -> 0; picl root -> " + found + ids);
+        const std::regex refusal("simulated machine: picl: line (\\d+) can't be read\n");
+        EXPECT_EQ(std::regex_replace(machine.Read("stderr"), refusal, "$1 "), refused);
     }
 }
 
