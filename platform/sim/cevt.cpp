@@ -74,10 +74,11 @@ class Log {
 
     std::string machine_, path_;  // the directory's path, and the file's
     Descriptor file_;
-    std::optional<Identity> identity_;  // of the file that the index and the window are made from
+    // Of the file that the index and the window are made from; none when its next change might not show, so
+    // that it is opened anew for each request.
+    std::optional<Identity> identity_;
     EventIndex index_;
     FileWindow window_;
-    bool next_change_shows_ = false;
     off_t end_of_last_ = 0;  // the offset behind the entry that was copied last
 };
 
@@ -95,22 +96,21 @@ int Log::Follow() {
 int Log::Open() {
     identity_.reset();
     window_.Clear();
-    next_change_shows_ = false;
     file_ = OpenFile(OpenDevice(kCevt.name), kLogFile);
     if (!file_) return AnswerForMissing();
     struct stat status;
     if (fstat(file_.Get(), &status) != 0) return -errno;
+    const Identity identity(status);
+    const bool next_change_shows = NextChangeShows(identity);
     const int result = index_.Make(file_);
-    if (result == 0) identity_.emplace(status);
+    if (result == 0 && next_change_shows) identity_ = identity;
     return result;
 }
 
 int Log::Copy(const EventPlace& place, void* entry) {
     const bool follows_last = place.offset == end_of_last_;
     end_of_last_ = place.offset + place.length;
-    next_change_shows_ = next_change_shows_ || NextChangeShows(*identity_);
-    if (follows_last && next_change_shows_)
-        return window_.Read(file_, place.offset, entry, place.length) ? 0 : -errno;
+    if (follows_last && identity_) return window_.Read(file_, place.offset, entry, place.length) ? 0 : -errno;
 
     uint8_t bytes[UINT16_MAX];
     const ssize_t count = ReadAt(file_.Get(), bytes, place.length, place.offset);

@@ -29,7 +29,7 @@ const struct {
     {"another page", "xsvc map 0x00001000 -12\n",
      "xsvc open -> 0; xsvc map 0x00000000 4096 -> 0 = 4d4e; xsvc unmap 4096;"
      "xsvc map 0x00001000 4096 -> -1 errno=12; xsvc close"},
-    {"memory that opens", "xsvc open -6\n", "xsvc open -> -1 errno=6"},
+    {"memory that opens", "xsvc open -1\n", "xsvc open -> -1 errno=1"},
     {"a service that answers", "picl initialize 1\n", "picl initialize -> 1; picl root -> 4"},
     {"a root that is given", "picl root 15\n", "picl initialize -> 0; picl root -> 15"},
     {"other calls counted, or from 0", "request 2 9\n",
@@ -40,8 +40,9 @@ const struct {
     {"lines that can't be read",
      "casr\ncasr 6\ncasr 6 x\ncasr x 1\nopen cdt 0\nopen tape -1\ncdt 351.0 1\ncdt x.0.0 1\ncdt 351.256.0 "
      "1\nrequest 0 1\n"
-     "picl root -1\ncasr 6 99999999999\n\1\2\xff\n casr 6 1\ncevt clear 0 1\ncasr 6 5\n",
-     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 "},
+     "picl root -1\ncasr 6 99999999999\n\1\2\xff\n casr 6 1\ncevt clear 0 1\ncevt read -2147483649 1\n"
+     "cevt read 4294967296 1\ncasr 6 5\n",
+     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 "},
 };
 
 }  // namespace

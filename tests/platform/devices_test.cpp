@@ -39,6 +39,10 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
         fd=1048576 code=6 -> -1 errno=9             # a descriptor past the last
         close casr
         fd=0 code=6 -> -1 errno=9                   # a descriptor that is closed)");
+    InChild(machine, [] {
+        setenv("BRANT_MACHINE", "/nowhere", 1);
+        EXPECT_EQ(Make("open casr"), "-1 errno=2") << "a machine that isn't there";
+    });
 }
 
 TEST(Devices, ReportDataTables) {
@@ -47,6 +51,8 @@ TEST(Devices, ReportDataTables) {
     machine.Write("cdt/1702.255.7", "\5");
     machine.Write("cdt/1503.0.0", "\1\7\3\4\5");
     machine.Write("cdt/1503.1.0", "");
+    machine.Write("cdt/1503.2.0", std::string(65536, '\0'));
+    machine.Write("cdt/1503.3.0", std::string(65537, '\0'));
     ExpectCalls(machine, R"(open cdt -> 0
         cdt 351.0.0 size=3 cru=0.0 -> 0 = 010203       # bytes past the caller's size
         cdt 351.0.0 size=9 cru=0.0 -> 0 = 01020304     # bytes made up behind the record
@@ -59,7 +65,9 @@ TEST(Devices, ReportDataTables) {
         cdt 1503.9.0 size=5 cru=1.1 -> 1               # an indicator that isn't there
         cdt 1503.0.0 size=5 cru=1.2 -> 0 = 0100030405  # the old state reported
         cdt 1503.0.0 size=1 cru=1.1 -> 0 = 01          # a change cut to the caller's size
-        cdt 1503.1.0 size=5 cru=1.1 -> 0 = 0001        # a short record not lengthened)");
+        cdt 1503.1.0 size=5 cru=1.1 -> 0 = 0001        # a short record not lengthened
+        cdt 1503.2.0 size=2 cru=1.1 -> 0 = 0001        # the largest record
+        cdt 1503.3.0 size=2 cru=1.1 -> -1 errno=27     # one that is larger)");
     EXPECT_EQ(machine.Read("cdt/1503.0.0"), "\1\1\3\4\5");
     EXPECT_EQ(machine.Read("cdt/1503.1.0"), std::string("\0\1", 2));
 }
@@ -124,6 +132,9 @@ TEST(Devices, ReadTheEventLog) {
     ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # an entry that the file's end cuts");
     machine.Remove("cevt/hlog");
     ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # no log at all");
+    std::filesystem::create_directory(machine.Directory() + "/cevt/hlog");
+    ExpectCalls(machine, "open cevt -> 0; cevt clear length=56 -> -1 errno=21");
+    EXPECT_FALSE(std::filesystem::exists(machine.Directory() + "/cevt/.new")) << "left of a failed change";
 }
 
 // Puts a log in the place of one that a listing is going through.
@@ -207,6 +218,7 @@ TEST(Devices, ListALongLogInOnePass) {
     TestMachine machine;
     machine.Write("cevt/hlog",
                   log + "\x1d" + std::string(27, '\0'));  // at the end, an entry that lacks a byte
+    usleep(60000);                                        // until the file isn't a new one any more
     InChild(machine, [&] {
         Make("open cevt");
         const size_t before = BytesRead();

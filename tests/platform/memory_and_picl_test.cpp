@@ -58,7 +58,7 @@ const struct {
     {"a value of 33 bits", "r\n  a id=4294967296\n  a id=2\n", "02", "2 "},
     {"a value that isn't a number", "r\n  a id=0x\n    a id=1\n  a id=2\n", "02", "2 "},
     {"a property without a name", "r\n  a =1\n  a id=2\n", "02", "2 "},
-    {"a property without a value", "r\n  a id\n  a id=2\n", "02", "2 "},
+    {"a property without a value", "r\n  a 7\n  a id=2\n", "02", "2 "},
 };
 
 }  // namespace
