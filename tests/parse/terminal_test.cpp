@@ -80,6 +80,18 @@ TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramGoesOn) {
     EXPECT_EQ(session.screen.CursorLine(), "brantcli> shxow");
 }
 
+TEST(Terminal, IsLeftToTheForeground) {
+    const TestMachine machine("tr500k2");
+    const char* const script = "set -m; \"$0\" & sleep .5; jobs; fg >/dev/null";
+    TerminalSession session(machine, {"-c", script, ProgramPath("brantcli")}, "/bin/sh");
+    const std::string shown = session.ReceiveUntil("(tty input)");
+    EXPECT_NE(shown.find(" Stopped "), shown.npos) << shown;
+    session.ReceiveUntil("brantcli> ");
+    session.Type("exit\r");
+    EXPECT_EQ(session.End(), 0);
+    EXPECT_TRUE(session.Settings() == session.found);
+}
+
 int keyboard[2];
 int ticks;
 extern "C" void Tick(int /*signal*/) {

@@ -51,10 +51,11 @@ inline bool operator==(const termios& one, const termios& other) {
     return std::memcmp(&one, &other, sizeof one) == 0;
 }
 
-// brantcli on a pseudo-terminal of 80 columns, on which at first everything is set otherwise than in
-// character mode.
+// brantcli, or what starts it, on a pseudo-terminal of 80 columns, on which at first everything is set
+// otherwise than in character mode.
 struct TerminalSession {
-    explicit TerminalSession(const TestMachine& machine, const std::vector<std::string>& arguments = {}) {
+    explicit TerminalSession(const TestMachine& machine, const std::vector<std::string>& arguments = {},
+                             const std::string& path = ProgramPath("brantcli")) {
         int keyboard = -1;
         if (openpty(&terminal, &keyboard, nullptr, nullptr, nullptr) != 0) std::abort();
         termios settings = Settings();
@@ -69,7 +70,7 @@ struct TerminalSession {
             close(terminal);
             login_tty(keyboard);
             setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
-            ExecProgram(ProgramPath("brantcli"), arguments);
+            ExecProgram(path, arguments);
         }
         close(keyboard);
     }
