@@ -5,8 +5,8 @@
 // it.
 void CreateCommands();
 
-// Runs each command of a string, separated by ';' (quotes don't protect one). command: left as it is.
-// Result: the last command's result; 1 when there is none.
+// Runs each command of a string, separated by ';' (quotes don't protect one). command: zeros are written
+// over its separators. Result: the last command's result; 1 when there is none.
 int do_scripted_command(char* command);
 
 // Runs what is typed at the prompt. EXIT, or the end of the input, ends the process.

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <string_view>
+#include <cstring>
 
 #include "cli/brantcli/brantcli.h"
 #include "cli/command/command.h"
@@ -15,14 +15,17 @@
 
 int do_scripted_command(char* command) {
     int result = 1;
-    for (std::string_view rest = command; !rest.empty();) {
-        const std::string_view segment = rest.substr(0, rest.find(';'));
-        rest.remove_prefix(std::min(segment.size() + 1, rest.size()));
+    char* const end = command + std::strlen(command);
+    for (char* segment = command; segment < end;) {
+        char* const separator = std::find(segment, end, ';');
+        *separator = '\0';
 
         InputLineType& line = CurrentCommandLine;
         ClearLine(&line);
         TextWriter(line.CmdLine, sizeof line.CmdLine).Text(segment);
         result = Command(&line, 1);
+
+        segment = separator + 1;
     }
     return result;
 }

@@ -12,6 +12,7 @@
 // The 25th word has no end: it is the rest of the line.
 #include "cli/parse/command_line.h"
 
+#include <cctype>
 #include <cstdio>
 #include <cstring>
 
@@ -72,7 +73,9 @@ void CutIntoWords(InputLineType& line) {
 
 void MakeUpper(char* String) {
     if (String == nullptr) return;
-    for (; *String != '\0'; ++String) *String = UpperCase(*String);
+    for (; *String != '\0'; ++String) {
+        *String = static_cast<char>(std::toupper(static_cast<unsigned char>(*String)));
+    }
 }
 
 void Parse(InputLineType* InputLine) {

@@ -7,12 +7,15 @@ TextWriter::TextWriter(char* buffer, size_t size) : begin_(buffer), next_(buffer
 }
 
 int strcmpi(std::string_view a, std::string_view b) {
+    const auto small = [](char letter) {
+        const int byte = static_cast<unsigned char>(letter);
+        return byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte;
+    };
     const size_t shared = std::min(a.size(), b.size());
     for (size_t i = 0; i < shared; ++i) {
-        const int difference = UpperCase(a[i]) - UpperCase(b[i]);
-        if (difference != 0) return difference;
+        if (small(a[i]) != small(b[i])) return small(a[i]) - small(b[i]);
     }
-    return static_cast<int>(a.size() > shared) - static_cast<int>(b.size() > shared);
+    return (a.size() > shared ? small(a[shared]) : 0) - (b.size() > shared ? small(b[shared]) : 0);
 }
 
 void TextWriter::Letter(char letter) {

@@ -41,12 +41,8 @@ inline bool StartsWith(std::string_view text, std::string_view beginning) {
     return text.substr(0, beginning.size()) == beginning;
 }
 
-// An ASCII letter as a capital, whatever the user's language is; any other byte as it is.
-constexpr char UpperCase(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-// Compares as strcmp does, ASCII letters in either case being equal.
+// Compares as strcmp does, ASCII letters in either case being equal. Result: 0, or the difference of the
+// first two bytes that differ, capitals taken as small letters and the end of a text as 0.
 int strcmpi(std::string_view a, std::string_view b);
 
 // The decimal number that a text begins with, behind any white space and a sign; 0 when there is none. What

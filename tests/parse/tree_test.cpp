@@ -84,6 +84,13 @@ TEST(Dispatcher, RunsTheDeepestNodeOrSaysWhatIsWrong) {
     TestMachine machine("tr300");
     for (const LineCase& c : kLines) ExpectRuns(machine, {c.step}, c.catches);
     EXPECT_EQ(machine.Script("help tree").status, 1);
+
+    if (Cmds == nullptr) CreateCommands();
+    char commands[] = ";HELP X;?;";
+    testing::internal::CaptureStdout();
+    do_scripted_command(commands);
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(std::string(commands, sizeof commands), std::string("\0HELP X\0?\0", 11)) << "cut otherwise";
 }
 
 }  // namespace

@@ -21,7 +21,8 @@ namespace {
 std::string NewDirectory() {
     const std::filesystem::path memory = "/dev/shm";
     const bool has_memory = access(memory.c_str(), W_OK) == 0;
-    std::string name = (has_memory ? memory : std::filesystem::temp_directory_path()) / "brant.XXXXXX";
+    std::string name = (has_memory ? memory : std::filesystem::temp_directory_path()) / "brant.";
+    name += std::string(6, 'X');  // which mkdtemp replaces
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("mkdtemp");
     std::filesystem::permissions(name, std::filesystem::perms(0755));
     return name;
