@@ -73,7 +73,7 @@ bool EventNumber(std::string_view text, std::string& subject) {
 bool Address(std::string_view text, std::string& subject) {
     uint64_t address = 0;
     if (!ReadNumber(text, INT64_MAX, address)) return false;
-    Call call;
+    Call call;  // written as the call itself is
     call.SetSubject("0x%08llx", static_cast<unsigned long long>(address));
     subject += call.subject;
     return true;
@@ -166,9 +166,10 @@ bool Faults::ReadLine(std::string_view line) {
 }
 
 bool Faults::Meets(std::string_view subject, unsigned long request, int* result) const {
-    const std::string place = request != 0 ? "request " + std::to_string(request) : "";
+    Call by_place;  // which the fault may name instead
+    if (request != 0) by_place.SetSubject("request %lu", request);
     for (const Fault& fault : faults_) {
-        const bool fits = fault.subject == subject || fault.subject == place ||
+        const bool fits = fault.subject == subject || fault.subject == by_place.subject ||
                           (fault.subject == kAnyEvent && StartsWith(subject, kEventRead));
         if (!fits) continue;
         *result = fault.result;
