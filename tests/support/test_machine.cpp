@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 #include <sstream>
 #include <stdexcept>
@@ -30,7 +29,9 @@ std::string NewDirectory() {
 
 std::string ReadWhole(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
 }
 
 // A file without a name, for what a program reads or writes: no pipe that could fill up, and no reader.
@@ -107,6 +108,7 @@ RunResult RunProgram(const std::string& program, const std::vector<std::string>&
     if (!options.as_root) words.insert(words.begin(), {"setpriv", "--reuid=65534"});
     std::vector<std::string> environment = options.environment;
     environment.push_back("BRANT_MACHINE=" + machine);
+    if (!options.looks_for_leaks) environment.push_back("ASAN_OPTIONS=detect_leaks=0");
     AddOwnVariables(environment);
 
     const MemoryFile input(options.input), output, errors;
@@ -145,6 +147,7 @@ RunResult TestMachine::Script(const std::string& commands, const RunOptions& opt
 RunResult TestMachine::Type(const std::string& input) const {
     RunOptions options;
     options.input = input;
+    options.looks_for_leaks = true;
     return RunProgram(ProgramPath("brantcli"), {}, Directory(), options);
 }
 

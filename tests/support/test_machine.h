@@ -16,6 +16,8 @@ struct RunOptions {
     std::string input = {};  // standard input, all there at once and then at its end
     bool as_root = true;
     std::vector<std::string> environment = {};  // NAME=VALUE, beside the test's own
+    // Under the sanitizers, which take twice as long then. What a command keeps is counted by the sweep.
+    bool looks_for_leaks = false;
 };
 
 // Bytes as the trace shows them: two lower-case digits each.
