@@ -32,8 +32,7 @@ class ShortOfMemory : public testing::Test {
             options.environment = {"BRANT_FAIL_ALLOCATION=" + std::to_string(failing)};
             const RunResult run =
                 RunProgram(ProgramPath("brantcli_interposed"), {"-s", script}, machine.Directory(), options);
-            states.push_back(machine.State());
-            machine.Restore();
+            states.push_back(machine.Restore());
             if (run.errors.empty()) break;
             ++failures_;
 

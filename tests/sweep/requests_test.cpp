@@ -35,13 +35,12 @@ class FailingRequests : public testing::TestWithParam<std::string> {
         machine_.Write("faults", "request " + std::to_string(failing) + (first_ ? " -5\n" : " 7\n"));
         Outcome outcome;
         outcome.run = RunProgram(ProgramPath("brantcli"), {"-s", command}, machine_.Directory());
+        static const std::regex to_a_device("^(casr|cdt|cevt|crom) ");
         std::istringstream trace(machine_.TakeTrace());
         for (std::string line; std::getline(trace, line);) {
-            if (std::regex_search(line, std::regex("^(casr|cdt|cevt|crom) ")))
-                outcome.requests.push_back(line);
+            if (std::regex_search(line, to_a_device)) outcome.requests.push_back(line);
         }
-        outcome.state = machine_.State();
-        if (outcome.state != as_made_) machine_.Restore();
+        outcome.state = machine_.Restore();
         return outcome;
     }
     // at_start: requests that the program makes before it runs a command.

@@ -66,11 +66,14 @@ Files SweptMachine::State() const {
     return files;
 }
 
-void SweptMachine::Restore() {
-    for (const auto& [path, bytes] : State()) {
+Files SweptMachine::Restore() {
+    Files left = State();
+    for (const auto& [path, bytes] : left) {
         if (made_.count(path) == 0) Remove(path);
     }
     for (const auto& [path, bytes] : made_) {
-        if (Read(path) != bytes) Write(path, bytes);
+        const auto same = left.find(path);
+        if (same == left.end() || same->second != bytes) Write(path, bytes);
     }
+    return left;
 }

@@ -23,7 +23,7 @@ class SweptMachine : public TestMachine {
   public:
     explicit SweptMachine(const std::string& model);  // with three events
     Files State() const;                              // all that a command can change
-    void Restore();                                   // to the state after construction
+    Files Restore();                                  // the same; from then on it's as after construction
 
   private:
     Files made_;
