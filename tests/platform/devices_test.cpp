@@ -43,6 +43,18 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
         setenv("BRANT_MACHINE", "/nowhere", 1);
         EXPECT_EQ(Make("open casr"), "-1 errno=2") << "a machine that isn't there";
     });
+    TestMachine going;
+    InChild(going, [&] {
+        for (const std::string device : {"casr", "cdt", "cevt", "crom"}) {
+            Make("open " + device);
+            going.Remove(device);
+        }
+        const std::string without = "a device that went after it was opened";
+        EXPECT_EQ(Make("casr 4"), "1") << without;
+        EXPECT_EQ(Make("cdt 1503.0.0 size=5 cru=1.1"), "1") << without;
+        EXPECT_EQ(Make("cevt clear length=56"), "-1 errno=2") << without;
+        EXPECT_EQ(Make("crom write A length=1 data=07"), "-1 errno=2") << without;
+    });
 }
 
 TEST(Devices, ReportDataTables) {
@@ -128,8 +140,8 @@ TEST(Devices, ReadTheEventLog) {
         cevt clear length=56 -> 0
         cevt read 0 length=312 -> 1                # an index of the log as it was)");
     EXPECT_EQ(machine.Read("cevt/hlog"), "");
-    machine.Write("cevt/hlog", Entry(5, 30).substr(0, 29));
-    ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # an entry that the file's end cuts");
+    machine.Write("cevt/hlog", Entry(4, 40) + Entry(5, 30).substr(0, 29));
+    ExpectCalls(machine, "open cevt -> 0; cevt read 5 length=312 -> 1 # an entry that the file's end cuts");
     machine.Remove("cevt/hlog");
     ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # no log at all");
     std::filesystem::create_directory(machine.Directory() + "/cevt/hlog");

@@ -58,6 +58,9 @@ TEST(EntryPoint, IsFoundOnlyWhereItIsWholeAndRight) {
         testing::internal::CaptureStderr();
         EXPECT_EQ(tables.Load(), c.errors == nullptr) << c.catches;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), c.errors != nullptr ? c.errors : "") << c.catches;
+        const RunResult run = RunProgram(ProgramPath("brantcli_interposed"), {"-s", "SHOW SERVER"},
+                                         tables.Machine().Directory());
+        EXPECT_LE(run.status, 1) << c.catches << ": ended by the page behind a mapping";
     }
 }
 
