@@ -38,7 +38,6 @@ int ReadState(void* block) {
 
 int SetState(const char* text) {
     const DeviceChange change(kCasr.name);
-    if (!change) return AnswerForMissing();
     if (!OpenFile(change.Directory(), kStateFile)) return AnswerForMissing();
     return change.Replace(kStateFile, text);
 }

@@ -38,7 +38,6 @@ int Report(const DT_IOCTL& block) {
 int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
     const std::string name = RecordName(block.DtHdr);
     const DeviceChange change(kCdt.name);
-    if (!change) return AnswerForMissing();
     const Descriptor file = OpenFile(change.Directory(), name.c_str());
     if (!file) return AnswerForMissing();
 
