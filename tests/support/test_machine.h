@@ -16,7 +16,7 @@ struct RunOptions {
     std::string input = {};  // standard input, all there at once and then at its end
     bool as_root = true;
     std::vector<std::string> environment = {};  // NAME=VALUE, beside the test's own
-    // Under the sanitizers, which take twice as long then. What a command keeps is counted by the sweep.
+    // Under the sanitizers, where the search takes as long as the rest of a run; so not in every run.
     bool looks_for_leaks = false;
 };
 
