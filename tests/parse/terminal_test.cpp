@@ -92,6 +92,14 @@ TEST(Terminal, IsLeftToTheForeground) {
     EXPECT_TRUE(session.Settings() == session.found);
 }
 
+TEST(Terminal, InTheBackgroundIsTheEndOfTheInputForAProgramThatCannotStop) {
+    const TestMachine machine("tr500k2");
+    const char* const script = "set -m; trap '' TTIN; ulimit -t 2; \"$0\" & wait $!";
+    TerminalSession session(machine, {"-c", script, ProgramPath("brantcli")}, "/bin/sh");
+    session.ReceiveUntil(kAtPrompt);
+    EXPECT_EQ(session.End(), 0);
+}
+
 int keyboard[2];
 int ticks;
 extern "C" void Tick(int /*signal*/) {
