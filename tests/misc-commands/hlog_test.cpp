@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <regex>
 
 #include "tests/misc-commands/listing_shape.h"
 #include "tests/support/test_machine.h"
@@ -141,11 +142,24 @@ TEST(ShowHlog, NamesEverySeverityAndClass) {
         uint16_t event_class;
         const char* words;
     } rows[] = {
-        {0, 12, "UNKNOWN: UPS"},           {1, 15, "UNKNOWN: DIAGS"},
-        {4, 16, "UNKNOWN: Not defined"},   {5, 21, "UNKNOWN: Not defined"},
-        {16, 31, "UNKNOWN: Not defined"},  {255, 35, "UNKNOWN: Not defined"},
-        {6, 290, "REPAIRED: Not defined"}, {15, 65535, "CRITICAL: Not defined"},
+        {0, 12, "UNKNOWN: UPS"},
+        {1, 15, "UNKNOWN: DIAGS"},
+        {4, 16, "UNKNOWN: Not defined"},
+        {5, 21, "UNKNOWN: Not defined"},
+        {16, 31, "UNKNOWN: Not defined"},
+        {255, 35, "UNKNOWN: Not defined"},
+        {6, 290, "REPAIRED: Not defined"},
+        {15, 65535, "CRITICAL: Not defined"},
+        {0, 32, "UNKNOWN: System Revision"},
     };
+    std::string log;
+    for (uint16_t unnamed = 21; unnamed < 32; ++unnamed)
+        log += EventEntry(EventHeader(unnamed, 6, unnamed, 7), "");
+    TestMachine unnamed_classes;
+    unnamed_classes.Write("cevt/hlog", log);
+    const std::string shown = unnamed_classes.Script("SHOW HLOG").output;
+    const std::regex unnamed_event("\nREPAIRED: Not defined - Unknown Event");
+    EXPECT_EQ(std::distance(std::sregex_iterator(shown.begin(), shown.end(), unnamed_event), {}), 11);
     for (const auto& [severity, event_class, words] : rows) {
         TestMachine machine;
         machine.Write("cevt/hlog", EventEntry(EventHeader(1, severity, event_class, 7), ""));

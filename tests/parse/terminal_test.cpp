@@ -100,6 +100,17 @@ TEST(Terminal, InTheBackgroundIsTheEndOfTheInputForAProgramThatCannotStop) {
     EXPECT_EQ(session.End(), 0);
 }
 
+TEST(Terminal, OfAnotherIsNotHandedBack) {
+    const TestMachine machine("tr500k2");
+    const char* const script =
+        "set -m; sh -c 'echo $$; exec \"$0\"' \"$0\"; "
+        "kill %1; kill -CONT %1; sleep .5; jobs";
+    TerminalSession session(machine, {"-c", script, ProgramPath("brantcli")}, "/bin/sh");
+    kill(std::stoi(session.ReceiveUntil(kAtPrompt)), SIGSTOP);
+    const std::string shown = session.ReceiveUntil("Terminated");
+    EXPECT_NE(shown.find("Terminated"), shown.npos) << shown;
+}
+
 int keyboard[2];
 int ticks;
 extern "C" void Tick(int /*signal*/) {

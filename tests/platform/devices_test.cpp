@@ -109,7 +109,7 @@ TEST(Devices, KeepRomVariables) {
         crom read ZTHCPR length=257 -> 1               # a length above the block's
         crom read ZTHLS1 length=4 -> 1                 # a variable that isn't there
         crom write ZTHCPR length=2 data=aabb -> 0      # the bytes behind the length lost
-        crom write A_b-9 length=3 data=00ff10 -> 0     # a variable that isn't there yet
+        crom write AZ_az-09 length=3 data=00ff10 -> 0     # a variable that isn't there yet
         crom read ../cdt/351.0.0 length=6 -> 1         # a way out of the directory
         crom read . length=6 -> 1                      # the directory itself
         crom write  length=1 data=07 -> 1              # an empty name
@@ -118,9 +118,9 @@ TEST(Devices, KeepRomVariables) {
                              ("crom read " + longest + "N length=1 -> 1 # a name without its end"));
     EXPECT_EQ(machine.Read("crom/ZTHCPR"), "\xaa\xbb\3\4");
     EXPECT_EQ(status(changed).permissions(), std::filesystem::perms::owner_read) << "those of a new file";
-    const auto made = std::filesystem::status(machine.Directory() + "/crom/A_b-9").permissions();
+    const auto made = std::filesystem::status(machine.Directory() + "/crom/AZ_az-09").permissions();
     EXPECT_EQ(static_cast<unsigned>(made), 0644u) << "those of whatever file";
-    EXPECT_EQ(machine.Read("crom/A_b-9"), std::string("\0\xff\x10", 3));
+    EXPECT_EQ(machine.Read("crom/AZ_az-09"), std::string("\0\xff\x10", 3));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
 }
 

@@ -34,9 +34,7 @@ class FailingRequests : public testing::TestWithParam<std::string> {
     Outcome Run(const std::string& command, size_t failing) {
         machine_.Write("faults", "request " + std::to_string(failing) + (first_ ? " -5\n" : " 7\n"));
         Outcome outcome;
-        RunOptions options;
-        options.looks_for_leaks = first_;
-        outcome.run = machine_.Script(command, options);
+        outcome.run = machine_.Script(command);
         static const std::regex to_a_device("^(casr|cdt|cevt|crom) ");
         std::istringstream trace(machine_.TakeTrace());
         for (std::string line; std::getline(trace, line);) {
