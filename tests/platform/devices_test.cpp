@@ -109,7 +109,7 @@ TEST(Devices, KeepRomVariables) {
         crom read ZTHCPR length=257 -> 1               # a length above the block's
         crom read ZTHLS1 length=4 -> 1                 # a variable that isn't there
         crom write ZTHCPR length=2 data=aabb -> 0      # the bytes behind the length lost
-        crom write AZ_az-09 length=3 data=00ff10 -> 0     # a variable that isn't there yet
+        crom write AZ_az-09 length=3 data=00ff10 -> 0  # a variable that isn't there yet
         crom read ../cdt/351.0.0 length=6 -> 1         # a way out of the directory
         crom read . length=6 -> 1                      # the directory itself
         crom write  length=1 data=07 -> 1              # an empty name

@@ -3,7 +3,6 @@
 
 #include <cstdio>
 #include <map>
-#include <regex>
 
 #include "tests/sweep/sweep.h"
 #include "tools/mkmachine/models.h"
@@ -90,13 +89,11 @@ TEST(Memory, IsGivenBackByEveryCommandWhicheverRequestFails) {
 
     machine.StartTrace();
     EXPECT_EQ(BlocksKept(machine, all, kNone), by_none);
-    const std::string trace = machine.TakeTrace();
+    const size_t requests = machine.TakeRequests().size();
     machine.Remove("trace");
-    const std::regex request("\n(casr|cdt|cevt|crom) ");
-    const auto requests = std::distance(std::sregex_iterator(trace.begin(), trace.end(), request), {});
-    EXPECT_GT(requests, 150);
-    for (ptrdiff_t failing = 1; failing <= requests; ++failing) {
-        EXPECT_EQ(BlocksKept(machine, all, static_cast<size_t>(failing)), by_none) << failing;
+    EXPECT_GT(requests, 150U) << "hardly a command has asked for anything";
+    for (size_t failing = 1; failing <= requests; ++failing) {
+        EXPECT_EQ(BlocksKept(machine, all, failing), by_none) << failing;
     }
 }
 

@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <regex>
 #include <set>
-#include <sstream>
 
 #include "tests/support/stored.h"
 #include "tests/sweep/sweep.h"
@@ -35,11 +34,7 @@ class FailingRequests : public testing::TestWithParam<std::string> {
         machine_.Write("faults", "request " + std::to_string(failing) + (first_ ? " -5\n" : " 7\n"));
         Outcome outcome;
         outcome.run = machine_.Script(command);
-        static const std::regex to_a_device("^(casr|cdt|cevt|crom) ");
-        std::istringstream trace(machine_.TakeTrace());
-        for (std::string line; std::getline(trace, line);) {
-            if (std::regex_search(line, to_a_device)) outcome.requests.push_back(line);
-        }
+        outcome.requests = machine_.TakeRequests();
         outcome.state = machine_.Restore();
         return outcome;
     }

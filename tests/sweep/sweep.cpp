@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <regex>
+#include <sstream>
 
 #include "cli/brantcli/brantcli.h"
 #include "cli/parse/command_tree.h"
@@ -76,4 +78,14 @@ Files SweptMachine::Restore() {
         if (same == left.end() || same->second != bytes) Write(path, bytes);
     }
     return left;
+}
+
+std::vector<std::string> SweptMachine::TakeRequests() {
+    static const std::regex to_a_device("^(casr|cdt|cevt|crom) ");
+    std::vector<std::string> requests;
+    std::istringstream trace(TakeTrace());
+    for (std::string line; std::getline(trace, line);) {
+        if (std::regex_search(line, to_a_device)) requests.push_back(line);
+    }
+    return requests;
 }

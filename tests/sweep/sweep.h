@@ -25,6 +25,9 @@ class SweptMachine : public TestMachine {
     Files State() const;                              // all that a command can change
     Files Restore();                                  // the same; from then on it's as after construction
 
+    // The requests of the devices since the trace was last taken, a line of it each.
+    std::vector<std::string> TakeRequests();
+
   private:
     Files made_;
 };
