@@ -80,6 +80,10 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 
 }  // namespace
 
+bool Emulated() {
+    return sizeof BRANT_EMULATOR > 1;
+}
+
 std::string Hexadecimal(const std::string& bytes) {
     std::string text;
     for (const char byte : bytes) {

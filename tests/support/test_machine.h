@@ -6,6 +6,10 @@
 
 #include "tools/mkmachine/machine_builder.h"
 
+// Whether the programs run in an emulator: a start then costs ten times as much, and a signal that stops a
+// process stops even the first one of a session.
+bool Emulated();
+
 struct RunResult {
     std::string output;  // standard output
     std::string errors;  // standard error

@@ -113,9 +113,15 @@ INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(ModelNames()));
 struct Refusal {
     const char* catches;
     std::string command;  // $1: the program, $2: an empty folder
-    std::string errors;   // $2 stands for the folder
+    std::string errors;   // $2 as well
     int status;
 };
+
+std::string Replaced(std::string text, const std::string& word, const std::string& by) {
+    for (size_t at = 0; (at = text.find(word, at)) != text.npos; at += by.size())
+        text.replace(at, word.size(), by);
+    return text;
+}
 
 TEST(SaveMachine, RefusesAndLeavesNothingBehind) {
     const Refusal cases[] = {
@@ -132,12 +138,9 @@ TEST(SaveMachine, RefusesAndLeavesNothingBehind) {
     const TestMachine parent;
     const std::string folder = parent.Directory() + "/casr";
     for (const Refusal& c : cases) {
-        const RunResult run = RunProgram(
-            "/bin/sh", {"-c", c.command, "sh", ProgramPath("savemachine"), folder}, machine.Directory());
-        std::string errors = run.errors;
-        for (size_t at = 0; (at = errors.find(folder)) != errors.npos;)
-            errors.replace(at, folder.size(), "$2");
-        EXPECT_EQ(errors, c.errors) << c.catches;
+        const std::string command = Replaced(Replaced(c.command, "$1", InShell("savemachine")), "$2", folder);
+        const RunResult run = RunProgram("/bin/sh", {"-c", command}, machine.Directory());
+        EXPECT_EQ(run.errors, Replaced(c.errors, "$2", folder)) << c.catches;
         EXPECT_EQ(run.status, c.status) << c.catches;
         EXPECT_TRUE(fs::is_empty(folder)) << c.catches;
     }
