@@ -102,7 +102,7 @@ TEST(Devices, KeepRomVariables) {
     const std::filesystem::path changed = machine.Directory() + "/crom/ZTHCPR";
     std::filesystem::permissions(changed, std::filesystem::perms::owner_read);
     machine.Write("cdt/351.0.0", "secret");
-    const std::string longest(255, 'N');
+    const std::string longest(255, 'N'), every_byte(256, '\x5a');
     ExpectCalls(machine, R"(open crom -> 0
         crom read ZTHCPR length=3 -> 0 = 010203        # bytes past the length
         crom read ZTHCPR length=256 -> 0 = 01020304    # bytes made up behind the value
@@ -114,9 +114,12 @@ TEST(Devices, KeepRomVariables) {
         crom read . length=6 -> 1                      # the directory itself
         crom write  length=1 data=07 -> 1              # an empty name
         crom write A B length=1 data=07 -> 1           # a letter that no name has
-        )" + ("crom write " + longest + " length=1 data=07 -> 0 # the longest name;") +
+        )" +
+                             ("crom write " + longest + " length=256 data=" + Hexadecimal(every_byte) +
+                              " -> 0 # the longest name, the longest value;") +
                              ("crom read " + longest + "N length=1 -> 1 # a name without its end"));
     EXPECT_EQ(machine.Read("crom/ZTHCPR"), "\xaa\xbb\3\4");
+    EXPECT_EQ(machine.Read("crom/" + longest), every_byte);
     EXPECT_EQ(status(changed).permissions(), std::filesystem::perms::owner_read) << "those of a new file";
     const auto made = std::filesystem::status(machine.Directory() + "/crom/AZ_az-09").permissions();
     EXPECT_EQ(static_cast<unsigned>(made), 0644u) << "those of whatever file";

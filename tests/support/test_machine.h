@@ -6,7 +6,7 @@
 
 #include "tools/mkmachine/machine_builder.h"
 
-// Whether the programs run in an emulator: a start then costs ten times as much, and a signal that stops a
+// Whether the programs run in an emulator: a start costs ten times as much then, and a signal that stops a
 // process stops even the first one of a session.
 bool Emulated();
 

@@ -12,7 +12,6 @@
 
 #include "tests/support/stored.h"
 #include "tests/sweep/sweep.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 
@@ -63,7 +62,7 @@ class FailingRequests : public testing::TestWithParam<std::string> {
         EXPECT_TRUE(ended) << "more asked for: " << what;
     }
     SweptMachine machine_{GetParam()};
-    const bool first_ = GetParam() == Models().front().name;
+    const bool first_ = GetParam() == SweptModels().front();
     const Files as_made_ = machine_.State();
     const std::string stored_ = StoredText("sweep/failures.txt");
     std::set<std::string> told_;  // kinds of failure
@@ -86,11 +85,6 @@ TEST_P(FailingRequests, EndEachCommandAsStoredWithNothingHalfDone) {
     EXPECT_GT(failures_, 80U) << "hardly a command has asked for anything";
 }
 
-std::vector<std::string> ModelNames() {
-    std::vector<std::string> names;
-    for (const Model& model : Models()) names.emplace_back(model.name);
-    return names;
-}
-INSTANTIATE_TEST_SUITE_P(Model, FailingRequests, testing::ValuesIn(ModelNames()));
+INSTANTIATE_TEST_SUITE_P(Model, FailingRequests, testing::ValuesIn(SweptModels()));
 
 }  // namespace

@@ -7,7 +7,6 @@
 
 #include "tests/sweep/sweep.h"
 #include "tools/mkmachine/events.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 
@@ -103,12 +102,7 @@ TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
     EXPECT_EQ(Compare(machine, "long", kAllInOne), "");
 }
 
-std::vector<std::string> ModelNames() {
-    std::vector<std::string> names;
-    for (const Model& model : Models()) names.emplace_back(model.name);
-    return names;
-}
-INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(ModelNames()));
+INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(SweptModels()));
 
 struct Refusal {
     const char* catches;

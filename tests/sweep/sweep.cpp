@@ -8,6 +8,7 @@
 #include "cli/brantcli/brantcli.h"
 #include "cli/parse/command_tree.h"
 #include "tools/mkmachine/events.h"
+#include "tools/mkmachine/models.h"
 
 const std::map<std::string, std::string> kArguments = {
     {"DISABLE ISCSI", "NIC1"},
@@ -44,6 +45,14 @@ std::vector<std::string> Commands() {
     std::vector<std::string> commands;
     AddCommandsBelow(Cmds, "", commands);
     return commands;
+}
+
+std::vector<std::string> SweptModels() {
+    std::vector<std::string> names;
+    for (const Model& model : Models()) {
+        if (names.empty() || !Emulated()) names.emplace_back(model.name);
+    }
+    return names;
 }
 
 bool ChangesInSteps(const std::string& command) {

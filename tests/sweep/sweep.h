@@ -13,6 +13,9 @@ extern const std::map<std::string, std::string> kArguments;
 // The whole tree's commands, with those arguments.
 std::vector<std::string> Commands();
 
+// The models by name; the first alone where the programs run in an emulator.
+std::vector<std::string> SweptModels();
+
 // Whether a command changes two variables, or an older one when the first can't be read: what it has done
 // by the time it fails may stay.
 bool ChangesInSteps(const std::string& command);
