@@ -1,9 +1,12 @@
-// A change of the machine directory is never lost to another process.
+// A change of the machine directory is never lost to another process, nor half made.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <regex>
 
 #include "tests/platform/seam.h"
@@ -44,4 +47,18 @@ TEST(Durability, TwoProcessesLoseNoChange) {
     const std::string whole_lines =
         std::regex_replace(machine.TakeTrace(), std::regex("(open|crom) [^\n]{2,40} -> 0\n"), "|");
     EXPECT_EQ(whole_lines, std::string(3 * kChanges + 2, '|')) << "lines of two processes mixed";
+}
+
+TEST(Durability, AChangeThatFindsTheDiskFullIsNone) {
+    TestMachine machine;
+    machine.Write("crom/V", "kept");
+    InChild(machine, [] {
+        Make("open crom");
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit full = {0, 0};
+        setrlimit(RLIMIT_FSIZE, &full);
+        EXPECT_EQ(Make(Write(2, 0x5A)), "-1 errno=27");
+    });
+    EXPECT_EQ(machine.Read("crom/V"), "kept");
+    EXPECT_FALSE(std::filesystem::exists(machine.Directory() + "/crom/.new"));
 }
