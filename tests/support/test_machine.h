@@ -6,8 +6,8 @@
 
 #include "tools/mkmachine/machine_builder.h"
 
-// Whether the programs run in an emulator: a start costs ten times as much then, and a signal that stops a
-// process stops even the first one of a session.
+// Whether the programs run in an emulator, where a signal that stops a process stops even the first one of a
+// session.
 bool Emulated();
 
 struct RunResult {

@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr char kTooSlow[] = "thousands of starts take minutes here";
 constexpr int kAsForAFailedRequest = -1;  // 1, or 0 where the command does without
 
 // What is said when there is no memory, and the status then.
@@ -54,7 +53,6 @@ class ShortOfMemory : public testing::Test {
 };
 
 TEST_F(ShortOfMemory, EveryCommandComesToAKnownEnd) {
-    if (Emulated()) GTEST_SKIP() << kTooSlow;
     for (const std::string& model : SweptModels()) {
         SweptMachine machine(model);
         const size_t at_start = Sweep(machine, "", 1);
@@ -78,7 +76,6 @@ std::string BlocksKept(SweptMachine& machine, const std::string& script, size_t 
 }
 
 TEST(Memory, IsGivenBackByEveryCommandWhicheverRequestFails) {
-    if (Emulated()) GTEST_SKIP() << kTooSlow;
     SweptMachine machine(SweptModels().front());
     std::string all;
     for (const std::string& command : Commands()) {

@@ -49,9 +49,7 @@ std::vector<std::string> Commands() {
 
 std::vector<std::string> SweptModels() {
     std::vector<std::string> names;
-    for (const Model& model : Models()) {
-        if (names.empty() || !Emulated()) names.emplace_back(model.name);
-    }
+    for (const Model& model : Models()) names.emplace_back(model.name);
     return names;
 }
 

@@ -13,7 +13,7 @@ extern const std::map<std::string, std::string> kArguments;
 // The whole tree's commands, with those arguments.
 std::vector<std::string> Commands();
 
-// The models by name; the first alone where the programs run in an emulator.
+// The models by name.
 std::vector<std::string> SweptModels();
 
 // Whether a command changes two variables, or an older one when the first can't be read: what it has done
