@@ -62,8 +62,6 @@ TEST_F(ShortOfMemory, EveryCommandComesToAKnownEnd) {
     for (const auto& [message, status] : unseen_) ADD_FAILURE() << "never said: " << message;
 }
 
-constexpr size_t kNone = 1000000;  // as the request that fails
-
 // Result: what a process never gives back. failing: the request that fails, from 1.
 std::string BlocksKept(SweptMachine& machine, const std::string& script, size_t failing) {
     machine.Write("faults", "request " + std::to_string(failing) + " -5\n");

@@ -16,6 +16,8 @@ std::vector<std::string> Commands();
 // The models by name.
 std::vector<std::string> SweptModels();
 
+constexpr size_t kNone = 1000000;  // as the number of the request that fails
+
 // Whether a command changes two variables, or an older one when the first can't be read: what it has done
 // by the time it fails may stay.
 bool ChangesInSteps(const std::string& command);
