@@ -137,21 +137,28 @@ TEST(ShowHlog, BlanksWhatATerminalCantShow) {
 
 // The severities and classes that no event of a model's log has.
 TEST(ShowHlog, NamesEverySeverityAndClass) {
+    const struct {
+        uint8_t severity;
+        uint16_t first_class, last_class;
+        const char* words;
+    } rows[] = {
+        {0, 12, 12, "UNKNOWN: UPS"},
+        {1, 15, 15, "UNKNOWN: DIAGS"},
+        {4, 16, 16, "UNKNOWN: Not defined"},
+        {5, 35, 35, "UNKNOWN: Not defined"},
+        {16, 290, 290, "UNKNOWN: Not defined"},
+        {255, 65535, 65535, "UNKNOWN: Not defined"},
+        {15, 32, 32, "CRITICAL: System Revision"},
+        {6, 21, 31, "REPAIRED: Not defined"},
+    };
     std::string log, expected;
     uint32_t number = 0;
-    const auto expect = [&](uint8_t severity, uint16_t event_class, const std::string& words) {
-        log += EventEntry(EventHeader(++number, severity, event_class, 7), "");
-        expected += words + "\n";
-    };
-    expect(0, 12, "UNKNOWN: UPS");
-    expect(1, 15, "UNKNOWN: DIAGS");
-    expect(4, 16, "UNKNOWN: Not defined");
-    expect(5, 35, "UNKNOWN: Not defined");
-    expect(16, 290, "UNKNOWN: Not defined");
-    expect(255, 65535, "UNKNOWN: Not defined");
-    expect(15, 32, "CRITICAL: System Revision");
-    for (uint16_t unnamed = 21; unnamed < 32; ++unnamed) expect(6, unnamed, "REPAIRED: Not defined");
-
+    for (const auto& [severity, first_class, last_class, words] : rows) {
+        for (unsigned event_class = first_class; event_class <= last_class; ++event_class) {
+            log += EventEntry(EventHeader(++number, severity, static_cast<uint16_t>(event_class), 7), "");
+            expected += words + std::string("\n");
+        }
+    }
     TestMachine machine;
     machine.Write("cevt/hlog", log);
     const std::string output = machine.Script("SHOW HLOG").output;
