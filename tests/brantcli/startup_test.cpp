@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 #include <vector>
 
+#include "tests/support/pattern.h"
 #include "tests/support/test_machine.h"
 
 namespace {
@@ -12,7 +12,7 @@ constexpr char kHint[] = "\nPlease make sure the brantd/brantlited daemon is sta
 
 // The trace without what the firmware tables ask for, which is another test's.
 std::string Devices(const std::string& trace) {
-    return std::regex_replace(trace, std::regex("[^\n]*(xsvc|picl)[^\n]*\n"), "");
+    return ReplaceAll(trace, "[^\n]*(xsvc|picl)[^\n]*\n", "");
 }
 
 struct DeviceCase {

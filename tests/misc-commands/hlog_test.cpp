@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
-#include <regex>
 
 #include "tests/misc-commands/listing_shape.h"
+#include "tests/support/pattern.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/events.h"
 
@@ -162,10 +162,8 @@ TEST(ShowHlog, NamesEverySeverityAndClass) {
     TestMachine machine;
     machine.Write("cevt/hlog", log);
     const std::string output = machine.Script("SHOW HLOG").output;
-    const std::regex event("\n(.*) - Unknown Event");
     std::string shown;
-    for (std::sregex_iterator next(output.begin(), output.end(), event), end; next != end; ++next)
-        shown += next->str(1) + "\n";
+    for (const Match& event : MatchAll(output, "\n(.*) - Unknown Event")) shown += event[1] + "\n";
     EXPECT_EQ(shown, expected);
 }
 

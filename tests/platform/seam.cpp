@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <map>
-#include <regex>
 
 #include "include/data_tables.h"
 #include "include/event_log.h"
@@ -16,13 +15,14 @@
 #include "platform/physical_memory.h"
 #include "platform/picl.h"
 #include "platform/request.h"
+#include "tests/support/pattern.h"
 
 namespace {
 
 constexpr char kUntouched = '\xEE';
 constexpr size_t kGuard = 64;  // bytes behind a buffer, which must stay as they are
 
-using Words = const std::smatch&;  // a call, and what its pattern captures
+using Words = const Match&;  // a call, and the groups of its pattern
 
 std::map<std::string, int> descriptors;
 int memory = -1;
@@ -47,7 +47,7 @@ std::string Answer(int result, std::string buffer = "") {
 }
 
 std::string Open(Words words) {
-    std::string path = (words.str(1)[0] == '/' ? "" : "/dev/zethealth/") + words.str(1);
+    std::string path = (words[1][0] == '/' ? "" : "/dev/zethealth/") + words[1];
     return Answer(std::min(descriptors[words[1]] = vxOpenRequest(path.data(), kReadWrite), 0));
 }
 
@@ -97,46 +97,42 @@ std::string WalkPicl(Words words) {
         *static_cast<std::string*>(arg) += static_cast<char>(id);
         return PICL_WALK_CONTINUE;
     };
-    const int result = picl_walk_tree_by_class(root, words.str(1).c_str(), &ids, note);
+    const int result = picl_walk_tree_by_class(root, words[1].c_str(), &ids, note);
     return Answer(result, ids);
-}
-
-std::regex operator""_call(const char* pattern, size_t) {
-    return std::regex(pattern);
 }
 
 // clang-format off
 const struct {
-    std::regex pattern;
+    const char* pattern;
     std::string (*make)(Words words);
 } kCalls[] = {
-    {"open (.+)"_call,                       Open},
-    {"close (.+)"_call,                      [](Words w) { return vxCloseRequest(descriptors[w[1]]), std::string(); }},
-    {"cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)"_call, AskCdt},
-    {"casr (\\d+)"_call,                    [](Words w) { return AskCasr(descriptors["casr"], Number(w[1])); }},
-    {"fd=(\\S+) code=(\\d+)"_call,           [](Words w) { return AskCasr(Number(w[1]), Number(w[2])); }},
-    {"crom read (.*) length=(\\d+)"_call,    [](Words w) { return AskCrom(kReadVariable, w[1], Number(w[2]), ""); }},
-    {"crom write (.*) length=(\\d+) data=(.*)"_call,
+    {"open (.+)",                       Open},
+    {"close (.+)",                      [](Words w) { return vxCloseRequest(descriptors[w[1]]), std::string(); }},
+    {"cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)", AskCdt},
+    {"casr (\\d+)",                    [](Words w) { return AskCasr(descriptors["casr"], Number(w[1])); }},
+    {"fd=(\\S+) code=(\\d+)",           [](Words w) { return AskCasr(Number(w[1]), Number(w[2])); }},
+    {"crom read (.*) length=(\\d+)",    [](Words w) { return AskCrom(kReadVariable, w[1], Number(w[2]), ""); }},
+    {"crom write (.*) length=(\\d+) data=(.*)",
                                              [](Words w) { return AskCrom(kWriteVariable, w[1], Number(w[2]), w[3]); }},
-    {"cevt read (\\S+) length=(\\d+)"_call,  [](Words w) { return AskCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
-    {"cevt clear length=(\\d+)"_call,        [](Words w) { return AskCevt(kClearEvents, Number("0"), Number(w[1])); }},
-    {"cevt choice=(\\d+) length=(\\d+)"_call,[](Words w) { return AskCevt(Number(w[1]), Number("0"), Number(w[2])); }},
-    {"xsvc open"_call,                       [](Words) { return Answer(std::min(memory = xsvc_open(), 0)); }},
-    {"xsvc map (\\S+) (\\d+)"_call,          [](Words w) { return MapMemory(Number(w[1]), Number(w[2])); }},
-    {"xsvc unmap (\\d+)"_call,               [](Words w) { return xsvc_unmap(mapping, Number(w[1])), std::string(); }},
-    {"xsvc close"_call,                      [](Words) { return xsvc_close(memory), std::string(); }},
-    {"picl initialize"_call,                 [](Words) { return Answer(picl_initialize()); }},
-    {"picl root"_call,                       [](Words) { return Answer(picl_get_root(&root)); }},
-    {"picl walk (.+)"_call,                  WalkPicl},
+    {"cevt read (\\S+) length=(\\d+)",  [](Words w) { return AskCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
+    {"cevt clear length=(\\d+)",        [](Words w) { return AskCevt(kClearEvents, Number("0"), Number(w[1])); }},
+    {"cevt choice=(\\d+) length=(\\d+)",[](Words w) { return AskCevt(Number(w[1]), Number("0"), Number(w[2])); }},
+    {"xsvc open",                       [](Words) { return Answer(std::min(memory = xsvc_open(), 0)); }},
+    {"xsvc map (\\S+) (\\d+)",          [](Words w) { return MapMemory(Number(w[1]), Number(w[2])); }},
+    {"xsvc unmap (\\d+)",               [](Words w) { return xsvc_unmap(mapping, Number(w[1])), std::string(); }},
+    {"xsvc close",                      [](Words) { return xsvc_close(memory), std::string(); }},
+    {"picl initialize",                 [](Words) { return Answer(picl_initialize()); }},
+    {"picl root",                       [](Words) { return Answer(picl_get_root(&root)); }},
+    {"picl walk (.+)",                  WalkPicl},
 };
 // clang-format on
 
 }  // namespace
 
 std::string Make(const std::string& call) {
-    std::smatch words;
     for (const auto& [pattern, make] : kCalls) {
-        if (std::regex_match(call, words, pattern)) return make(words);
+        const Match words = MatchWhole(call, pattern);
+        if (!words.empty()) return make(words);
     }
     return "no such call";
 }
@@ -158,17 +154,15 @@ void InChild(const TestMachine& machine, const std::function<void()>& body) {
 }
 
 void ExpectCalls(TestMachine& machine, const std::string& calls) {
-    static const std::regex kStep(
-        " *([^#;\n]+?)( -> (-?\\d+(?: errno=\\d+)?)( = \\w+)?)? *(#[^;\n]*)?(?:[;\n]|$)");
+    const std::vector<Match> steps =
+        MatchAll(calls, " *([^#;\n]+?)( -> (-?\\d+(?: errno=\\d+)?)( = \\w+)?)? *(#[^;\n]*)?(?:[;\n]|$)");
     std::string trace;
     machine.StartTrace();
     InChild(machine, [&] {
-        for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
-            EXPECT_EQ(Make((*step)[1]), step->str(3) + step->str(4)) << (*step)[1] << ' ' << (*step)[5];
+        for (const Match& step : steps) {
+            EXPECT_EQ(Make(step[1]), step[3] + step[4]) << step[1] << ' ' << step[5];
         }
     });
-    for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
-        trace += step->str(1) + (step->length(2) != 0 ? " -> " : "") + step->str(3) + "\n";
-    }
+    for (const Match& step : steps) trace += step[1] + (step[2].empty() ? "" : " -> ") + step[3] + "\n";
     EXPECT_EQ(machine.TakeTrace(), trace);
 }

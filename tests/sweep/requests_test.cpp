@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <regex>
 #include <set>
 
+#include "tests/support/pattern.h"
 #include "tests/support/stored.h"
 #include "tests/sweep/sweep.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 // What a request of the trace has in common with others of its kind: "cdt 353", "crom read ZTHNIC".
 std::string KindOf(const std::string& request) {
-    return std::regex_replace(request, std::regex("(\\.| length=| -> ).*"), "");
+    return ReplaceAll(request, "(\\.| length=| -> ).*", "");
 }
 
 struct Outcome {
