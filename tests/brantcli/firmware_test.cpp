@@ -131,6 +131,16 @@ TEST(RomSignature, ThatCannotBeReadIsForeignAndNothingElseIsTouched) {
     EXPECT_EQ(machine.TakeTrace(), "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> -1 errno=6\nxsvc close\n");
 }
 
+TEST(FirmwareTables, AreCopiedAndNoMappingIsKept) {
+    LoadedTables tables(System("Corvex"));
+    TestMachine& machine = tables.Machine();
+    machine.StartTrace();
+    machine.Script("EXIT");
+    const std::string area = "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> 0\nxsvc close\nxsvc unmap 65536\n";
+    EXPECT_EQ(machine.TakeTrace("xsvc "),
+              area + area + "xsvc open -> 0\nxsvc map 0x000e8000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n");
+}
+
 TEST(FirmwareTables, DecideWhatTheProgramKnows) {
     for (const ServerCase& c : kServers) {
         LoadedTables tables(c.tables);
