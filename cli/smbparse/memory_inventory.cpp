@@ -115,6 +115,7 @@ void RecordModulesOf(const SmbRecord<MemoryArray>& array, int a) {
 }  // namespace
 
 BOOL SmbParseMemRecords() {
+    if (IsSMBIOSAvailable() != TRUE) return FALSE;
     int a = 0;
     for (const auto array : SmbRecords<MemoryArray>()) {
         if (IsSystemMemory(array)) RecordModulesOf(array, a);
@@ -124,7 +125,7 @@ BOOL SmbParseMemRecords() {
 }
 
 BOOL SmbGetTotalMemory(unsigned int* pSize) {
-    if (!SmbFirst<MemoryArray>()) return FALSE;
+    if (IsSMBIOSAvailable() != TRUE || !SmbFirst<MemoryArray>()) return FALSE;
     *pSize = 0;
     for (const auto device : SmbRecords<MemoryDevice>()) {
         if (!IsInSystemMemory(device)) continue;
@@ -134,6 +135,7 @@ BOOL SmbGetTotalMemory(unsigned int* pSize) {
 }
 
 BOOL SmbChkForECCSupported() {
+    if (IsSMBIOSAvailable() != TRUE) return FALSE;
     for (const auto array : SmbRecords<MemoryArray>()) {
         if (IsSystemMemory(array) && array.Read(MemoryArray::kErrorCorrection) > MemoryArray::kNone)
             return TRUE;

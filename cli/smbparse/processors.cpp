@@ -125,6 +125,7 @@ std::string_view TakeWord(std::string_view& text) {
 }  // namespace
 
 BOOL SmbParseProcRecords() {
+    if (IsSMBIOSAvailable() != TRUE) return FALSE;
     const unsigned short count = CountProcessors();
     int cpu = 0;
     for (unsigned short copy = count; copy-- > 0;) {

@@ -93,10 +93,14 @@ TEST(MemoryModules, AreRecordedByTheRules) {
     unsigned int size = 0;
     LoadedTables none(At("").Bytes());
     EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size));
-    LoadedTables several(kSeveral);
+    LoadedTables several(kSeveral + ProcessorRecord({1, ""}).Bytes());
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
     EXPECT_EQ(size, 7168U) << "flash memory counted, or one array alone";
     EXPECT_EQ(SmbChkForECCSupported(), TRUE) << "the first array alone asked";
+    fSMBiosInited = FALSE;
+    EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size) ||
+                 SmbChkForECCSupported())
+        << "tables that aren't available";
 }
 
 TEST(MemoryModules, BeyondTheTableAreCountedAndLeftOutWithANote) {
