@@ -44,7 +44,8 @@ Json ProcessorOf(const ZET_CPU& cpu) {
 
 Json MacAddress(int place) {
     if (place >= kMaxEmbeddedNics) return nullptr;
-    const uint8_t* mac = EmbeddedNic(place).nic_mac;
+    const smbios_nic nic = EmbeddedNic(place);
+    const uint8_t* mac = nic.nic_mac;
     char text[18];
     std::snprintf(text, sizeof text, "%02x:%02x:%02x:%02x:%02x:%02x", mac[0], mac[1], mac[2], mac[3], mac[4],
                   mac[5]);

@@ -58,9 +58,10 @@ int memory_modules_left_out = 0;
 char* History[kHistorySlots];
 int history_index = 0;
 
-smbios_nic& EmbeddedNic(int index) {
-    static_assert(alignof(smbios_nic) == 1);
-    return reinterpret_cast<smbios_nic*>(zthmac)[index];
+smbios_nic EmbeddedNic(int index) {
+    smbios_nic nic;
+    std::memcpy(&nic, zthmac + static_cast<size_t>(index) * sizeof nic, sizeof nic);
+    return nic;
 }
 
 bool is_tr500k2() {

@@ -20,8 +20,8 @@ extern int crom_fd;  // ROM variables
 constexpr int kMaxEmbeddedNics = 8;
 extern int embedded_nics_installed;  // -1: unknown
 extern unsigned char zthmac[kMaxEmbeddedNics * sizeof(smbios_nic)];
-// An entry of zthmac. index: 0 to 7.
-smbios_nic& EmbeddedNic(int index);
+// Returns a copy of entry `index` of zthmac, 0 to 7.
+smbios_nic EmbeddedNic(int index);
 
 // The private copy of the SMBIOS tables.
 extern unsigned char fSMBiosInited;  // TRUE: there is a copy

@@ -39,7 +39,8 @@ void PrintNics() {
     }
     std::printf("\nEmbedded NICs : %d", embedded_nics_installed);
     for (int k = 0; k < kMaxEmbeddedNics && k + 1 <= embedded_nics_installed; ++k) {
-        const uint8_t* mac = EmbeddedNic(k).nic_mac;
+        const smbios_nic nic = EmbeddedNic(k);
+        const uint8_t* mac = nic.nic_mac;
         std::printf("\n\tNIC%d MAC: %02x:%02x:%02x:%02x:%02x:%02x", k + 1, mac[0], mac[1], mac[2], mac[3],
                     mac[4], mac[5]);
     }
@@ -67,6 +68,12 @@ void PrintProcessor(const ZET_CPU& cpu) {
     std::printf("\n\tSocket       : %u", cpu.cpuSocketNumber);
     PrintCaches(cpu.cpuUnitIndex);
     std::printf("\n\tStatus       : %s", CpuStatusWord(cpu.cpuStatus));
+}
+
+// Copies the MAC address of `nic` into entry `index` of zthmac. The entry's other bytes stay as they are.
+void StoreMac(int index, const smbios_nic& nic) {
+    unsigned char* entry = zthmac + static_cast<size_t>(index) * sizeof nic;
+    std::memcpy(entry + offsetof(smbios_nic, nic_mac), nic.nic_mac, sizeof nic.nic_mac);
 }
 
 void PrintModule(const ZET_MemModule& module) {
@@ -164,7 +171,7 @@ int get_embedded_nics_smbios() {
             ++empty;
             continue;
         }
-        std::memcpy(EmbeddedNic(stored).nic_mac, nic.nic_mac, sizeof nic.nic_mac);
+        StoreMac(stored, nic);
         ++stored;
     }
     return count - empty;
