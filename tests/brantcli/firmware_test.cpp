@@ -1,6 +1,7 @@
 // Start-up, as far as it depends on what the firmware left, shown by SHOW SERVER.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "cli/command/command.h"
@@ -62,9 +63,9 @@ constexpr smbios_nic kOther = {8, 0, {6, 7, 8, 9, 10, 11}};
 constexpr smbios_nic kNone = {0, 0, {9, 9, 9, 9, 9, 9}};
 const std::string kMac1 = "\n\tNIC1 MAC: 00:01:02:03:04:ff";
 
-// The lines of nine NICs, of which the first eight have their addresses kept.
-std::string NineNics() {
-    std::string lines = "9" + kMac1;
+// The lines of ten NICs, of which the first eight have their addresses kept.
+std::string ManyNics() {
+    std::string lines = "10" + kMac1;
     for (int i = 2; i <= 8; ++i) lines += "\n\tNIC" + std::to_string(i) + " MAC: 06:07:08:09:0a:0b";
     return lines;
 }
@@ -82,7 +83,7 @@ const NicCase kNics[] = {
     {"0 taken for unknown", {kNone}, "", "0"},
     {"neither", {}, "", "UNKNOWN"},
     {"the ROM preferred, empty entries kept", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
-    {"a ninth kept, an empty one counted", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther}).Bytes(), NineNics()},
+    {"entries after the eighth NIC read, an empty one before counted", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes(), ManyNics()},
     {"half an entry", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
 };
 // clang-format on
@@ -167,6 +168,12 @@ TEST(EmbeddedNics, AreThoseOfTheMakersRecordElseOfTheRom) {
                              "\nFailed to read embedded NIC status.\nThis system may not have any embedded "
                              "NICs installed.\n\n\n";
         EXPECT_EQ(unknown, c.lines == "UNKNOWN") << c.catches;
+
+        std::memset(zthmac, 0xEE, sizeof zthmac);
+        get_embedded_nics_smbios();
+        for (size_t i = 0; i < sizeof zthmac; i += sizeof(smbios_nic)) {
+            EXPECT_EQ(zthmac[i] << 8 | zthmac[i + 1], 0xEEEE) << c.catches << ": PCI address " << i;
+        }
     }
 }
 

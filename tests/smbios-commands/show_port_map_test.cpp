@@ -8,7 +8,7 @@
 namespace {
 
 const std::string kHeading =
-    "NIC Port Mapping INFO\nGbx Connector Entry Table version : 1\n"
+    "NIC Port Mapping INFO\nGbx Connector Entry Table version : 513\n"
     "Slot      SlotPort  Bay       BayPort   \n";
 constexpr char kNoBay[] = "\nERROR: Failed to get Enclosure Bay number.\n\n";
 
@@ -16,8 +16,15 @@ std::string Rack(const char* bay) {
     return RackRecord(1, "", bay).Bytes();
 }
 
+// A port map record of version 0x201.
+std::string Map(const SmbiosRecord& record) {
+    std::string bytes = record.Bytes();
+    bytes[offsetof(SMBIOS_NIC_PORT_MAP_INFO, wGbxTableVersion) + 1] = 2;
+    return bytes;
+}
+
 // The last entry of the record, with every bit set that isn't shown.
-const std::string kMap = PortMapRecord(2, {{3, 7, {2, 3, 15, 31, 3, 1}}}).Bytes();
+const std::string kMap = Map(PortMapRecord(2, {{3, 7, {2, 3, 15, 31, 3, 1}}}));
 
 struct Case {
     const char* catches;
@@ -26,8 +33,8 @@ struct Case {
 };
 
 const Case kCases[] = {
-    {"no rack", kMap, "\n       Port mapping information is not available on this server\n\n"},
-    {"bay 0", Rack("0") + kMap, kNoBay},
+    {"neither record", "", "\n       Port mapping information is not available on this server\n\n"},
+    {"bay 0, no port map", Rack("0"), kNoBay},
     {"no number", Rack("five") + kMap, kNoBay},
     {"no string", Rack("") + kMap, kNoBay},
     {"a rack record too short for it", RackRecord(1, "", "5").CutTo(7).Bytes() + kMap, kNoBay},
@@ -35,7 +42,7 @@ const Case kCases[] = {
     {"a neighbour's bits", Rack("5") + kMap, kHeading + "0         2         8         36        \n\n\n"},
     {"a sum that wraps", Rack(" 99999999999") + kMap,
      kHeading + "0         2         8         2147483647\n\n\n"},
-    {"a port past the record", Rack("5") + PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).CutTo(68).Bytes(),
+    {"a port past the record", Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).CutTo(68)),
      kHeading + "\n\n"},
 };
 

@@ -20,10 +20,10 @@ TEST(ShowServer, NamesTheStateAndRoundsDown) {
         part.status = static_cast<uint8_t>(state);
         records += ProcessorRecord(part).Bytes();
     }
-    LoadedTables tables(records + MemoryDeviceRecord({3, 1, "", 0x8000 | 2047}).Bytes());
+    LoadedTables tables(records + MemoryDeviceRecord({3, 1, "", 0x8000 | 2047, 0, 12}).Bytes());
     const std::string output = tables.Machine().Script("SHOW SERVER;SHOW DIMM").output;
     for (const char* text :
-         {": Failed\n", ": Disabled\n", ": Unknown\n", ": 1 MBytes\n", ":           1 MB\n"}) {
+         {": Failed\n", ": Disabled\n", ": Unknown\n", ": 1 MBytes\n", ":           1 MB\n", ":    ah\n"}) {
         EXPECT_NE(output.find(text), output.npos) << text;
     }
 

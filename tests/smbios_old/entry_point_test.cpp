@@ -63,6 +63,7 @@ TEST(EntryPoint, IsFoundOnlyWhereItIsWholeAndRight) {
         EXPECT_EQ(tables.Load(), c.end == kLoaded) << c.catches;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), c.end == kUnreadable ? kMapFailed : "")
             << c.catches;
+        EXPECT_EQ(pSMBTables != nullptr, c.end == kLoaded) << c.catches;
         EXPECT_EQ(MachineBuilder::Plain(EPS),
                   MachineBuilder::Plain(c.end == kRejected ? SMBIOSEntryPoint{} : Entry(c)))
             << c.catches;

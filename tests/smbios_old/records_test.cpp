@@ -99,5 +99,7 @@ TEST(Records, AreFoundByTypeAndByHandle) {
     EXPECT_EQ(SmbFormattedArea(found).data[4], 1) << "not the first of a handle";
 
     DeinitSMBIOS();
+    EXPECT_EQ(IsSMBIOSAvailable(), FALSE);
+    EXPECT_EQ(EPS.wSTLength, table.Bytes().size()) << "the entry point cleared";
     EXPECT_EQ(SmbGetRecordByType(1, 0, &untouched), FALSE) << "a record of tables that are gone";
 }
