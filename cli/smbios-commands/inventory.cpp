@@ -1,5 +1,5 @@
-// What the SMBIOS tables say of this server: to start-up the server line, the model and the embedded NICs; to
-// SHOW SERVER the machine, its processors and its memory; to SHOW DIMM the memory modules.
+// Uses of the SMBIOS inventory: SHOW SERVER, the memory modules of SHOW DIMM, and the start-up steps that
+// check the server line, read the product name and count the embedded NICs.
 #include <cstdio>
 #include <cstring>
 #include <string_view>
@@ -46,7 +46,7 @@ void PrintNics() {
     }
 }
 
-// A line for each cache of a processor.
+// Prints a line for each cache of a processor.
 void PrintCaches(int cpuUnitIndex) {
     for (const ZET_CACHE* cache : gCache_tbl) {
         if (cache == nullptr) break;
@@ -133,7 +133,7 @@ int get_dimminfo_smbios() {
     return 0;
 }
 
-// What start-up asks.
+// Start-up steps.
 
 int detect_corvex() {
     const auto system = SmbFirst<smbios::System>();

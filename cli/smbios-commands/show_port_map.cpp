@@ -1,4 +1,4 @@
-// SHOW PORTMAP: at which bay of the enclosure each NIC port of a blade comes out.
+// SHOW PORTMAP: the enclosure bay that each NIC port of a blade is connected to.
 #include <algorithm>
 #include <climits>
 #include <cstdio>
@@ -12,18 +12,18 @@
 namespace {
 
 constexpr size_t kConnectors = 4;
-constexpr int kPorts = 8;         // of a connector
-constexpr int kNoPort = 0;        // a connection
-constexpr int kSystemBoard = 15;  // a connection, shown as slot 0
+constexpr int kPorts = 8;         // per connector
+constexpr int kNoPort = 0;        // value of `connection`
+constexpr int kSystemBoard = 15;  // value of `connection`, printed as slot 0
 
-// bay: the blade's own, 1 or more.
+// Prints the line of a port. `bay`: the blade's enclosure bay, 1 or more.
 void PrintPort(GBX_PORT_MAP entry, int port, int bay) {
     const int slot = entry.connection != kSystemBoard ? entry.connection : 0;
     const int switch_bay = bay + std::min<int>(entry.portOffsetFromSVBBay, INT_MAX - bay);
     std::printf("%-10d%-10d%-10d%-10d\n", slot, entry.mezzPortNumber, port + 1, switch_bay);
 }
 
-// The number of the enclosure bay that a blade sits in; 0 when its record doesn't tell.
+// Returns the number of the blade's enclosure bay, or 0 if the record has no number.
 int GetEnclosureBayNumber(const PZTSMBIOS_ZET_RACK_INFO& rack_info) {
     return DecimalNumber(rack_info.Text(smbios::kEnclosureBay));
 }

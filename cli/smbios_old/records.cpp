@@ -1,4 +1,4 @@
-// The walk over the copy, and the lookups that it serves.
+// Walks the records of the copied tables: the lookups by type, by handle and by string number.
 #include <algorithm>
 #include <cstring>
 
@@ -6,14 +6,16 @@
 
 namespace {
 
-size_t BytesFrom(const unsigned char* place) {
-    return static_cast<size_t>(pSMBTables + EPS.wSTLength - place);
+// Returns the number of bytes from `start` to the end of the tables.
+size_t BytesFrom(const unsigned char* start) {
+    return static_cast<size_t>(pSMBTables + EPS.wSTLength - start);
 }
 
-bool BeginsRecord(const unsigned char* place) {
-    const size_t left = BytesFrom(place);
+// Returns whether a record starts at `start`: a header and the whole formatted area.
+bool BeginsRecord(const unsigned char* start) {
+    const size_t left = BytesFrom(start);
     if (left < sizeof(SMBIOS_HEADER)) return false;
-    const size_t formatted = SmbFormattedArea(place).size;
+    const size_t formatted = SmbFormattedArea(start).size;
     return formatted >= sizeof(SMBIOS_HEADER) && formatted <= left;
 }
 
@@ -21,8 +23,8 @@ unsigned char* StringsOf(unsigned char* record) {
     return record + SmbFormattedArea(record).size;
 }
 
-// The size of a record's strings, each with its terminating zero, but without the zero that closes the set. A
-// set that is cut short ends with the tables. InitSMBIOS left a zero there, so one follows in either case.
+// Returns the size of a record's strings including their NULs, without the NUL that ends the set. A truncated
+// set extends to the end of the tables, where InitSMBIOS appended a NUL; so a NUL always follows.
 size_t SizeOfStrings(const unsigned char* strings) {
     const size_t left = BytesFrom(strings);
     for (size_t size = 1; size < left; ++size) {
@@ -31,14 +33,14 @@ size_t SizeOfStrings(const unsigned char* strings) {
     return left;
 }
 
-// The size of a record and its strings, up to the place of the next record.
+// Returns the size of a record with its string set: the distance to the next record.
 size_t Measure(unsigned char* record) {
     unsigned char* strings = StringsOf(record);
     const unsigned char* end = strings + std::min(SizeOfStrings(strings) + 1, BytesFrom(strings));
     return static_cast<size_t>(end - record);
 }
 
-// What Measure found, 0 where no record begins.
+// Returns the stored result of Measure(); 0 at the end of the walk.
 uint16_t& SizeOf(const unsigned char* record) {
     return smb_record_sizes[record - pSMBTables];
 }

@@ -1,8 +1,8 @@
-// The firmware's SMBIOS tables: one private copy, taken at start-up and walked record by record.
-// Owner:  this module, from InitSMBIOS to DeinitSMBIOS; records and strings point into its copy.
-// Errors: the walk stops at the first record that isn't wholly within the tables; only the last one's strings
-//         may be cut short. Lookups print nothing. They leave their out-pointer alone when they find nothing,
-//         which is always so without tables.
+// The firmware's SMBIOS tables: one private copy, made at start-up and walked record by record.
+// Owner:  this module, from InitSMBIOS to DeinitSMBIOS; records and strings are pointers into its copy.
+// Errors: the walk ends before the first record whose formatted area extends beyond the tables; only the
+//         strings of the last record may be truncated. Lookups print nothing. A lookup that finds nothing, as
+//         every lookup without tables, leaves its out-pointer unchanged.
 #pragma once
 
 #include <cstring>
@@ -16,46 +16,47 @@ using BOOL = unsigned char;
 constexpr BOOL FALSE = 0;
 constexpr BOOL TRUE = 1;
 
-// Finds the entry point in the BIOS area and copies the tables. Result: FALSE when there is no usable entry
-// point (version 2.1 or later), the memory can't be read or there is none to copy to. A BIOS area that can't
-// be read is reported.
+// Searches a copy of the BIOS area for the entry point (version 2.1 or later) and copies the tables. Returns
+// FALSE if there is no valid entry point, the tables are empty, physical memory can't be read or memory runs
+// out. Prints a message only if physical memory can't be read.
 BOOL InitSMBIOS();
-// Frees the copy; harmless without one.
+// Frees the copy, if there is one. EPS keeps its value.
 void DeinitSMBIOS();
-// TRUE while there is a copy.
+// Returns TRUE while there is a copy.
 BOOL IsSMBIOSAvailable();
 
-// Measures the records of the copy, for InitSMBIOS. The program comes to each of them some dozen times; to
-// find the end of its strings each time took more than all that it reads.
+// Fills smb_record_sizes, for InitSMBIOS. A run visits each record about a dozen times; searching for the end
+// of its strings on each visit cost more than reading its fields.
 void SmbMeasureRecords();
 
-// Copies physical memory. offset: its address. buffer: at least size bytes; left as it was on failure.
-// Result: FALSE, with a line on standard error, when the memory can't be read.
+// Copies `size` bytes of physical memory from address `offset` to `buffer`. If they can't be mapped, prints a
+// line on standard error and returns FALSE with `buffer` unchanged.
 BOOL ReadPhysMem(unsigned int offset, unsigned int size, unsigned char* buffer);
 
-// Moves *ppRecord to the next record in table order; from null to the first. FALSE at the end.
+// Moves *ppRecord to the next record in table order, from null to the first. Returns FALSE at the end.
 BOOL SmbGetRecord(unsigned char** ppRecord);
-// The same among the records of a type.
+// Moves *ppRecord to the next record of type `byType`.
 BOOL SmbGetRecordOfType(unsigned char byType, unsigned char** ppRecord);
 
-// The wCopy-th record (from 0, in table order) of a type; FALSE when there are fewer.
+// Finds record number `wCopy` (from 0, in table order) of a type. Returns FALSE if there are fewer.
 BOOL SmbGetRecordByType(unsigned char byType, unsigned short wCopy, void** ppRecord);
-// The first record with a handle, whatever its type.
+// Finds the first record with a handle, of any type.
 BOOL SmbGetRecordByHandle(unsigned short wHandle, void** ppRecord);
 
-// A record's string, numbered from 1. Null for 0, "" for a number that the record lacks.
+// Returns string `wString` of a record, numbered from 1. Returns null for 0 and "" if the record has fewer
+// strings.
 unsigned char* SmbGetStringByNumber(void* pRecord, unsigned short wString);
 
-// The part of a record that its fields stand in, as long as the record says.
+// Returns a record's formatted area, which contains its fields; its size is the length in the header.
 Bytes SmbFormattedArea(const void* pRecord);
 
-// A record of a type: a pointer that knows how long the formatted area is, and from which only fields of that
-// type can be read. When it is null, every field is missing.
+// A record of one type: a pointer with the length of the formatted area, from which only fields of that type
+// can be read. In a null record every field is missing.
 template <typename Layout>
 class SmbRecord {
   public:
     SmbRecord() = default;
-    // pRecord: a record of any type, or null. One of another type becomes null.
+    // `pRecord`: a record or null. A record of another type results in a null record.
     explicit SmbRecord(void* pRecord) {
         if (pRecord == nullptr) return;
         const Bytes formatted = SmbFormattedArea(pRecord);
@@ -69,25 +70,25 @@ class SmbRecord {
     Unsigned Read(SmbField<Layout, Unsigned> field) const {
         return ReadField<Unsigned>(formatted_, field.offset, field.missing);
     }
-    // Whether the record is long enough for a field.
+    // Returns whether the record is long enough for `field`.
     template <typename Unsigned>
     bool Has(SmbField<Layout, Unsigned> field) const {
         return formatted_.size >= field.offset + sizeof(Unsigned);
     }
     uint16_t Handle() const { return ReadField<uint16_t>(formatted_, offsetof(SMBIOS_HEADER, wHandle)); }
 
-    // The string that a field names; "" when it names none.
+    // Returns the string whose number is in `field`, or "" for number 0.
     const char* Text(SmbString<Layout> field) const {
         const uint8_t number = ReadField<uint8_t>(formatted_, field.offset);
         return number != 0 ? reinterpret_cast<const char*>(SmbGetStringByNumber(record_, number)) : "";
     }
 
-    // How many whole entries the record is long enough for.
+    // Returns the number of complete entries in the record.
     template <typename Entry>
     size_t Count(SmbArray<Layout, Entry> array) const {
         return formatted_.size > array.offset ? (formatted_.size - array.offset) / sizeof(Entry) : 0;
     }
-    // An entry, each byte of it 0 where the record is too short for it.
+    // Returns an entry. Bytes beyond the record's end are 0.
     template <typename Entry>
     Entry Read(SmbArray<Layout, Entry> array, size_t index) const {
         static_assert(std::is_trivially_copyable_v<Entry> && alignof(Entry) == 1, "an entry is plain bytes");
@@ -104,11 +105,11 @@ class SmbRecord {
     Bytes formatted_ = {nullptr, 0};
 };
 
-// The names that the maker gives to pointers to its records.
+// Pointers to OEM (vendor-specific) records, by their documented names.
 using PZTSMBIOS_ZET_PROC_INFO = SmbRecord<ZTSMBIOS_ZET_PROC_INFO>;
 using PZTSMBIOS_ZET_RACK_INFO = SmbRecord<ZTSMBIOS_ZET_RACK_INFO>;
 
-// The first record of a type; null when there is none.
+// Returns the first record of a type, or a null record.
 template <typename Layout>
 SmbRecord<Layout> SmbFirst() {
     void* record = nullptr;
@@ -116,7 +117,8 @@ SmbRecord<Layout> SmbFirst() {
     return SmbRecord<Layout>(record);
 }
 
-// The first record with a handle; null when there is none, or when it is of another type.
+// Returns the first record with a handle, or a null record if there is none or that record is of another
+// type.
 template <typename Layout>
 SmbRecord<Layout> SmbWithHandle(uint16_t handle) {
     void* record = nullptr;
@@ -124,7 +126,8 @@ SmbRecord<Layout> SmbWithHandle(uint16_t handle) {
     return SmbRecord<Layout>(record);
 }
 
-// The records of a type in table order: for (const auto cache : SmbRecords<smbios::Cache>()) ...
+// Iterates over the records of a type in table order:
+//     for (const auto cache : SmbRecords<smbios::Cache>()) ...
 template <typename Layout>
 class SmbRecords {
   public:

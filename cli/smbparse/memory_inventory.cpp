@@ -1,4 +1,4 @@
-// The memory modules, and what is known of all the memory together.
+// Fills the table of memory modules; returns the total memory and whether it has error correction.
 #include <algorithm>
 #include <climits>
 
@@ -10,10 +10,10 @@ using smbios::MemoryDevice;
 
 namespace {
 
-constexpr int kNotInTable = 1;  // the number of a form factor or a technology that has no row
+constexpr int kNotInTable = 1;  // for a form factor or a technology without an entry below
 
 struct FormFactor {
-    uint8_t code;  // in the firmware's records
+    uint8_t code;  // in SMBIOS records
     int number;    // in the inventory
 };
 
@@ -31,7 +31,7 @@ struct TypeDetail {
     int number;
 };
 
-// The first row whose bit is set counts.
+// The first entry whose bit is set decides.
 constexpr TypeDetail SmbMemTypeDetailTable[] = {
     {0x0008, 2},  // fast-paged
     {0x0080, 5},  // synchronous
@@ -66,8 +66,8 @@ int SizeKiB(const SmbRecord<MemoryDevice>& device) {
     return (size & MemoryDevice::kInKiB) != 0 ? size & ~MemoryDevice::kInKiB : size * 1024;
 }
 
-// Where the maker's own record says that a memory device is. plSlot: the memory board, 0 for the system
-// board. Result: FALSE, with both left alone, when there is no such record.
+// Reads the location of a memory device from its OEM record: the memory board (0 for the system board) and
+// the socket on it. Returns FALSE and leaves both unchanged if there is no such record.
 BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSocket) {
     for (const auto location : SmbRecords<ZTSMBIOS_ZET_DIMM_LOCATION_INFO>()) {
         if (location.Read(smbios::kType17Handle) != wType17Handle) continue;
@@ -79,8 +79,8 @@ BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSoc
     return FALSE;
 }
 
-// Finds out where a device is, from the maker's record or else from its locator. A number that neither tells
-// stays as it was.
+// Reads the location of a device from its OEM record or, without one, from its locator string. A number that
+// the locator doesn't contain leaves its variable unchanged.
 void LocateModule(const SmbRecord<MemoryDevice>& device, int* board, int* module) {
     if (SmbFindMemoryLocation(device.Handle(), board, module) == TRUE) return;
     const char* locator = device.Text(MemoryDevice::kLocator);
@@ -88,7 +88,8 @@ void LocateModule(const SmbRecord<MemoryDevice>& device, int* board, int* module
     ParseNumFromString(locator, "DIMM", module);
 }
 
-// a, d: the places of the device's array and of the device itself among the records of their types, from 0.
+// Appends a device to gMemoryMod. `a`, `d`: the index of its array among the memory arrays and of the device
+// among the memory devices, from 0.
 void RecordModule(const SmbRecord<MemoryDevice>& device, int a, int d) {
     ZET_MemModule* module = AppendRecord(gMemoryMod);
     if (module == nullptr) {

@@ -1,4 +1,4 @@
-// The processors and their caches.
+// Fills the tables of processors and their caches.
 #include <algorithm>
 #include <string_view>
 
@@ -40,8 +40,8 @@ constexpr CodeText SmbProcTable[] = {
     {0xB5, "Intel Xeon MP"},
 };
 
-// By the low three bits of a processor record's status: unknown, enabled, disabled by the user, disabled
-// after an error in POST, idle, and three that mean nothing. A processor of unknown state counts as failed.
+// Indexed by the low three bits of a processor record's status: unknown, enabled, disabled by the user,
+// disabled after an error in POST, idle, three undefined values. Unknown is shown as failed.
 constexpr CpuStatus kStatusOfState[8] = {kCpuFailed, kCpuOk,      kCpuDisabled, kCpuDisabled,
                                          kCpuOk,     kCpuUnknown, kCpuUnknown,  kCpuUnknown};
 
@@ -54,7 +54,7 @@ bool IsPopulatedCpu(const SmbRecord<Processor>& record) {
            (record.Read(Processor::kStatus) & Processor::kPopulated) != 0;
 }
 
-// The maker's own record for a processor; null when there is none.
+// Returns the OEM record of a processor, or a null record.
 PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {
     for (const auto record : SmbRecords<ZTSMBIOS_ZET_PROC_INFO>()) {
         if (record.Read(smbios::kType4Handle) == wType4Handle) return record;
@@ -62,36 +62,37 @@ PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {
     return {};
 }
 
-// The socket as the user counts: the place in gCpu_tbl, from 1, unless a designation like "Proc 2" says
-// otherwise. A designation doesn't count when the maker's own record describes the processor.
-unsigned int SocketNumber(const SmbRecord<Processor>& record, int place) {
-    int number = place + 1;
+// Returns the socket number to print: the number in a designation like "Proc 2", or else `index` + 1. The
+// designation is ignored if the processor has an OEM record.
+unsigned int SocketNumber(const SmbRecord<Processor>& record, int index) {
+    int number = index + 1;
     if (!FindZetProcRec(record.Handle())) {
         ParseNumFromString(record.Text(Processor::kSocket), "Proc", &number);
     }
     return static_cast<unsigned int>(number);
 }
 
-void FillCpu(const SmbRecord<Processor>& record, ZET_CPU* cpu, int place) {
-    cpu->cpuUnitIndex = place;
+// Fills *cpu, entry `index` of gCpu_tbl.
+void FillCpu(const SmbRecord<Processor>& record, ZET_CPU* cpu, int index) {
+    cpu->cpuUnitIndex = index;
     TextWriter(cpu->cpuName, sizeof cpu->cpuName).Text(FindProcName(record.Read(Processor::kFamily)));
     cpu->cpuSpeed = record.Read(Processor::kCurrentSpeed);
     cpu->cpuStep = record.Read(Processor::kId) & 0xF;
     cpu->cpuStatus = kStatusOfState[record.Read(Processor::kStatus) & 7];
     cpu->cpuExtFrequency = record.Read(Processor::kExternalClock);
-    cpu->cpuSocketNumber = SocketNumber(record, place);
+    cpu->cpuSocketNumber = SocketNumber(record, index);
     if (record.Has(Processor::kThreadCount)) {
         cpu->cpucorecount = record.Read(Processor::kCoreCount);
         cpu->threadcount = static_cast<int8_t>(record.Read(Processor::kThreadCount));
     }
 }
 
-// How many units of 1 KiB or 64 KiB a cache has.
+// Returns the size of a cache in its unit, 1 KiB or 64 KiB.
 uint16_t InstalledSize(const SmbRecord<Cache>& record) {
     return record.Read(Cache::kInstalledSize) & static_cast<uint16_t>(~Cache::kIn64KiB);
 }
 
-// Fills *entry from a cache record. cpu: its processor's cpuUnitIndex.
+// Fills *entry from a cache record. `cpu`: cpuUnitIndex of its processor.
 void ParseCache(const SmbRecord<Cache>& record, ZET_CACHE* entry, int cpu) {
     const bool in_64KiB = (record.Read(Cache::kInstalledSize) & Cache::kIn64KiB) != 0;
     entry->cacheUnitIndex = cpu;
@@ -99,7 +100,8 @@ void ParseCache(const SmbRecord<Cache>& record, ZET_CACHE* entry, int cpu) {
     entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
 }
 
-// Records the cache that a handle names. A handle whose first record is another's names none.
+// Appends the cache with a handle to gCache_tbl, unless its size is 0. A handle whose first record isn't a
+// cache is ignored.
 void RecordCache(uint16_t handle, int cpu) {
     const auto record = SmbWithHandle<Cache>(handle);
     if (!record || InstalledSize(record) == 0) return;
@@ -113,11 +115,11 @@ unsigned short CountProcessors() {
     return count;
 }
 
-// Takes the first word off a text. Empty when there is none.
+// Removes the first word from `text` and returns it; returns "" if there is none.
 std::string_view TakeWord(std::string_view& text) {
-    constexpr char kBlanks[] = " \t";
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
+    constexpr char kSeparators[] = " \t";
+    text.remove_prefix(std::min(text.find_first_not_of(kSeparators), text.size()));
+    const std::string_view word = text.substr(0, text.find_first_of(kSeparators));
     text.remove_prefix(word.size());
     return word;
 }

@@ -1,7 +1,7 @@
-// The inventory of processors, caches and memory modules, taken from the SMBIOS tables once at start-up.
-// Its tables are gCpu_tbl, gCache_tbl and gMemoryMod. Their records are allocated one by one and stay until
-// the program ends; what doesn't fit, or can't be allocated, is left out and, unless it is a cache, counted
-// (processors_left_out, memory_modules_left_out).
+// The inventory of processors, caches and memory modules, read from the SMBIOS tables once at start-up. It is
+// stored in gCpu_tbl, gCache_tbl and gMemoryMod, whose records are allocated one by one and live until the
+// program ends. If a table is full or memory runs out, the record is left out; left-out processors and
+// installed memory modules are counted in processors_left_out and memory_modules_left_out.
 #pragma once
 
 #include <algorithm>
@@ -14,20 +14,20 @@
 
 enum CpuStatus : uint8_t { kCpuUnknown = 1, kCpuOk = 2, kCpuDegraded = 3, kCpuFailed = 4, kCpuDisabled = 5 };
 
-struct ZET_CPU {                   // a populated central processor
-    int cpuUnitIndex;              // its place in gCpu_tbl
-    char cpuName[256];             // of its family
+struct ZET_CPU {                   // a central processor in a populated socket
+    int cpuUnitIndex;              // its index in gCpu_tbl
+    char cpuName[256];             // the name of its family
     int cpuSpeed;                  // MHz
-    unsigned int cpuStep;          // 0 to 15
+    unsigned int cpuStep;          // stepping, 0 to 15
     uint8_t cpuStatus;             // CpuStatus
-    unsigned int cpuExtFrequency;  // MHz, of the bus
-    unsigned int cpuSocketNumber;  // as the user counts
-    uint8_t cpucorecount;          // 0: the firmware doesn't say; threadcount is 0 then too
+    unsigned int cpuExtFrequency;  // bus clock, MHz
+    unsigned int cpuSocketNumber;  // as printed, usually from 1
+    uint8_t cpucorecount;          // 0: unknown, and so is threadcount
     int8_t threadcount;
 };
 
 struct ZET_CACHE {            // a processor's L2 or L3 cache
-    int cacheUnitIndex;       // its processor's cpuUnitIndex
+    int cacheUnitIndex;       // cpuUnitIndex of its processor
     uint8_t cacheLevelIndex;  // 1 to 8
     int cacheSize;            // KiB
 };
@@ -41,30 +41,32 @@ struct ZET_MemModule {        // a socket of the system memory
     int memModuleFrequency;   // MHz; 0: unknown
 };
 
-// Fills gCpu_tbl and gCache_tbl, from the last processor record to the first.
-// Result: FALSE when the tables hold no processor record.
+// Fills gCpu_tbl and gCache_tbl, from the last processor record to the first. Returns FALSE if there are no
+// tables or no processor record.
 BOOL SmbParseProcRecords();
 
-// Fills gMemoryMod, array by array. Result: FALSE when the tables hold no memory array.
+// Fills gMemoryMod, array by array. Returns FALSE if there are no tables or no memory array.
 BOOL SmbParseMemRecords();
 
-// The installed system memory. *pSize: KiB. Result: FALSE, with *pSize left alone, as above.
+// Stores the installed system memory, in KiB; a sum beyond 32 bits is stored as UINT_MAX. Returns FALSE and
+// leaves *pSize unchanged if there are no tables or no memory array.
 BOOL SmbGetTotalMemory(unsigned int* pSize);
 
-// Whether an array of the system memory corrects errors.
+// Returns TRUE if a memory array of the system memory detects or corrects errors; FALSE without tables.
 BOOL SmbChkForECCSupported();
 
-// Reads the number in the word that follows pToken in a text of words between blanks, as 2 from "Proc 2".
-// Only the first word that equals pToken counts, whatever its case. Result: FALSE, with *piValue left alone,
-// when no digit follows it.
+// Parses the first decimal number in the word after the word `pToken`: 2 in "Proc 2" or "PROC #2". Words are
+// separated by spaces and TABs, and their case is ignored; only the first word that equals `pToken` is
+// considered. Returns FALSE and leaves *piValue unchanged if the word after it is missing or contains no
+// digit.
 BOOL ParseNumFromString(const char* pStr, const char* pToken, int* piValue);
 
-// Adds a zeroed record to an inventory table. Null, with nothing added, when the table is full or there is no
-// memory for one.
+// Appends a zeroed record to an inventory table and returns it. Returns null if the table is full or memory
+// runs out.
 template <typename Record, size_t kEntries>
 Record* AppendRecord(Record* (&table)[kEntries]) {
-    Record** place = std::find(std::begin(table), std::end(table), nullptr);
-    if (place == std::end(table)) return nullptr;
-    *place = static_cast<Record*>(std::calloc(1, sizeof(Record)));
-    return *place;
+    Record** next = std::find(std::begin(table), std::end(table), nullptr);
+    if (next == std::end(table)) return nullptr;
+    *next = static_cast<Record*>(std::calloc(1, sizeof(Record)));
+    return *next;
 }

@@ -10,7 +10,7 @@ long __brantcli_pgsz = 0;
 
 namespace {
 
-// Whole pages around a range. 64 bits on every ABI, so that a range at the end of 4 GiB doesn't wrap.
+// The pages that contain a range. 64 bits on every ABI, so that a range at the end of 4 GiB doesn't wrap.
 struct Pages {
     uint64_t start;
     uint64_t length;  // bytes
@@ -43,7 +43,8 @@ void* zetMapPhys32UnCache(unsigned long ulPhysAddr, unsigned long ulLength) {
 void zetUnMapPhys32UnCache(unsigned char* VirtAddr, unsigned int size) {
     if (VirtAddr == nullptr) return;
     const auto address = reinterpret_cast<uintptr_t>(VirtAddr);
-    // The mapping began on a page, so the bytes before the range in its first page are the mapping's too.
+    // The mapping starts at a page boundary, so it also contains the bytes before the range in the first
+    // page.
     const Pages pages = PagesAround(address, size);
     xsvc_unmap(VirtAddr - (address - pages.start), static_cast<size_t>(pages.length));
 }

@@ -1,15 +1,14 @@
-// Physical memory as the firmware left it, mapped into the process through the system's device for it.
+// Maps physical memory into the process through the physical-memory device.
 #pragma once
 
-// The system's page size in bytes; 0 until the first use of the functions below.
+// The system's page size in bytes; 0 until the first call of a function below.
 extern long __brantcli_pgsz;
 
-// Maps a range of physical memory. ulPhysAddr: its first byte, anywhere in a page; address 0 is refused.
-// ulLength: bytes. The whole pages around the range are mapped; the device is open only meanwhile.
-// Result: the range's first byte, to be given back with zetUnMapPhys32UnCache; null when the device doesn't
-// open or refuses the range. Prints nothing.
+// Maps the pages that contain the `ulLength` bytes from physical address `ulPhysAddr` on; opens the device
+// only for this call. Returns a pointer to the range's first byte (release it with zetUnMapPhys32UnCache), or
+// null if `ulPhysAddr` is 0, or the device can't be opened or rejects the range. Prints nothing.
 void* zetMapPhys32UnCache(unsigned long ulPhysAddr, unsigned long ulLength);
 
-// Ends a mapping. VirtAddr: what zetMapPhys32UnCache gave; null is ignored. size: the length it was asked
-// for.
+// Releases a mapping. `VirtAddr`: the pointer that zetMapPhys32UnCache returned; null is ignored. `size`: the
+// length that was passed to it.
 void zetUnMapPhys32UnCache(unsigned char* VirtAddr, unsigned int size);
