@@ -1,4 +1,4 @@
-// Start-up, as far as it depends on what the firmware left, shown by SHOW SERVER.
+// Tests of the start-up steps that read the firmware's memory and tables; SHOW SERVER prints most results.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -24,11 +24,11 @@ struct SignatureCase {
 };
 
 constexpr SignatureCase kSignatures[] = {
-    {"the right one refused", 0xFFEA, "ZETRIX", true},
-    {"bytes behind it compared", 0xFFEA, "ZETRIXZETRIX", true},
+    {"the right one rejected", 0xFFEA, "ZETRIX", true},
+    {"bytes after it compared", 0xFFEA, "ZETRIXZETRIX", true},
     {"one byte early", 0xFFE9, "ZETRIX", false},
     {"one byte late", 0xFFEB, "ZETRIX", false},
-    {"only its beginning compared", 0xFFEA, "ZETRIY", false},
+    {"only the first bytes compared", 0xFFEA, "ZETRIY", false},
 };
 
 const std::string kRom = BiosRecord("", "").Bytes();
@@ -41,29 +41,30 @@ std::string System(const char* product) {
 struct ServerCase {
     const char* catches;
     std::string tables;
-    std::string output;  // how SHOW SERVER begins
+    std::string output;  // the beginning of the output of SHOW SERVER
 };
 
 const ServerCase kServers[] = {
     // the server line
     {"the name looked for anywhere", System("Vertex Corvex"), kOtherLine},
-    {"only its beginning compared", System("Corve"), kOtherLine},
+    {"a shorter name accepted", System("Corve"), kOtherLine},
     {"letter case compared", System("cORVEX9") + kRom + kArray, "\nSystem        : cORVEX9\n"},
     {"no product name", System(""), kOtherLine},
     {"no system record", kRom,
      "\nERROR: Failed to get SMBIOS system data.\nThis does not seem to be a VX Corvex Server." + kOtherLine},
-    // what the command needs
+    // the records that the command requires
     {"no tables", "", "\nThis command requires an SMBIOS which is not available on this sytem.\n\n"},
-    {"the ROM before the memory", System("Corvex"), "\nERROR: Failed to get SMBIOS memory data.\n\n"},
+    {"the ROM record checked before the memory", System("Corvex"),
+     "\nERROR: Failed to get SMBIOS memory data.\n\n"},
     {"no ROM record", System("Corvex") + kArray, "\nERROR: Failed to get SMBIOS ROM data.\n\n"},
 };
 
-constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};  // on the PCI bus by its bus number alone
+constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};  // present by its bus number alone
 constexpr smbios_nic kOther = {8, 0, {6, 7, 8, 9, 10, 11}};
 constexpr smbios_nic kNone = {0, 0, {9, 9, 9, 9, 9, 9}};
 const std::string kMac1 = "\n\tNIC1 MAC: 00:01:02:03:04:ff";
 
-// The lines of ten NICs, of which the first eight have their addresses kept.
+// Returns the lines that SHOW SERVER prints for ten NICs; only the first eight have addresses.
 std::string ManyNics() {
     std::string lines = "10" + kMac1;
     for (int i = 2; i <= 8; ++i) lines += "\n\tNIC" + std::to_string(i) + " MAC: 06:07:08:09:0a:0b";
@@ -72,17 +73,17 @@ std::string ManyNics() {
 
 struct NicCase {
     const char* catches;
-    std::vector<smbios_nic> rom;  // its variable; there is none when empty
-    std::string record;           // the maker's
+    std::vector<smbios_nic> rom;  // the ROM variable; none if empty
+    std::string record;           // the OEM NIC record
     std::string lines;
 };
 
 // clang-format off
 const NicCase kNics[] = {
-    {"an empty entry of the ROM counted", {kNic, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
+    {"an empty entry of the ROM variable counted", {kNic, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
     {"0 taken for unknown", {kNone}, "", "0"},
     {"neither", {}, "", "UNKNOWN"},
-    {"the ROM preferred, empty entries kept", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
+    {"the ROM variable preferred, empty entries stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
     {"entries after the eighth NIC read, an empty one before counted", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes(), ManyNics()},
     {"half an entry", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
 };
@@ -95,15 +96,16 @@ struct TreeCase {
 };
 
 constexpr TreeCase kTrees[] = {
-    {"another of its maker's devices", "p\n  obp-device vendor-id=0x1c4e device-id=0x6d18\n", false},
-    {"half of the identity", "p\n  obp-device vendor-id=0x1c4e\n  obp-device device-id=0x6d19\n", false},
+    {"another device of the same vendor", "p\n  obp-device vendor-id=0x1c4e device-id=0x6d18\n", false},
+    {"a node with one of the two properties",
+     "p\n  obp-device vendor-id=0x1c4e\n  obp-device device-id=0x6d19\n", false},
     {"another class of node", "p\n  fru vendor-id=0x1c4e device-id=0x6d19\n", false},
     {"a search that ends too early",
      "p\n  obp-device\n    obp-device vendor-id=1\n      obp-device vendor-id=0x1c4e device-id=0x6d19\n",
      true},
 };
 
-// What SHOW SERVER prints on a machine between two texts.
+// Returns the output of SHOW SERVER between two strings.
 std::string ServerText(const TestMachine& machine, const std::string& from, const char* to) {
     const std::string output = machine.Script("SHOW SERVER").output;
     const size_t start = output.find(from) + from.size();

@@ -1,4 +1,4 @@
-// Whatever the firmware left, start-up and the commands come to one of their known ends.
+// Runs the start-up steps and commands on damaged tables: each succeeds or fails with one of its messages.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -19,7 +19,7 @@ int ShowPortMap() {
     return do_show_nic_port_mapping(nullptr);
 }
 
-// Whether a step succeeds with its heading or fails with one line that explains it.
+// Returns whether a step succeeds with its heading or fails with one line of explanation.
 bool EndsInAKnownWay(int (*step)(), const std::string& heading, const std::string& message) {
     testing::internal::CaptureStdout();
     const int result = step();
@@ -54,10 +54,10 @@ TEST(DamagedTables, ComeToAKnownEndWhereverTheyAreCut) {
 
 TEST(DamagedTables, ComeToAKnownEndWhicheverByteIsWrong) {
     LoadedTables tables;
-    for (size_t place = 0; place < GoodTables().size(); ++place) {
+    for (size_t offset = 0; offset < GoodTables().size(); ++offset) {
         std::string bad = GoodTables();
-        bad[place] = static_cast<char>(~bad[place]);
+        bad[offset] = static_cast<char>(~bad[offset]);
         ASSERT_TRUE(tables.Load(bad));
-        ExpectKnownEnds("byte " + std::to_string(place));
+        ExpectKnownEnds("byte " + std::to_string(offset));
     }
 }

@@ -16,19 +16,19 @@ std::string Rack(const char* bay) {
     return RackRecord(1, "", bay).Bytes();
 }
 
-// A port map record of version 0x201.
+// Returns the bytes of a port map record, with version 0x201.
 std::string Map(const SmbiosRecord& record) {
     std::string bytes = record.Bytes();
     bytes[offsetof(SMBIOS_NIC_PORT_MAP_INFO, wGbxTableVersion) + 1] = 2;
     return bytes;
 }
 
-// The last entry of the record, with every bit set that isn't shown.
+// Uses the last port of the record; the bits that aren't printed are set.
 const std::string kMap = Map(PortMapRecord(2, {{3, 7, {2, 3, 15, 31, 3, 1}}}));
 
 struct Case {
     const char* catches;
-    std::string tables;  // beside the system record
+    std::string tables;  // after the system record
     std::string output;
 };
 
@@ -37,12 +37,12 @@ const Case kCases[] = {
     {"bay 0, no port map", Rack("0"), kNoBay},
     {"no number", Rack("five") + kMap, kNoBay},
     {"no string", Rack("") + kMap, kNoBay},
-    {"a rack record too short for it", RackRecord(1, "", "5").CutTo(7).Bytes() + kMap, kNoBay},
+    {"a rack record without the field", RackRecord(1, "", "5").CutTo(7).Bytes() + kMap, kNoBay},
     {"no port map", Rack("5"), "\nERROR: Failed to get SMBIOS system data.\n\n"},
     {"a neighbour's bits", Rack("5") + kMap, kHeading + "0         2         8         36        \n\n\n"},
     {"a sum that wraps", Rack(" 99999999999") + kMap,
      kHeading + "0         2         8         2147483647\n\n\n"},
-    {"a port past the record", Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).CutTo(68)),
+    {"a port beyond the record", Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).CutTo(68)),
      kHeading + "\n\n"},
 };
 

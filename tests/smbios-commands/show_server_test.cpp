@@ -11,7 +11,7 @@ TEST(ShowServer, TellsEachModelInFull) {
     ExpectModelsAsStored("smbios-commands");
 }
 
-// What the models, whose processors are all in order and whose memory is in whole MiB, don't show.
+// Values that no model has: other processor states, a size that isn't whole MiB, a form factor above 9.
 TEST(ShowServer, NamesTheStateAndRoundsDown) {
     std::string records = SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes();
     records += MemoryArrayRecord({1}).Bytes();

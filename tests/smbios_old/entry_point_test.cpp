@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kMapFailed[] = "smbios: ReadPhysMem: mmap FAILED\n";
 
-enum End { kLoaded, kRejected, kEmpty, kUnreadable };  // the last two: an entry point without tables
+enum End { kLoaded, kRejected, kEmpty, kUnreadable };  // kEmpty, kUnreadable: a valid entry point
 
 struct Case {
     const char* catches;
@@ -36,7 +36,7 @@ constexpr Case kCases[] = {
     {"off its boundary",        0xF5008, 0x206, 31, 0, 6, kTablesAddress, kRejected},
     {"the first offset missed", 0xF0000, 0x206, 31, 0, 6, kTablesAddress, kLoaded},
     {"the last offset missed",  0xFFFE0, 0x206, 31, 0, 6, kTablesAddress, kLoaded},
-    {"cut by the area's end",   0xFFFF0, 0x206, 16, 0, 6, kTablesAddress, kRejected},
+    {"truncated by the area",  0xFFFF0, 0x206, 16, 0, 6, kTablesAddress, kRejected},
     {"no bytes of tables",      0xF5000, 0x206, 31, 0, 0, 0xFFFFFFFF,     kEmpty},
     {"tables out of reach",     0xF5000, 0x206, 31, 0, 6, 0xFFFFFFFF,     kUnreadable},
 };

@@ -8,13 +8,13 @@
 
 namespace {
 
-// Literals with zeros in them.
+// Converts a literal that contains NULs.
 template <size_t kSize>
 std::string Raw(const char (&bytes)[kSize]) {
     return std::string(bytes, kSize - 1);
 }
 
-// The handles of the records that the walk yields, a letter each.
+// Walks the records and returns the low byte of each handle.
 std::string Handles() {
     std::string handles;
     for (unsigned char* record = nullptr; SmbGetRecord(&record) == TRUE;) {
@@ -29,21 +29,21 @@ struct WalkCase {
     const char* handles;
 };
 
-// A record is its type, its length, a letter and a zero for its handle, and its strings or two zeros.
+// A record: type, length, handle (a letter and 0), then the strings and a NUL, or two NULs without strings.
 const WalkCase kWalks[] = {
-    // where the next record begins
-    {"a record without strings stepped over by its length alone", Raw("\1\4a\0\0\0\2\4b\0\0\0"), "ab"},
-    {"zeros in the formatted area taken for the set's end", Raw("\1\6a\0\0\0\0\0\2\4b\0\0\0"), "ab"},
-    {"a string's end taken for the set's", Raw("\1\4a\0x\0y\0\0\2\4b\0\0\0"), "ab"},
-    {"a set that begins with an empty string", Raw("\1\4a\0\0x\0\0\2\4b\0\0\0"), "ab"},
+    // the offset of the next record
+    {"two NULs without strings not skipped", Raw("\1\4a\0\0\0\2\4b\0\0\0"), "ab"},
+    {"zeros in the formatted area taken for the end of the strings", Raw("\1\6a\0\0\0\0\0\2\4b\0\0\0"), "ab"},
+    {"the end of a string taken for the end of the strings", Raw("\1\4a\0x\0y\0\0\2\4b\0\0\0"), "ab"},
+    {"strings that begin with an empty one", Raw("\1\4a\0\0x\0\0\2\4b\0\0\0"), "ab"},
     {"the end-of-table record taken for the end", Raw("\177\4a\0\0\0\2\4b\0\0\0"), "ab"},
     // the end of the tables
-    {"a last record cut in its strings lost", Raw("\1\4a\0\0\0\2\4b\0x"), "ab"},
-    {"a last record cut before its strings lost", Raw("\1\4a\0\0\0\2\4b\0"), "ab"},
-    {"a record cut in its formatted area let through", Raw("\1\4a\0\0\0\2\6b\0\0"), "a"},
-    {"a cut header let through", Raw("\1\4a\0\0\0\2\4b"), "a"},
-    {"a record shorter than its header", Raw("\1\4a\0\0\0\2\3b\0\0\0\3\4c\0\0\0"), "a"},
-    {"a length of 0 walked for ever", Raw("\2\0b\0\0\0"), ""},
+    {"a last record with truncated strings not found", Raw("\1\4a\0\0\0\2\4b\0x"), "ab"},
+    {"a last record truncated after its formatted area not found", Raw("\1\4a\0\0\0\2\4b\0"), "ab"},
+    {"a truncated formatted area accepted", Raw("\1\4a\0\0\0\2\6b\0\0"), "a"},
+    {"a truncated header accepted", Raw("\1\4a\0\0\0\2\4b"), "a"},
+    {"a length of 3 accepted", Raw("\1\4a\0\0\0\2\3b\0\0\0\3\4c\0\0\0"), "a"},
+    {"an endless walk at length 0", Raw("\2\0b\0\0\0"), ""},
 };
 
 struct StringCase {
@@ -59,10 +59,10 @@ const StringCase kStrings[] = {
     {"the last", Raw("\1\4a\0one\0two\0\0"), 2, "two"},
     {"one too many", Raw("\1\4a\0one\0two\0\0next\0"), 3, ""},
     {"no strings", Raw("\1\4a\0\0\0next\0"), 1, ""},
-    {"behind an empty first string", Raw("\1\4a\0\0two\0\0next\0"), 2, "two"},
-    {"cut by the tables' end", Raw("\1\4a\0one\0tw"), 2, "tw"},
-    {"behind one that is cut", Raw("\1\4a\0one\0tw"), 3, ""},
-    {"none because of the tables' end", Raw("\1\4a\0"), 1, ""},
+    {"after an empty first string", Raw("\1\4a\0\0two\0\0next\0"), 2, "two"},
+    {"truncated by the end of the tables", Raw("\1\4a\0one\0tw"), 2, "tw"},
+    {"after a truncated one", Raw("\1\4a\0one\0tw"), 3, ""},
+    {"no strings before the end of the tables", Raw("\1\4a\0"), 1, ""},
 };
 
 }  // namespace
@@ -89,11 +89,11 @@ TEST(Records, AreFoundByTypeAndByHandle) {
     table.Add(SmbiosRecord(1, 0x1234).Byte(2)).Add(SmbiosRecord(1, 0x7856));
     LoadedTables tables(table.Bytes());
     void* found = nullptr;
-    EXPECT_EQ(SmbGetRecordByType(1, 2, &found), TRUE) << "the last copy refused";
+    EXPECT_EQ(SmbGetRecordByType(1, 2, &found), TRUE) << "the last copy not found";
     EXPECT_EQ(ReadField<uint16_t>(SmbFormattedArea(found), 2), 0x7856) << "other types counted as copies";
     void* untouched = &table;
     EXPECT_EQ(SmbGetRecordByType(1, 3, &untouched), FALSE) << "a copy too many";
-    EXPECT_EQ(SmbGetRecordByHandle(0x0034, &untouched), FALSE) << "half a handle compared";
+    EXPECT_EQ(SmbGetRecordByHandle(0x0034, &untouched), FALSE) << "one byte of the handle compared";
     EXPECT_EQ(untouched, &table);
     EXPECT_EQ(SmbGetRecordByHandle(0x1234, &found), TRUE);
     EXPECT_EQ(SmbFormattedArea(found).data[4], 1) << "not the first of a handle";
@@ -101,5 +101,5 @@ TEST(Records, AreFoundByTypeAndByHandle) {
     DeinitSMBIOS();
     EXPECT_EQ(IsSMBIOSAvailable(), FALSE);
     EXPECT_EQ(EPS.wSTLength, table.Bytes().size()) << "the entry point cleared";
-    EXPECT_EQ(SmbGetRecordByType(1, 0, &untouched), FALSE) << "a record of tables that are gone";
+    EXPECT_EQ(SmbGetRecordByType(1, 0, &untouched), FALSE) << "a record of freed tables";
 }

@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr uint16_t kHandle = 0x10;  // of the array
+constexpr uint16_t kHandle = 0x10;  // of the memory array
 
-// gMemoryMod, a line a socket: board.module, KiB, MHz, form factor/technology.
+// Returns gMemoryMod, one line per socket: board.module, KiB, MHz, form factor/technology.
 std::string Inventory() {
     std::string text;
     for (const ZET_MemModule* module : gMemoryMod) {
@@ -29,7 +29,7 @@ SmbiosRecord Array(uint16_t handle, uint8_t use = smbios::MemoryArray::kSystemMe
     return MemoryArrayRecord({handle, 0, 0, correction, use});
 }
 
-// Devices of the array, of 1 MiB and 1 MHz but for what is given.
+// Devices of the array, of 1 MiB and 1 MHz unless stated otherwise.
 SmbiosRecord Sized(uint16_t size) {
     return MemoryDeviceRecord({0x11, kHandle, "", size, 1});
 }
@@ -46,13 +46,13 @@ std::string Of(uint16_t array, uint16_t size) {
     return MemoryDeviceRecord({0x21, array, "", size}).Bytes();
 }
 
-// Flash memory of 8 MiB, then system memory of 5 without correction and of 2 with it, the devices mixed.
+// Flash memory of 8 MiB, system memory of 5 MiB without error correction and of 2 MiB with it, devices mixed.
 const std::string kSeveral = Array(0x20, 5).Bytes() + Of(0x30, 1) + Of(0x20, 8) + Of(0x40, 2) +
                              Array(0x30, 3, 3).Bytes() + Array(0x40).Bytes() + Of(0x30, 4);
 
 struct Case {
     const char* catches;
-    std::string records;  // beside the array
+    std::string records;  // before the record of the array
     const char* inventory;
 };
 
@@ -62,25 +62,26 @@ const Case kCases[] = {
     {"KiB", Sized(0x8200).Bytes(), "0.1 512 1 8/5\n"},
     {"an empty socket left out", Sized(0).Bytes(), "0.1 0 1 8/5\n"},
     // codes
-    {"the last bit first", Kind(kDimm, 0x0280).Bytes(), "0.1 1024 1 8/5\n"},
-    {"the first row", Kind(kDimm, 0x0288).Bytes(), "0.1 1024 1 8/2\n"},
-    {"bits that have no row", Kind(kDimm, 0xFD77).Bytes(), "0.1 1024 1 8/1\n"},
-    // the place
-    {"either word of the locator", At("slot 2 Dimm 4").Bytes(), "2.4 1024 1 8/5\n"},
+    {"the last entry tried first", Kind(kDimm, 0x0280).Bytes(), "0.1 1024 1 8/5\n"},
+    {"the first entry not tried", Kind(kDimm, 0x0288).Bytes(), "0.1 1024 1 8/2\n"},
+    {"bits without an entry", Kind(kDimm, 0xFD77).Bytes(), "0.1 1024 1 8/1\n"},
+    // the location
+    {"a word of the locator ignored", At("slot 2 Dimm 4").Bytes(), "2.4 1024 1 8/5\n"},
     {"one word without the other", At("DIMM 4").Bytes(), "0.4 1024 1 8/5\n"},
     {"the system board", At("SLOT 2 DIMM 4").Bytes() + DimmLocationRecord(1, 0x11, 0xFF, 3).Bytes(),
      "0.3 1024 1 8/5\n"},
-    {"a record that is another's, or a later one",
+    {"an OEM record of another device, or a later one",
      At("").Bytes() + DimmLocationRecord(1, 0x12, 1, 1).Bytes() + DimmLocationRecord(2, 0x11, 5, 6).Bytes() +
          DimmLocationRecord(3, 0x11, 7, 8).Bytes(),
      "5.6 1024 1 8/5\n"},
     // short records
-    {"half a speed", At("").CutTo(22).Bytes(), "0.1 1024 0 8/5\n"},
-    {"half a type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
-    {"a locator past the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
-    {"half an array handle", At("").CutTo(5).Bytes(), ""},
+    {"one byte of the speed", At("").CutTo(22).Bytes(), "0.1 1024 0 8/5\n"},
+    {"one byte of the type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
+    {"a locator beyond the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
+    {"one byte of the array handle", At("").CutTo(5).Bytes(), ""},
     // several arrays
-    {"by device, or counted by array", kSeveral, "1.1 1024 0 8/5\n1.4 4096 0 8/5\n2.3 2048 0 8/5\n"},
+    {"modules in the order of devices, or numbered per array", kSeveral,
+     "1.1 1024 0 8/5\n1.4 4096 0 8/5\n2.3 2048 0 8/5\n"},
 };
 
 }  // namespace
@@ -95,8 +96,8 @@ TEST(MemoryModules, AreRecordedByTheRules) {
     EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size));
     LoadedTables several(kSeveral + ProcessorRecord({1, ""}).Bytes());
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
-    EXPECT_EQ(size, 7168U) << "flash memory counted, or one array alone";
-    EXPECT_EQ(SmbChkForECCSupported(), TRUE) << "the first array alone asked";
+    EXPECT_EQ(size, 7168U) << "flash memory counted, or only one array";
+    EXPECT_EQ(SmbChkForECCSupported(), TRUE) << "only the first array checked";
     fSMBiosInited = FALSE;
     EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size) ||
                  SmbChkForECCSupported())
@@ -126,6 +127,6 @@ TEST(MemoryArrays, TellWhetherErrorsAreCorrected) {
     };
     EXPECT_FALSE(corrects(Array(kHandle, 3, 3))) << "none";
     EXPECT_TRUE(corrects(Array(kHandle, 3, 4))) << "parity";
-    EXPECT_FALSE(corrects(Array(kHandle, 5, 6))) << "of flash memory";
-    EXPECT_FALSE(corrects(Array(kHandle).CutTo(6))) << "of a record too short to say";
+    EXPECT_FALSE(corrects(Array(kHandle, 5, 6))) << "flash memory";
+    EXPECT_FALSE(corrects(Array(kHandle).CutTo(6))) << "a record without the field";
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-// gCpu_tbl, a line a processor: MHz, socket, status, cores/threads, its caches as level:KiB.
+// Returns gCpu_tbl, one line per processor: MHz, socket, status, cores/threads, caches as level:KiB.
 std::string Inventory() {
     std::string text;
     for (const ZET_CPU* cpu : gCpu_tbl) {
@@ -25,7 +25,7 @@ std::string Inventory() {
     return text;
 }
 
-// Processors of 1 MHz, all else zero or none but what is given.
+// Processors of 1 MHz; other fields are zero or none unless stated otherwise.
 std::string Status(uint8_t status, uint8_t type = smbios::Processor::kCentral) {
     Processor part = {1, "", 1};
     part.status = status;
@@ -56,28 +56,29 @@ struct Case {
 };
 
 const Case kCases[] = {
-    // which records, and in which order
+    // selection and order of records
     {"the first record first", ProcessorRecord({2, "", 7}).Bytes() + Socket(""),
      "1 #1 s2 0/0\n7 #2 s2 0/0\n"},
     {"an empty socket", Status(0x41) + Status(0x01), "1 #1 s2 0/0\n"},
     {"a coprocessor", Status(0x41, 4), ""},
-    {"a record too short to say", ProcessorRecord({1, ""}).CutTo(24).Bytes(), ""},
+    {"a record without the status", ProcessorRecord({1, ""}).CutTo(24).Bytes(), ""},
     // status
-    {"a state that means nothing, a bit beside it", Status(0xFF) + Status(0x46) + Status(0x45),
+    {"an undefined state, or a neighbouring bit read", Status(0xFF) + Status(0x46) + Status(0x45),
      "1 #1 s1 0/0\n1 #2 s1 0/0\n1 #3 s1 0/0\n"},
     {"unknown, disabled, idle", Status(0x44) + Status(0x43) + Status(0x42) + Status(0x40),
      "1 #1 s4 0/0\n1 #2 s5 0/0\n1 #3 s5 0/0\n1 #4 s2 0/0\n"},
     // socket numbers
     {"the designation ignored", Socket("PROC 7"), "1 #7 s2 0/0\n"},
     {"letter case, signs, TABs", Socket("\t \tA\tpROC\t \t#12b3"), "1 #12 s2 0/0\n"},
-    {"no word behind it", Socket("A Proc"), "1 #1 s2 0/0\n"},
-    {"a search that goes on", Socket("Proc A Proc 7"), "1 #1 s2 0/0\n"},
-    {"a word that only begins so", Socket("Processor 7"), "1 #1 s2 0/0\n"},
-    {"a word's beginning", Socket("Pro 7"), "1 #1 s2 0/0\n"},
+    {"no word after it", Socket("A Proc"), "1 #1 s2 0/0\n"},
+    {"a search that continues", Socket("Proc A Proc 7"), "1 #1 s2 0/0\n"},
+    {"a longer word", Socket("Processor 7"), "1 #1 s2 0/0\n"},
+    {"a shorter word", Socket("Pro 7"), "1 #1 s2 0/0\n"},
     {"a number that wraps", Socket("Proc 4294967303"), "1 #2147483647 s2 0/0\n"},
-    {"text past 255 characters", Socket(std::string(250, ' ') + "Proc 72"), "1 #1 s2 0/0\n"},
-    {"the maker's record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7"), "1 #1 s2 0/0\n"},
-    {"another's record taken", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7"), "1 #7 s2 0/0\n"},
+    {"characters after the 255th", Socket(std::string(250, ' ') + "Proc 72"), "1 #1 s2 0/0\n"},
+    {"an OEM record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7"), "1 #1 s2 0/0\n"},
+    {"an OEM record of another processor", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7"),
+     "1 #7 s2 0/0\n"},
     // cores and threads
     {"cores without threads", FourCores().CutTo(37).Bytes(), "1 #1 s2 0/0\n"},
     {"the last byte missed", FourCores().CutTo(38).Bytes(), "1 #1 s2 4/8\n"},
@@ -88,9 +89,9 @@ const Case kCases[] = {
      Cached(0x70, 1, 64) + Cached(0x73, 3, 0x8010) + Cached(0x72, 2, 0x0200) + Caches(0x72, 0x73).Bytes(),
      "1 #1 s2 0/0 L2:512 L3:1024\n"},
     {"an empty cache", Cached(0x72, 2, 0x8000) + Caches(0x72).Bytes(), "1 #1 s2 0/0\n"},
-    {"no handle looked up", Cached(kNoHandle, 2, 8) + Caches(kNoHandle).Bytes(), "1 #1 s2 0/0\n"},
+    {"handle 0xFFFF looked up", Cached(kNoHandle, 2, 8) + Caches(kNoHandle).Bytes(), "1 #1 s2 0/0\n"},
     {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).CutTo(28).Bytes(), "1 #1 s2 0/0\n"},
-    {"a record that is no cache, or one behind it",
+    {"a record that isn't a cache, or a later one",
      BiosRecord("", "").Bytes() + Cached(0, 2, 8) + Caches(0).Bytes(), "1 #1 s2 0/0\n"},
     {"a shared cache counted once", Cached(0x72, 8, 8) + Caches(0x72).Bytes() + Caches(0x72).Bytes(),
      "1 #1 s2 0/0 L8:8\n1 #2 s2 0/0 L8:8\n"},
@@ -105,7 +106,8 @@ TEST(Processors, AreRecordedByTheRules) {
     }
 }
 
-// A line for each code of a family, a form factor or a trait of memory that isn't taken as any other.
+// One line for each code: the name of the processor family, the form factor and (codes 0 to 15: the number of
+// a bit) the memory technology, unless all three are the defaults.
 TEST(Processors, AndModulesAreNamedByTheirCodes) {
     std::string listing;
     LoadedTables tables;
