@@ -20,7 +20,7 @@ struct DT_IOCTL_HEADER {
     DataTableType DT_Type;   // which table
     uint8_t Index;           // fan, sensor, supply or cartridge, from 0; 255 where -1 is meant
     uint8_t Index2;          // module within a cartridge; 0 elsewhere
-    uint8_t CRUFunction;     // of an indicator request, see indicator_records.h; else 0
+    uint8_t CRUFunction;     // of an indicator request, see health_records.h; else 0
     uint8_t CRUSubfunction;  // likewise
     uint8_t pad[2];
 };

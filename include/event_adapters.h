@@ -81,7 +81,7 @@ static_assert(sizeof(EVT_ARRAY_CTRLS_NOT_REDUNDANT) == 4 &&
 struct EVT_SAS_ARRAY_DEV_FAILURE {  // 19/7
     EVT_CHASSIS Chassis;
     uint8_t bBay;
-    uint8_t szPortID[2];
+    char szPortID[2];
     uint8_t bBox;
     char szChassis_Sun[1];
 };
@@ -91,7 +91,7 @@ static_assert(sizeof(EVT_SAS_ARRAY_DEV_FAILURE) == 8 &&
 
 struct EVT_SAS_ARRAY_PHY_ERROR {  // 19/8
     EVT_CHASSIS Chassis;
-    uint8_t szPortID[2];
+    char szPortID[2];
     uint8_t bBox;
     uint8_t bExpanderNumber;
     uint8_t bExpanderPhyNumber;

@@ -1,5 +1,6 @@
 // The event device's request block and the header that begins every entry of the firmware's event log.
-// Little-endian, as the driver has them. What follows the header: event_payloads.h.
+// Little-endian, as the driver has them. What follows the header: event_payloads.h. The struct tags
+// (_evtLogHdr) belong to the interface too: other programs declare the records by them.
 #pragma once
 
 #include <cstddef>
@@ -13,13 +14,14 @@ enum EventLogChoice : int32_t { kReadEvent = 2, kClearEvents = 5 };  // LOG_INFO
 // kBufferTooSmall: one has, but it doesn't fit behind the block.
 enum EventLogStatus : int { kEntryRead = 0, kEndOfLog = 1, kBufferTooSmall = 3 };
 
-// Stands in front of every request; naturally aligned, unlike the entries.
-struct LOG_INFO {
+// Begins every request; naturally aligned, unlike the entries.
+struct _frontioctlEntry {
     uint32_t length;     // bytes of the whole request buffer, this block included
     int32_t choice;      // an EventLogChoice
     int32_t match_code;  // always 0
     int32_t EvtNumber;   // a read starts its search at this event number
 };
+using LOG_INFO = _frontioctlEntry;
 using PLOG_INFO = LOG_INFO*;
 static_assert(sizeof(LOG_INFO) == 16, "as the driver has it");
 
@@ -28,18 +30,19 @@ enum EventSeverity : uint8_t { kInformational = 2, kNotice = 3, kRepaired = 6, k
 
 #pragma pack(push, 1)
 
-struct EVT_TIME_STAMP {  // binary, not BCD
-    uint8_t bCentury;    // 20 for 2006
-    uint8_t bYear;       // within the century
-    uint8_t bMonth;      // 1 to 12
+struct _evtTimeStamp {  // binary, not BCD
+    uint8_t bCentury;   // 20 for 2006
+    uint8_t bYear;      // within the century
+    uint8_t bMonth;     // 1 to 12
     uint8_t bDay;
     uint8_t bHour;  // 0 to 23
     uint8_t bMinute;
 };
+using EVT_TIME_STAMP = _evtTimeStamp;
 using PEVT_TIME_STAMP = EVT_TIME_STAMP*;
 static_assert(sizeof(EVT_TIME_STAMP) == 6, "as the firmware has it");
 
-struct EVT_HEADER {
+struct _evtLogHdr {
     uint16_t wEvtLength;   // bytes of the whole entry, this header included
     uint32_t dwEvtNumber;  // at an odd place: read it as a member, never through a uint32_t*
     uint8_t bHdrRev;
@@ -50,6 +53,7 @@ struct EVT_HEADER {
     EVT_TIME_STAMP UpdateTime;
     uint32_t dwCount;
 };
+using EVT_HEADER = _evtLogHdr;
 using PEVT_HEADER = EVT_HEADER*;
 static_assert(sizeof(EVT_HEADER) == 28 && offsetof(EVT_HEADER, dwEvtNumber) == 2 &&
                   offsetof(EVT_HEADER, wClass) == 8 && offsetof(EVT_HEADER, UpdateTime) == 18,
@@ -69,11 +73,12 @@ enum EventChassisType : uint8_t {
 
 #pragma pack(push, 1)
 
-struct EVT_CHASSIS {
+struct _evtChassis {
     uint8_t bType;  // an EventChassisType
     uint8_t bId;    // server: 0, or an external chassis' number; storage: slot; enclosure: address, high byte
     uint8_t bPort;  // enclosure: address, low byte; classes 17 to 19: the port or bus
 };
+using EVT_CHASSIS = _evtChassis;
 using PEVT_CHASSIS = EVT_CHASSIS*;
 static_assert(sizeof(EVT_CHASSIS) == 3 && offsetof(EVT_CHASSIS, bPort) == 2);
 

@@ -75,7 +75,7 @@ struct EVT_MACH_SAS_FAN_FAIL {  // 2/11: fan failure in a SAS enclosure
     EVT_CHASSIS Chassis;
     uint8_t bFanId;
     uint8_t bFanZoneType;
-    uint8_t szPortID[2];
+    char szPortID[2];
     uint8_t bBox;
     char szChassis_Sun[1];
 };
@@ -86,7 +86,7 @@ struct EVT_MACH_SAS_OVERHEAT {  // 2/12: overheating in a SAS enclosure
     EVT_CHASSIS Chassis;
     uint8_t bSensorId;
     uint8_t bZoneType;
-    uint8_t szPortID[2];
+    char szPortID[2];
     uint8_t bBox;
     char szChassis_Sun[1];
 };

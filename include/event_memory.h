@@ -15,10 +15,11 @@ struct EVT_MAIN_MEMORY {  // 3/1, 3/2, 3/10: corrected or uncorrectable errors o
 using PEVT_MAIN_MEMORY = EVT_MAIN_MEMORY*;
 static_assert(sizeof(EVT_MAIN_MEMORY) == 3 && offsetof(EVT_MAIN_MEMORY, cSerialNumber) == 2);
 
-struct EVT_MEM_SINGLE {  // one suspect of several
+struct _evtSingleEntry {  // one suspect of several
     uint8_t bModule;
     uint8_t bSlot;
 };
+using EVT_MEM_SINGLE = _evtSingleEntry;
 using PEVT_MEM_SINGLE = EVT_MEM_SINGLE*;
 static_assert(sizeof(EVT_MEM_SINGLE) == 2 && offsetof(EVT_MEM_SINGLE, bSlot) == 1);
 

@@ -22,7 +22,7 @@
 
 #pragma pack(push, 1)
 
-union EVT_FREE_FORM {
+union _evtFreeForm {
     EVT_MACH_OVERHEAT MachHeat;
     EVT_MACH_FAN_FAIL MachFan;
     EVT_MACH_DOOR_OPEN MachDoor;
@@ -115,30 +115,34 @@ union EVT_FREE_FORM {
     EVT_INF_FIRMWARE_MISMATCH InfFirmwareMismatch;
     EVT_EMBEDDED_HEALTH EmbeddedHealth;
 };
+using EVT_FREE_FORM = _evtFreeForm;
 using PEVT_FREE_FORM = EVT_FREE_FORM*;
 static_assert(sizeof(EVT_FREE_FORM) == 10, "the fixed parts; texts run on past them");
 
-struct EVT_LOG_ENTRY {
+struct _evtLogEntry {
     EVT_HEADER Hdr;
     EVT_FREE_FORM Data;
 };
+using EVT_LOG_ENTRY = _evtLogEntry;
 using PEVT_LOG_ENTRY = EVT_LOG_ENTRY*;
 static_assert(sizeof(EVT_LOG_ENTRY) == 38 && offsetof(EVT_LOG_ENTRY, Data) == 28);
 
-struct EVT_IPMI_HEADER {  // of entries that come from the management processor
+struct _evtLogIpmiHdr {  // of entries that come from the management processor
     uint8_t bClass;
     uint8_t bCode;
     uint8_t bAlertId;
     uint8_t bFlag;
     uint8_t bSeverity;
 };
+using EVT_IPMI_HEADER = _evtLogIpmiHdr;
 using PEVT_IPMI_HEADER = EVT_IPMI_HEADER*;
 static_assert(sizeof(EVT_IPMI_HEADER) == 5 && offsetof(EVT_IPMI_HEADER, bCode) == 1);
 
-struct EVT_IPMI_LOG_ENTRY {
+struct _evtIpmiLogEntry {
     EVT_IPMI_HEADER Hdr;
     EVT_FREE_FORM Data;
 };
+using EVT_IPMI_LOG_ENTRY = _evtIpmiLogEntry;
 using PEVT_IPMI_LOG_ENTRY = EVT_IPMI_LOG_ENTRY*;
 static_assert(sizeof(EVT_IPMI_LOG_ENTRY) == 15 && offsetof(EVT_IPMI_LOG_ENTRY, Data) == 5);
 
@@ -146,10 +150,11 @@ static_assert(sizeof(EVT_IPMI_LOG_ENTRY) == 15 && offsetof(EVT_IPMI_LOG_ENTRY, D
 
 // A request of the event device and its reply in the same place; naturally aligned, so 2 bytes of padding
 // follow the entry. A read has more room behind it: kEventReadSize bytes in all.
-struct EVT_IOCTL_ENTRY {
+struct _ioctlEntry {
     LOG_INFO info;
     EVT_LOG_ENTRY Evt;
 };
+using EVT_IOCTL_ENTRY = _ioctlEntry;
 using PEVT_IOCTL_ENTRY = EVT_IOCTL_ENTRY*;
 static_assert(sizeof(EVT_IOCTL_ENTRY) == 56 && offsetof(EVT_IOCTL_ENTRY, Evt) == 16);
 

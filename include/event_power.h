@@ -159,7 +159,7 @@ static_assert(sizeof(EVT_SYS_POWER_MODULE_OVERLOAD) == 6 &&
 struct EVT_SAS_POWER_SUPPLY_FAILURE {  // 11/20
     EVT_CHASSIS Chassis;
     uint8_t bPsId;
-    uint8_t szPortID[2];
+    char szPortID[2];
     uint8_t bBox;
     char szChassis_Sun[1];
 };

@@ -77,10 +77,10 @@ void BoardPrefix(uint8_t bBoard, TextWriter& out) {
     out.Text(", ");
 }
 
-void GetSASPort(const uint8_t (&szPortID)[2], TextWriter& out) {
-    for (const uint8_t letter : szPortID) {
-        if (letter == 0) return;
-        out.Letter(static_cast<char>(letter));
+void GetSASPort(const char (&szPortID)[2], TextWriter& out) {
+    for (const char letter : szPortID) {
+        if (letter == '\0') return;
+        out.Letter(letter);
     }
 }
 

@@ -11,17 +11,17 @@
 namespace eventstr {
 
 // By value. The first five know 255 or 0xFFFFFFFF as "not known".
-void Byte2Str(uint8_t bValue, TextWriter& out);        // decimal
-void Char2Str(uint8_t bValue, TextWriter& out);        // the character; nothing for 0
-void GetTemp(uint8_t bTemp, TextWriter& out);          // degrees Celsius, "42C"
-void Dword2Str(uint32_t dwValue, TextWriter& out);     // decimal
-void Dword2HexStr(uint32_t dwValue, TextWriter& out);  // "0x0000001F"
-void PlainByte(uint8_t value, TextWriter& out);        // decimal, 255 too
-void PlainHexByte(uint8_t value, TextWriter& out);     // two digits, upper case
-void GetBCDString(uint8_t bBCD, TextWriter& out);      // two digits, the low one first: 0x12 is "21"
-void PlainWord(uint16_t value, TextWriter& out);       // decimal
-void BoardPrefix(uint8_t bBoard, TextWriter& out);     // "Board 2, "; nothing for 0
-void GetSASPort(const uint8_t (&szPortID)[2], TextWriter& out);  // two letters; a zero ends them
+void Byte2Str(uint8_t bValue, TextWriter& out);               // decimal
+void Char2Str(uint8_t bValue, TextWriter& out);               // the character; nothing for 0
+void GetTemp(uint8_t bTemp, TextWriter& out);                 // degrees Celsius, "42C"
+void Dword2Str(uint32_t dwValue, TextWriter& out);            // decimal
+void Dword2HexStr(uint32_t dwValue, TextWriter& out);         // "0x0000001F"
+void PlainByte(uint8_t value, TextWriter& out);               // decimal, 255 too
+void PlainHexByte(uint8_t value, TextWriter& out);            // two digits, upper case
+void GetBCDString(uint8_t bBCD, TextWriter& out);             // two digits, the low one first: 0x12 is "21"
+void PlainWord(uint16_t value, TextWriter& out);              // decimal
+void BoardPrefix(uint8_t bBoard, TextWriter& out);            // "Board 2, "; nothing for 0
+void GetSASPort(const char (&szPortID)[2], TextWriter& out);  // two letters; a NUL ends them
 
 // By place: the text at an offset of the payload.
 void PlainText(Bytes payload, size_t offset, TextWriter& out);        // a text as it stands

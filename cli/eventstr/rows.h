@@ -65,7 +65,7 @@ void PrintField(Bytes payload, TextWriter& out) {
     } else if constexpr (std::is_same_v<Function, void(const Type&, TextWriter&)>) {
         Type letters;
         for (size_t i = 0; i < sizeof letters; ++i)
-            letters[i] = ReadPaddedField<uint8_t>(payload, offset + i);
+            letters[i] = static_cast<char>(ReadPaddedField<uint8_t>(payload, offset + i));
         kPrint(letters, out);
     } else {
         static_assert(

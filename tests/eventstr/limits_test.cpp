@@ -99,7 +99,7 @@ Cases PackedBytes() {
 }
 
 Cases SasEnclosures() {
-    const auto link = [](EVT_CHASSIS chassis, uint8_t first, uint8_t second, const char* name, const char* location) {
+    const auto link = [](EVT_CHASSIS chassis, char first, char second, const char* name, const char* location) {
         return WithTexts(EVT_SAS_ARRAY_PHY_ERROR{chassis, {first, second}, 3, 255, 0, {}}, {name, location});
     };
     return {
