@@ -117,7 +117,7 @@ Json ReadFans(Errors& errors) {
         case FansRead::All: break;
         default: errors.Add("Failed to read the fans."); return nullptr;
     }
-    for (int i = 0; i < fans->count; ++i) list.push_back(FanOf(fans->fans[i], i + 1));
+    for (int i = 0; i < fans->NumFans; ++i) list.push_back(FanOf(fans->fans[i], i + 1));
     return list;
 }
 

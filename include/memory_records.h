@@ -64,7 +64,8 @@ static_assert(sizeof(RESMEM_CARTRIDGE_CONFIG) == 152 &&
                   offsetof(RESMEM_CARTRIDGE_CONFIG, ulMemorySizeOS) == 140,
               "as the driver has it");
 
-// What is asked for of a RESMEM_CARTRIDGE_CONFIG: its beginning.
+// The part of RESMEM_CARTRIDGE_CONFIG that the program requests: the leading fields, with partName truncated
+// to 96 bytes.
 struct CartridgeBeginning {
     uint32_t ulCartID;
     uint32_t ulNumModules;

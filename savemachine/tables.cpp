@@ -118,8 +118,8 @@ void SaveMemory(MachineCopy& copy) {
     const Record memory = Save(copy, kMemory, 0);
     const MemoryCounts counts = CountsOf(static_cast<const RESMEM_CONFIG*>(memory.get()));
     Save(copy, kCartridge, kSystemBoardCartridge);
-    SaveModules(copy, kSystemBoardCartridge, kSystemBoardCartridge + 1, counts.sockets);
-    SaveModules(copy, 0, counts.cartridges, counts.sockets);
+    SaveModules(copy, kSystemBoardCartridge, kSystemBoardCartridge + 1, counts.dimms);
+    SaveModules(copy, 0, counts.carts, counts.dimms);
 }
 
 // The state of the light comes with a control request, which a plain read couldn't carry.

@@ -105,11 +105,11 @@ FansRead ReadFans(Fans& fans) {
         const Reply<FANHEADER> header(kFanHeaderTable, 0);
         if (!header) return FansRead::HeaderFailed;
         if (header->ucDataAvailable == 0) return FansRead::NotSupported;
-        fans.count = header->ucNumSupportedByChassis;
+        fans.NumFans = header->ucNumSupportedByChassis;
     }
 
     OlderRecords<FANDDATA> older_records(kFanDataTable);
-    for (int i = 0; i < fans.count; ++i) {
+    for (int i = 0; i < fans.NumFans; ++i) {
         const FansRead result = ReadFan(fans.fans[i], i, older_records);
         if (result != FansRead::All) return result;
     }
@@ -128,7 +128,10 @@ int do_show_fans(InputLineType* InputLine) {
         case FansRead::All: break;
     }
 
+    outdata out_array[kMaxFans];
+    for (int i = 0; i < fans.NumFans; ++i) out_array[i] = RowOf(fans.fans[i], i + 1);
+
     std::fputs(kHeading, stdout);
-    for (int i = 0; i < fans.count; ++i) PrintRow(RowOf(fans.fans[i], i + 1), kColumns);
+    for (int i = 0; i < fans.NumFans; ++i) PrintRow(out_array[i], kColumns);
     return 0;
 }

@@ -19,9 +19,11 @@ struct FanStatus {
     bool hot_pluggable;
 };
 
+constexpr int kMaxFans = 255;  // the header counts them in a byte
+
 struct Fans {
-    int count = 0;  // positions of the chassis: what a byte can count
-    FanStatus fans[255];
+    int NumFans = 0;  // positions of the chassis
+    FanStatus fans[kMaxFans];
 };
 
 enum class FansRead { All, HeaderFailed, NotSupported, FeatureFailed, BasicFailed };

@@ -50,16 +50,16 @@ class OlderRecords {
   public:
     explicit OlderRecords(DataTableType table) : table_(table) {}
 
-    // The record of a device, index from 0. None once the driver has refused one: the table isn't asked
+    // Returns the record of device `index` (from 0). After one failed request, returns nullopt without asking
     // again.
     std::optional<Record> Read(int index) {
-        if (refused_) return std::nullopt;
+        if (newway) return std::nullopt;
         if (const Reply<Record> reply{table_, index}) return *reply;
-        refused_ = true;
+        newway = true;
         return std::nullopt;
     }
 
   private:
     DataTableType table_;
-    bool refused_ = false;
+    bool newway = false;  // a request has failed: the common feature record describes every further device
 };

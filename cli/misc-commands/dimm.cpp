@@ -13,10 +13,11 @@
 
 namespace {
 
-// What a driver that doesn't tell its counts is asked for, until it refuses.
+// Cartridges, and modules of each, that are tried if the driver has no record of the counts. The walk ends at
+// the first failed request.
 constexpr int kUnknownCount = 20;
 
-// What a request's index bytes can name; cartridge 255 is the system board.
+// The ranges of a request's index bytes; cartridge 255 is the system board.
 constexpr int kMaxModules = 256;
 constexpr int kMaxCartridges = 255;
 
@@ -77,18 +78,20 @@ MemoryCounts CountsOf(const RESMEM_CONFIG* memory) {
 MemoryModules::MemoryModules() {
     const Reply<RESMEM_CONFIG> memory(kMemoryTable, 0);
     const MemoryCounts counts = CountsOf(memory ? &*memory : nullptr);
-    sockets_ = counts.sockets;
-    cartridges_ = counts.cartridges;
+    dimms = counts.dimms;
+    carts = counts.carts;
+    int cart_start = 0;
     const Reply<CartridgeBeginning> board(kCartridgeTable, kSystemBoardCartridge);
     if (board && board->ulCartID == 0 && board->ulNumModules != 0) {
-        cartridge_ = kSystemBoardCartridge;
-        cartridges_ = kSystemBoardCartridge + 1;
+        cart_start = kSystemBoardCartridge;
+        carts = kSystemBoardCartridge + 1;
     }
+    cartridge_ = cart_start;
 }
 
 MemoryModules::Next MemoryModules::ReadNext(ModuleStatus& module) {
-    for (; cartridge_ < cartridges_; ++cartridge_, socket_ = 0) {
-        while (socket_ < sockets_) {
+    for (; cartridge_ < carts; ++cartridge_, socket_ = 0) {
+        while (socket_ < dimms) {
             const int socket = socket_++;
             const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge_, socket);
             if (!config) return Next::End;

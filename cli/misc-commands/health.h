@@ -27,14 +27,14 @@ class SupplyBays {
 
     SupplyBays();  // reads the header
     Found What() const { return found_; }
-    int Count() const { return count_; }  // 0 unless bays were found
+    int Count() const { return num_ps; }  // 0 unless bays were found
 
     // Reads a bay, index from 0, in ascending order. False when the driver refuses a record of it.
     bool Read(int index, SupplyStatus& supply);
 
   private:
     Found found_ = Found::Refused;
-    int count_ = 0;
+    int num_ps = 0;
     OlderRecords<POWERSUPPLYNUMBERS> older_records_{kSupplyNumbersTable};
 };
 
@@ -70,30 +70,32 @@ struct ModuleStatus {
     const char* status_text;  // null when the number isn't known
 };
 
-// How many cartridges the driver may be asked for, and how many sockets of each. memory: what it says of
-// them; null when it says nothing. A count of 0 or below: none.
+// The ranges that a walk of the memory modules covers; a count of 0 or below covers none.
 struct MemoryCounts {
-    int sockets;
-    int cartridges;
+    int dimms;  // sockets of each cartridge
+    int carts;  // cartridges
 };
+
+// Returns the counts of `memory`, limited to what a request's index bytes can name. If `memory` is null,
+// because the driver has no such record, returns counts that are high enough for any server.
 MemoryCounts CountsOf(const RESMEM_CONFIG* memory);
 
 class MemoryModules {
   public:
     enum class Next { Module, End, Failed };
 
-    MemoryModules();  // asks where there is memory
+    MemoryModules();  // reads the counts, and whether the memory is on the system board
 
-    // Reads the next socket that isn't empty. End: there is none, or the driver refused a socket. Failed: the
-    // driver refused the module's status. After either there is nothing more to read.
+    // Reads the next socket that isn't empty. Returns End if there is none or the request for a socket
+    // failed, and Failed if the request for the module's status failed. After either, further calls return
+    // End and send no request.
     Next ReadNext(ModuleStatus& module);
 
   private:
-    // The socket to be read next, and behind which cartridge and which socket of each the walk ends.
-    int cartridge_ = 0;
-    int cartridges_;
+    int dimms;       // sockets of each cartridge
+    int carts;       // the walk ends before this cartridge
+    int cartridge_;  // the socket that is read next
     int socket_ = 0;
-    int sockets_;
 };
 
 // The event log.

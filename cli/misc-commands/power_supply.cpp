@@ -30,7 +30,7 @@ SupplyBays::SupplyBays() {
     const Reply<POWERSUPPLYHEADER> header(kSupplyHeaderTable, 0);
     if (!header) return;
     found_ = header->ucDataAvailable != 0 ? Found::Bays : Found::NoData;
-    if (found_ == Found::Bays) count_ = header->ucNumSupportedByChassis;
+    if (found_ == Found::Bays) num_ps = header->ucNumSupportedByChassis;
 }
 
 bool SupplyBays::Read(int index, SupplyStatus& supply) {

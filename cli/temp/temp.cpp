@@ -78,10 +78,13 @@ int do_show_temp(InputLineType* InputLine) {
         case SensorsRead::All: break;
     }
 
+    outdata out_array[kMaxSensors];
+    for (int i = 0; i < sensors.count; ++i) out_array[i] = RowOf(sensors.sensors[i]);
+
     std::fputs(kHeading, stdout);
     for (int i = 0; i < sensors.count; ++i) {
         std::printf("#%-9d", i);
-        PrintRow(RowOf(sensors.sensors[i]), kColumns);
+        PrintRow(out_array[i], kColumns);
     }
     return 0;
 }

@@ -14,10 +14,12 @@ struct SensorStatus {
     std::optional<int> threshold;  // degrees Celsius; likewise
 };
 
+constexpr int kMaxSensors = 1 + 255;  // sensor -1, and those that the header counts in a byte
+
 struct Sensors {
     int count = 0;
-    // The first is the driver's sensor -1, which it has but doesn't count; a byte counts the others.
-    SensorStatus sensors[256];
+    // The first is the driver's sensor -1, which the header's count doesn't include.
+    SensorStatus sensors[kMaxSensors];
 };
 
 enum class SensorsRead { All, Failed, NotFound };
