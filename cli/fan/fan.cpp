@@ -36,15 +36,17 @@ void TakeSpeed(FanStatus& fan, const FANBASIC& basic) {
 FansRead ReadFan(FanStatus& fan, int index, OlderRecords<FANDDATA>& older_records) {
     fan = {};
     const std::optional<FANDDATA> older = older_records.Read(index);
-    const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index);
-    if (!feature) return FansRead::FeatureFailed;
-    if (older) {
-        TakePresence(fan, *older);
-    } else {
-        TakePresence(fan, *feature);
+    {
+        const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index);
+        if (!feature) return FansRead::FeatureFailed;
+        if (older) {
+            TakePresence(fan, *older);
+        } else {
+            TakePresence(fan, *feature);
+        }
+        fan.location = LocationName(feature->Location, ZoneNames::OfFans);
+        fan.failed = feature->DeviceState.s1.bit_PhysicallyFailed != 0;
     }
-    fan.location = LocationName(feature->Location, ZoneNames::OfFans);
-    fan.failed = feature->DeviceState.s1.bit_PhysicallyFailed != 0;
     if (fan.failed) return FansRead::All;
 
     const Reply<FANBASIC> basic(kFanBasicTable, index);

@@ -36,6 +36,11 @@ int Bounded(uint32_t count, int most) {
     return std::min(static_cast<int>(count), most);
 }
 
+MemoryCounts ReadCounts() {
+    const Reply<RESMEM_CONFIG> memory(kMemoryTable, 0);
+    return CountsOf(memory ? &*memory : nullptr);
+}
+
 ModuleStatus StatusOf(const RESMEM_DIMM_CONFIG& config, uint32_t status) {
     const RESMEM_DIMM_INFO& info = config.dimmInfo;
     ModuleStatus module{};
@@ -76,8 +81,7 @@ MemoryCounts CountsOf(const RESMEM_CONFIG* memory) {
 }
 
 MemoryModules::MemoryModules() {
-    const Reply<RESMEM_CONFIG> memory(kMemoryTable, 0);
-    const MemoryCounts counts = CountsOf(memory ? &*memory : nullptr);
+    const MemoryCounts counts = ReadCounts();
     dimms = counts.dimms;
     carts = counts.carts;
     int cart_start = 0;
@@ -94,11 +98,17 @@ MemoryModules::Next MemoryModules::ReadNext(ModuleStatus& module) {
         while (socket_ < dimms) {
             const int socket = socket_++;
             const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge_, socket);
-            if (!config) return Next::End;
+            if (!config) {
+                carts = cartridge_;  // ends the walk
+                return Next::End;
+            }
             if (config->ulPresent == 0) continue;
 
             const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge_, socket);
-            if (!status) return Next::Failed;
+            if (!status) {
+                carts = cartridge_;
+                return Next::Failed;
+            }
             module = StatusOf(*config, status->ulStatus);
             return Next::Module;
         }

@@ -19,13 +19,14 @@ constexpr CodeText kStates[] = {
     {kIndicatorBlinking, "blinking"},
 };
 
-// A cleared reply buffer; null when there is no memory for it.
+// Allocates a cleared reply buffer. Returns null if memory runs out.
 std::unique_ptr<INDCBASIC> NewReply() {
     return std::unique_ptr<INDCBASIC>(new (std::nothrow) INDCBASIC{});
 }
 
-// Sends a control request about the light, which a plain read of a data table couldn't carry. reply: cleared,
-// and filled in with the light's state when the request works. Result: the request's.
+// Sends a control request for the light; generic_dtioctl can't set the control fields. If the request
+// succeeds, stores the light's state in `reply`, which the caller has cleared. Returns the result of the
+// request.
 int ControlLight(IndicatorSubfunction subfunction, INDCBASIC* reply) {
     DT_IOCTL request{};
     request.DtHdr.size = sizeof *reply;
@@ -75,9 +76,12 @@ int do_set_uid(InputLineType* InputLine) {
         }
     }
 
-    const auto reply = NewReply();
-    if (!reply) return Fail("\nERROR: Could not allocate memory for \"SET UID\" command.");
-    ControlLight(on ? kTurnOn : kTurnOff, reply.get());  // to send it is all: SHOW UID tells what came of it
+    {
+        const auto reply = NewReply();
+        if (!reply) return Fail("\nERROR: Could not allocate memory for \"SET UID\" command.");
+        // The result isn't examined: SHOW UID reads the state.
+        ControlLight(on ? kTurnOn : kTurnOff, reply.get());
+    }
     std::printf("\nUID is now %s.", on ? "on" : "off");
     return 0;
 }

@@ -32,8 +32,12 @@ TEST(SetUid, StaysSetForTheNextRun) {
     const std::string at_first = machine.Read(kControlFile);
     machine.Table(kIndicatorHeaderTable, 0, 0, INDCHEADER{1, 255, 0});
     EXPECT_EQ(machine.Script("SET UID OFF").output, "\nUID is now off.\n\n");
+    machine.StartTrace();
     EXPECT_EQ(machine.Script("SHOW UID;SET UID ON;SHOW UID").output,
               "\nUID is currently off.\n\nUID is now on.\n\nUID is currently on.\n\n");
+    EXPECT_EQ(machine.TakeTrace("cdt"),
+              "cdt 1503.0.0 size=5 cru=1.4 -> 0\ncdt 1500.0.0 size=3 cru=0.0 -> 0\n"
+              "cdt 1503.0.0 size=5 cru=1.1 -> 0\ncdt 1503.0.0 size=5 cru=1.4 -> 0\n");
     EXPECT_EQ(machine.Read(kControlFile), at_first);
 }
 

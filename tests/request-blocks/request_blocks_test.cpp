@@ -6,10 +6,16 @@
 #include <cstring>
 #include <vector>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/asan_interface.h>
+#endif
+
+#include "cli/fan/fan.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/health.h"
 #include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
+#include "cli/temp/temp.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"
 
@@ -19,6 +25,18 @@ std::vector<std::string> calls;  // a request: its code and the bytes of its blo
 int result;                      // of each request; the reply is filled in whatever it is
 int32_t timer_state;             // a reply
 EV_IOCTL_STRUCT variable;        // a reply
+int record;                      // a reply: each byte of a data table's record
+DataTableType failing_table;     // whose requests fail
+void* last_record;               // where the last record went
+int records_held;                // requests during which the record before wasn't freed
+
+bool IsFreed([[maybe_unused]] const void* block) {
+#ifdef __SANITIZE_ADDRESS__
+    return __asan_address_is_poisoned(block) != 0;
+#else
+    return true;
+#endif
+}
 
 }  // namespace
 
@@ -39,6 +57,10 @@ int vxIoctlRequest(int, int code, void* arg) {
         const DT_IOCTL& request = *static_cast<DT_IOCTL*>(arg);
         exchange(arg, nullptr, sizeof request.DtHdr);
         exchange(request.pData, nullptr, request.DtHdr.size);
+        std::memset(request.pData, record, request.DtHdr.size);
+        if (last_record != nullptr && !IsFreed(last_record)) ++records_held;
+        last_record = request.pData;
+        if (request.DtHdr.DT_Type == failing_table) return 1;
     } else if (code < 3) {
         exchange(arg, &variable, sizeof variable);
     } else if (arg != nullptr) {
@@ -82,6 +104,41 @@ TEST(RequestBlocks, ARecordIsAskedForWithZerosInAllThatHasNoMeaning) {
     const char* state;
     EXPECT_EQ(CallOf([&] { ReadLight(state); }),
               Request(69, 17, {{0, 5}, {4, 0xDF}, {5, 5}, {8, 1}, {9, 4}}));
+}
+
+// Records of ones: a fan, two sensors, and memory in cartridges.
+TEST(RequestBlocks, ARecordIsFreedBeforeTheNextOneIsRead) {
+#ifndef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "only the address sanitizer knows what is freed";
+#endif
+    result = 0;
+    record = 1;
+    records_held = 0;
+    last_record = nullptr;
+    calls.clear();
+    Fans fans;
+    EXPECT_EQ(ReadFans(fans), FansRead::All);
+    Sensors sensors;
+    EXPECT_EQ(ReadSensors(sensors), SensorsRead::All);
+    MemoryModules modules;
+    EXPECT_EQ(calls.size(), 4 + 5 + 2);
+    EXPECT_EQ(records_held, 0);
+}
+
+TEST(RequestBlocks, NoneFollowsAFailedOneInAWalkOfMemoryModules) {
+    using Next = MemoryModules::Next;
+    result = 0;
+    record = 1;
+    for (const DataTableType table : {kModuleConfigTable, kModuleStatusTable}) {
+        failing_table = table;
+        MemoryModules modules;
+        ModuleStatus module;
+        EXPECT_EQ(modules.ReadNext(module), table == kModuleConfigTable ? Next::End : Next::Failed);
+        calls.clear();
+        EXPECT_EQ(modules.ReadNext(module), Next::End);
+        EXPECT_TRUE(calls.empty()) << table;
+    }
+    failing_table = 0;
 }
 
 TEST(RequestBlocks, AVariableIsItsNameItsLengthAndItsBytes) {
