@@ -142,14 +142,15 @@ int do_set_boot_first(InputLineType* InputLine) {
     const char* word = InputLine->Words[3];
     if (CodeOf(kWithUsbKey, word) == kNoCode) return Fail(kNoSuchDevice);  // this list has every word
 
+    ZTHIPLSTRUCT order;
+    std::memset(&order, 0xFF, sizeof order);  // the code of no device
     BootDeviceCount installed;
     if (!ReadVariable(kInstalled, installed)) return Fail(kCountUnreadable);
     if (installed.zthnipl == 0) return Fail("ERROR: No bootable devices found.");
     const int code = CodeOf(DevicesOfServer(), word);
     if (code == kNoCode) return Fail("\nERROR: USB boot is not supported on this system by brantcli.");
 
-    ZTHIPLSTRUCT order;
-    if (!ReadVariable(kBootOrder, order)) return Fail("\nERROR: Failed to get first boot device.");
+    if (!ReadVariableOver(kBootOrder, order)) return Fail("\nERROR: Failed to get first boot device.");
     uint8_t* const first = order.ucPriority;
     uint8_t* const end = first + LengthOfOrder(installed);
     uint8_t* const place = std::find(first, end, code);

@@ -1,5 +1,5 @@
 // The store of ROM variables, by name, over the crom device. A command that changes a variable reads it into
-// a cleared copy, changes what it owns in the copy, and writes the copy's first bytes back. After a failed
+// a copy, changes the bits that it owns in the copy, and writes the copy's first bytes back. After a failed
 // read it writes nothing.
 #pragma once
 
@@ -35,16 +35,23 @@ constexpr RomVariable<WOLEVREC, sizeof(WOLEVREC), offsetof(WOLEVREC, flags5)> kC
     kConfigurationVariable};
 constexpr RomVariable<WOLEVREC> kWholeConfiguration = {kConfigurationVariable};
 
-// Reads a variable into a cleared copy. most: where fewer bytes than usual are to be asked for. False when it
-// can't be read: the copy is then all zeros.
+// Reads a variable into `copy`, at most `most` bytes. Returns false if it can't be read; `copy` is then
+// unchanged.
 template <typename Record, size_t kRead, size_t kWritten>
-bool ReadVariable(const RomVariable<Record, kRead, kWritten>& variable, Record& copy, size_t most = kRead) {
-    copy = Record{};
+bool ReadVariableOver(const RomVariable<Record, kRead, kWritten>& variable, Record& copy,
+                      size_t most = kRead) {
     const size_t length = std::min(most, kRead);
     return get_ev(variable.name, reinterpret_cast<unsigned char*>(&copy), static_cast<int>(length)) == 0;
 }
 
-// Writes a variable. most: where fewer bytes than usual are to go. False when it can't be written.
+// Clears `copy`, then reads a variable into it as ReadVariableOver does.
+template <typename Record, size_t kRead, size_t kWritten>
+bool ReadVariable(const RomVariable<Record, kRead, kWritten>& variable, Record& copy, size_t most = kRead) {
+    copy = Record{};
+    return ReadVariableOver(variable, copy, most);
+}
+
+// Writes a variable, at most `most` bytes. Returns false if it can't be written.
 template <typename Record, size_t kRead, size_t kWritten>
 bool WriteVariable(const RomVariable<Record, kRead, kWritten>& variable, const Record& record,
                    size_t most = kWritten) {
