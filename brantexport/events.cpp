@@ -28,10 +28,9 @@ Json Time(const EVT_TIME_STAMP& time) {
     return text;
 }
 
-Json EventOf(EVT_LOG_ENTRY& entry) {
+Json EventOf(uint8_t* buffer, const EVT_HEADER& header) {
     char text[kEventTextSize];
-    TranslateEventLogMessage(&entry, text, sizeof text);
-    const EVT_HEADER& header = entry.Hdr;
+    TranslateEventLogMessage(EntryOf(buffer), text, sizeof text);
     return {
         {"number", uint32_t{header.dwEvtNumber}},
         {"class", uint16_t{header.wClass}},
@@ -50,13 +49,13 @@ Json ReadEvents(Errors& errors) {
     const auto buffer = std::make_unique<EventRead>();
     Json events = Json::array();
     for (uint32_t wanted = 0;;) {
-        const int status = ReadEvent(&buffer->request, sizeof *buffer, wanted);
+        const int status = ReadEvent(buffer->bytes, sizeof buffer->bytes, wanted);
         if (status == kEndOfLog) return events;
         if (status != kEntryRead) break;
-        events.push_back(EventOf(buffer->request.Evt));
-        const uint32_t number = buffer->request.Evt.Hdr.dwEvtNumber;
-        if (number == UINT32_MAX) return events;
-        wanted = number + 1;
+        const EVT_HEADER header = HeaderOf(buffer->bytes);
+        events.push_back(EventOf(buffer->bytes, header));
+        if (header.dwEvtNumber == UINT32_MAX) return events;
+        wanted = header.dwEvtNumber + 1;
     }
     errors.Add("Failed to read the event log to its end.");
     return events.empty() ? Json() : events;

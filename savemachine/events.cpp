@@ -18,24 +18,26 @@ class Reading {
     // Reads as the shell does, but with room for any entry where its own isn't enough. Result: ReadEvent's.
     int Read(uint32_t number) {
         bytes_.resize(kEventReadSize);
-        const int status = ReadEvent(Request(), bytes_.size(), number);
+        const int status = ReadEvent(bytes_.data(), bytes_.size(), number);
         if (status != kBufferTooSmall) return status;
         bytes_.resize(kLongestRead);
-        return ReadEvent(Request(), bytes_.size(), number);
+        return ReadEvent(bytes_.data(), bytes_.size(), number);
     }
 
-    uint32_t Number() { return Request()->Evt.Hdr.dwEvtNumber; }
+    uint32_t Number() const { return HeaderOf(bytes_.data()).dwEvtNumber; }
 
     // The entry. A length that can't be true would end the log: the nearest that can stands in for it, with
     // which the entry reads the same.
-    std::string Entry() {
-        uint16_t& length = Request()->Evt.Hdr.wEvtLength;
-        length = static_cast<uint16_t>(std::clamp<size_t>(length, sizeof(EVT_HEADER), Room()));
-        return {reinterpret_cast<const char*>(&Request()->Evt), length};
+    std::string Entry() const {
+        EVT_HEADER header = HeaderOf(bytes_.data());
+        header.wEvtLength =
+            static_cast<uint16_t>(std::clamp<size_t>(header.wEvtLength, sizeof header, Room()));
+        std::string entry(reinterpret_cast<const char*>(bytes_.data()) + sizeof(LOG_INFO), header.wEvtLength);
+        std::memcpy(entry.data(), &header, sizeof header);
+        return entry;
     }
 
   private:
-    EVT_IOCTL_ENTRY* Request() { return reinterpret_cast<EVT_IOCTL_ENTRY*>(bytes_.data()); }
     size_t Room() const { return bytes_.size() - sizeof(LOG_INFO); }
 
     std::vector<uint8_t> bytes_;

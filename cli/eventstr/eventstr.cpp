@@ -1,4 +1,5 @@
-// The frame: which translator knows a class, and what is said of an event that none knows.
+// Dispatcher: selects the translator of an event's class, and writes "Unknown Event" if none recognises the
+// event.
 #include "cli/eventstr/eventstr.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ constexpr ClassTranslator kTranslators[] = {
     {0x22, TranslateClass22},
 };
 
-// The dispatcher. pEventData: the payload, which ends where the entry does. Otherwise as
+// Writes the text of an event with the payload `pEventData`, which ends where the entry ends. Otherwise as
 // TranslateEventLogMessage.
 int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCode, Bytes pEventData,
                             char* szString, unsigned int ulSize) {
@@ -54,18 +55,20 @@ int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCod
 }  // namespace
 }  // namespace eventstr
 
+// Entries are read as bytes only: with its strings an entry is longer than the record that its pointer names.
+
 int TranslateEventLogMessage(PEVT_LOG_ENTRY pEvtLogEntry, char* szString, unsigned int ulSize) {
-    const EVT_HEADER& header = pEvtLogEntry->Hdr;
-    const bool has_length = header.wEvtLength >= sizeof(EVT_HEADER);
-    const size_t length = has_length ? std::min<size_t>(header.wEvtLength, kEventEntryRoom) : kEventEntryRoom;
     const auto* entry = reinterpret_cast<const uint8_t*>(pEvtLogEntry);
+    const auto header = CopyOf<EVT_HEADER>(entry);
+    const bool has_length = header.wEvtLength >= sizeof header;
+    const size_t length = has_length ? std::min<size_t>(header.wEvtLength, kEventEntryRoom) : kEventEntryRoom;
     const Bytes payload = {entry + sizeof(EVT_HEADER), length - sizeof(EVT_HEADER)};
     return eventstr::TranslateEventToMessage(header.wClass, header.wCode, payload, szString, ulSize);
 }
 
 int TranslateIPMIEventMessage(PEVT_IPMI_LOG_ENTRY pIPMIEvent, char* szString, unsigned int ulSize) {
-    const EVT_IPMI_HEADER& header = pIPMIEvent->Hdr;
     const auto* entry = reinterpret_cast<const uint8_t*>(pIPMIEvent);
+    const auto header = CopyOf<EVT_IPMI_HEADER>(entry);
     const Bytes payload = {entry + sizeof(EVT_IPMI_HEADER), kIpmiPayloadRoom};
     return eventstr::TranslateEventToMessage(header.bClass, header.bCode, payload, szString, ulSize);
 }

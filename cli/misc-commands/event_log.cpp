@@ -117,14 +117,12 @@ void WriteTime(const EVT_TIME_STAMP& time, TextWriter& out) {
     out.Number(time.bMinute, 2);
 }
 
-// The lines of an entry, put together here and printed at once: a printf for each would take most of the time
-// of a long listing.
-void ShowEvent(EVT_LOG_ENTRY& entry) {
+// Prints the lines of an entry in one call: a printf for each would take most of the time of a long listing.
+void ShowEvent(uint8_t* buffer, const EVT_HEADER& header) {
     char text[kEventTextSize];
-    TranslateEventLogMessage(&entry, text, sizeof text);
+    TranslateEventLogMessage(EntryOf(buffer), text, sizeof text);
     BlankUnprintable(text);
 
-    const EVT_HEADER& header = entry.Hdr;
     const bool negative = header.dwEvtNumber > INT32_MAX;  // the number is shown as a signed one
     char lines[kEventTextSize + kRoomAroundText];
     TextWriter out(lines, sizeof lines);
@@ -143,21 +141,20 @@ void ShowEvent(EVT_LOG_ENTRY& entry) {
     std::fwrite(lines, 1, out.Length(), stdout);
 }
 
-// Shows the log from its lowest number on. Result: the command's.
-int ListEvents(EventRead& buffer) {
+// Prints the log from its lowest number on. Returns the command's result.
+int ListEvents(EventRead& read) {
     Pager pager;
-    uint32_t wanted = 0;
-    int too_small = 0;  // such answers in a row
+    uint32_t current_evt = 0;
+    int too_small = 0;  // such replies in a row
     int status = kEntryRead;
     do {
-        status = ReadEvent(&buffer.request, sizeof buffer, wanted);
+        status = ReadEvent(read.bytes, sizeof read.bytes, current_evt);
         too_small = status == kBufferTooSmall ? too_small + 1 : 0;
         if (status == kEntryRead) {
-            EVT_LOG_ENTRY& entry = buffer.request.Evt;
-            const uint32_t number = entry.Hdr.dwEvtNumber;
-            ShowEvent(entry);
-            if (number == UINT32_MAX) return 0;
-            wanted = number + 1;
+            const EVT_HEADER header = HeaderOf(read.bytes);
+            ShowEvent(read.bytes, header);
+            if (header.dwEvtNumber == UINT32_MAX) return 0;
+            current_evt = header.dwEvtNumber + 1;
         } else if (status == kBufferTooSmall) {
             std::printf("\nERROR: Event log buffer is too small.");
             if (too_small == kMostTooSmall) return 1;
@@ -166,21 +163,25 @@ int ListEvents(EventRead& buffer) {
         }
     } while (pager.GoOn() && status != kEndOfLog);
 
-    if (wanted == 0) std::printf("The HLOG Log is empty.");
+    if (current_evt == 0) std::printf("The HLOG Log is empty.");
     return 0;
 }
 
 }  // namespace
 
-int ReadEvent(EVT_IOCTL_ENTRY* buffer, size_t size, uint32_t number) {
-    std::memset(static_cast<void*>(buffer), 0, size);
-    buffer->info.length = static_cast<uint32_t>(size);
-    buffer->info.choice = kReadEvent;
-    buffer->info.EvtNumber = static_cast<int32_t>(number);
-    buffer->Evt.Hdr.wEvtLength = static_cast<uint16_t>(std::min<size_t>(size - kNotPreset, UINT16_MAX));
+int ReadEvent(uint8_t* buffer, size_t size, uint32_t number) {
+    LOG_INFO info{};
+    info.length = static_cast<uint32_t>(size);
+    info.choice = kReadEvent;
+    info.EvtNumber = static_cast<int32_t>(number);
+    EVT_HEADER header{};
+    header.wEvtLength = static_cast<uint16_t>(std::min<size_t>(size - kNotPreset, UINT16_MAX));
+    std::memset(buffer, 0, size);
+    std::memcpy(buffer, &info, sizeof info);
+    std::memcpy(buffer + sizeof info, &header, sizeof header);
     int status = vxIoctlRequest(cevt_fd, kEventLogRequest, buffer);
     if (status < 0) status = errno;
-    if (status == kEntryRead && buffer->Evt.Hdr.dwEvtNumber < number) return kEntryFromBefore;
+    if (status == kEntryRead && HeaderOf(buffer).dwEvtNumber < number) return kEntryFromBefore;
     return status;
 }
 

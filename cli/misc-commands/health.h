@@ -10,6 +10,7 @@
 #include "include/event_payloads.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
+#include "src/utils/bytes.h"
 
 // Power supplies, bay by bay.
 
@@ -102,22 +103,32 @@ class MemoryModules {
 
 constexpr int kEventTextSize = 256;  // bytes of an event's text in a listing, the terminating zero included
 
-// The buffer of a read: the request, and behind its own entry the room that the longest entry needs.
+// The buffer of a read: a LOG_INFO, then the entry. An entry with its strings is longer than EVT_LOG_ENTRY,
+// so it is kept as bytes.
 struct EventRead {
-    EVT_IOCTL_ENTRY request;
-    uint8_t more[kEventReadSize - sizeof(EVT_IOCTL_ENTRY)];
+    alignas(LOG_INFO) uint8_t bytes[kEventReadSize];
 };
 static_assert(sizeof(EventRead) == 312, "as the driver takes it");
 
-// A result of ReadEvent that isn't the driver's: the entry that came is numbered below the one asked for. A
-// listing that went on from there would never end.
+// Returned by ReadEvent if the driver returned an entry that is numbered below the requested one. A listing
+// that continued from there would never end.
 constexpr int kEntryFromBefore = -1;
 
-// Reads the first entry whose number is `number` or higher into a buffer of size bytes, kEventReadSize or
-// more. Result: an EventLogStatus, kEntryFromBefore, or a status that isn't known. When the call itself
-// fails, its errno is the result and counts as the status of that number: EPERM ends a listing as the log's
-// end does, and after ESRCH the same entry is asked for again.
-int ReadEvent(EVT_IOCTL_ENTRY* buffer, size_t size, uint32_t number);
+// Reads the first entry whose number is `number` or higher into `buffer` of `size` bytes, kEventReadSize or
+// more, aligned as a LOG_INFO. Returns an EventLogStatus, kEntryFromBefore, or a status that isn't known. If
+// the call itself fails, returns its errno, which counts as the status of that number: EPERM ends a listing
+// as the log's end does, and after ESRCH the same entry is requested again.
+int ReadEvent(uint8_t* buffer, size_t size, uint32_t number);
+
+// Returns the header of the entry in a read's buffer.
+inline EVT_HEADER HeaderOf(const uint8_t* buffer) {
+    return CopyOf<EVT_HEADER>(buffer + sizeof(LOG_INFO));
+}
+
+// Returns the entry in a read's buffer as TranslateEventLogMessage takes it.
+inline PEVT_LOG_ENTRY EntryOf(uint8_t* buffer) {
+    return reinterpret_cast<PEVT_LOG_ENTRY>(buffer + sizeof(LOG_INFO));
+}
 
 // "INFO", "REPAIRED", "CAUTION", "CRITICAL" or "UNKNOWN".
 const char* SeverityWord(uint8_t bSeverity);

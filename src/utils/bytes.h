@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <type_traits>
 
 struct Bytes {
     const uint8_t* data;
@@ -32,6 +33,15 @@ constexpr Unsigned ReadPaddedField(Bytes bytes, size_t offset) {
         value = static_cast<Unsigned>(static_cast<uint64_t>(value) << 8 | bytes.data[offset + there]);
     }
     return value;
+}
+
+// Copies the packed record that begins at `bytes`, which contain all of it.
+template <typename Record>
+Record CopyOf(const uint8_t* bytes) {
+    static_assert(std::is_trivially_copyable_v<Record>, "a record is plain bytes");
+    Record record;
+    std::memcpy(&record, bytes, sizeof record);
+    return record;
 }
 
 // The text that begins at an offset: up to its terminating zero or, when it has none, to the end of the
