@@ -42,7 +42,7 @@ int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCod
     for (const ClassTranslator& translator : kTranslators) {
         if (translator.event_class == wEventClass) translator.translate(wEventCode, pEventData, out);
     }
-    if (!out.Empty() || out.Cut()) return 1;
+    if (!out.Empty()) return 1;
 
     out.Text("Unknown Event (Class ");
     out.Number(wEventClass);

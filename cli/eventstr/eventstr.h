@@ -3,17 +3,17 @@
 
 #include "include/event_payloads.h"
 
-// Translates an entry of the log. pEvtLogEntry: wEvtLength bytes of entry, but never more than
-// kEventEntryRoom; bytes past that end count as zero. A wEvtLength that doesn't even hold the header is taken
-// as not filled in: the entry then has kEventEntryRoom bytes, as in the buffer of a read. szString: the
-// caller's buffer of ulSize bytes, cleared whole; always terminated, and a longer text is cut to fit. The
-// text may hold any byte that the entry's own texts hold.
-// Result: 1, or 0 when nothing is known of the event and the text gives its class and code.
+// Translates an entry of the log. The entry has wEvtLength bytes, but never more than kEventEntryRoom; bytes
+// past its end read as zero. A wEvtLength below the size of the header was not filled in: the entry then has
+// kEventEntryRoom bytes, as in the buffer of a read. Clears the `ulSize` bytes of `szString` and writes the
+// text, truncated to fit and always terminated. The text may contain any byte that the entry's own strings
+// contain. Returns 1, or 0 if the event isn't known and the text states its class and code, or if `ulSize` is
+// 0 or 1.
 int TranslateEventLogMessage(PEVT_LOG_ENTRY pEvtLogEntry, char* szString, unsigned int ulSize);
 
-// The same for an entry that comes from the management processor. The shell has no such entries; other
-// programs of the system link this. An entry has no length: pIPMIEvent is an EVT_IPMI_LOG_ENTRY whose texts
-// are terminated; one that isn't is read up to kIpmiPayloadRoom.
+// Translates an entry of the management processor in the same way. The shell has no such entries; other
+// programs of the system call this function. An entry has no length: its strings end at their NUL, at the
+// latest kIpmiPayloadRoom bytes after the header.
 int TranslateIPMIEventMessage(PEVT_IPMI_LOG_ENTRY pIPMIEvent, char* szString, unsigned int ulSize);
 
 constexpr size_t kIpmiPayloadRoom = 256;  // bytes

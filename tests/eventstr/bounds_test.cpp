@@ -40,10 +40,11 @@ TEST(EventText, OfNoBytesIsNotWritten) {
     EXPECT_EQ(BufferAfter(entry, 0, 4), std::string(4, kUntouched));
 }
 
-// One byte of room tells nothing, yet the event is known.
-TEST(EventText, ThatIsCutWholeIsKnown) {
-    EXPECT_EQ(TranslateEntry(EventEntry(EventHeader(1, kCaution, 13, 1), ""), 1), (Translation{"", true}));
-    EXPECT_EQ(TranslateEntry(EventEntry(EventHeader(1, kCaution, 13, 9), ""), 1), (Translation{"", false}));
+// A buffer for the NUL alone holds no text, so not even a known event is reported as translated.
+TEST(EventText, OfOneByteIsEmpty) {
+    const std::string known = EventEntry(EventHeader(1, kCaution, 13, 1), "");
+    EXPECT_EQ(TranslateEntry(known, 1), (Translation{"", false}));
+    EXPECT_EQ(TranslateEntry(known, 2), (Translation{"A", true}));
 }
 
 // A long piece in the middle doesn't push out what stands before it.
