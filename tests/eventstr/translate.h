@@ -3,19 +3,26 @@
 #pragma once
 
 #include <cstring>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "cli/eventstr/eventstr.h"
+#include "src/utils/bytes.h"
 #include "tools/mkmachine/events.h"
 
 struct Translation {
     std::string text;
     bool known;
+    std::string event = "";  // its class and code, for the message of a failed test
 };
 
 inline bool operator==(const Translation& a, const Translation& b) {
     return a.text == b.text && a.known == b.known;
+}
+
+inline void PrintTo(const Translation& translation, std::ostream* out) {
+    *out << translation.event << (translation.known ? "" : "unknown: ") << '"' << translation.text << '"';
 }
 
 // The text of an entry in a buffer of exactly so many bytes.
@@ -24,7 +31,9 @@ inline Translation TranslateEntry(const std::string& bytes, unsigned room = 256)
     std::vector<char> text(room, '#');
     const bool known =
         TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text.data(), room) != 0;
-    return {std::string(text.data(), strnlen(text.data(), room)), known};
+    const auto header = CopyOf<EVT_HEADER>(reinterpret_cast<const uint8_t*>(entry.data()));
+    return {std::string(text.data(), strnlen(text.data(), room)), known,
+            "class " + std::to_string(header.wClass) + ", code " + std::to_string(header.wCode) + ": "};
 }
 
 inline Translation Translate(uint16_t event_class, uint16_t code, const std::string& payload) {
