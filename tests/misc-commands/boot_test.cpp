@@ -16,6 +16,8 @@ namespace {
 const std::vector<RomRow> kRows = {
     {kOrdinary, "a device of the other list let through", "",
      {Fails("SET BOOT ONCE USBKEY", NO_SUCH), Fails("SET BOOT FIRST KONF", NO_SUCH)}},
+    {kOrdinary, "a failed write counted as a failure", "ZTHNIPL=02; ZTHIPL=0001; !crom write ZTHIPL 1",
+     {{"SET BOOT FIRST FLOPPY", "\nERROR: Failed to set first boot.", "read ZTHNIPL 1; read ZTHIPL 8; write ZTHIPL 8 0100000000000000 -> 1"}}},
     {kOrdinary, "an entry past the installed ones taken", "ZTHNIPL=03; ZTHIPL=0001020304050607",
      {Fails("SET BOOT FIRST PXE", NO_PXE, "read ZTHNIPL 1; read ZTHIPL 8")}},
     {kOrdinary, "an empty list searched, or taken for a failure by SHOW IPL", "ZTHNIPL=00",

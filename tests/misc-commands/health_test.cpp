@@ -14,15 +14,17 @@
 
 namespace {
 
+// The second bay is empty, whatever the first one is.
 TEST(ShowPowerSupply, ReadsEachBitAmongItsNeighbours) {
     TestMachine machine("bx20");
-    machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{1, 255, 0, 0, 0});
+    machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{2, 255, 0, 0, 0});
+    machine.Table(kSupplyNumbersTable, 1, 0, POWERSUPPLYNUMBERS{0, 255, 255, 255, 255});
     machine.Table(kSupplyNumbersTable, 0, 0, POWERSUPPLYNUMBERS{255, 0, 0, 0, 0});
     machine.Table(kSupplyFeatureTable, 0, 0, Feature(0, 0xFFF8, kPowerSupplyZone));
     machine.Table(kSupplyBasicTable, 0, 0, POWERSUPPLYBASIC{1, {0xFFFE}});
     EXPECT_EQ(machine.Script("SHOW POWERSUPPLY").output,
               "\nPower supply #1\n\tPresent : No\n\tRedundant: No\n\tCondition: Ok"
-              "\n\tHotplug  : Not supported\n\n\n");
+              "\n\tHotplug  : Not supported\n\nPower supply #2\n\tPower Supply not present\n\n\n");
 }
 
 constexpr char kControlFile[] = "cdt/1503.0.0";

@@ -125,14 +125,17 @@ TEST(ShowHlog, ReadsAnEntryAsLongAsTheBuffer) {
     EXPECT_EQ(Shape(machine.Script("SHOW HLOG").output), "/SSSSSS?/SSSSSS//");
 }
 
-TEST(ShowHlog, BlanksWhatATerminalCantShow) {
+TEST(ShowHlog, PrintsTheLastUpdateAndBlanksWhatATerminalCantShow) {
     TestMachine machine;
     std::string note(255, '\0'), shown;
     std::iota(note.begin(), note.end(), '\1');
     for (const char letter : note) shown += letter < ' ' ? ' ' : letter;
-    machine.Write("cevt/hlog", EventEntry(EventHeader(1, kCaution, 33, 2), note));
-    EXPECT_NE(machine.Script("SHOW HLOG").output.find("Maintenance Note - " + shown + ".\n"),
-              std::string::npos);
+    EVT_HEADER header = EventHeader(1, kCaution, 33, 2);
+    header.InitTime = {19, 99, 10, 11, 12, 13};
+    header.UpdateTime = {20, 6, 3, 15, 14, 7};
+    machine.Write("cevt/hlog", EventEntry(header, note));
+    EXPECT_EQ(machine.Script("SHOW HLOG").output,
+              "\n\nEvent: 1 Added: 03/15/2006 14:07\nCAUTION: Maintenance Note - " + shown + ".\n\n\n");
 }
 
 // The severities and classes that no event of a model's log has.

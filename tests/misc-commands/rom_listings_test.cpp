@@ -15,15 +15,17 @@ constexpr char kShows[] =
     "SHOW ASR; SHOW ASSET; SHOW BOOT; SHOW EAAS; SHOW F1; SHOW HT; SHOW IPL; SHOW NAME; SHOW NIC; SHOW WOL; "
     "SHOW VERSIONS; SHOW SERIAL BIOS; SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL";
 
-// settings_shown.txt holds the status and the output of each; '~' stands for a zero byte.
+// settings_shown.txt contains the status, the output and the requests of each; '~' is a NUL.
 TEST(RomListings, WhatEachModelShows) {
     std::string listing;
     for (const Model& model : Models()) {
-        const TestMachine machine(model.name);
+        TestMachine machine(model.name);
         listing += "---- " + std::string(model.name) + "\n";
         for (const std::string& command : Items(kShows)) {
+            machine.StartTrace();
             const RunResult run = machine.Script(command);
             listing += command + " -> " + std::to_string(run.status) + run.output + run.errors;
+            listing += Requests(machine.TakeTrace()) + "\n";
         }
     }
     std::replace(listing.begin(), listing.end(), '\0', '~');
@@ -42,7 +44,7 @@ constexpr Changes kChanges[] = {
     {"SET BOOT ONCE", "FLOPPY; CDROM; HDD; KONF; PXE"},
     {"SET BOOT FIRST", "FLOPPY; CDROM; HDD; USBKEY; PXE"},
     {"SET F1", "ENABLED; DISABLED; DELAYED"},
-    {"SET SERIAL BIOS", "COM1 9600; COM2 19200; COM1 57600; COM2 115200; DISABLED; DISABLED 9600"},
+    {"SET SERIAL BIOS", "COM1 9600; COM2 19200; COM1 57600; COM2 115200; DISABLED; DISABLED NONSENSE"},
     {"SET SERIAL VIRTUAL", "COM1; COM2; DISABLED"},
     {"ENABLE", "EAAS; HT; WOL"},
     {"DISABLE", "EAAS; HT; WOL"},

@@ -26,8 +26,9 @@ const std::vector<RomRow> kRows = {
       Fails("SET NAME abcdefghijklmnOPQRSTUVWXYZ123", "\nERROR: Max length of server name is 28 characters."),
       {"SET NAME \"My Server\"", NAME_NOTE "\nSuccessfully set new server name: My Server",
        "write ZTHLS1 30 4d7920536572766572000000000000000000000000000000000000000000"}}},
-    {kOrdinary, "a failed write not reported, or counted as a failure", "!crom write ZTSBKT 1",
-     {{"ENABLE WOL", "\nERROR: Failed to enable Wake-On-Lan support.", kAnything},
+    {kOrdinary, "a failed write not reported, or counted as a failure", "!crom write ZTSBKT 1; !crom write ZTHLS1 1",
+     {Fails("SET NAME web7", NAME_NOTE "\nFailed to set server name. ", kAnything),
+      {"ENABLE WOL", "\nERROR: Failed to enable Wake-On-Lan support.", kAnything},
       {"DISABLE WOL", "\nERROR: Failed to disable Wake-On-Lan support.", kAnything}}},
     {kOrdinary, "a quoted word's letter case passed over", "",
      {Fails("SET F1 \"delayed\"", "\nERROR: Invalid argument(s)\n"

@@ -20,16 +20,14 @@ namespace {
 
 // clang-format off
 const std::vector<RomRow> kRows = {
-    {kOrdinary, "a rate left behind, or written without being given", "ZTHCON=0177; ZTHBAUD=0477",
-     {{"SET SERIAL BIOS DISABLED", "\nSuccessfully set BIOS serial port to DISABLED.", "write ZTHCON 1 00"},
-      {"SET SERIAL BIOS DISABLED NONSENSE", "\nSuccessfully set BIOS serial port to DISABLED.", "write ZTHCON 1 00; write ZTHBAUD 1 00"}}},
     {kOrdinary, "a port or a rate that is none let through", "",
      {Fails("SET SERIAL BIOS COM3 9600", "\nERROR: Invalid arguments. It must be either COM1, COM2 or DISABLED."),
       Fails("SET SERIAL BIOS COM2 2400", "\nERROR: Invalid baud rate. Baud rate must be either " RATES),
       Fails("SET SERIAL BIOS COM1", "\nERROR: You must specify the baud rate when assigning the port."
                                     "\nBaud rate must be either " RATES)}},
     {kOrdinary, "the rate not written after the port's failed write", "!crom write ZTHCON 1",
-     {Fails("SET SERIAL BIOS COM1 9600", "\nERROR: Failed to set BIOS serial port config.", "write ZTHCON 1 01 -> 1; write ZTHBAUD 1 01")}},
+     {Fails("SET SERIAL BIOS COM1 9600", "\nERROR: Failed to set BIOS serial port config.", "write ZTHCON 1 01 -> 1; write ZTHBAUD 1 01"),
+      Fails("SET SERIAL BIOS DISABLED 1", "\nERROR: Failed to set BIOS serial port config.", "write ZTHCON 1 00 -> 1; write ZTHBAUD 1 00")}},
     {kFull, "both embedded ports disabled, or a port's other bits lost", "ZTSBKT=0000a1c100000000000032aabb",
      {{"set serial virtual com1", "\nNOTE: The embedded" TAKEN(" A", "COM1") "\nSuccessfully set Virtual serial port config to COM1.",
        "read ZTSBKT 13; write ZTSBKT 12 0000a7c100000000000041aa"}}},

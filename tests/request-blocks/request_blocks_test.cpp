@@ -61,6 +61,8 @@ int vxIoctlRequest(int, int code, void* arg) {
         if (last_record != nullptr && !IsFreed(last_record)) ++records_held;
         last_record = request.pData;
         if (request.DtHdr.DT_Type == failing_table) return 1;
+    } else if (code == 81) {
+        exchange(arg, nullptr, sizeof(EVT_IOCTL_ENTRY));
     } else if (code < 3) {
         exchange(arg, &variable, sizeof variable);
     } else if (arg != nullptr) {
@@ -154,6 +156,12 @@ TEST(RequestBlocks, AVariableIsItsNameItsLengthAndItsBytes) {
                   Request(1, 520, {{0, 'A'}, {260, 3}}));
         EXPECT_STREQ(reinterpret_cast<char*>(bytes), failure != 0 ? "\1\2\3\4" : "\xEE\xEE\xEE\4");
     }
+}
+
+TEST(RequestBlocks, TheLogIsClearedWithZerosInAllButLengthAndChoice) {
+    InputLineType line{};
+    line.NumWords = 2;
+    EXPECT_EQ(CallOf([&] { do_clear_hlog(&line); }), Request(81, 56, {{0, 56}, {4, 5}}));
 }
 
 TEST(RequestBlocks, TheTimerIsSwitchedWithoutABlockAndRunsWithAnyStateButZero) {
