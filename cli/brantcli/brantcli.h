@@ -12,6 +12,13 @@ int do_scripted_command(char* command);
 // Runs what is typed at the prompt. EXIT, or the end of the input, ends the process.
 [[noreturn]] void RunPrompt();
 
+// Ends a script: restores the terminal settings, frees the history, closes the devices, the one opened last
+// first, and frees the SMBIOS copy. Returns CommonEnd(status).
+int EndScript(int status);
+
+// Prints the newline that ends every run of main. Returns FinalStatus(status).
+int CommonEnd(int status);
+
 // The start-up of a program: its standard streams, as a caller may have left them; whether it may run here at
 // all; and what is in this server. program: its name, for the messages.
 

@@ -76,16 +76,11 @@ bool StartUp() {
     get_terminfo();
     if (!AllocateHistory()) {
         std::printf("Failed to allocate memory for command history.");
-        do_exit(nullptr);  // EXIT's way out, its status 0 included
+        do_exit(nullptr);  // ends the process with status 0, as EXIT does
     }
     got_kelm = find_kelm();
     CreateCommands();
     return true;
-}
-
-int Refused() {
-    std::printf("\n");
-    return FinalStatus(1);
 }
 
 }  // namespace
@@ -93,16 +88,14 @@ int Refused() {
 int main(int argc, char** argv) {
     KeepStandardDescriptors();
     PrepareStreams();
-    if (!CheckUser()) return Refused();
+    if (!CheckUser()) return CommonEnd(1);
     if (!ReadOptions(argc, argv)) {
         show_usage();
         return 0;  // even where nobody can read it
     }
-    if (!StartUp()) return Refused();
+    if (!StartUp()) return CommonEnd(1);
     if (script_mode == 0) RunPrompt();
 
     // -s is an option without a value: the commands are the second argument, whatever the first.
-    const int status = RunScript(argc > 2 ? argv[2] : nullptr);
-    std::printf("\n");
-    return EndRun(status, CloseOrder::LastFirst);
+    return EndScript(RunScript(argc > 2 ? argv[2] : nullptr));
 }

@@ -42,18 +42,24 @@ int FinalStatus(int status) {
     return OutputIsWritten() || status != 0 ? status : 1;
 }
 
-int EndRun(int status, CloseOrder order) {
-    if (order == CloseOrder::LastFirst) {
-        CloseDevicesLastFirst();
-    } else {
-        CloseDevices();
-    }
-    RestoreTerminal();
+int EndScript(int status) {
+    RestoreTerminal();  // first, so that a device that hangs does not keep the terminal in character mode
     FreeHistory();
+    CloseDevicesLastFirst();
     DeinitSMBIOS();
+    return CommonEnd(status);
+}
+
+int CommonEnd(int status) {
+    std::printf("\n");
     return FinalStatus(status);
 }
 
-void EndProcess(int status) {
-    std::exit(EndRun(status, CloseOrder::AsOpened));
+void EndProcess(int status, const char* last_output) {
+    CloseDevices();
+    RestoreTerminal();
+    FreeHistory();
+    DeinitSMBIOS();
+    std::printf("%s", last_output);
+    std::exit(FinalStatus(status));
 }

@@ -62,20 +62,15 @@ constexpr const char* EnabledOrDisabled(bool enabled) {
     return enabled ? "enabled" : "disabled";
 }
 
-// The ways out of the program, once it has started up.
+// How a run ends. All exit paths are in cli/brantcli: EndProcess, and the end of main.
 
-// Flushes standard output. False when something could not be written to it, now or before.
+// Flushes standard output. Returns false if something could not be written to it, now or before.
 bool OutputIsWritten();
 
-// The status to end with: status itself, or 1 instead of 0 when not all output could be written.
+// Flushes standard output and returns the exit status: `status`, or 1 instead of 0 if output was lost.
 int FinalStatus(int status);
 
-// EXIT and fatal errors close the devices in the order in which they were opened, the end of main the last
-// one first: traces show it.
-enum class CloseOrder { AsOpened, LastFirst };
-
-// Closes the devices, gives the terminal back, frees the history and the SMBIOS copy. Result: FinalStatus.
-int EndRun(int status, CloseOrder order);
-
-// Ends the run, with CloseOrder::AsOpened, and then the process.
-[[noreturn]] void EndProcess(int status);
+// Ends the process from within a command: closes the devices in the order in which they were opened, restores
+// the terminal settings, frees the history and the SMBIOS copy, prints `last_output`, and exits with
+// FinalStatus(status). A fatal error has already printed its whole message, so it prints nothing more.
+[[noreturn]] void EndProcess(int status, const char* last_output = "");

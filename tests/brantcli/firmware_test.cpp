@@ -4,8 +4,6 @@
 #include <cstring>
 #include <string>
 
-#include "cli/command/command.h"
-#include "cli/parse/editor.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/smbios_records.h"
 #include "tests/support/loaded_tables.h"
@@ -192,9 +190,24 @@ TEST(ManagementProcessor, IsLookedForAmongTheDevices) {
     EXPECT_FALSE(present()) << "a service that fails";
 }
 
-TEST(EndOfRun, GivesBackWhatStartUpTook) {
-    LoadedTables tables(System("Corvex"));
-    ASSERT_TRUE(AllocateHistory());
-    EndRun(0, CloseOrder::AsOpened);
-    EXPECT_TRUE(History[0] == nullptr && pSMBTables == nullptr);
+// The number of blocks that a script leaves allocated when its process ends.
+int BlocksKept(const TestMachine& machine, const char* commands) {
+    RunOptions options;
+    options.environment = {"BRANT_COUNT_BLOCKS=1"};
+    const RunResult run =
+        RunProgram(ProgramPath("brantcli_interposed"), {"-s", commands}, machine.Directory(), options);
+    return std::stoi(run.errors);
+}
+
+TEST(StartUp, IsUndoneHoweverARunEnds) {
+    TestMachine nothing_started;
+    nothing_started.Remove("cdt");
+    const int kept = BlocksKept(nothing_started, "HELP");
+    LoadedTables foreign(System("Vertex")), ours(System("Corvex"));
+    EXPECT_EQ(BlocksKept(foreign.Machine(), "HELP"), kept) << "a foreign server";
+    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), kept + 1)
+        << "the end of a script";  // the tree is never freed
+    EXPECT_EQ(BlocksKept(ours.Machine(), "EXIT"), kept + 1) << "EXIT";
+    ours.Machine().Remove("cdt");
+    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), kept) << "a device that does not open";
 }

@@ -1,54 +1,53 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "tests/support/pattern.h"
+#include "tests/support/stored.h"
 #include "tests/support/test_machine.h"
 
 namespace {
-
-constexpr char kHint[] = "\nPlease make sure the brantd/brantlited daemon is started and running properly.";
-
-// The trace without what the firmware tables ask for, which is another test's.
-std::string Devices(const std::string& trace) {
-    return ReplaceAll(trace, "[^\n]*(xsvc|picl)[^\n]*\n", "");
-}
-
-struct DeviceCase {
-    const char* missing;
-    std::string output;
-    const char* trace;
-};
-
-const DeviceCase kDeviceCases[] = {
-    {"cdt", std::string("\nERROR: Could not communicate with brantd/brantlited.\n") + kHint + "\n",
-     "open cdt -> -1 errno=2\n"},
-    {"cevt", std::string("\nERROR: Could not open /dev/zethealth/cevt.") + kHint + "\n\n",
-     "open cdt -> 0\nopen cevt -> -1 errno=2\nclose cdt\n"},
-    {"casr", std::string("\nERROR: Could not open /dev/zethealth/casr.") + kHint + "\n\n",
-     "open cdt -> 0\nopen cevt -> 0\nopen casr -> -1 errno=2\nclose cevt\nclose cdt\n"},
-    {"crom", std::string("\nERROR: Could not open /dev/zethealth/crom.") + kHint + "\n\n",
-     "open cdt -> 0\nopen cevt -> 0\nopen casr -> 0\nopen crom -> -1 errno=2\nclose casr\nclose cevt\nclose "
-     "cdt\n"},
-};
 
 const std::string kRule(74, '-');
 const std::string kBanner = "VX management CLI for Solaris (v1.1)\n" + kRule +
                             "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" +
                             kRule + "\n";
 
-TEST(StartUp, EndsWhenADeviceDoesNotOpen) {
-    for (const DeviceCase& c : kDeviceCases) {
-        TestMachine machine("tr500k2");
-        machine.Remove(c.missing);
-        machine.StartTrace();
-        const RunResult run = machine.Script("SHOW FANS");
-        EXPECT_EQ(run.output, c.output) << c.missing;
-        EXPECT_EQ(run.status, 1) << c.missing;
-        EXPECT_EQ(Devices(machine.TakeTrace()), c.trace) << c.missing;
-        EXPECT_EQ(machine.Type("").output, kBanner + c.output) << c.missing;
+// Runs the program with its output and the machine's trace in one file. Returns that file from the beginning
+// of `first` on, and the exit status.
+std::string RunInOrder(TestMachine& machine, const std::string& words, const char* first = "open cdt",
+                       const RunOptions& options = {}) {
+    machine.StartTrace();
+    const std::string command = InShell("brantcli_interposed") + words + " >> \"$BRANT_MACHINE/trace\"";
+    const RunResult run = RunProgram("/bin/sh", {"-c", command}, machine.Directory(), options);
+    const std::string all = machine.Read("trace") + "[" + std::to_string(run.status) + "]\n";
+    return "\nbrantcli" + words + "\n" + all.substr(std::min(all.find(first), all.size()));
+}
+
+// Fails one allocation after the other until the program prints the message.
+std::string RunOutOfMemory(TestMachine& machine, const std::string& message) {
+    for (int failing = 1; failing < 1000; ++failing) {
+        RunOptions options;
+        options.environment = {"BRANT_FAIL_ALLOCATION=" + std::to_string(failing)};
+        const std::string run = RunInOrder(machine, " -s HELP", "open cdt", options);
+        if (run.find(message) != run.npos) return run;
     }
+    return "never printed: " + message;
+}
+
+TEST(StartUp, AndTheEndOfARunKeepTheirOrder) {
+    TestMachine machine;
+    RunOptions keys;
+    keys.input = "\33\33\33[A\3exit\r";
+    std::string runs = RunInOrder(machine, " -s 'HELP EXIT'", "xsvc") + RunInOrder(machine, " -s") +
+                       RunInOrder(machine, " -s 'EXIT;HELP'") + RunInOrder(machine, "", "VX", keys) +
+                       RunOutOfMemory(machine, "command history") + RunOutOfMemory(machine, "command tree");
+    for (const char* device : {"crom", "casr", "cevt", "cdt"}) {
+        machine.Remove(device);
+        runs += std::string("\nno ") + device + RunInOrder(machine, " -s HELP");
+    }
+    ExpectStored("brantcli/runs.txt", runs);
 }
 
 struct OptionCase {
@@ -102,29 +101,20 @@ TEST(StartUp, RefusesEveryoneButRoot) {
     }
 }
 
-TEST(StartUp, ClosesTheDevicesInTheOrderOfItsEnd) {
-    TestMachine machine("tr500k2");
-    const auto closes = [&](const char* commands) {
-        machine.StartTrace();
-        machine.Script(commands);
-        const std::string trace = Devices(machine.TakeTrace());
-        return trace.substr(trace.find("close"));
-    };
-    EXPECT_EQ(closes("HELP"), "close crom\nclose casr\nclose cevt\nclose cdt\n");
-    EXPECT_EQ(closes("EXIT"), "close cdt\nclose cevt\nclose casr\nclose crom\n");
-}
-
 TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
     TestMachine machine("tr500k2");
-    const auto status = [&](const std::string& words) {
-        return RunProgram("/bin/sh", {"-c", "timeout 20 " + InShell("brantcli") + words}, machine.Directory())
-            .status;
+    const auto status = [&](const std::string& words, const std::string& with = "timeout 20 ") {
+        return RunProgram("/bin/sh", {"-c", with + InShell("brantcli") + words}, machine.Directory()).status;
     };
     EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/full"), 1);
     EXPECT_EQ(status(" -s 'EXIT' > /dev/full"), 1);
     EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/null"), 0);
     EXPECT_EQ(status(" -x > /dev/full"), 0);
     EXPECT_EQ(status(" < /dev/zero > /dev/full"), 1);  // keys that do nothing, without end
+    const std::string help =
+        " -s '" + std::string(100, ';') + "HELP EXIT' > $BRANT_MACHINE/out";  // 129 bytes, and one
+    EXPECT_EQ(status(help, "trap '' XFSZ; prlimit --fsize=129 "), 1);
+    EXPECT_EQ(status(help, "trap '' XFSZ; prlimit --fsize=130 "), 0);
 }
 
 }  // namespace

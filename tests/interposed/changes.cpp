@@ -1,6 +1,7 @@
 // The system calls that change a machine's files. What has been reported is let out before each, and a write
-// takes half of its bytes. With BRANT_END_AT=N each call is named on standard output once it is reached, and
-// the process ends, as if by kill -9, before the N-th.
+// takes half of its bytes. A line of the trace is written as it is, after all that was printed before its
+// call. With BRANT_END_AT=N each call is named on standard output once it is reached, and the process ends,
+// as if by kill -9, before the N-th.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -49,6 +50,7 @@ int OpenAt(int directory, const char* path, int flags, ...) {
 
 ssize_t Write(int fd, const void* bytes, size_t size) {
     const bool is_trace = (fcntl(fd, F_GETFL) & O_APPEND) != 0;
+    if (is_trace) std::fflush(stdout);
     if (fd <= STDERR_FILENO || is_trace) return syscall(SYS_write, fd, bytes, size);
     Before("write", fd);
     return syscall(SYS_write, fd, bytes, (size + 1) / 2);
