@@ -190,63 +190,73 @@ constexpr std::string_view ParentOf(std::string_view path) {
     return path.substr(0, blank != path.npos ? blank : 0);
 }
 
-constexpr bool IsAmongFirst(size_t rows, std::string_view path) {
-    for (size_t i = 0; i < rows; ++i) {
-        if (path == kCommands[i].path) return true;
+constexpr size_t kNoRow = SIZE_MAX;
+
+// Returns the first row with this path, or kNoRow.
+constexpr size_t RowOf(std::string_view path) {
+    for (size_t row = 0; row < kCommandCount; ++row) {
+        if (path == kCommands[row].path) return row;
     }
-    return false;
+    return kNoRow;
 }
 
-// A word's beginning is enough: SHOW names FAN by its synonym FANS.
-constexpr bool Names(std::string_view help, std::string_view word) {
-    size_t found = help.find(word);
-    while (found != help.npos && (found == 0 || help[found - 1] != ' ')) found = help.find(word, found + 1);
+// Whether a help text contains `token` at the beginning of a word; SHOW names FAN by its synonym FANS.
+constexpr bool Names(std::string_view help, std::string_view token) {
+    size_t found = help.find(token);
+    while (found != help.npos && (found == 0 || help[found - 1] != ' ')) found = help.find(token, found + 1);
     return found != help.npos;
 }
 
-// Whether the parent of a path is among the first rows and names its child; a top-level command has none.
-constexpr bool ParentKnowsOf(std::string_view path, size_t rows) {
-    const std::string_view parent = ParentOf(path);
-    if (parent.empty()) return true;
-    for (size_t i = 0; i < rows; ++i) {
-        if (parent == kCommands[i].path) return Names(kCommands[i].help, path.substr(parent.size() + 1));
-    }
-    return false;
-}
+// The rules of the table. If a row breaks one, Accept() makes the compiler name the rule and the row.
+enum class Rule { None, UsagePrefix, PathOnce, ParentFirst, SynonymFirst, NamedByParent };
 
-constexpr bool WellFormed() {
-    size_t before = 0;
-    for (const CommandRow& row : kCommands) {
-        if (!ParentKnowsOf(row.path, before)) return false;
-        if (row.synonym_of != nullptr && !IsAmongFirst(before, row.synonym_of)) return false;
-        if (IsAmongFirst(before, row.path)) return false;
-        if (std::string_view(row.help).substr(0, kUsagePrefix.size()) != kUsagePrefix) return false;
-        ++before;
-    }
-    return true;
-}
-static_assert(WellFormed(),
-              "no row comes twice or before one that it needs; help texts begin as they must, and a parent's "
-              "names its children");
-
-// Where a row's node goes in the tree: the rows are those of its parent and of the node that it stands for,
-// kNone where that is the root, or none.
-struct Place {
-    static constexpr size_t kNone = SIZE_MAX;
-    size_t parent = kNone, synonym_of = kNone;
-    size_t token = 0;  // where it begins in the path
+// The first row, counted from 0, that breaks a rule.
+struct Violation {
+    Rule rule;
+    size_t row;
 };
 
-constexpr size_t RowOf(std::string_view path) {
-    for (size_t i = 0; i < kCommandCount; ++i) {
-        if (path == kCommands[i].path) return i;
-    }
-    return Place::kNone;
+template <Rule kRule, size_t kRow>
+constexpr bool Accept() {
+    static_assert(kRule != Rule::UsagePrefix, "a help text begins with \"USAGE:\"");
+    static_assert(kRule != Rule::PathOnce, "no two rows have the same path");
+    static_assert(kRule != Rule::ParentFirst, "the row of a command's parent precedes the command's row");
+    static_assert(kRule != Rule::SynonymFirst, "the row of a synonym's command precedes the synonym's row");
+    static_assert(kRule != Rule::NamedByParent, "the help text of a command's parent names the command");
+    return kRule == Rule::None;
 }
+
+constexpr Rule BrokenBy(size_t row) {
+    const auto& [path, help, function, synonym_of] = kCommands[row];
+    const std::string_view parent = ParentOf(path);
+    if (std::string_view(help).substr(0, kUsagePrefix.size()) != kUsagePrefix) return Rule::UsagePrefix;
+    if (RowOf(path) != row) return Rule::PathOnce;
+    if (synonym_of != nullptr && RowOf(synonym_of) >= row) return Rule::SynonymFirst;
+    if (parent.empty()) return Rule::None;
+    if (RowOf(parent) >= row) return Rule::ParentFirst;
+    const std::string_view token = std::string_view(path).substr(parent.size() + 1);
+    return Names(kCommands[RowOf(parent)].help, token) ? Rule::None : Rule::NamedByParent;
+}
+
+constexpr Violation FirstViolation() {
+    for (size_t row = 0; row < kCommandCount; ++row) {
+        if (BrokenBy(row) != Rule::None) return {BrokenBy(row), row};
+    }
+    return {Rule::None, 0};
+}
+constexpr Violation kViolation = FirstViolation();
+static_assert(Accept<kViolation.rule, kViolation.row>());
+
+// Where the node of a row belongs in the tree: the rows of its parent and of the command that it is a synonym
+// of, or kNoRow for the root or no synonym.
+struct Place {
+    size_t parent = kNoRow, synonym_of = kNoRow;
+    size_t token = 0;  // the offset of the node's own token in the path
+};
 
 constexpr Place PlaceOf(const CommandRow& row) {
     const std::string_view parent = ParentOf(row.path);
-    return {RowOf(parent), row.synonym_of != nullptr ? RowOf(row.synonym_of) : Place::kNone,
+    return {RowOf(parent), row.synonym_of != nullptr ? RowOf(row.synonym_of) : kNoRow,
             parent.empty() ? 0 : parent.size() + 1};
 }
 
@@ -265,8 +275,8 @@ void CreateCommands() {
     CmdType* nodes[kCommandCount];
     for (size_t i = 0; i < kCommandCount; ++i) {
         const auto& [parent, synonym_of, token] = kPlaces[i];
-        nodes[i] = AppendCmd(parent != Place::kNone ? nodes[parent] : Cmds, kCommands[i].path + token,
-                             synonym_of != Place::kNone ? nodes[synonym_of] : nullptr, kCommands[i].help,
+        nodes[i] = AppendCmd(parent != kNoRow ? nodes[parent] : Cmds, kCommands[i].path + token,
+                             synonym_of != kNoRow ? nodes[synonym_of] : nullptr, kCommands[i].help,
                              kCommands[i].function);
     }
     PropagateSynonyms(Cmds);
