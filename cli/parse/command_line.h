@@ -46,8 +46,9 @@ Completion CompleteLine(std::string_view line, const CmdType* tree);
 // command; else the number of candidates for its last word.
 int TabComplete(char* CmdLine);
 
-// TabComplete; when the last word is ambiguous then, its candidates are printed on a line of their own.
-// Result: 1 when they were.
+// Completes the line as TabComplete does. If the last word is ambiguous, prints its candidates on a line of
+// their own; synonyms are no candidates, and no words lead through one. Returns 1 if it printed candidates,
+// else 0.
 int DoubleTabComplete(char* CmdLine);
 
 // How the shell explains itself from the tree's help texts.

@@ -19,14 +19,19 @@ bool Fits(std::string_view token, std::string_view word, bool last) {
 
 struct Candidates {
     CmdType* first = nullptr;
-    int count = 0;            // 1 also where all but one are synonyms: the first stands for them all
-    std::string_view common;  // what their tokens begin with, all of them
+    int count = 0;  // 1 also if all candidates but one are synonyms: `first` then represents them all
+    std::string_view common;  // the longest common prefix of their tokens
 };
 
-Candidates FindCandidates(const CmdType& parent, std::string_view word, bool last) {
+enum class Synonyms { Accepted, Skipped };
+
+// Returns the children of `parent` whose token matches `word`. last: whether `word` is the last of the line,
+// so that a prefix of a token matches.
+Candidates FindCandidates(const CmdType& parent, std::string_view word, bool last, Synonyms synonyms) {
     Candidates found;
     int commands = 0;  // candidates that aren't synonyms
     for (CmdType* child = parent.Sub; child != nullptr; child = child->Next) {
+        if (synonyms == Synonyms::Skipped && child->Synonym != nullptr) continue;
         const std::string_view token = child->Token;
         if (!Fits(token, word, last)) continue;
         if (found.count++ == 0) {
@@ -42,15 +47,15 @@ Candidates FindCandidates(const CmdType& parent, std::string_view word, bool las
     return found;
 }
 
-// Replaces the words by the tree's tokens, as far as the tree goes, and the last word by what all its
-// candidates begin with. Result: the number of candidates for the word that it stopped at; 0 when there is
-// none.
+// Replaces each word by the token that it matches, down to a leaf of the tree, and an ambiguous last word by
+// its candidates' longest common prefix. Returns the number of candidates for the last word that was looked
+// up.
 int CompleteWords(const CmdType* tree, WordsOfLine& line) {
     int candidates = 0;
     const CmdType* node = tree;
     for (int i = 0; i < line.count && node->Sub != nullptr; ++i) {
         std::string_view& word = line.words[i];
-        const Candidates found = FindCandidates(*node, word, i == line.count - 1);
+        const Candidates found = FindCandidates(*node, word, i == line.count - 1, Synonyms::Accepted);
         candidates = found.count;
         if (candidates == 0) break;
         if (candidates > 1) {
@@ -61,6 +66,17 @@ int CompleteWords(const CmdType* tree, WordsOfLine& line) {
         word = node->Token;
     }
     return candidates;
+}
+
+// Prints the tokens of the commands below `parent` that match an ambiguous last word.
+void PrintAlternatives(const CmdType& parent, std::string_view word) {
+    const char* separator = "\n[ ";
+    for (const CmdType* child = parent.Sub; child != nullptr; child = child->Next) {
+        if (child->Synonym != nullptr || !Fits(child->Token, word, true)) continue;
+        std::printf("%s%s", separator, child->Token);
+        separator = " | ";
+    }
+    std::printf(" ]\n");
 }
 
 }  // namespace
@@ -109,15 +125,16 @@ int TabComplete(char* CmdLine) {
 int DoubleTabComplete(char* CmdLine) {
     if (TabComplete(CmdLine) <= 1) return 0;
 
-    // The words before the last are whole tokens now.
     const WordsOfLine line = SplitAtBlanks(CmdLine);
-    const CmdType* parent = FollowWords(line.words, line.count - 1);
-    const char* before = "\n[ ";
-    for (const CmdType* child = parent->Sub; child != nullptr; child = child->Next) {
-        if (child->Synonym != nullptr || !Fits(child->Token, line.Last(), true)) continue;
-        std::printf("%s%s", before, child->Token);
-        before = " | ";
+    const CmdType* node = Cmds;
+    for (int i = 0; i < line.count; ++i) {
+        const Candidates found = FindCandidates(*node, line.words[i], i == line.count - 1, Synonyms::Skipped);
+        if (found.count > 1) {
+            PrintAlternatives(*node, line.words[i]);
+            return 1;
+        }
+        if (found.count == 0) return 0;
+        node = found.first;
     }
-    std::printf(" ]\n");
-    return 1;
+    return 0;
 }

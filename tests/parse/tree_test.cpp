@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/brantcli/brantcli.h"
+#include "cli/parse/command_line.h"
 #include "cli/parse/command_tree.h"
 #include "tests/support/expected_run.h"
 #include "tests/support/stored.h"
@@ -26,19 +27,58 @@ std::string Listing(const CmdType* parent, const std::string& path) {
 
 // Help texts are an interface: a difference here is a changed text.
 TEST(CommandTree, HasEveryCommandWithItsHelpText) {
-    CreateCommands();
+    if (Cmds == nullptr) CreateCommands();
     const std::string shown = TestMachine("tr500k2").Script("HELP TREE;SHOW").output;
     ExpectStored("parse/help_texts.golden", Listing(Cmds, "") + shown);
 }
 
+// Replaces the shell's tree by an empty one until the end of the scope. Nodes are never freed.
+struct OwnTree {
+    OwnTree() { Cmds = NewCommandNode("", nullptr, "the root's help", nullptr); }
+    ~OwnTree() { Cmds = shells; }
+    CmdType* const shells = Cmds;
+};
+
+// Returns what a function prints when it is called with an array that holds `line`.
+template <typename Function>
+std::string Printed(Function function, const std::string& line) {
+    InputLineType input{};
+    line.copy(input.CmdLine, kLineSize - 1);
+    Parse(&input);
+    testing::internal::CaptureStdout();
+    function(input);
+    return testing::internal::GetCapturedStdout();
+}
+
 TEST(CommandTree, SharesWhatASynonymStandsFor) {
-    static CmdType* const root = NewCommandNode("", nullptr, "", nullptr);  // nodes are never freed
-    CmdType* show = AppendCmd(root, "SHOW", nullptr, "", nullptr);
+    const OwnTree tree;
+    CmdType* show = AppendCmd(Cmds, "SHOW", nullptr, "", nullptr);
     CmdType* fan = AppendCmd(show, "FAN", nullptr, "help", Nothing);
     CmdType* fans = AppendCmd(show, "FANS", fan, "help", Nothing);
-    CmdType* sub = AppendCmd(fan, "ALL", nullptr, "", Nothing);
-    PropagateSynonyms(root);
-    EXPECT_EQ(fans->Sub, sub);
+    AppendCmd(fan, "ALL", nullptr, "", Nothing);
+    AppendCmd(fan, "ANY", nullptr, "", Nothing);
+    PropagateSynonyms(Cmds);
+    EXPECT_EQ(fans->Sub, fan->Sub);
+
+    const auto list = [](InputLineType& line) { DoubleTabComplete(line.CmdLine); };
+    EXPECT_EQ(Printed(list, "show fan a"), "\a\n[ ALL | ANY ]\n");
+    EXPECT_EQ(Printed(list, "show fans a"), "\a") << "listed through a synonym";
+}
+
+TEST(Help, KeepsToItsLimitsAndToCommandsWithoutAText) {
+    const OwnTree tree;
+    const std::string a(70, 'A'), b(6, 'B'), d(76, 'D'), usage(250, 'x'), help = "USAGE:" + usage;
+    for (const char* token : {a.c_str(), b.c_str(), "C", d.c_str()}) {
+        AppendCmd(Cmds, token, nullptr, nullptr, Nothing);
+    }
+    current_command = Cmds->Sub;
+    AppendCmd(current_command, "SUB", nullptr, help.c_str(), Nothing);
+    EXPECT_EQ(Printed([](InputLineType& line) { do_help(&line); }, "HELP"),
+              "\n" + a + "  " + b + " \nC \n" + d + " ");
+    EXPECT_EQ(Printed([](InputLineType& line) { do_help(&line); }, "HELP C"), "\n(No help available)");
+    EXPECT_EQ(Printed([](InputLineType& line) { FindHelp(line.CmdLine); }, "c"), "\n(No help available)\n");
+    EXPECT_EQ(Printed([](InputLineType& line) { Display_Subcommand_Usage(&line); }, a),
+              "\n\t" + usage.substr(0, 199));
 }
 
 TEST(CommandTree, EndsTheProcessOnATokenThatIsThereAlready) {
@@ -86,11 +126,12 @@ TEST(Dispatcher, RunsTheDeepestNodeOrSaysWhatIsWrong) {
     EXPECT_EQ(machine.Script("help tree").status, 1);
 
     if (Cmds == nullptr) CreateCommands();
-    char commands[] = ";HELP X;?;";
+    char commands[] = ";HELP X;?;x";
     testing::internal::CaptureStdout();
     do_scripted_command(commands);
     testing::internal::GetCapturedStdout();
-    EXPECT_EQ(std::string(commands, sizeof commands), std::string("\0HELP X\0?\0", 11)) << "cut otherwise";
+    EXPECT_EQ(std::string(commands, sizeof commands), std::string("\0HELP X\0?\0x", 12)) << "cut otherwise";
+    EXPECT_EQ(current_command, nullptr) << "kept from the line before";
 }
 
 }  // namespace
