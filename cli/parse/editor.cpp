@@ -227,10 +227,9 @@ int SlotAfter(int slot) {
 
 bool AllocateHistory() {
     history_index = 0;
-    auto* buffer = static_cast<char*>(std::malloc(kHistorySlots * kHistorySlotSize));
+    auto* buffer = static_cast<char*>(std::calloc(kHistorySlots, kHistorySlotSize));
     if (buffer == nullptr) return false;
     for (char*& slot : History) {
-        *buffer = '\0';
         slot = buffer;
         buffer += kHistorySlotSize;
     }

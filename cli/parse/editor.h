@@ -23,8 +23,8 @@ int DeleteChar(int pos, char* string);
 // The commands entered so far: a ring of slots, of which the one that the next command goes into is empty, so
 // that it holds one command fewer than it has slots. Nothing is kept between runs.
 
-// Gives each slot of History its buffer, with an empty text, and begins at the first. False when there is no
-// memory.
+// Gives each slot of History a buffer filled with zeros and sets history_index to 0. Returns false if there
+// is not enough memory.
 bool AllocateHistory();
 
 // Frees the buffers, if there are any.

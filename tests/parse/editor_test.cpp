@@ -106,6 +106,15 @@ std::string Type(const std::string& keys) {
     return ::testing::internal::GetCapturedStdout();
 }
 
+TEST(Editor, BeginsWithAnEmptyHistory) {
+    constexpr size_t kBytes = kHistorySlots * kHistorySlotSize;
+    StartShell();
+    std::memset(History[0], 'x', kBytes);
+    FreeHistory();
+    ASSERT_TRUE(AllocateHistory());
+    EXPECT_EQ(std::count(History[0], History[0] + kBytes, '\0'), kBytes);
+}
+
 TEST(Editor, WritesWhatAKeyShows) {
     StartShell();
     for (const KeyCase& c : kKeys) {
