@@ -1,15 +1,15 @@
-// A line is cut into words in a copy of it, in which zeros take the place of separators and quotes; then the
-// words are followed down the tree.
+// Parse() tokenizes a copy of the line in place, with a NUL for each separator and quote. Command() then
+// looks the words up in the command tree.
 //
-// Outside quotes a separator ends a word. A double quote where a word could begin opens quotes: the word
-// begins behind it, and up to the closing quote, or the line's end, separators are part of it. Two quotes
-// there are an empty word, which counts as unquoted.
+// A quote where a word could begin opens quotes: the word starts after it and extends to the closing quote,
+// or to the end of the line if there is none. Two quotes in a row there are an empty word, which counts as
+// unquoted.
 //
-// Within a word a quote ends its text, and what follows is dropped up to the next separator. A quote in what
-// is dropped may open quotes again, whose separators are dropped, too; a quote right behind that one doesn't
-// close them.
+// A quote inside a word ends its text and toggles quoting, so that in an unquoted word it opens quotes. The
+// rest, up to the next separator outside quotes, is discarded, and each further quote in it toggles quoting.
+// The character right after an opening quote never closes the quotes.
 //
-// The 25th word has no end: it is the rest of the line.
+// The 25th word extends to the end of the line.
 #include "cli/parse/command_line.h"
 
 #include <cctype>
