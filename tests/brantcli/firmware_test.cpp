@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string>
 
+#include "cli/pci/kelm.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/smbios_records.h"
 #include "tests/support/loaded_tables.h"
@@ -103,6 +104,13 @@ constexpr TreeCase kTrees[] = {
      true},
 };
 
+int visited = 0;  // nodes that the search has looked at
+
+int CountedIsKelm(picl_nodehdl_t node, void* found) {
+    ++visited;
+    return is_kelm(node, found);
+}
+
 // Returns the output of SHOW SERVER between two strings.
 std::string ServerText(const TestMachine& machine, const std::string& from, const char* to) {
     const std::string output = machine.Script("SHOW SERVER").output;
@@ -186,6 +194,12 @@ TEST(ManagementProcessor, IsLookedForAmongTheDevices) {
         machine.Write("picl", c.picl);
         EXPECT_EQ(present(), c.present) << c.catches;
     }
+    machine.Write("picl", std::string(kTrees[3].picl) + "  obp-device\n");
+    picl_nodehdl_t root{};
+    int found = 0;
+    ASSERT_TRUE(picl_initialize() == PICL_SUCCESS && picl_get_root(&root) == PICL_SUCCESS);
+    picl_walk_tree_by_class(root, kPciFunctionClass, &found, CountedIsKelm);
+    EXPECT_TRUE(found == 1 && visited == 3) << visited;
     machine.Fault("picl root 1");
     EXPECT_FALSE(present()) << "a service that fails";
 }
