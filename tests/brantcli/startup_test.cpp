@@ -59,17 +59,14 @@ struct OptionCase {
 };
 
 constexpr char kUsage[] = "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n";
-constexpr char kNoCommand[] = "ERROR: At least one command must be specified in script mode.\n";
 
 // clang-format off
 const OptionCase kOptionCases[] = {
     {"an unknown option run",                   {"-x"},                  kUsage,                  0, false},
     {"-S without its value run",                {"-S"},                  kUsage,                  0, false},
-    {"-s without commands taken for success",   {"-s"},                  kNoCommand,              1, true},
     {"no command taken for success",            {"-s", ""},              "\n",                    1, true},
     {"-S not the same as -s",                   {"-S", "nonsense"},      "\nInvalid Command\n\n", 1, true},
     {"a final ';' taken for an empty command",  {"-s", "HELP EXIT;"},    "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
-    {"a command run after EXIT",                {"-s", "EXIT;nonsense"}, "\n",                    0, true},
     {"options behind another word read, no end at the end of the input", {"SET UID ON", "-s"}, kBanner + "brantcli> \n", 0, true},
     {"options behind the commands read",        {"-s", "HELP EXIT", "-x"}, "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
     {"words behind \"--\" taken for options",   {"--", "-x"},            kBanner + "brantcli> \n", 0, true},
