@@ -79,7 +79,7 @@ struct NicCase {
 
 // clang-format off
 const NicCase kNics[] = {
-    {"an empty entry of the ROM variable counted", {kNic, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
+    {"an empty entry of the ROM variable counted, the eighth not", {kNic, kNone, kNone, kNone, kNone, kNone, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
     {"0 taken for unknown", {kNone}, "", "0"},
     {"neither", {}, "", "UNKNOWN"},
     {"the ROM variable preferred, empty entries stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},

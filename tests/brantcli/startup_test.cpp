@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <string>
@@ -108,6 +109,13 @@ TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
     EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/null"), 0);
     EXPECT_EQ(status(" -x > /dev/full"), 0);
     EXPECT_EQ(status(" < /dev/zero > /dev/full"), 1);  // keys that do nothing, without end
+    machine.StartTrace();
+    EXPECT_EQ(status(" -s HELP <&- >&-"), 1) << "written to the trace, which is opened early";
+    int pipe_ends[2];
+    ASSERT_EQ(pipe(pipe_ends), 0);
+    close(pipe_ends[0]);
+    EXPECT_EQ(status(" -s HELP >&" + std::to_string(pipe_ends[1])), 1) << "ended by SIGPIPE";
+    close(pipe_ends[1]);
     const std::string help =
         " -s '" + std::string(100, ';') + "HELP EXIT' > $BRANT_MACHINE/out";  // 129 bytes, and one
     EXPECT_EQ(status(help, "trap '' XFSZ; prlimit --fsize=129 "), 1);

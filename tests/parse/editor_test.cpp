@@ -113,6 +113,8 @@ TEST(Editor, BeginsWithAnEmptyHistory) {
     FreeHistory();
     ASSERT_TRUE(AllocateHistory());
     EXPECT_EQ(std::count(History[0], History[0] + kBytes, '\0'), kBytes);
+    StoreInHistory("aa");
+    EXPECT_TRUE(RepeatsNewest("aa") && !RepeatsNewest("a") && !RepeatsNewest("aaa"));
 }
 
 TEST(Editor, WritesWhatAKeyShows) {

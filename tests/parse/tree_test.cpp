@@ -68,7 +68,7 @@ TEST(CommandTree, SharesWhatASynonymStandsFor) {
 TEST(Help, KeepsToItsLimitsAndToCommandsWithoutAText) {
     const OwnTree tree;
     const std::string a(70, 'A'), b(6, 'B'), d(76, 'D'), usage(250, 'x'), help = "USAGE:" + usage;
-    for (const char* token : {a.c_str(), b.c_str(), "C", d.c_str()}) {
+    for (const char* token : {b.c_str(), "C", d.c_str(), a.c_str()}) {
         AppendCmd(Cmds, token, nullptr, nullptr, Nothing);
     }
     current_command = Cmds->Sub;
@@ -127,7 +127,9 @@ TEST(Dispatcher, RunsTheDeepestNodeOrSaysWhatIsWrong) {
 
     if (Cmds == nullptr) CreateCommands();
     char commands[] = ";HELP X;?;x";
+    char help[] = "HELP";
     testing::internal::CaptureStdout();
+    EXPECT_EQ(do_scripted_command(help), 1) << "another result than at the prompt";
     do_scripted_command(commands);
     testing::internal::GetCapturedStdout();
     EXPECT_EQ(std::string(commands, sizeof commands), std::string("\0HELP X\0?\0x", 12)) << "cut otherwise";
