@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "tests/eventstr/translate.h"
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/models.h"
 
@@ -21,8 +21,8 @@ TEST(EveryEvent, ReadsAsStored) {
         for (std::string line; std::getline(listing, line);) {
             (line.rfind("Event: ", 0) == 0 ? numbers_and_dates : events) += line + "\n";
         }
-        ExpectStored("eventstr/every_event.txt", events);
-        ExpectStored("eventstr/numbers_and_dates.txt", numbers_and_dates);
+        ExpectGolden("eventstr/every_event.txt", events);
+        ExpectGolden("eventstr/numbers_and_dates.txt", numbers_and_dates);
         if (HasFailure()) return;  // the other models' logs are the same
     }
 }
@@ -111,7 +111,7 @@ std::string TextsByValue(PickingByte row) {
 TEST(EveryEvent, HasAWordForEachValueThatHasOne) {
     std::string listing;
     for (const PickingByte& row : PickingBytes()) listing += TextsByValue(row);
-    ExpectStored("eventstr/every_value.txt", listing);
+    ExpectGolden("eventstr/every_value.txt", listing);
 }
 
 }  // namespace

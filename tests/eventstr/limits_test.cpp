@@ -7,7 +7,7 @@
 #include <set>
 
 #include "tests/eventstr/translate.h"
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
 
 namespace {
@@ -179,7 +179,7 @@ TEST(EventFields, ReadAsStoredAtTheirLimits) {
                 std::string(c.catches) + "\n    " + (event.known ? "1: " : "0: ") + Shown(event.text) + "\n";
         }
     }
-    ExpectStored("eventstr/limits.txt", listing);
+    ExpectGolden("eventstr/limits.txt", listing);
 }
 
 // 255 prints as Unknown wherever a byte is a number, but in these events, of which it counts the bytes.

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "tests/support/expected_run.h"
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 
 using namespace std::string_view_literals;
 
@@ -48,7 +48,7 @@ TEST(HealthDisplays, SayWhatCantBeShownAndChangeNothing) {
 }
 
 TEST(HealthDisplays, ShowEveryModelInFull) {
-    ExpectModelsAsStored("health-table");
+    ExpectGoldenModels("health-table");
 }
 
 }  // namespace

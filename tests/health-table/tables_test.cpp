@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "include/health_records.h"
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/models.h"
 
@@ -142,7 +142,7 @@ TEST(HealthTable, ShowsEveryFanAndSensorThatAByteCanCount) {
         machine.Table(kTemperatureFeatureTable, (i + 255) % 256, 0, feature);  // row 0 is index 255
         machine.Table(kTemperatureNumbersTable, i, 0, TEMPERATURENUMBERS{});
     }
-    ExpectStored("health-table/all_zones.txt", Rows(machine, "SHOW FANS") + Rows(machine, "SHOW TEMP"));
+    ExpectGolden("health-table/all_zones.txt", Rows(machine, "SHOW FANS") + Rows(machine, "SHOW TEMP"));
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include "tests/misc-commands/rom_shell.h"
 #include "tests/support/expected_run.h"
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
@@ -29,7 +29,7 @@ TEST(RomListings, WhatEachModelShows) {
         }
     }
     std::replace(listing.begin(), listing.end(), '\0', '~');
-    ExpectStored("misc-commands/settings_shown.txt", listing);
+    ExpectGolden("misc-commands/settings_shown.txt", listing);
 }
 
 // The changes by their first words, with what may follow them, as Items takes it. serial_test.cpp has those
@@ -100,7 +100,7 @@ TEST(RomListings, WhatEachChangeLeaves) {
             }
         }
     }
-    ExpectStored("misc-commands/settings_changed.txt", listing);
+    ExpectGolden("misc-commands/settings_changed.txt", listing);
 }
 
 }  // namespace

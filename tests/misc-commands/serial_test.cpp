@@ -5,7 +5,7 @@
 
 #include "cli/command/state.h"
 #include "tests/misc-commands/rom_shell.h"
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 
 namespace {
 
@@ -102,7 +102,7 @@ TEST(SerialPorts, EmbeddedOnesInEachSituation) {
             }
         }
     }
-    ExpectStored("misc-commands/embedded_ports.txt", listing);
+    ExpectGolden("misc-commands/embedded_ports.txt", listing);
 }
 
 }  // namespace

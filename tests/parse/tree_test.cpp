@@ -8,7 +8,7 @@
 #include "cli/parse/command_line.h"
 #include "cli/parse/command_tree.h"
 #include "tests/support/expected_run.h"
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ std::string Listing(const CmdType* parent, const std::string& path) {
 TEST(CommandTree, HasEveryCommandWithItsHelpText) {
     if (Cmds == nullptr) CreateCommands();
     const std::string shown = TestMachine("tr500k2").Script("HELP TREE;SHOW").output;
-    ExpectStored("parse/help_texts.golden", Listing(Cmds, "") + shown);
+    ExpectGolden("parse/help_texts.golden", Listing(Cmds, "") + shown);
 }
 
 // Replaces the shell's tree by an empty one until the end of the scope. Nodes are never freed.

@@ -3,12 +3,12 @@
 #include <string>
 
 #include "cli/smbios-commands/smbios_commands.h"
+#include "tests/support/golden.h"
 #include "tests/support/loaded_tables.h"
-#include "tests/support/stored.h"
 #include "tools/mkmachine/firmware_records.h"
 
 TEST(ShowServer, TellsEachModelInFull) {
-    ExpectModelsAsStored("smbios-commands");
+    ExpectGoldenModels("smbios-commands");
 }
 
 // Values that no model has: other processor states, a size that isn't whole MiB, a form factor above 9.

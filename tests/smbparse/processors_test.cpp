@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "tests/support/golden.h"
 #include "tests/support/loaded_tables.h"
-#include "tests/support/stored.h"
 #include "tools/mkmachine/firmware_records.h"
 
 namespace {
@@ -123,7 +123,7 @@ TEST(Processors, AndModulesAreNamedByTheirCodes) {
                                  std::to_string(gMemoryMod[0]->memModuleTechnology) + "\n";
         if (line != "Other, 1, 1\n") listing += std::to_string(code) + ": " + line;
     }
-    ExpectStored("smbparse/codes.txt", listing);
+    ExpectGolden("smbparse/codes.txt", listing);
 }
 
 TEST(Processors, BeyondTheTablesAreLeftOutWithANote) {

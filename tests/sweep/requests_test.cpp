@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <set>
 
+#include "tests/support/golden.h"
 #include "tests/support/pattern.h"
-#include "tests/support/stored.h"
 #include "tests/sweep/sweep.h"
 
 namespace {
@@ -60,7 +60,7 @@ class FailingRequests : public testing::TestWithParam<std::string> {
     SweptMachine machine_{GetParam()};
     const bool first_ = GetParam() == SweptModels().front();
     const Files as_made_ = machine_.State();
-    const std::string stored_ = StoredText("sweep/failures.txt");
+    const std::string stored_ = GoldenText("sweep/failures.txt");
     std::set<std::string> told_;  // kinds of failure
     std::string listing_;         // what came of them
     size_t failures_ = 0;
@@ -77,7 +77,7 @@ TEST_P(FailingRequests, EndEachCommandAsStoredWithNothingHalfDone) {
     for (const std::string& command : Commands()) Sweep(command, at_start);
     std::printf("%zu failed requests\n", failures_);
     if (!first_) return;
-    ExpectStored("sweep/failures.txt", listing_);
+    ExpectGolden("sweep/failures.txt", listing_);
     EXPECT_GT(failures_, 80U) << "hardly a command has asked for anything";
 }
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 #include "tests/sweep/sweep.h"
 
 namespace {
@@ -33,7 +33,7 @@ TEST(Words, TooManyOrTooFewAreRefusedBeforeAnyRequest) {
         listing +=
             line + " -> " + std::to_string(result.status) + (asks ? ", asks" : "") + "\n" + result.output;
     }
-    ExpectStored("sweep/words.txt", listing);
+    ExpectGolden("sweep/words.txt", listing);
 }
 
 }  // namespace

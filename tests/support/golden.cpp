@@ -1,4 +1,4 @@
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 
 #include <gtest/gtest.h>
 
@@ -9,13 +9,13 @@
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/models.h"
 
-std::string StoredText(const std::string& path) {
+std::string GoldenText(const std::string& path) {
     std::ifstream file(BRANT_TEST_DIR "/" + path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void ExpectStored(const std::string& path, const std::string& text) {
-    if (text == StoredText(path)) return;
+void ExpectGolden(const std::string& path, const std::string& text) {
+    if (text == GoldenText(path)) return;
     const std::filesystem::path now = std::filesystem::path(BRANT_BIN_DIR) / "now" / path;
     std::filesystem::create_directories(now.parent_path());
     std::ofstream(now, std::ios::binary) << text;
@@ -24,15 +24,15 @@ void ExpectStored(const std::string& path, const std::string& text) {
                   << RunProgram("diff", {"-auN", stored, now}, "").output;
 }
 
-void ExpectModelsAsStored(const std::string& folder) {
+void ExpectGoldenModels(const std::string& folder) {
     for (const Model& model : Models()) {
         const std::string path = folder + "/models/" + std::string(model.name) + ".txt";
-        const std::string stored = StoredText(path);
+        const std::string stored = GoldenText(path);
         const std::string commands = stored.substr(0, stored.find('\n'));
         TestMachine machine(model.name);
         machine.StartTrace();
         const RunResult run = machine.Script(commands);
-        ExpectStored(path, commands + "\n" + run.output + machine.TakeTrace("cdt "));
+        ExpectGolden(path, commands + "\n" + run.output + machine.TakeTrace("cdt "));
         EXPECT_EQ("", run.errors) << model.name;
     }
 }
