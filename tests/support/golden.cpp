@@ -15,13 +15,15 @@ std::string GoldenText(const std::string& path) {
 }
 
 void ExpectGolden(const std::string& path, const std::string& text) {
-    if (text == GoldenText(path)) return;
-    const std::filesystem::path now = std::filesystem::path(BRANT_BIN_DIR) / "now" / path;
-    std::filesystem::create_directories(now.parent_path());
-    std::ofstream(now, std::ios::binary) << text;
-    const std::string stored = BRANT_TEST_DIR "/" + path;
-    ADD_FAILURE() << stored << " holds another text than there is now, in " << now << ":\n"
-                  << RunProgram("diff", {"-auN", stored, now}, "").output;
+    const std::filesystem::path changed = std::filesystem::path(BRANT_BIN_DIR) / "golden.new" / path;
+    if (text == GoldenText(path)) {
+        std::filesystem::remove(changed);
+        return;
+    }
+    std::filesystem::create_directories(changed.parent_path());
+    std::ofstream(changed, std::ios::binary) << text;
+    ADD_FAILURE() << "tests/" << path << " differs from the new output (tools/golden --store accepts it):\n"
+                  << RunProgram("diff", {"-auN", BRANT_TEST_DIR "/" + path, changed}, "").output;
 }
 
 void ExpectGoldenModels(const std::string& folder) {

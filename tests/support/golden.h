@@ -1,16 +1,17 @@
-// Texts that the tests keep in files beside them, and compare with what the programs print.
+// Golden files: outputs that the tests expect, in files beside the tests. tools/golden shows how the last
+// test run differs from them, and stores the new outputs.
 #pragma once
 
 #include <string>
 
-// A file of the tests, by its path below tests/.
+// Returns the contents of a golden file. path: below tests/.
 std::string GoldenText(const std::string& path);
 
-// Expects a text to be what such a file holds. If it isn't, shows the difference, the stored side first, and
-// leaves the new text in a file from which it can be read and copied.
+// Expects `text` to equal the golden file. On a difference, shows it and writes the new text to
+// BUILD/bin/golden.new/PATH for tools/golden; on a match, deletes a new text that an earlier run wrote.
 void ExpectGolden(const std::string& path, const std::string& text);
 
-// Expects of every model what FOLDER/models/MODEL.txt holds: the commands of one run in its first line, then
-// what they print and which data tables they ask the driver for, in order. The files were read line by line
-// against the models' facts; after a change, so is the difference.
+// Runs on each model the commands in the first line of FOLDER/models/MODEL.txt, and expects the rest of that
+// golden file: what the commands print, then their requests for data tables, in order. The files were
+// compared line by line with the models' facts; compare the differences in the same way after a change.
 void ExpectGoldenModels(const std::string& folder);
