@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <new>
 
 #include "brantexport/sections.h"
 #include "cli/brantcli/brantcli.h"
@@ -81,12 +82,20 @@ bool Write(int output, std::string_view text) {
     return true;
 }
 
+// Ends the process as the handler at the end of main() does. The JSON library's destructors allocate memory
+// and can't throw, so the exception doesn't get there if memory runs out in one of them.
+[[noreturn]] void EndWithoutMemory() {
+    std::fprintf(stderr, "%s: %s\n", kProgram, std::bad_alloc().what());
+    _exit(1);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
     KeepStandardDescriptors();
     const int output = MessagesToStandardError();
     std::signal(SIGPIPE, SIG_IGN);
+    std::set_terminate(EndWithoutMemory);
     Options options;
     if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
