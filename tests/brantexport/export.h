@@ -1,0 +1,28 @@
+// Runs of brantexport on a simulated machine, and how they differ.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "tests/support/test_machine.h"
+
+using Json = nlohmann::ordered_json;
+
+struct Exported {
+    Json document;
+    std::string metrics;
+    std::string errors;  // standard error of the run with --json
+    int status = 0;
+};
+
+// Runs brantexport with --json and with --prometheus. Expects both to end in the same way, ASCII, and the
+// status to be 1 exactly if the document has errors.
+Exported Export(const TestMachine& machine);
+
+// Returns how `now` differs from `before`, a line for each difference: a member's path and new value, a list
+// that has fewer entries, a new or changed sample, a metric that has fewer samples, standard error, status.
+std::string Difference(const Exported& before, const Exported& now);
+
+// Expects every document to be valid by the published schema.
+void ExpectFits(const std::vector<Json>& documents);

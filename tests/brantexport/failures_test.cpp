@@ -1,0 +1,137 @@
+// What brantexport still writes when requests fail, or when files of the machine are missing or damaged.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+
+#include "tests/brantexport/export.h"
+#include "tests/support/golden.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+struct Failure {
+    const char* model;
+    const char* faults;  // lines of the machine's file
+};
+// clang-format off
+constexpr Failure kFailures[] = {
+    {"tr500k2", "open cdt -13"},
+    {"tr500k2", "open cevt -13"},
+    {"tr500k2", "open casr -13"},
+    {"tr500k2", "open crom -13"},
+    {"tr500k2", "xsvc map 0x000e8000 -5"},  // the tables
+    {"tr300",   "xsvc map 0x000e8000 -5"},
+    {"tr500k2", "picl initialize 1"},
+    {"tr500k2", "cdt 351.0.0 1"},
+    {"tr500k2", "cdt 356.10.0 -5"},
+    {"tr500k2", "cdt 353.10.0 1"},
+    {"tr500k2", "cdt 251.0.0 -5"},
+    {"tr500k2", "cdt 256.255.0 1"},
+    {"tr500k2", "cdt 254.15.0 1"},
+    {"tr500k2", "cdt 151.0.0 -5"},
+    {"tr500k2", "cdt 162.3.0 1"},
+    {"tr500k2", "cdt 159.2.0 1"},
+    {"tr300",   "cdt 158.0.0 1"},
+    {"tr500k2", "cdt 1503.0.0 1"},
+    {"tr500k2", "cdt 1700.0.0 1"},
+    {"bx20",    "cdt 1702.255.0 1"},
+    {"tr500k2", "cdt 1706.0.0 1"},  // the firmware's tables replace the driver's
+    {"tr500k2", "cdt 1706.1.4 1"},  // the listing ends there
+    {"tr500k2", "cdt 1707.1.4 1"},
+    {"tr500k2", "cdt 1706.0.0 1\nxsvc map 0x000e8000 -5"},
+    {"tr500k2", "casr 6 -5"},
+    {"tr500k2", "crom read ZTHCPR 1"},
+    {"tr500k2", "crom read ZTSCAT 1"},
+    {"tr500k2", "crom read ZTHLS1 1"},
+    {"tr500k2", "crom read ZTHCSM 1"},
+    {"tr500k2", "crom read ZTHNIPL 1"},
+    {"tr500k2", "crom read ZTHIPL 1"},
+    {"tr500k2", "crom read ZTTBT1 1"},
+    {"tr500k2", "crom read ZTSBKT 1"},
+    {"tr500k2", "crom read ZTHBAUD 1"},
+    {"tr500k2", "crom read ZTHCON 1"},
+    {"tr500k2", "crom read ZTHNIC 1"},
+    {"tr500k2", "crom read ZTHUV 1"},
+    {"tr300",   "crom read ZTHMAC 1"},
+    {"tr500k2", "cevt read 0 -5"},
+    {"tr500k2", "cevt read 3 -5"},
+    {"tr500k2", "cevt read 2 3"},   // an entry too large for the buffer
+    {"tr500k2", "cevt read 4 -1"},  // errno 1 is the end of the log
+};
+// clang-format on
+
+Exported ExportOf(const Model& model, const char* faults = nullptr) {
+    TestMachine machine;
+    MakeMachine(model, machine.Directory(), 3);
+    if (faults != nullptr) machine.Fault(faults);
+    return Export(machine);
+}
+
+// The golden file contains for each failure the members and metrics that are lost or different, and the
+// error.
+TEST(FailedRequests, LoseTheirOwnValuesAndNothingElse) {
+    std::map<std::string, Exported> whole;
+    for (const Model& model : Models()) whole[model.name] = ExportOf(model);
+    std::vector<Json> documents;
+    std::string listing;
+    for (const Failure& failure : kFailures) {
+        const Exported exported = ExportOf(*FindModel(failure.model), failure.faults);
+        listing += "---- " + std::string(failure.model) + ": " + failure.faults + "\n";
+        listing += Difference(whole[failure.model], exported);
+        documents.push_back(exported.document);
+    }
+    ExpectGolden("brantexport/failures.txt", listing);
+    ExpectFits(documents);
+}
+
+// Tables that lack a record.
+TEST(FailedRequests, MissingRecordsOfTheTables) {
+    TestMachine machine("tr500k2");
+    AddTables(machine, SmbiosTable().Add(SystemRecord("corvex", "X")));
+    const Exported exported = Export(machine);
+    EXPECT_EQ(exported.document["system"].dump(),
+              R"({"product_name":"corvex","serial_number":"X","rom_version":null,"rom_date":null,)"
+              R"("management_processor":true,"memory_mib":null,"memory_ecc":null})");
+    EXPECT_EQ(exported.document["processors"].dump(), "[]");
+    EXPECT_EQ(exported.document["errors"].dump(),
+              R"([{"section":"system","message":"Failed to get SMBIOS ROM data."},)"
+              R"({"section":"system","message":"Failed to get SMBIOS memory data."},)"
+              R"({"section":"nics","message":"Failed to read embedded NIC status."}])");
+    ExpectFits({exported.document});
+}
+
+// Every eighth file of the machine is missing or is a directory: each file in one run.
+class Damaged : public testing::TestWithParam<std::string> {};
+
+TEST_P(Damaged, MachinesAreExportedAsFarAsPossible) {
+    namespace fs = std::filesystem;
+    constexpr size_t kRounds = 8;
+    std::vector<Json> documents;
+    for (size_t round = 0; round < kRounds; ++round) {
+        TestMachine machine;
+        MakeMachine(*FindModel(GetParam()), machine.Directory(), 3);
+        std::vector<std::string> files;
+        for (const char* device : {"/cdt", "/casr", "/crom", "/cevt"}) {
+            for (const auto& entry : fs::directory_iterator(machine.Directory() + device)) {
+                files.push_back(entry.path());
+            }
+        }
+        std::sort(files.begin(), files.end());
+        for (size_t i = round; i < files.size(); i += kRounds) {
+            fs::remove(files[i]);
+            if (i / kRounds % 2 == 0) fs::create_directory(files[i]);
+        }
+        documents.push_back(Export(machine).document);
+    }
+    ExpectFits(documents);
+}
+
+std::vector<std::string> ModelNames() {
+    std::vector<std::string> names;
+    for (const Model& model : Models()) names.emplace_back(model.name);
+    return names;
+}
+INSTANTIATE_TEST_SUITE_P(Model, Damaged, testing::ValuesIn(ModelNames()));
+
+}  // namespace

@@ -1,0 +1,149 @@
+// brantexport as a program: its arguments, its streams and its exit status.
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "tests/brantexport/export.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+constexpr char kUsage[] =
+    "usage: brantexport [--json | --prometheus] [SECTION...]\n"
+    "sections: system processors memory nics fans temperatures power_supplies uid asr settings versions "
+    "events\n";
+
+struct WordsCase {
+    std::vector<std::string> words;
+    std::vector<std::string> sections;  // of the document, errors last; empty: the arguments are wrong
+};
+
+TEST(Arguments, SelectSections) {
+    const WordsCase cases[] = {
+        {{"uid", "--json", "fans", "uid"}, {"fans", "uid", "errors"}},
+        {{"--prometheus", "--json", "versions"}, {"versions", "errors"}},
+        {{"events", "system"}, {"system", "events", "errors"}},
+        {{"--xml"}, {}},
+        {{"fan"}, {}},
+        {{"FANS"}, {}},
+        {{"uid", ""}, {}},
+        {{"errors"}, {}},
+    };
+    TestMachine machine("bx20");
+    for (const WordsCase& c : cases) {
+        const RunResult run = RunProgram(ProgramPath("brantexport"), c.words, machine.Directory());
+        std::vector<std::string> sections;
+        const Json document = run.output.empty() ? Json::object() : Json::parse(run.output);
+        for (const auto& [name, section] : document.items()) sections.push_back(name);
+        EXPECT_EQ(sections, c.sections) << c.words[0];
+        EXPECT_EQ(run.errors, c.sections.empty() ? kUsage : "");
+        EXPECT_EQ(run.status, c.sections.empty() ? 2 : 0);
+    }
+}
+
+// A section that isn't asked for is neither read nor counted among the errors.
+TEST(Arguments, LimitTheRequestsAndTheErrors) {
+    TestMachine machine("tr500k2");
+    machine.Fault("cdt 351.0.0 1\ncdt 1503.0.0 1");
+    machine.StartTrace();
+    const RunResult run =
+        RunProgram(ProgramPath("brantexport"), {"--prometheus", "uid", "asr"}, machine.Directory());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(machine.TakeTrace("cdt "), "cdt 1503.0.0 size=5 cru=1.4 -> 1\n");
+    EXPECT_NE(
+        run.output.find("read_errors{section=\"uid\"} 1\nbrant_read_errors{section=\"asr\"} 0\n# EOF\n"),
+        run.output.npos)
+        << run.output;
+}
+
+TEST(Program, OpensAndClosesEachDeviceAndChangesNothing) {
+    for (const Model& model : Models()) {
+        TestMachine machine(model.name);
+        machine.StartTrace();
+        RunOptions options;
+        options.looks_for_leaks = true;
+        const RunResult run = RunProgram(ProgramPath("brantexport"), {}, machine.Directory(), options);
+        EXPECT_EQ(run.errors, "");
+        const std::string trace = machine.TakeTrace();
+        for (const char* change : {"crom write", "cevt clear", "casr 3", "casr 4", "cru=1.1", "cru=1.2"}) {
+            EXPECT_EQ(trace.find(change), trace.npos) << trace;
+        }
+        for (const char* device : {"cdt", "cevt", "casr", "crom"}) {
+            EXPECT_NE(trace.find("open " + std::string(device) + " -> 0\n"), trace.npos);
+            EXPECT_NE(trace.find("close " + std::string(device) + "\n"), trace.npos);
+        }
+    }
+}
+
+struct StreamCase {
+    const char* catches;
+    std::string command;  // of the shell; $P: the program, $D: an empty directory
+    std::string errors;
+    int status;
+};
+
+TEST(Program, EndsWithAMessageAndAStatus) {
+    const StreamCase cases[] = {
+        {"a full disk", "$P >/dev/full", "brantexport: No space left on device\n", 1},
+        {"a full disk for metrics", "$P --prometheus uid >/dev/full",
+         "brantexport: No space left on device\n", 1},
+        {"a file that ends early", "trap '' XFSZ; ulimit -f 8; $P >$D/out", "brantexport: File too large\n",
+         1},
+        {"a reader that ends", "{ $P; echo $? >$D/status; } | head -c 1 >/dev/null; exit $(cat $D/status)",
+         "brantexport: Broken pipe\n", 1},
+        {"no standard output", "$P >&-", "brantexport: Bad file descriptor\n", 1},
+        {"no standard error", "$P uid >$D/uid 2>&-", "", 0},
+        {"another user", "setpriv --reuid=65534 $P", "ERROR: You must be root to run brantexport.\n", 1},
+        {"foreign hardware", "BRANT_MACHINE=/ $P", "ERROR: brantexport only runs on VX hardware.\n", 1},
+    };
+    TestMachine machine("tr500k2");
+    const TestMachine parent;
+    for (const StreamCase& c : cases) {
+        const std::string with_program =
+            std::regex_replace(c.command, std::regex("\\$P"), InShell("brantexport"));
+        const std::string command = "D=" + parent.Directory() + "; " + with_program;
+        const RunResult run = RunProgram("/bin/sh", {"-c", command}, machine.Directory());
+        EXPECT_EQ(run.errors, c.errors) << c.catches;
+        EXPECT_EQ(run.output, "") << c.catches;
+        EXPECT_EQ(run.status, c.status) << c.catches;
+    }
+    const std::string whole = RunProgram(ProgramPath("brantexport"), {}, machine.Directory()).output;
+    EXPECT_EQ(parent.Read("out"), whole.substr(0, 8 * 512));
+}
+
+// Fails one allocation of a run: each of the first 30, later fewer. The output is a whole document, or a
+// message and status 1 report that it isn't.
+TEST(Program, SurvivesAFailedAllocation) {
+    TestMachine machine("bx20");
+    bool failed = true;
+    for (int failing = 1; failed; failing += 1 + failing / 30) {
+        RunOptions options;
+        options.environment = {"BRANT_FAIL_ALLOCATION=" + std::to_string(failing)};
+        const RunResult run =
+            RunProgram(ProgramPath("brantexport_interposed"), {}, machine.Directory(), options);
+        failed = run.errors.find("allocation failed\n") != run.errors.npos;
+        if (failed && !Json::accept(run.output)) {
+            EXPECT_NE(run.errors.find("brantexport: "), run.errors.npos) << failing << run.errors;
+            EXPECT_EQ(run.status, 1) << failing;
+        }
+        EXPECT_LE(run.status, failed ? 1 : 0) << failing;
+    }
+}
+
+TEST(Program, RunsOnTheServersOfItsLineOnly) {
+    TestMachine machine;
+    const std::pair<SmbiosRecord, std::string> cases[] = {
+        {SystemRecord("Corvax", ""), ""},
+        {BootRecord(1),
+         "\nERROR: Failed to get SMBIOS system data.\nThis does not seem to be a VX Corvex Server."},
+    };
+    for (const auto& [record, message] : cases) {
+        AddTables(machine, SmbiosTable().Add(record));
+        const RunResult run = RunProgram(ProgramPath("brantexport"), {}, machine.Directory());
+        EXPECT_EQ(run.errors, message + "ERROR: brantexport only runs on VX Corvex Servers.\n");
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.status, 1);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,247 @@
+// What brantexport makes of values, one machine for each case. The golden files contain whole documents of
+// the models, and of each case in values.txt only what differs from its model.
+#include <gtest/gtest.h>
+
+#include "include/event_log.h"
+#include "include/memory_records.h"
+#include "tests/brantexport/export.h"
+#include "tests/support/golden.h"
+#include "tools/mkmachine/events.h"
+#include "tools/mkmachine/models.h"
+
+namespace {
+
+template <typename Number>
+Number Code(int code) {
+    return static_cast<Number>(code);
+}
+
+// Gives each member with a few known values the value k, or one that k selects.
+void SetCodes(Model& model, int k) {
+    constexpr uint8_t kBootOnce[] = {0, 1, 2, 3, 0x30, 0x40, 4, 0xFF};
+    const auto byte = static_cast<uint8_t>(k);
+    RomSettings& settings = model.settings;
+    settings.asr_enabled = k % 2 != 0;
+    settings.asr_minutes = static_cast<uint8_t>(255 - k);
+    settings.shutdown = k / 2 % 2 != 0;
+    settings.hyper_threading = k / 4 % 2 != 0;
+    settings.boot_order.clear();
+    for (int i = 0; i <= k; ++i) settings.boot_order.push_back(Code<uint8_t>(k - i));
+    settings.boot_once = Code<BootOnce>(kBootOnce[k]);
+    settings.nics = {Code<NicBoot>(k), Code<NicBoot>(7 - k)};
+    settings.port_a = byte;
+    settings.port_b = 7 - byte;
+    settings.virtual_port = static_cast<uint8_t>(0xF8 | ((k + 2) & 7));
+    settings.wake_on_lan = Code<WakeOnLan>(k);
+    settings.f1_prompt = Code<F1Prompt>(k / 2);
+    settings.bios_port = Code<BiosPortCode>(k);
+    settings.bios_baud = Code<BiosBaudRate>(7 - k);
+    model.uid = Code<IndicatorState>(k);
+    Fan& fan = model.fans[2];
+    fan.zone = Code<ZoneType>(k + 8);
+    fan.speed = byte;
+    fan.percent = 255 - k;
+    fan.hot_plug = k % 2 != 0;
+    fan.state = static_cast<unsigned>(k);
+    fan.partner = static_cast<unsigned>(31 - k);
+    Module& module = model.memory.cartridges[1][2];
+    module.status = static_cast<uint32_t>(k + 3);
+    module.present = static_cast<uint32_t>(k + 1);
+    Processor& processor = model.hardware.processors[3];
+    processor.status = 0x40 | byte;
+    processor.id = static_cast<uint32_t>(2 * k);
+}
+
+void MoreThanTheInventoryHolds(Model& model) {
+    Hardware& hardware = model.hardware;
+    hardware.processor_places.clear();
+    hardware.processors.clear();
+    hardware.caches = {{0x700, "", 7, 0xFFFF}, {0x701, "", 8, 0x7FFF}};
+    for (uint16_t i = 0; i < 12; ++i) {
+        Processor processor{i, "Proc 77", 0xFFFF, 1, 1, kNoHandle, 0x701, 0x700};
+        processor.bus = 0xFFFE;
+        processor.cores = processor.threads = static_cast<uint8_t>(i % 2 * 255);
+        hardware.processors.push_back(processor);
+    }
+    hardware.module_places.clear();
+    hardware.devices.assign(62, {0x1100, kArray, "SLOT 3 DIMM 9", 0});
+    hardware.devices.resize(66, {0x1100, kArray, "SLOT 3 DIMM 9", 0x7FFF, 0xFFFF, 14, 0, 0x200});
+    hardware.devices[62].form_factor = 3;
+    hardware.array.error_correction = smbios::MemoryArray::kNone;
+    model.memory = {};
+}
+
+void ManyNics(Model& model) {
+    model.hardware.nics.clear();
+    for (uint8_t i = 1; i <= 12; ++i) {
+        const auto byte = [&](int n) { return static_cast<uint8_t>(0xF0 + i - 1 - n); };
+        model.hardware.nics.push_back({i, 1, {byte(0), byte(1), byte(2), byte(3), byte(4), byte(5)}});
+    }
+    model.settings.nics = {kNicBootPxe, kNicBootNone, kNicBootIscsi, kNicBootPxe, kNicBootPxe};
+}
+
+void OlderRecords(Model& model) {
+    model.fans[0] = {kPresent | kRedundant, kSystemZone, 0, kFanNormal, 0, false, 255, true};
+    model.fans[1] = {kAbsent, kIoZone, 0, kFanHigh, 7, true, 254, true};
+    model.supplies[0].older = OlderRecord::Absent;
+    model.supplies[1] = {kAbsent, false, OlderRecord::Present};
+}
+
+// A record that the driver says holds no data.
+void NoDataAvailable(TestMachine& machine) {
+    machine.Table(kFanHeaderTable, 0, 0, FANHEADER{9, 0, 1, 9});
+    machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{9, 0, 9});
+    machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{9, 0, 9, 1, 9});
+    machine.Variable(kVersionsVariable, VERSEVREC{});
+    machine.Variable(kBootCountVariable, BootDeviceCount{0});
+    machine.Write("cevt/hlog", "");
+}
+
+void LargestNumbers(TestMachine& machine) {
+    RESMEM_DIMM_CONFIG config{};
+    config.ulCartID = 0xFFFFFFFF;
+    config.ulModuleID = 0xFFFFFFFE;
+    config.ulPresent = 1;
+    config.dimmInfo.ulFormFactor = 0xFFFFFFFD;
+    config.dimmInfo.ulMemType = 0xFFFFFFFC;
+    config.dimmInfo.ulSize = 0xFFFFFFFB;
+    config.dimmInfo.ulSpeed = 0xFFFFFFFA;
+    machine.Table(kModuleConfigTable, 0, 0, config);
+    RESMEM_DIMM_STATUS status{};
+    status.ulStatus = 0xFFFFFFF9;
+    machine.Table(kModuleStatusTable, 0, 0, status);
+    std::string versions(sizeof(VERSEVREC), '\0');
+    for (size_t i = 0; i < versions.size(); ++i) versions[i] = static_cast<char>(255 - i);
+    machine.Variable(kVersionsVariable, versions);
+}
+
+// One event that carries nothing but its header.
+std::string Event(uint32_t number, uint8_t severity, uint16_t event_class, EVT_TIME_STAMP first,
+                  EVT_TIME_STAMP last) {
+    EVT_HEADER header = EventHeader(number, severity, event_class, static_cast<uint16_t>(65535 - number));
+    header.InitTime = first;
+    header.UpdateTime = last;
+    return EventEntry(header, "");
+}
+
+void Events(TestMachine& machine) {
+    std::string log = Event(0, 0, 65535, {20, 0, 2, 29, 0, 0}, {19, 0, 2, 29, 0, 0}) +
+                      Event(1, 2, 34, {20, 8, 2, 29, 23, 59}, {20, 7, 2, 29, 23, 59}) +
+                      Event(2, 3, 1, {0, 0, 1, 1, 0, 0}, {20, 8, 2, 30, 0, 0}) +
+                      Event(3, 6, 1, {99, 99, 12, 31, 1, 2}, {21, 0, 2, 29, 0, 0}) +
+                      Event(4, 9, 1, {20, 6, 1, 31, 0, 0}, {20, 6, 1, 32, 0, 0}) +
+                      Event(5, 15, 1, {20, 6, 4, 30, 0, 0}, {20, 6, 4, 31, 0, 0}) +
+                      Event(6, 15, 1, {20, 6, 6, 30, 0, 0}, {20, 6, 6, 31, 0, 0}) +
+                      Event(7, 15, 1, {20, 6, 9, 30, 0, 0}, {20, 6, 9, 31, 0, 0}) +
+                      Event(8, 15, 1, {20, 6, 11, 30, 0, 0}, {20, 6, 11, 31, 0, 0}) +
+                      Event(9, 15, 1, {20, 6, 3, 31, 0, 0}, {20, 6, 13, 1, 0, 0}) +
+                      Event(10, 15, 1, {20, 6, 5, 31, 0, 0}, {20, 6, 0, 1, 0, 0}) +
+                      Event(11, 15, 1, {20, 6, 7, 31, 0, 0}, {20, 6, 7, 0, 0, 0}) +
+                      Event(12, 15, 1, {20, 6, 8, 31, 0, 0}, {20, 6, 8, 1, 24, 0}) +
+                      Event(13, 15, 1, {20, 6, 10, 31, 0, 0}, {20, 6, 10, 1, 0, 60}) +
+                      Event(14, 15, 1, {20, 100, 1, 1, 0, 0}, {100, 0, 1, 1, 0, 0});
+    EVT_HEADER chassis = EventHeader(15, kRepaired, 2, 1);
+    EVT_MACH_OVERHEAT overheat{};
+    overheat.Chassis = {kChassisServer, 2, 0};
+    log += EventEntry(chassis, WithTexts(overheat, {"R\xC3\"\\7"}));
+    log += Event(0xFFFFFFFF, 255, 2, {20, 6, 1, 1, 0, 0}, {20, 6, 1, 1, 0, 0});
+    machine.Write("cevt/hlog", log);
+}
+
+void FullTexts(TestMachine& machine) {
+    machine.Variable(kAssetVariable, "\xE9\x7F\x80\xFF\"\\\n\t\x01" + std::string(246, 'x'));
+    machine.Variable(kServerNameVariable, std::string("Abcdefghijklmn\0Opqrstuvwxyz01\0", 30));
+}
+
+void ShortTexts(TestMachine& machine) {
+    machine.Variable(kAssetVariable, std::string(255, '\0'));
+    machine.Variable(kServerNameVariable, std::string("ab\0d\0\0\0\0\0\0\0\0\0\0\0op\0q\0", 19));
+}
+
+struct Case {
+    const char* what;
+    void (*model)(Model& model);  // either may be null
+    void (*machine)(TestMachine& machine);
+};
+const Case kCases[] = {
+    {"more parts than the inventory holds", MoreThanTheInventoryHolds, nullptr},
+    {"more NICs than have an address or a setting", ManyNics, nullptr},
+    {"no NIC", [](Model& model) { model.hardware.nics.assign(3, {}); }, nullptr},
+    {"no memory", [](Model& model) { model.memory = {}, model.hardware.devices = {}; }, nullptr},
+    {"older records of fans and supplies", OlderRecords, nullptr},
+    {"no management processor", [](Model& model) { model.kelm = Kelm::Absent; }, nullptr},
+    {"texts of the firmware",
+     [](Model& model) {
+         model.product_name = "corvex \"\\\n\xE9\x01";
+         model.hardware.serial = "";
+         model.hardware.rom_version = "Z\xFF\"";
+         model.hardware.rom_date = "?";
+     },
+     nullptr},
+    {"no data", nullptr, NoDataAvailable},
+    {"largest numbers", nullptr, LargestNumbers},
+    {"events", nullptr, Events},
+    {"full texts", nullptr, FullTexts},
+    {"short texts", nullptr, ShortTexts},
+};
+
+// Returns a machine of a model with three events.
+Exported ExportOf(const Model& model, void (*change)(TestMachine&) = nullptr) {
+    TestMachine machine;
+    MakeMachine(model, machine.Directory(), 3);
+    if (change != nullptr) change(machine);
+    return Export(machine);
+}
+
+TEST(ExportedValues, AreThoseOfTheMachine) {
+    const Exported usual = ExportOf(kTr500k2);
+    std::vector<Json> documents;
+    std::string listing;
+    for (int k = 0; k < 8; ++k) {
+        Model model = kTr500k2;
+        SetCodes(model, k);
+        const Exported exported = ExportOf(model);
+        listing += "---- codes " + std::to_string(k) + "\n" + Difference(usual, exported);
+        documents.push_back(exported.document);
+    }
+    for (const Case& c : kCases) {
+        Model model = kTr500k2;
+        if (c.model != nullptr) c.model(model);
+        const Exported exported = ExportOf(model, c.machine);
+        listing += "---- " + std::string(c.what) + "\n" + Difference(usual, exported);
+        documents.push_back(exported.document);
+    }
+    ExpectGolden("brantexport/values.txt", listing);
+    ExpectFits(documents);
+}
+
+TEST(ExportedValues, OfTwoWithTheSameLabelsTheLowerCounts) {
+    RESMEM_DIMM_STATUS degraded{};
+    degraded.ulStatus = 9;
+    for (int degraded_one : {0, 1}) {
+        TestMachine machine("bx20");
+        machine.Write("cdt/1706.255.1", machine.Read("cdt/1706.255.0"));
+        machine.Table(kModuleStatusTable, 255, degraded_one, degraded);
+        const std::string metrics = Export(machine).metrics;
+        EXPECT_NE(metrics.find("module_ok{cartridge=\"0\",module=\"1\"} 0\n"), metrics.npos);
+        EXPECT_EQ(metrics.find("module_ok{cartridge=\"0\",module=\"1\"} 1\n"), metrics.npos);
+    }
+}
+
+// The whole of what each model's program writes, byte for byte.
+TEST(ExportedValues, OfTheModels) {
+    std::vector<Json> documents;
+    for (const Model& model : Models()) {
+        TestMachine machine;
+        MakeMachine(model, machine.Directory(), 3);
+        const std::string golden = "brantexport/" + std::string(model.name);
+        const std::string program = ProgramPath("brantexport");
+        const std::string json = RunProgram(program, {}, machine.Directory()).output;
+        ExpectGolden(golden + ".json", json);
+        ExpectGolden(golden + ".prom", RunProgram(program, {"--prometheus"}, machine.Directory()).output);
+        documents.push_back(Json::parse(json));
+    }
+    ExpectFits(documents);
+}
+
+}  // namespace
