@@ -1,4 +1,4 @@
-// Runs of brantexport on a simulated machine, and how they differ.
+// Runs brantexport on a simulated machine, and compares two runs.
 #pragma once
 
 #include <nlohmann/json.hpp>

@@ -1,4 +1,4 @@
-// What brantexport still writes when requests fail, or when files of the machine are missing or damaged.
+// Tests of runs in which requests fail, or in which files of the machine are missing.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -68,8 +68,7 @@ Exported ExportOf(const Model& model, const char* faults = nullptr) {
     return Export(machine);
 }
 
-// The golden file contains for each failure the members and metrics that are lost or different, and the
-// error.
+// failures.txt contains for each failure the differences from a run without it: lost values, and the errors.
 TEST(FailedRequests, LoseTheirOwnValuesAndNothingElse) {
     std::map<std::string, Exported> whole;
     for (const Model& model : Models()) whole[model.name] = ExportOf(model);
@@ -85,7 +84,7 @@ TEST(FailedRequests, LoseTheirOwnValuesAndNothingElse) {
     ExpectFits(documents);
 }
 
-// Tables that lack a record.
+// The tables lack every record but that of the system.
 TEST(FailedRequests, MissingRecordsOfTheTables) {
     TestMachine machine("tr500k2");
     AddTables(machine, SmbiosTable().Add(SystemRecord("corvex", "X")));
@@ -101,7 +100,7 @@ TEST(FailedRequests, MissingRecordsOfTheTables) {
     ExpectFits({exported.document});
 }
 
-// Every eighth file of the machine is missing or is a directory: each file in one run.
+// In each of eight runs, every eighth file of the machine is missing or is a directory.
 class Damaged : public testing::TestWithParam<std::string> {};
 
 TEST_P(Damaged, MachinesAreExportedAsFarAsPossible) {

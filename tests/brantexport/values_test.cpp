@@ -1,5 +1,5 @@
-// What brantexport makes of values, one machine for each case. The golden files contain whole documents of
-// the models, and of each case in values.txt only what differs from its model.
+// Tests of the exported values. MODEL.json and MODEL.prom are golden files of whole outputs; values.txt
+// contains for each of the cases below the differences from the output of the model that the case changes.
 #include <gtest/gtest.h>
 
 #include "include/event_log.h"
@@ -87,7 +87,7 @@ void OlderRecords(Model& model) {
     model.supplies[1] = {kAbsent, false, OlderRecord::Present};
 }
 
-// A record that the driver says holds no data.
+// Has the driver report that it has no data, and the firmware that it knows no versions and no boot devices.
 void NoDataAvailable(TestMachine& machine) {
     machine.Table(kFanHeaderTable, 0, 0, FANHEADER{9, 0, 1, 9});
     machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{9, 0, 9});
@@ -115,7 +115,7 @@ void LargestNumbers(TestMachine& machine) {
     machine.Variable(kVersionsVariable, versions);
 }
 
-// One event that carries nothing but its header.
+// Returns an entry of the log that consists of its header. Its code is 65535 - `number`.
 std::string Event(uint32_t number, uint8_t severity, uint16_t event_class, EVT_TIME_STAMP first,
                   EVT_TIME_STAMP last) {
     EVT_HEADER header = EventHeader(number, severity, event_class, static_cast<uint16_t>(65535 - number));
@@ -185,7 +185,7 @@ const Case kCases[] = {
     {"short texts", nullptr, ShortTexts},
 };
 
-// Returns a machine of a model with three events.
+// Exports a machine of a model with three events.
 Exported ExportOf(const Model& model, void (*change)(TestMachine&) = nullptr) {
     TestMachine machine;
     MakeMachine(model, machine.Directory(), 3);
@@ -228,7 +228,7 @@ TEST(ExportedValues, OfTwoWithTheSameLabelsTheLowerCounts) {
     }
 }
 
-// The whole of what each model's program writes, byte for byte.
+// Compares the whole outputs for each model, byte for byte.
 TEST(ExportedValues, OfTheModels) {
     std::vector<Json> documents;
     for (const Model& model : Models()) {
