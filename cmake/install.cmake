@@ -27,17 +27,18 @@ foreach(page IN LISTS pages)
   install_compressed(${page} ${CMAKE_INSTALL_MANDIR}/man${section} ${name})
 endforeach()
 
-install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} PATTERN man EXCLUDE)
 install(DIRECTORY contrib/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples USE_SOURCE_PERMISSIONS)
 install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_INSTALL_DOCDIR} changelog)
 
-# The newest release of the history is this one.
+# The newest release in the changelog is this version. A section "Unreleased" may precede it.
 file(STRINGS CHANGELOG.md releases REGEX "^## [0-9]")
 list(GET releases 0 release)
 if(NOT release MATCHES "^## ([0-9.]+), ([0-9-]+)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
-  message(FATAL_ERROR "CHANGELOG.md begins with \"${release}\", and this is ${PROJECT_VERSION}")
+  message(FATAL_ERROR "The newest release in CHANGELOG.md is \"${release}\", but CMakeLists.txt has ${PROJECT_VERSION}. "
+    "Expected: ## ${PROJECT_VERSION}, YYYY-MM-DD")
 endif()
 
 set(CPACK_GENERATOR DEB TGZ)
