@@ -1,9 +1,8 @@
 // brantexport as a program: its arguments, its streams and its exit status.
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include "tests/brantexport/export.h"
+#include "tests/support/pattern.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
@@ -99,8 +98,7 @@ TEST(Program, EndsWithAMessageAndAStatus) {
     TestMachine machine("tr500k2");
     const TestMachine parent;
     for (const StreamCase& c : cases) {
-        const std::string with_program =
-            std::regex_replace(c.command, std::regex("\\$P"), InShell("brantexport"));
+        const std::string with_program = ReplaceAll(c.command, "\\$P", InShell("brantexport"));
         const std::string command = "D=" + parent.Directory() + "; " + with_program;
         const RunResult run = RunProgram("/bin/sh", {"-c", command}, machine.Directory());
         EXPECT_EQ(run.errors, c.errors) << c.catches;
