@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/stored.h"
+#include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
 
 namespace {
@@ -48,7 +48,7 @@ TEST(StartUp, AndTheEndOfARunKeepTheirOrder) {
         machine.Remove(device);
         runs += std::string("\nno ") + device + RunInOrder(machine, " -s HELP");
     }
-    ExpectStored("brantcli/runs.txt", runs);
+    ExpectGolden("brantcli/runs.txt", runs);
 }
 
 struct OptionCase {
