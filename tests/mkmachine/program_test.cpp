@@ -1,6 +1,8 @@
 // mkmachine as a person calls it.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/support/test_machine.h"
 #include "tools/mkmachine/events.h"
 
@@ -31,6 +33,20 @@ TEST(MakeMachineProgram, MakesAsManyEventsAsAskedFor) {
         const RunResult run = RunProgram(ProgramPath("mkmachine"), words, parent.Directory());
         EXPECT_EQ(run.status, c.status) << c.catches;
         EXPECT_EQ(parent.Read("made/cevt/hlog"), EventLog(c.entries)) << c.catches;
+    }
+}
+
+// Whoever can open a device's directory can lock it, and have every change wait.
+TEST(MakeMachineProgram, MakesDirectoriesForTheirOwnerAlone) {
+    for (const char* mask : {"0", "022", "0777"}) {
+        const TestMachine parent;
+        const std::string made = parent.Directory() + "/made";
+        const std::string command = std::string("umask ") + mask + "; " + InShell("mkmachine") + " " + made;
+        EXPECT_EQ(RunProgram("/bin/sh", {"-c", command}, made).status, 0);
+        for (const char* directory : {"", "/cdt", "/casr", "/crom", "/cevt"}) {
+            const auto mode = std::filesystem::status(made + directory).permissions();
+            EXPECT_EQ(mode, std::filesystem::perms::owner_all) << mask << directory;
+        }
     }
 }
 

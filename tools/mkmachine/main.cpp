@@ -1,5 +1,7 @@
 // mkmachine [--model MODEL] [--events N] DIR: makes a simulated machine in a new or empty directory.
 
+#include <sys/stat.h>
+
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -61,6 +63,7 @@ int main(int argc, char** argv) try {
         std::fprintf(stderr, "mkmachine: %s exists and isn't empty\n", options.directory.c_str());
         return 1;
     }
+    umask(077);  // only the owner can open the directories, and with them lock the devices
     MakeMachine(*options.model, options.directory, options.events);
     return 0;
 } catch (const std::exception& error) {
