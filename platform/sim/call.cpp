@@ -14,21 +14,23 @@
 namespace {
 
 constexpr char kTraceFile[] = "trace";
-constexpr int kAppend = O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC;
 constexpr size_t kLongestLine = kSubjectSize + kDetailSize + sizeof " -> -1 errno=2147483647\n";
 
-// Empty when the machine isn't traced. A trace that exists and can't be written is reported on standard
-// error.
+// Opens the trace, if there is one. A trace with a second name isn't written: that name may be a file of
+// another user. Returns an empty descriptor, and reports on standard error why, if the trace can't be
+// written.
 Descriptor OpenTrace() {
     const Descriptor machine = OpenMachine();
+    if (!machine) return Descriptor();
+    Descriptor trace = OpenFile(machine, kTraceFile, O_WRONLY | O_APPEND);
+    if (!trace && errno == ENOENT) return trace;
     struct stat status;
-    if (fstatat(machine.Get(), kTraceFile, &status, 0) != 0) return Descriptor();
-
-    int fd = -1;
-    errno = EINVAL;
-    if (S_ISREG(status.st_mode)) fd = openat(machine.Get(), kTraceFile, kAppend);
-    if (fd < 0) std::fprintf(stderr, "simulated machine: trace: %s\n", std::strerror(errno));
-    return Descriptor(fd);
+    if (trace && fstat(trace.Get(), &status) == 0) {
+        if (status.st_nlink == 1) return trace;
+        errno = EMLINK;
+    }
+    std::fprintf(stderr, "simulated machine: trace: %s\n", std::strerror(errno));
+    return Descriptor();
 }
 
 struct Session {

@@ -7,6 +7,7 @@
 
 #include "include/health_records.h"
 #include "platform/sim/device.h"
+#include "platform/sim/device_change.h"
 #include "platform/sim/machine_directory.h"
 
 namespace {
@@ -23,8 +24,9 @@ void Describe(int code, const void* /*block*/, Call& call) {
 }
 
 int ReadState(void* block) {
-    const Descriptor file = OpenFile(OpenDevice(kCasr.name), kStateFile);
-    if (!file) return AnswerForMissing();
+    Descriptor file;
+    const int opened = OpenDeviceFile(OpenDevice(kCasr.name), kStateFile, file);
+    if (opened != 0) return opened;
     std::string text;
     if (!ReadWhole(file, kLongestNumber, text)) return -errno;
     if (!text.empty() && text.back() == '\n') text.pop_back();
@@ -38,8 +40,9 @@ int ReadState(void* block) {
 
 int SetState(const char* text) {
     const DeviceChange change(kCasr.name);
-    if (!OpenFile(change.Directory(), kStateFile)) return AnswerForMissing();
-    return change.Replace(kStateFile, text);
+    Descriptor file;
+    const int opened = OpenDeviceFile(change.Directory(), kStateFile, file);
+    return opened == 0 ? change.Replace(kStateFile, text) : opened;
 }
 
 int Request(int code, void* block) {

@@ -6,6 +6,7 @@
 
 #include "include/health_records.h"
 #include "platform/sim/device.h"
+#include "platform/sim/device_change.h"
 #include "platform/sim/machine_directory.h"
 
 namespace {
@@ -29,8 +30,9 @@ void Describe(int /*code*/, const void* block, Call& call) {
 }
 
 int Report(const DT_IOCTL& block) {
-    const Descriptor file = OpenFile(OpenDevice(kCdt.name), RecordName(block.DtHdr).c_str());
-    if (!file) return AnswerForMissing();
+    Descriptor file;
+    const int opened = OpenDeviceFile(OpenDevice(kCdt.name), RecordName(block.DtHdr).c_str(), file);
+    if (opened != 0) return opened;
     return ReadAt(file.Get(), block.pData, block.DtHdr.size, 0) < 0 ? -errno : 0;
 }
 
@@ -38,8 +40,9 @@ int Report(const DT_IOCTL& block) {
 int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
     const std::string name = RecordName(block.DtHdr);
     const DeviceChange change(kCdt.name);
-    const Descriptor file = OpenFile(change.Directory(), name.c_str());
-    if (!file) return AnswerForMissing();
+    Descriptor file;
+    const int opened = OpenDeviceFile(change.Directory(), name.c_str(), file);
+    if (opened != 0) return opened;
 
     std::string record;
     if (!ReadWhole(file, kLargestIndicator, record)) return -errno;

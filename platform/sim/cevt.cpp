@@ -10,6 +10,7 @@
 
 #include "include/event_log.h"
 #include "platform/sim/device.h"
+#include "platform/sim/device_change.h"
 #include "platform/sim/event_index.h"
 #include "platform/sim/machine_directory.h"
 
@@ -89,15 +90,16 @@ int Log::Follow() {
         path_ = machine_ + '/' + kCevt.name + '/' + kLogFile;
     }
     struct stat status;
-    if (fstatat(AT_FDCWD, path_.c_str(), &status, 0) != 0) return AnswerForMissing();
-    return identity_ && *identity_ == Identity(status) ? 0 : Open();
+    const bool known = identity_ && fstatat(AT_FDCWD, path_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+                       *identity_ == Identity(status);
+    return known ? 0 : Open();
 }
 
 int Log::Open() {
     identity_.reset();
     window_.Clear();
-    file_ = OpenFile(OpenDevice(kCevt.name), kLogFile);
-    if (!file_) return AnswerForMissing();
+    const int opened = OpenDeviceFile(OpenDevice(kCevt.name), kLogFile, file_);
+    if (opened != 0) return opened;
     struct stat status;
     if (fstat(file_.Get(), &status) != 0) return -errno;
     const Identity identity(status);
@@ -133,7 +135,7 @@ int Read(const LOG_INFO& block, void* entry) {
 
 int Clear() {
     const DeviceChange change(kCevt.name);
-    if (!change) return -errno;
+    if (!change.Directory()) return -errno;
     return change.Replace(kLogFile, {});
 }
 

@@ -7,6 +7,7 @@
 
 #include "include/rom_variables.h"
 #include "platform/sim/device.h"
+#include "platform/sim/device_change.h"
 #include "platform/sim/machine_directory.h"
 
 namespace {
@@ -60,18 +61,20 @@ void Describe(int code, const void* arg, Call& call) {
 }
 
 int Read(EV_IOCTL_STRUCT& block) {
-    const Descriptor file = OpenFile(OpenDevice(kCrom.name), block.EvName);
-    if (!file) return AnswerForMissing();
+    Descriptor file;
+    const int opened = OpenDeviceFile(OpenDevice(kCrom.name), block.EvName, file);
+    if (opened != 0) return opened;
     return ReadAt(file.Get(), block.DataBuffer, block.DataLength, 0) < 0 ? -errno : 0;
 }
 
 int Write(const EV_IOCTL_STRUCT& block) {
     const DeviceChange change(kCrom.name);
-    if (!change) return -errno;
+    Descriptor file;
+    const int opened = OpenDeviceFile(change.Directory(), block.EvName, file);
+    if (opened < 0) return opened;
 
     std::string value;
-    const Descriptor file = OpenFile(change.Directory(), block.EvName);
-    if (file ? !ReadWhole(file, kLargestValue, value) : errno != ENOENT) return -errno;
+    if (file && !ReadWhole(file, kLargestValue, value)) return -errno;
 
     value.resize(std::max<size_t>(value.size(), block.DataLength));
     std::memcpy(value.data(), block.DataBuffer, block.DataLength);

@@ -18,14 +18,6 @@ namespace {
 constexpr char kDefaultMachine[] = "/var/lib/brant/machine";
 constexpr int kOpenDirectory = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
-// 0 for a regular file, else why it can't be one's record.
-int Unsuitable(int fd) {
-    struct stat status;
-    if (fstat(fd, &status) != 0) return errno;
-    if (S_ISREG(status.st_mode)) return 0;
-    return S_ISDIR(status.st_mode) ? EISDIR : ENODEV;
-}
-
 }  // namespace
 
 Descriptor::~Descriptor() {
@@ -53,21 +45,42 @@ Descriptor OpenMachine() {
 Descriptor OpenDevice(const char* device) {
     const Descriptor machine = OpenMachine();
     if (!machine) return Descriptor();
-    return Descriptor(openat(machine.Get(), device, kOpenDirectory));
+    return Descriptor(openat(machine.Get(), device, kOpenDirectory | O_NOFOLLOW));
 }
 
-Descriptor OpenFile(const Descriptor& directory, const char* name) {
+int FileTypeError(const struct stat& status) {
+    switch (status.st_mode & S_IFMT) {
+        case S_IFREG: return 0;
+        case S_IFLNK: return ELOOP;
+        case S_IFDIR: return EISDIR;
+        default: return ENODEV;
+    }
+}
+
+// The type is checked before the file is opened, because opening a device can have an effect (it starts a
+// watchdog timer), and again afterwards, because another program may have replaced the file in between.
+// Without O_NONBLOCK, opening a FIFO would wait for its other end.
+Descriptor OpenFile(const Descriptor& directory, const char* name, int flags) {
     if (!directory) return Descriptor();
-    // Without O_NONBLOCK, opening a FIFO waits for its writer.
-    Descriptor file(openat(directory.Get(), name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!file) return file;
-    const int reason = Unsuitable(file.Get());
-    if (reason == 0) return file;
-    errno = reason;
+    struct stat status;
+    if (fstatat(directory.Get(), name, &status, AT_SYMLINK_NOFOLLOW) != 0) return Descriptor();
+    Descriptor file;
+    int error = FileTypeError(status);
+    if (error == 0) {
+        file =
+            Descriptor(openat(directory.Get(), name, flags | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+        if (!file || fstat(file.Get(), &status) != 0) return Descriptor();
+        error = FileTypeError(status);
+    }
+    if (error == 0) return file;
+    errno = error;
     return Descriptor();
 }
 
-int AnswerForMissing() {
+int OpenDeviceFile(const Descriptor& directory, const char* name, Descriptor& file) {
+    if (!directory) return -errno;
+    file = OpenFile(directory, name);
+    if (file) return 0;
     return errno == ENOENT ? 1 : -errno;
 }
 

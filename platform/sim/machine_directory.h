@@ -2,6 +2,8 @@
 // anything, so only regular files are read, and never more of one than its reader has a use for.
 #pragma once
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <cstddef>
@@ -25,22 +27,29 @@ class Descriptor {
     int fd_;
 };
 
-// The machine directory's path: BRANT_MACHINE, or /var/lib/brant/machine.
+// Returns the path of the machine directory: BRANT_MACHINE, or /var/lib/brant/machine.
 const char* MachinePath();
 
-// Opens the machine directory. Empty with errno set on failure.
+// Opens the machine directory, whose path may be a symbolic link. Returns an empty
+// descriptor, with errno set, on failure.
 Descriptor OpenMachine();
 
-// Opens the directory of one of the machine's devices ("crom"). Empty with errno set on failure.
+// Opens the directory of a device ("crom"). A symbolic link isn't followed (ENOTDIR). Returns an empty
+// descriptor, with errno set, on failure.
 Descriptor OpenDevice(const char* device);
 
-// Opens a regular file for reading; waits for nobody. directory: one of the above, which may have failed:
-// then so does this. Empty with errno set on failure: ENOENT when there is no such file, EISDIR or ENODEV
-// when the name is something else's.
-Descriptor OpenFile(const Descriptor& directory, const char* name);
+// Opens a regular file in one of these directories, without waiting. `flags`: O_RDONLY, or how to write.
+// Returns an empty descriptor, with errno set, on failure: ENOENT if there is no such file; ELOOP, EISDIR or
+// ENODEV if `name` is a symbolic link, a directory or anything else. If `directory` is empty, errno stays as
+// the failed opening of the directory set it.
+Descriptor OpenFile(const Descriptor& directory, const char* name, int flags = O_RDONLY);
 
-// What a request answers when the opening of its file has just failed: 1 for no such file, or -E.
-int AnswerForMissing();
+// Opens a file that a request on a device reads. Returns 0; 1 if the device has no such file; -errno on any
+// other failure, among them an empty `directory`.
+int OpenDeviceFile(const Descriptor& directory, const char* name, Descriptor& file);
+
+// Returns 0 if `status` is that of a regular file, otherwise the errno with which OpenFile rejects it.
+int FileTypeError(const struct stat& status);
 
 // Reads from an offset into buffer until it has size bytes or the file ends. Result: bytes read; -1 with
 // errno.

@@ -90,5 +90,5 @@ TEST(Trace, IsLookedForOnceAndAppendedTo) {
     machine.Remove("trace");
     std::filesystem::create_directory(machine.Directory() + "/trace");
     InChild(machine, [] { Make("open casr"); });
-    EXPECT_EQ(machine.Read("stderr"), "simulated machine: trace: Invalid argument\n");
+    EXPECT_EQ(machine.Read("stderr"), "simulated machine: trace: Is a directory\n");
 }

@@ -1,0 +1,67 @@
+#include "platform/sim/device_change.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace {
+
+// The replacement is written under this name. No request can ask for it. Only the holder of the lock uses it,
+// so a file that a killed process left can be removed.
+constexpr char kNewFile[] = ".new";
+
+constexpr mode_t kReadAndWrite = 0666;  // the permission bits that a replaced file keeps: no set-user-ID bit
+constexpr mode_t kOfNewFile = 0644;
+
+// Chooses the permissions of a file's replacement. Returns 0, or -errno if `name` isn't a regular file.
+int GetPermissions(const Descriptor& directory, const char* name, mode_t& permissions) {
+    struct stat status;
+    permissions = kOfNewFile;
+    if (fstatat(directory.Get(), name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        return errno == ENOENT ? 0 : -errno;
+    }
+    permissions = status.st_mode & kReadAndWrite;
+    return -FileTypeError(status);
+}
+
+bool WriteAll(const Descriptor& file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(file.Get(), bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return false;
+        bytes.remove_prefix(static_cast<size_t>(count));
+    }
+    return true;
+}
+
+bool WriteNewFile(const Descriptor& directory, mode_t permissions, std::string_view bytes) {
+    if (unlinkat(directory.Get(), kNewFile, 0) != 0 && errno != ENOENT) return false;
+    const Descriptor file(openat(directory.Get(), kNewFile, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    return file && WriteAll(file, bytes) && fchmod(file.Get(), permissions) == 0 && fsync(file.Get()) == 0;
+}
+
+}  // namespace
+
+DeviceChange::DeviceChange(const char* device) : directory_(OpenDevice(device)) {
+    if (!directory_) return;
+    int locked = flock(directory_.Get(), LOCK_EX);
+    while (locked != 0 && errno == EINTR) locked = flock(directory_.Get(), LOCK_EX);
+    if (locked != 0) directory_ = Descriptor();
+}
+
+int DeviceChange::Replace(const char* name, std::string_view bytes) const {
+    mode_t permissions = 0;
+    const int checked = GetPermissions(directory_, name, permissions);
+    if (checked != 0) return checked;
+
+    const int directory = directory_.Get();
+    if (WriteNewFile(directory_, permissions, bytes) && renameat(directory, kNewFile, directory, name) == 0) {
+        return fsync(directory) == 0 ? 0 : -errno;
+    }
+    const int error = errno;
+    unlinkat(directory, kNewFile, 0);
+    return -error;
+}
