@@ -29,7 +29,10 @@ const Device* DeviceOf(int fd) {
 // Result: a descriptor, or -E.
 int OpenDescriptor(const Device* device) {
     if (device == nullptr) return -ENOENT;
-    if (!OpenDevice(device->name)) return -errno;
+    if (!OpenDevice(device->name)) {
+        if (errno != ENOENT) ReportFailure(device->name);
+        return -errno;
+    }
     for (int fd = 0; fd < kMaxOpen; ++fd) {
         if (open_devices[fd] != nullptr) continue;
         open_devices[fd] = device;

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <system_error>
 #include <utility>
 
@@ -38,8 +39,19 @@ const char* MachinePath() {
     return path != nullptr && *path != '\0' ? path : kDefaultMachine;
 }
 
+void ReportFailure(const char* name, const char* advice) {
+    static bool reported = false;
+    if (reported) return;
+    reported = true;
+    const int error = errno;
+    std::fprintf(stderr, "simulated machine: %s: %s%s\n", name, std::strerror(error), advice);
+    errno = error;
+}
+
 Descriptor OpenMachine() {
-    return Descriptor(open(MachinePath(), kOpenDirectory));
+    Descriptor machine(open(MachinePath(), kOpenDirectory));
+    if (!machine) ReportFailure(MachinePath(), errno == ENOENT ? "; mkmachine DIR makes one" : "");
+    return machine;
 }
 
 Descriptor OpenDevice(const char* device) {

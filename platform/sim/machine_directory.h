@@ -30,7 +30,11 @@ class Descriptor {
 // Returns the path of the machine directory: BRANT_MACHINE, or /var/lib/brant/machine.
 const char* MachinePath();
 
-// Opens the machine directory, whose path may be a symbolic link. Returns an empty
+// Reports on standard error that `name` can't be opened, why (errno, which stays) and what to do about it.
+// Only the first failure of the process is reported, because later calls fail for the same reason.
+void ReportFailure(const char* name, const char* advice = "");
+
+// Opens the machine directory, whose path may be a symbolic link. Reports a failure. Returns an empty
 // descriptor, with errno set, on failure.
 Descriptor OpenMachine();
 

@@ -26,7 +26,10 @@ int Map(int fd, off_t address, size_t length, void*& mapping) {
     if (!Holds(fd, address, length)) return -EINVAL;
     // A copy: a mapping of the file itself would end the process by a signal if the file shrank later.
     void* const pages = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (pages == MAP_FAILED) return -errno;
+    if (pages == MAP_FAILED) {
+        if (errno == ENOMEM) ReportFailure(kMemoryFile);
+        return -errno;
+    }
 
     const ssize_t count = ReadAt(fd, pages, length, address);
     const int reason = count < 0 ? errno : EINVAL;
@@ -45,6 +48,7 @@ int xsvc_open() {
     Descriptor file;
     const int result = Perform(describe, [&] {
         file = OpenFile(OpenMachine(), kMemoryFile);
+        if (!file && errno != ENOENT) ReportFailure(kMemoryFile);
         return file ? 0 : -errno;
     });
     return result < 0 ? Returned(result) : file.Release();

@@ -1,6 +1,7 @@
 // The PICL service: the machine's file `picl`, read when a program connects.
 #include "platform/picl.h"
 
+#include <cerrno>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -32,7 +33,10 @@ int Connect() {
     connected = false;
     const Descriptor file = OpenFile(OpenMachine(), kFile);
     std::string text;
-    if (!file || !ReadWhole(file, kLargestTree, text)) return PICL_FAILURE;
+    if (!file || !ReadWhole(file, kLargestTree, text)) {
+        if (errno != ENOENT) ReportFailure(kFile);
+        return PICL_FAILURE;
+    }
     Tree().Read(kFile, std::move(text));
     connected = true;
     return PICL_SUCCESS;

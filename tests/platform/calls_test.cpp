@@ -1,8 +1,11 @@
 // Faults and the trace, which every call of the seam goes through.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <filesystem>
 
+#include "platform/physical_memory.h"
 #include "tests/platform/seam.h"
 #include "tests/support/pattern.h"
 
@@ -91,4 +94,52 @@ TEST(Trace, IsLookedForOnceAndAppendedTo) {
     std::filesystem::create_directory(machine.Directory() + "/trace");
     InChild(machine, [] { Make("open casr"); });
     EXPECT_EQ(machine.Read("stderr"), "simulated machine: trace: Is a directory\n");
+}
+
+// The programs themselves only print that they run on nothing but the maker's hardware.
+TEST(Opening, ReportsOnceWhyTheMachineCannotBeOpened) {
+    const TestMachine machine;
+    const std::string xsvc = machine.Directory() + "/xsvc";
+    const struct {
+        std::string command, machine, reason;
+    } cases[] = {
+        {InShell("brantcli"), "/nowhere", "/nowhere: No such file or directory; mkmachine DIR makes one"},
+        {InShell("brantexport"), "/nowhere", "/nowhere: No such file or directory; mkmachine DIR makes one"},
+        {InShell("savemachine") + " " + machine.Directory() + "/copy", "/nowhere",
+         "/nowhere: No such file or directory; mkmachine DIR makes one"},
+        {InShell("brantcli"), xsvc, xsvc + ": Not a directory"},
+    };
+    for (const auto& [command, path, reason] : cases) {
+        const RunResult run = RunProgram("/bin/sh", {"-c", "exec 2>&1; " + command}, path);
+        const std::regex expected("simulated machine: " + reason +
+                                  "\nERROR: \\w+ only runs on VX hardware.\n+");
+        EXPECT_TRUE(std::regex_match(run.output, expected)) << command << '\n' << run.output;
+    }
+}
+
+TEST(Opening, ReportsALackOfDescriptorsOrMemory) {
+    TestMachine machine;
+    InChild(machine, [&] {
+        rlimit found;
+        getrlimit(RLIMIT_NOFILE, &found);
+        const int lowest = dup(STDIN_FILENO);
+        close(lowest);
+        const rlimit one = {static_cast<rlim_t>(lowest) + 1, found.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &one);
+        for (int i = 0; i < 2; ++i) EXPECT_EQ(Make("xsvc open"), "-1 errno=24");
+        setrlimit(RLIMIT_NOFILE, &found);
+    });
+    InChild(machine, [&] {
+        const int memory = xsvc_open();
+        rlimit found;
+        getrlimit(RLIMIT_AS, &found);
+        const rlimit none = {0, found.rlim_max};
+        setrlimit(RLIMIT_AS, &none);
+        const void* const mapping = xsvc_map(memory, 0, 4096);
+        setrlimit(RLIMIT_AS, &found);
+        EXPECT_EQ(mapping, nullptr);
+    });
+    EXPECT_EQ(machine.Read("stderr"),
+              "simulated machine: xsvc: Too many open files\n"
+              "simulated machine: xsvc: Cannot allocate memory\n");
 }
