@@ -1,11 +1,12 @@
 #include "platform/sim/device_change.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+
+#include "platform/sim/directory_lock.h"
 
 namespace {
 
@@ -47,9 +48,10 @@ bool WriteNewFile(const Descriptor& directory, mode_t permissions, std::string_v
 
 DeviceChange::DeviceChange(const char* device) : directory_(OpenDevice(device)) {
     if (!directory_) return;
-    int locked = flock(directory_.Get(), LOCK_EX);
-    while (locked != 0 && errno == EINTR) locked = flock(directory_.Get(), LOCK_EX);
-    if (locked != 0) directory_ = Descriptor();
+    const int error = LockDirectory(directory_, device);
+    if (error == 0) return;
+    directory_ = Descriptor();
+    errno = error;
 }
 
 int DeviceChange::Replace(const char* name, std::string_view bytes) const {

@@ -1,0 +1,123 @@
+#include "platform/sim/directory_lock.h"
+
+#include <sys/file.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <ctime>
+
+namespace {
+
+constexpr int kKeyboard = STDIN_FILENO;
+constexpr cc_t kControlC = 3;
+constexpr cc_t kNoKey = _POSIX_VDISABLE;
+constexpr double kReportAfter = 1;       // second of waiting
+constexpr long kShortPause = 1'000'000;  // nanoseconds between two attempts before the report
+constexpr long kLongPause = 50'000'000;  // and after it
+
+// Returns whether the process may change the terminal's settings: while it runs in the background, another
+// process uses the terminal.
+bool IsInForeground() {
+    return tcgetpgrp(kKeyboard) == getpgrp();
+}
+
+// Makes ^C end a wait in which the program reads no keys. The shell switches its terminal to character mode,
+// in which ^C is a byte like any other. Looking for that byte would consume the keys typed ahead, so the
+// terminal sends SIGINT for ^C while this object exists. All other keys stay in the terminal's queue.
+//
+// If standard input isn't a terminal in character mode, nothing changes: ^C then ends the process.
+class ControlC {
+  public:
+    ControlC();
+    ~ControlC();
+    ControlC(const ControlC&) = delete;
+    ControlC& operator=(const ControlC&) = delete;
+
+    // Sleeps. Returns true as soon as ^C is typed.
+    bool TypedWithin(long nanoseconds) const;
+
+  private:
+    void EnableKey() const;
+    bool TakeInterrupt(long nanoseconds) const;
+
+    bool has_terminal_ = false;
+    termios found_{};
+    sigset_t interrupt_{}, found_mask_{};
+};
+
+ControlC::ControlC() {
+    sigemptyset(&interrupt_);
+    has_terminal_ = IsInForeground() && tcgetattr(kKeyboard, &found_) == 0 && (found_.c_lflag & ISIG) == 0;
+    if (has_terminal_) sigaddset(&interrupt_, SIGINT);
+    sigprocmask(SIG_BLOCK, &interrupt_, &found_mask_);
+}
+
+// A ^C that was typed just before the wait ended must not end the process, so its SIGINT is discarded.
+ControlC::~ControlC() {
+    if (has_terminal_ && IsInForeground()) tcsetattr(kKeyboard, TCSANOW, &found_);
+    TakeInterrupt(0);
+    sigprocmask(SIG_SETMASK, &found_mask_, nullptr);
+}
+
+// ^\ and ^Z stay bytes. NOFLSH keeps the keys typed ahead, which the terminal would discard at ^C.
+void ControlC::EnableKey() const {
+    termios settings = found_;
+    settings.c_lflag |= static_cast<tcflag_t>(ISIG | NOFLSH);
+    settings.c_cc[VINTR] = kControlC;
+    settings.c_cc[VQUIT] = settings.c_cc[VSUSP] = _POSIX_VDISABLE;
+    tcsetattr(kKeyboard, TCSANOW, &settings);
+}
+
+// Sleeps. Returns true as soon as the terminal has sent SIGINT. A SIGINT from another process has its usual
+// effect.
+bool ControlC::TakeInterrupt(long nanoseconds) const {
+    const timespec pause = {0, nanoseconds};
+    siginfo_t info{};
+    if (sigtimedwait(&interrupt_, &info, &pause) != SIGINT) return false;
+    if (info.si_code == SI_KERNEL) return true;
+    sigprocmask(SIG_SETMASK, &found_mask_, nullptr);
+    raise(SIGINT);
+    sigprocmask(SIG_BLOCK, &interrupt_, nullptr);
+    return false;
+}
+
+bool ControlC::TypedWithin(long nanoseconds) const {
+    // Set each time: if the process is stopped and continued, the shell switches back to character mode.
+    if (has_terminal_ && IsInForeground()) EnableKey();
+    return TakeInterrupt(nanoseconds);
+}
+
+double Now() {  // in seconds
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
+
+void Report(const char* device) {
+    std::fprintf(stderr,
+                 "simulated machine: waiting for another program, which has locked %s/%s; ^C ends the wait\n",
+                 MachinePath(), device);
+}
+
+}  // namespace
+
+// Polls, because flock itself can't be told to give up after a while.
+int LockDirectory(const Descriptor& directory, const char* device) {
+    if (flock(directory.Get(), LOCK_EX | LOCK_NB) == 0) return 0;
+
+    const ControlC control_c;
+    const double report_at = Now() + kReportAfter;
+    bool reported = false;
+    while (flock(directory.Get(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR) return errno;
+        if (!reported && Now() >= report_at) {
+            Report(device);
+            reported = true;
+        }
+        if (control_c.TypedWithin(reported ? kLongPause : kShortPause)) return EINTR;
+    }
+    return 0;
+}

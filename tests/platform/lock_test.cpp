@@ -1,0 +1,111 @@
+// A device that another program has locked: a command waits, and the wait can be ended.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+
+#include <csignal>
+#include <thread>
+
+#include "tests/support/screen.h"
+
+namespace {
+
+// Holds the lock of the ROM variables.
+class Lock {
+  public:
+    explicit Lock(const TestMachine& machine)
+        : fd_(open((machine.Directory() + "/crom").c_str(), O_RDONLY | O_CLOEXEC)) {
+        if (flock(fd_, LOCK_EX) != 0) std::abort();
+    }
+    ~Lock() { Release(); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    void Release() {
+        if (fd_ >= 0) close(fd_);
+        fd_ = -1;
+    }
+
+  private:
+    int fd_;
+};
+
+constexpr char kReported[] = "/crom; ^C ends the wait\n";
+constexpr char kFailed[] = "\nERROR: Failed to set Asset Text.\n";
+constexpr char kPrompt[] = "\nbrantcli> ";
+
+}  // namespace
+
+TEST(Lock, ControlCEndsTheWaitAndTheScriptGoesOn) {
+    const TestMachine machine("tr500k2");
+    Lock lock(machine);
+    TerminalSession session(machine, {"-s", "SET ASSET web7;SHOW UID"});
+    EXPECT_EQ(session.ReceiveUntil(kReported),
+              "simulated machine: waiting for another program, which has locked " + machine.Directory() +
+                  kReported);
+    session.Type("\3");
+    EXPECT_EQ(session.ReceiveUntil(kFailed), kFailed);
+    EXPECT_EQ(session.ReceiveUntil("off.\n"), "\nUID is currently off.\n");
+    lock.Release();
+    EXPECT_EQ(session.End(), 0);
+    EXPECT_TRUE(session.Settings() == session.found);
+}
+
+TEST(Lock, TheWaitKeepsTheKeysTypedAheadAndTheTerminalMode) {
+    const TestMachine machine("tr500k2");
+    Lock lock(machine);
+    TerminalSession session(machine);
+    session.ReceiveUntil(kPrompt);
+    termios character_mode = session.Settings();
+    character_mode.c_lflag &= ~tcflag_t{NOFLSH};  // or ^C would keep the keys anyway
+    tcsetattr(session.terminal, TCSANOW, &character_mode);
+
+    session.Type("set asset web7\r");
+    session.ReceiveUntil(kReported);
+    session.Type("sho\34");  // ^\ types a character, as at the prompt
+    session.Type("\3");
+    session.ReceiveUntil(kFailed);
+    session.ReceiveUntil("sho");
+    EXPECT_EQ(session.screen.CursorLine(), "brantcli> sho");
+    EXPECT_TRUE(session.Settings() == character_mode);
+    session.Type("w uid\r");
+    session.ReceiveUntil(kPrompt);
+    session.Type("exit\r");
+    lock.Release();
+    EXPECT_EQ(session.End(), 0);
+}
+
+TEST(Lock, ControlCEndsTheWaitOfAProgramThatWasStopped) {
+    const TestMachine machine("tr500k2");
+    Lock lock(machine);
+    TerminalSession session(machine, {"-s", "SET ASSET web7"});
+    session.ReceiveUntil(kReported);
+    session.StopAndContinue();
+    usleep(200000);  // until the wait has noticed
+    session.Type("\3");
+    EXPECT_EQ(session.ReceiveUntil(kFailed), kFailed);
+    lock.Release();
+    EXPECT_EQ(session.End(), 1);
+}
+
+TEST(Lock, ASignalFromOutsideStillEndsTheProcess) {
+    const TestMachine machine("tr500k2");
+    Lock lock(machine);
+    TerminalSession session(machine, {"-s", "SET ASSET web7"});
+    session.ReceiveUntil(kReported);
+    kill(session.program, SIGINT);
+    lock.Release();
+    EXPECT_EQ(session.End(), 128 + SIGINT);
+    EXPECT_TRUE(session.Settings() == session.found);
+}
+
+TEST(Lock, AShortWaitIsNotReported) {
+    const TestMachine machine("tr500k2");
+    Lock lock(machine);
+    std::thread unlock([&] {
+        usleep(300000);
+        lock.Release();
+    });
+    const RunResult run = machine.Script("SET ASSET web7");
+    unlock.join();
+    EXPECT_EQ(run.output + run.errors, "\nSuccessfully set Asset Text.\n\n");
+}
