@@ -45,15 +45,15 @@ void ReadFaults() {
     }
 }
 
-// Every place that the index gives lies within the file, and they ascend: a listing comes to its end.
+// Checks that every indexed entry lies within the file and that the numbers ascend, so that a listing ends.
 void ReadLog(const Machine& machine) {
     EventIndex index;
     const Descriptor log = OpenFile(OpenDevice("cevt"), "hlog");
-    Require(index.Make(log) == 0);
+    Require(index.Build(log) == 0);
     const auto size = static_cast<off_t>(machine.Read("cevt/hlog").size());
-    for (uint32_t number = 0; const EventPlace* place = index.Find(number); number = place->number + 1) {
-        Require(place->number >= number && place->offset <= size - place->length);
-        if (place->number == UINT32_MAX) break;
+    for (uint32_t number = 0; const IndexedEvent* event = index.Find(number); number = event->number + 1) {
+        Require(event->number >= number && event->offset <= size - event->length);
+        if (event->number == UINT32_MAX) break;
     }
     InputLineType line{};
     line.NumWords = 2;

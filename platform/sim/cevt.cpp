@@ -1,12 +1,10 @@
-// The event log: one file, `hlog`, of entries one after the other.
-#include <fcntl.h>
+// The event log: the file `hlog`, which contains the entries one after another.
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdint>
-#include <cstring>
 #include <ctime>
-#include <optional>
+#include <string>
 
 #include "include/event_log.h"
 #include "platform/sim/device.h"
@@ -18,7 +16,7 @@ namespace {
 
 constexpr char kLogFile[] = "hlog";
 
-bool Knows(int code, const void* arg) {
+bool Accepts(int code, const void* arg) {
     return code == kEventLogRequest && arg != nullptr;
 }
 
@@ -32,105 +30,62 @@ void Describe(int /*code*/, const void* arg, Call& call) {
     call.SetDetail(" length=%u", block.length);
 }
 
-// What tells one state of a file from another: every change of its bytes sets the time.
-struct Identity {
-    dev_t device;
-    ino_t inode;
-    off_t size;
-    timespec changed;
+// Returns whether a file is the same, with the same contents: each change sets st_ctim.
+bool IsUnchanged(const struct stat& before, const struct stat& now) {
+    return before.st_dev == now.st_dev && before.st_ino == now.st_ino && before.st_size == now.st_size &&
+           before.st_ctim.tv_sec == now.st_ctim.tv_sec && before.st_ctim.tv_nsec == now.st_ctim.tv_nsec;
+}
 
-    explicit Identity(const struct stat& status)
-        : device(status.st_dev), inode(status.st_ino), size(status.st_size), changed(status.st_ctim) {}
-    bool operator==(const Identity& other) const {
-        return device == other.device && inode == other.inode && size == other.size &&
-               changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
-    }
-};
-
-// Whether the next change will show in the time of the last change. File systems take the time from a clock
-// that stands still for up to 10 ms, so it doesn't for a file that has just been changed.
-bool NextChangeShows(const Identity& file) {
-    constexpr double kLongEnough = 0.05;  // seconds
+// Returns whether a change from now on would set another st_ctim. File systems use a clock that advances
+// every 10 ms or more often, so two changes in quick succession can have the same time.
+bool WouldShowChange(const struct stat& status) {
+    constexpr double kClockTick = 0.05;  // seconds, with a margin
     timespec now;
     clock_gettime(CLOCK_REALTIME, &now);
-    return static_cast<double>(now.tv_sec - file.changed.tv_sec) +
-               static_cast<double>(now.tv_nsec - file.changed.tv_nsec) / 1e9 >
-           kLongEnough;
+    const double age = static_cast<double>(now.tv_sec - status.st_ctim.tv_sec) +
+                       static_cast<double>(now.tv_nsec - status.st_ctim.tv_nsec) / 1e9;
+    return age > kClockTick;
 }
 
-// The log's file, held open from one request to the next, with what is known of it. Its name is looked up at
-// each request all the same, because another program may have put another file in its place.
+// The log's file and its index, which are kept from one request to the next until the file changes.
 class Log {
   public:
-    // Brings what is known up to date. Result: 0; 1 when there is no log; or -E.
-    int Follow();
+    // Opens and indexes the log, unless it is unchanged. Returns 0; 1 if there is no log; or -errno.
+    int Refresh();
 
-    const EventPlace* Find(uint32_t number) { return index_.Find(number); }
-
-    // Copies an entry. Result: 0, or -E.
-    int Copy(const EventPlace& place, void* entry);
+    // Copies the entry that a request asks for. Returns the request's status, or -errno.
+    int Read(const LOG_INFO& block, void* entry) const;
 
   private:
-    int Open();
-
-    std::string machine_, path_;  // the directory's path, and the file's
-    Descriptor file_;
-    // Of the file that the index and the window are made from; none when its next change might not show, so
-    // that it is opened anew for each request.
-    std::optional<Identity> identity_;
+    Descriptor file_;  // open, so that no other file can get its inode number
     EventIndex index_;
-    FileWindow window_;
-    off_t end_of_last_ = 0;  // the offset behind the entry that was copied last
+    struct stat status_ {};    // of the file when it was indexed
+    bool is_current_ = false;  // the index is valid as long as the file's status stays the same
 };
 
-int Log::Follow() {
-    const char* const machine = MachinePath();
-    if (machine_ != machine) {
-        machine_ = machine;
-        path_ = machine_ + '/' + kCevt.name + '/' + kLogFile;
-    }
-    struct stat status;
-    const bool known = identity_ && fstatat(AT_FDCWD, path_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-                       *identity_ == Identity(status);
-    return known ? 0 : Open();
-}
+int Log::Refresh() {
+    // The path is only compared with the open file, so a symbolic link in it does no harm.
+    const std::string path = std::string(MachinePath()) + '/' + kCevt.name + '/' + kLogFile;
+    struct stat now;
+    if (is_current_ && lstat(path.c_str(), &now) == 0 && IsUnchanged(status_, now)) return 0;
 
-int Log::Open() {
-    identity_.reset();
-    window_.Clear();
+    is_current_ = false;
     const int opened = OpenDeviceFile(OpenDevice(kCevt.name), kLogFile, file_);
     if (opened != 0) return opened;
-    struct stat status;
-    if (fstat(file_.Get(), &status) != 0) return -errno;
-    const Identity identity(status);
-    const bool next_change_shows = NextChangeShows(identity);
-    const int result = index_.Make(file_);
-    if (result == 0 && next_change_shows) identity_ = identity;
+    if (fstat(file_.Get(), &status_) != 0) return -errno;
+    const bool would_show_change = WouldShowChange(status_);
+    const int result = index_.Build(file_);
+    is_current_ = result == 0 && would_show_change;
     return result;
 }
 
-int Log::Copy(const EventPlace& place, void* entry) {
-    const bool follows_last = place.offset == end_of_last_;
-    end_of_last_ = place.offset + place.length;
-    if (follows_last && identity_) return window_.Read(file_, place.offset, entry, place.length) ? 0 : -errno;
-
-    uint8_t bytes[UINT16_MAX];
-    const ssize_t count = ReadAt(file_.Get(), bytes, place.length, place.offset);
-    if (count != place.length) return count < 0 ? -errno : -EIO;
-    std::memcpy(entry, bytes, place.length);
-    return 0;
-}
-
-// entry: where the reply goes, behind the block.
-int Read(const LOG_INFO& block, void* entry) {
-    static Log log;
-    const int followed = log.Follow();
-    if (followed != 0) return followed;
-    const EventPlace* const place = log.Find(static_cast<uint32_t>(block.EvtNumber));
-    if (place == nullptr) return kEndOfLog;
-    if (block.length < sizeof block || block.length - sizeof block < place->length) return kBufferTooSmall;
-    const int copied = log.Copy(*place, entry);
-    return copied == 0 ? kEntryRead : copied;
+int Log::Read(const LOG_INFO& block, void* entry) const {
+    const IndexedEvent* const event = index_.Find(static_cast<uint32_t>(block.EvtNumber));
+    if (event == nullptr) return kEndOfLog;
+    if (block.length < sizeof block || block.length - sizeof block < event->length) return kBufferTooSmall;
+    const ssize_t count = ReadAt(file_.Get(), entry, event->length, event->offset);
+    if (count < 0) return -errno;
+    return count == event->length ? kEntryRead : -EIO;
 }
 
 int Clear() {
@@ -139,10 +94,17 @@ int Clear() {
     return change.Replace(kLogFile, {});
 }
 
+// The entry follows the request block.
+int Read(LOG_INFO& block) {
+    static Log log;
+    const int refreshed = log.Refresh();
+    return refreshed == 0 ? log.Read(block, &block + 1) : refreshed;
+}
+
 int Request(int, void* arg) {
-    const LOG_INFO& block = *static_cast<const LOG_INFO*>(arg);
+    LOG_INFO& block = *static_cast<LOG_INFO*>(arg);
     switch (block.choice) {
-        case kReadEvent: return Read(block, static_cast<uint8_t*>(arg) + sizeof block);
+        case kReadEvent: return Read(block);
         case kClearEvents: return Clear();
         default: return -EINVAL;
     }
@@ -150,4 +112,4 @@ int Request(int, void* arg) {
 
 }  // namespace
 
-const Device kCevt = {"cevt", "/dev/zethealth/cevt", Knows, Describe, Request};
+const Device kCevt = {"cevt", "/dev/zethealth/cevt", Accepts, Describe, Request};

@@ -1,16 +1,15 @@
-// How the event log is read: by an index of its entries, so that a listing costs the same for each entry
-// however long the log is, and in large pieces.
+// An index of the event log, so that reading an entry costs the same however long the log is.
 #pragma once
 
 #include <sys/types.h>
 
-#include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "platform/sim/machine_directory.h"
 
-struct EventPlace {
+struct IndexedEvent {
     uint32_t number;
     uint16_t length;  // bytes of the entry
     off_t offset;     // in the file
@@ -18,33 +17,16 @@ struct EventPlace {
 
 class EventIndex {
   public:
-    // Makes the index of a log, in the place of the one before. Result: 0, or -E with an empty index. Throws
-    // std::bad_alloc.
-    int Make(const Descriptor& log);
+    // Rebuilds the index from a log. Returns 0, or -errno with an incomplete index. Throws std::bad_alloc.
+    int Build(const Descriptor& log);
 
-    // The entry with the lowest number that is `number` or higher, the first in the file of those that have
-    // it; null when there is none. Valid until the next Make.
-    const EventPlace* Find(uint32_t number);
-
-  private:
-    int Read(const Descriptor& log, off_t size);
-
-    std::vector<EventPlace> places_;  // by number, then by offset
-    size_t next_ = 0;                 // behind the place that was found last: a listing asks for that one
-};
-
-// Pieces of a file that mostly follow each other, taken from a large part of it that is read at once.
-class FileWindow {
-  public:
-    // Copies a piece of the file, of at most 64 KiB. Result: false with errno set, EIO when the file ends
-    // before the piece does. Throws std::bad_alloc.
-    bool Read(const Descriptor& file, off_t offset, void* piece, size_t size);
-
-    // Forgets the bytes that were read: the file may have others by now.
-    void Clear() { filled_ = 0; }
+    // Lower bound: returns the entry with the smallest number >= `number` (the first in the file if several
+    // share it), or null if there is none. Valid until the next Build().
+    const IndexedEvent* Find(uint32_t number) const;
 
   private:
-    std::vector<char> bytes_;
-    off_t begin_ = 0;    // its place in the file
-    size_t filled_ = 0;  // bytes that have been read
+    int ReadEntries(const Descriptor& log);
+    off_t AddEntries(std::string_view chunk, off_t offset, off_t log_size);
+
+    std::vector<IndexedEvent> events_;  // by number, then by offset
 };
