@@ -7,8 +7,8 @@
 #include "cli/pci/kelm.h"
 #include "fuzz/target.h"
 #include "platform/request.h"
-#include "platform/sim/call.h"
 #include "platform/sim/event_index.h"
+#include "platform/sim/faults.h"
 #include "platform/sim/picl_tree.h"
 #include "tests/support/test_machine.h"
 
@@ -41,7 +41,7 @@ void ReadFaults() {
     const Faults faults;
     for (const char* subject : {"cevt read 1", "cdt 351.0.0", "xsvc map 0x000f0000", "picl root"}) {
         int result = 0;
-        faults.Meets(subject, 3, &result);
+        faults.Find(subject, 3, &result);
     }
 }
 

@@ -5,14 +5,15 @@
 
 #include <cstddef>
 
-// Opens the device for reading and writing. Result: a descriptor, 0 or more; below 0 when it doesn't open.
+// Opens the device for reading and writing. Returns a descriptor, or a negative number on failure.
 int xsvc_open();
 
-// Maps length bytes of the device from a physical address; both are whole pages. The mapping outlives the
-// descriptor and belongs to the caller. Result: its first byte; null when it is refused.
+// Maps `length` bytes of the device from the physical address `address`; both are multiples of the page size.
+// The caller owns the mapping, which stays valid when the descriptor is closed. Returns its first byte, or
+// null on failure.
 void* xsvc_map(int fd, off_t address, size_t length);
 
-// Ends a mapping of xsvc_map, whole pages as it was made.
+// Removes a mapping of xsvc_map. `length` is the length that was mapped.
 void xsvc_unmap(void* mapping, size_t length);
 
 void xsvc_close(int fd);

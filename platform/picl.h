@@ -1,6 +1,6 @@
-// The platform information and control library, as far as the program uses it: a tree of nodes that
-// describes the hardware, each node with a class and named properties. All results are picl_errno_t. The
-// server's own is a C library, so the functions have C linkage.
+// The platform information and control library, as far as the program uses it: a tree of nodes that describes
+// the hardware. Each node has a class and named properties. The functions return a picl_errno_t; they have C
+// linkage, because the server's library is written in C.
 #pragma once
 
 #include <cstddef>
@@ -16,8 +16,8 @@ enum picl_errno_t : int {
     PICL_VALUETOOBIG = 6,
     PICL_PROPNOTFOUND = 7,
     PICL_INVALIDHANDLE = 15,
-    PICL_WALK_CONTINUE = 24,   // a callback's result: go on with the next node
-    PICL_WALK_TERMINATE = 25,  // a callback's result: the walk is over, and succeeded
+    PICL_WALK_CONTINUE = 24,   // returned by a callback: continue with the next node
+    PICL_WALK_TERMINATE = 25,  // returned by a callback: end the walk with PICL_SUCCESS
 };
 
 extern "C" {
@@ -25,15 +25,16 @@ extern "C" {
 // Connects to the service.
 int picl_initialize(void);
 
-// Stores the handle of the tree's root in *node.
+// Stores the handle of the tree's root in `*node`.
 int picl_get_root(picl_nodehdl_t* node);
 
-// Calls callback(node, arg) for each node of the class below root, parents before their children, until a
-// callback returns something other than PICL_WALK_CONTINUE.
+// Calls `callback(node, arg)` for each node of class `class_name` below `root`, parents before their
+// children, until a call returns something other than PICL_WALK_CONTINUE.
 int picl_walk_tree_by_class(picl_nodehdl_t root, const char* class_name, void* arg,
                             int (*callback)(picl_nodehdl_t node, void* arg));
 
-// Copies a property's value into value, a buffer of size bytes. PICL_VALUETOOBIG when it doesn't fit.
+// Copies a property's value into `value`, a buffer of `size` bytes. Returns PICL_VALUETOOBIG if it doesn't
+// fit.
 int picl_get_propval_by_name(picl_nodehdl_t node, const char* name, void* value, size_t size);
 
 }  // extern "C"

@@ -1,22 +1,23 @@
-// The health driver's request library, as the program sees it. The driver offers four device files under
-// /dev/zethealth: cdt (data tables), cevt (event log), casr (recovery timer) and crom (ROM variables).
-// The server's own is a C library, so the functions have C linkage.
+// The health driver's request library. The driver has four device files in /dev/zethealth: cdt (data tables),
+// cevt (event log), casr (recovery timer) and crom (ROM variables). The functions have C linkage, because the
+// server's library is written in C.
 #pragma once
 
-constexpr int kReadWrite = 2;  // the one mode in which the program opens a device
+constexpr int kReadWrite = 2;  // the only mode in which the program opens a device
 
 extern "C" {
 
-// Opens a device file. path: one of the four, zero-terminated. mode: kReadWrite.
-// Result: a descriptor, 0 or more; below 0 when the device can't be opened.
+// Opens one of the four device files. `path` is NUL-terminated; `mode` is kReadWrite. Returns a descriptor,
+// or a negative number if the device can't be opened.
 int vxOpenRequest(char* path, int mode);
 
-// Sends one request. code: the request's number on that device. arg: the device's request block, which the
-// driver reads, and into which (or into the buffer that it names) the driver writes; owned by the caller.
-// Result: 0 or the request's status, above 0; below 0, with errno set, when the call itself failed.
+// Sends a request. `code` is the request's number on that device. `arg` is the device's request block, which
+// the caller owns. The driver reads it and stores the reply in it, or in the buffer to which it points.
+// Returns 0 or the request's status, which is positive; or a negative number, with errno set, if the call
+// itself failed.
 int vxIoctlRequest(int fd, int code, void* arg);
 
-// Gives a descriptor of vxOpenRequest back.
+// Closes a descriptor of vxOpenRequest.
 void vxCloseRequest(int fd);
 
 }  // extern "C"

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "platform/sim/faults.h"
 #include "platform/sim/machine_directory.h"
 
 namespace {
@@ -43,7 +44,7 @@ const Session& TheSession() {
     return session;
 }
 
-// Appends a line, which ends in the format's newline; cuts one that is too long.
+// Appends a line to the trace. `format` ends in a newline; a line that is too long is truncated before it.
 __attribute__((format(printf, 1, 2))) void Append(const char* format, ...) {
     const Descriptor& trace = TheSession().trace;
     if (!trace) return;
@@ -53,13 +54,14 @@ __attribute__((format(printf, 1, 2))) void Append(const char* format, ...) {
     const int wanted = std::vsnprintf(line, sizeof line, format, arguments);
     va_end(arguments);
     if (wanted <= 0) return;
-    // Whatever a request carries in the place of a name, and however much, it stays within its own line.
+    // A request may contain any bytes in a name; control characters among them must not break the line.
     char* const end = line + std::min(static_cast<size_t>(wanted), sizeof line - 1) - 1;
     for (char* next = line; next < end; ++next) {
         if (static_cast<unsigned char>(*next) < ' ') *next = '?';
     }
     *end = '\n';
-    // One write, so that the lines of two processes don't mix. A full disk costs the line, not the call.
+    // A single write, so that the lines of two processes don't mix. If the disk is full, the line is lost,
+    // but the call goes on.
     if (write(trace.Get(), line, static_cast<size_t>(end + 1 - line)) < 0) return;
 }
 
@@ -79,12 +81,12 @@ void Call::SetDetail(const char* format, ...) {
     va_end(arguments);
 }
 
-bool MachineIsWatched() {
+bool NeedsDescriptions() {
     return TheSession().trace || !TheSession().faults.Empty();
 }
 
-bool MeetsFault(const Call& call, int* result) {
-    return TheSession().faults.Meets(call.subject, call.request, result);
+bool FindFault(const Call& call, int* result) {
+    return TheSession().faults.Find(call.subject, call.request, result);
 }
 
 void Trace(const Call& call, int result) {
@@ -99,7 +101,7 @@ void Trace(const Call& call) {
     Append("%s%s\n", call.subject, call.detail);
 }
 
-int Returned(int result) {
+int ReturnValue(int result) {
     if (result >= 0) return result;
     errno = -result;
     return -1;

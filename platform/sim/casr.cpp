@@ -1,4 +1,4 @@
-// The recovery timer: one file, `enabled`, a number that is nonzero when it runs.
+// The recovery timer: the file `enabled`, which contains a number that is nonzero if the timer runs.
 #include <cerrno>
 #include <climits>
 #include <cstdint>
@@ -15,8 +15,8 @@ namespace {
 constexpr char kStateFile[] = "enabled";
 constexpr size_t kLongestNumber = 32;  // bytes of the file
 
-bool Knows(int /*code*/, const void* /*block*/) {
-    return true;  // every code has the same words
+bool Accepts(int /*code*/, const void* /*block*/) {
+    return true;  // so that every code is traced alike; Request() rejects the invalid ones
 }
 
 void Describe(int code, const void* /*block*/, Call& call) {
@@ -56,4 +56,4 @@ int Request(int code, void* block) {
 
 }  // namespace
 
-const Device kCasr = {"casr", "/dev/zethealth/casr", Knows, Describe, Request};
+const Device kCasr = {"casr", "/dev/zethealth/casr", Accepts, Describe, Request};

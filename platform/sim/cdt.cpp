@@ -1,4 +1,4 @@
-// The data tables: one file per record, named by the three numbers of the request.
+// The data tables: one file per record, whose name is the three numbers of the request.
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -19,7 +19,7 @@ std::string RecordName(const DT_IOCTL_HEADER& header) {
            std::to_string(header.Index2);
 }
 
-bool Knows(int code, const void* block) {
+bool Accepts(int code, const void* block) {
     return code == kDataTableRequest && block != nullptr;
 }
 
@@ -36,7 +36,7 @@ int Report(const DT_IOCTL& block) {
     return ReadAt(file.Get(), block.pData, block.DtHdr.size, 0) < 0 ? -errno : 0;
 }
 
-// Stores an indicator's new state, then reports the record that has been stored.
+// Stores an indicator's new state and replies with the stored record.
 int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
     const std::string name = RecordName(block.DtHdr);
     const DeviceChange change(kCdt.name);
@@ -49,9 +49,9 @@ int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
     record.resize(std::max(record.size(), kStateOffset + 1));
     record[kStateOffset] = static_cast<char>(state);
     const int result = change.Replace(name.c_str(), record);
-    if (result == 0)
-        std::memcpy(block.pData, record.data(), std::min<size_t>(record.size(), block.DtHdr.size));
-    return result;
+    if (result != 0) return result;
+    std::memcpy(block.pData, record.data(), std::min<size_t>(record.size(), block.DtHdr.size));
+    return 0;
 }
 
 int ControlIndicator(const DT_IOCTL& block) {
@@ -72,4 +72,4 @@ int Request(int, void* arg) {
 
 }  // namespace
 
-const Device kCdt = {"cdt", "/dev/zethealth/cdt", Knows, Describe, Request};
+const Device kCdt = {"cdt", "/dev/zethealth/cdt", Accepts, Describe, Request};

@@ -1,4 +1,4 @@
-// The ROM variables: one file each, the variable's bytes.
+// The ROM variables: one file each, which contains the variable's bytes.
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -12,25 +12,25 @@
 
 namespace {
 
-constexpr size_t kLargestValue = size_t{1} << 20;  // bytes; what a write keeps behind its own bytes counts
+constexpr size_t kLargestValue = size_t{1} << 20;  // bytes, including those that a write keeps
 
 size_t NameLength(const EV_IOCTL_STRUCT& block) {
     return static_cast<size_t>(std::find(block.EvName, std::end(block.EvName), '\0') - block.EvName);
 }
 
-bool IsNameLetter(char letter) {
+bool IsValidInName(char letter) {
     return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z') ||
            (letter >= '0' && letter <= '9') || letter == '_' || letter == '-';
 }
 
-// Whether the name may become a file's, so that no request reaches outside the directory.
-bool IsName(const EV_IOCTL_STRUCT& block) {
+// Returns whether the name is a valid file name, so that no request reaches outside the directory.
+bool HasValidName(const EV_IOCTL_STRUCT& block) {
     const size_t length = NameLength(block);
     return length > 0 && length < sizeof block.EvName &&
-           std::all_of(block.EvName, block.EvName + length, IsNameLetter);
+           std::all_of(block.EvName, block.EvName + length, IsValidInName);
 }
 
-// The bytes that a write brings, in lower-case hexadecimal.
+// The bytes that a write stores, in lower-case hexadecimal.
 struct Hexadecimal {
     char text[2 * sizeof EV_IOCTL_STRUCT::DataBuffer + 1];
     explicit Hexadecimal(const EV_IOCTL_STRUCT& block) {
@@ -45,7 +45,7 @@ struct Hexadecimal {
     }
 };
 
-bool Knows(int code, const void* arg) {
+bool Accepts(int code, const void* arg) {
     return arg != nullptr && (code == kReadVariable || code == kWriteVariable);
 }
 
@@ -83,10 +83,10 @@ int Write(const EV_IOCTL_STRUCT& block) {
 
 int Request(int code, void* arg) {
     auto& block = *static_cast<EV_IOCTL_STRUCT*>(arg);
-    if (!IsName(block) || block.DataLength > sizeof block.DataBuffer) return 1;
+    if (!HasValidName(block) || block.DataLength > sizeof block.DataBuffer) return 1;
     return code == kReadVariable ? Read(block) : Write(block);
 }
 
 }  // namespace
 
-const Device kCrom = {"crom", "/dev/zethealth/crom", Knows, Describe, Request};
+const Device kCrom = {"crom", "/dev/zethealth/crom", Accepts, Describe, Request};

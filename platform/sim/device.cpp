@@ -1,10 +1,10 @@
-// The request library: descriptors, and requests on the devices that they refer to.
+// The request library: descriptors, and requests on the devices to which they refer.
 #include "platform/sim/device.h"
 
 #include <cerrno>
+#include <string_view>
 
 #include "platform/request.h"
-#include "platform/sim/call.h"
 #include "platform/sim/machine_directory.h"
 
 namespace {
@@ -15,18 +15,20 @@ constexpr int kMaxOpen = 64;
 const Device* open_devices[kMaxOpen];  // by descriptor; null: not open
 unsigned long requests_made = 0;
 
-const Device* FindDeviceByPath(std::string_view path) {
+// Returns null if `path` isn't one of the four.
+const Device* FindDevice(std::string_view path) {
     for (const Device* device : kDevices) {
         if (path == device->path) return device;
     }
     return nullptr;
 }
 
+// Returns null if `fd` isn't open.
 const Device* DeviceOf(int fd) {
     return fd >= 0 && fd < kMaxOpen ? open_devices[fd] : nullptr;
 }
 
-// Result: a descriptor, or -E.
+// Returns a descriptor, or -errno.
 int OpenDescriptor(const Device* device) {
     if (device == nullptr) return -ENOENT;
     if (!OpenDevice(device->name)) {
@@ -43,15 +45,8 @@ int OpenDescriptor(const Device* device) {
 
 }  // namespace
 
-const Device* FindDeviceByName(std::string_view name) {
-    for (const Device* device : kDevices) {
-        if (name == device->name) return device;
-    }
-    return nullptr;
-}
-
 int vxOpenRequest(char* path, int) {
-    const Device* const device = FindDeviceByPath(path);
+    const Device* const device = FindDevice(path);
     const auto describe = [&](Call& call) {
         call.SetSubject("open %s", device != nullptr ? device->name : path);
     };
@@ -60,16 +55,16 @@ int vxOpenRequest(char* path, int) {
         fd = OpenDescriptor(device);
         return fd < 0 ? fd : 0;
     });
-    return result < 0 ? Returned(result) : fd;
+    return result < 0 ? ReturnValue(result) : fd;
 }
 
 int vxIoctlRequest(int fd, int code, void* arg) {
     const Device* const device = DeviceOf(fd);
-    const bool known = device != nullptr && device->knows(code, arg);
+    const bool valid = device != nullptr && device->accepts(code, arg);
     ++requests_made;
     const auto describe = [&](Call& call) {
         call.request = requests_made;
-        if (known) {
+        if (valid) {
             device->describe(code, arg, call);
         } else if (device != nullptr) {
             call.SetSubject("%s code=%d", device->name, code);
@@ -77,9 +72,9 @@ int vxIoctlRequest(int fd, int code, void* arg) {
             call.SetSubject("fd=%d code=%d", fd, code);
         }
     };
-    return Returned(Perform(describe, [&] {
+    return ReturnValue(Perform(describe, [&] {
         if (device == nullptr) return -EBADF;
-        return known ? device->request(code, arg) : -EINVAL;
+        return valid ? device->request(code, arg) : -EINVAL;
     }));
 }
 

@@ -1,28 +1,21 @@
-// The health driver's four devices: which requests each knows, how they read in the trace, and what they do.
+// The health driver's four devices: the requests that each one accepts, their trace lines and their effects.
 #pragma once
 
-#include <string_view>
-
 #include "platform/sim/call.h"
-#include "platform/sim/machine_directory.h"
 
 struct Device {
-    const char* name;  // its directory's, too
-    const char* path;  // the device file's
+    const char* name;  // also the name of its directory
+    const char* path;  // of the driver's device file
 
-    // Whether the device has words for a request and can carry it out: it knows the code, and the block is
-    // there. code, block: as vxIoctlRequest takes them.
-    bool (*knows)(int code, const void* block);
+    // Returns whether a request is valid: the device has such a code, and the block isn't missing. `code` and
+    // `block` are those of vxIoctlRequest.
+    bool (*accepts)(int code, const void* block);
 
-    // Puts a known request into words.
+    // Describes a valid request.
     void (*describe)(int code, const void* block, Call& call);
 
-    // Carries out a known request. Result: 0 or the request's status, or -E. May throw
-    // std::bad_alloc.
+    // Executes a valid request. Returns 0 or the request's status, or -errno. May throw std::bad_alloc.
     int (*request)(int code, void* block);
 };
 
 extern const Device kCdt, kCevt, kCasr, kCrom;
-
-// The device of a name; null when there is none.
-const Device* FindDeviceByName(std::string_view name);

@@ -1,4 +1,4 @@
-#include "platform/sim/call.h"
+#include "platform/sim/faults.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -6,9 +6,6 @@
 #include <cstdio>
 #include <cstring>
 #include <new>
-
-#include "platform/sim/device.h"
-#include "platform/sim/machine_directory.h"
 
 namespace {
 
@@ -21,19 +18,15 @@ bool StartsWith(std::string_view text, std::string_view start) {
     return text.substr(0, start.size()) == start;
 }
 
-// Reads the operand of a fault and writes it as a call's subject has it. False when it isn't one.
-using ReadOperand = bool (*)(std::string_view text, std::string& subject);
+// Parses the operand of a fault and appends it to `subject` in the form that calls use. Returns false if the
+// operand is invalid.
+using ParseOperand = bool (*)(std::string_view text, std::string& subject);
 
 bool AppendNumber(std::string_view text, uint64_t largest, std::string& subject) {
     uint64_t number = 0;
     if (!ReadNumber(text, largest, number)) return false;
     subject += std::to_string(number);
     return true;
-}
-
-bool DeviceName(std::string_view text, std::string& subject) {
-    subject += text;
-    return FindDeviceByName(text) != nullptr;
 }
 
 bool TableName(std::string_view text, std::string& subject) {
@@ -56,7 +49,7 @@ bool VariableName(std::string_view text, std::string& subject) {
     return !text.empty() && text.find(' ') == text.npos;
 }
 
-// Signed or unsigned: a request carries a signed number, the entries of the log have unsigned ones.
+// Accepts signed and unsigned numbers: a request contains a signed number, a log entry an unsigned one.
 bool EventNumber(std::string_view text, std::string& subject) {
     if (text == "*") {
         subject += text;
@@ -73,9 +66,9 @@ bool EventNumber(std::string_view text, std::string& subject) {
 bool Address(std::string_view text, std::string& subject) {
     uint64_t address = 0;
     if (!ReadNumber(text, INT64_MAX, address)) return false;
-    Call call;  // written as the call itself is
-    call.SetSubject("0x%08llx", static_cast<unsigned long long>(address));
-    subject += call.subject;
+    char formatted[sizeof "0x7fffffffffffffff"];
+    std::snprintf(formatted, sizeof formatted, "0x%08llx", static_cast<unsigned long long>(address));
+    subject += formatted;
     return true;
 }
 
@@ -86,15 +79,18 @@ bool RequestNumber(std::string_view text, std::string& subject) {
 
 struct Form {
     std::string_view words;
-    ReadOperand operand;  // null: none follows
-    int lowest, highest;  // result
+    ParseOperand operand;  // null: there is no operand
+    int lowest, highest;   // valid results
 };
 
 constexpr int kNegative = -INT_MAX;
 
 // clang-format off
 constexpr Form kForms[] = {
-    {"open",            DeviceName,    kNegative, -1},
+    {"open cdt",        nullptr,       kNegative, -1},
+    {"open cevt",       nullptr,       kNegative, -1},
+    {"open casr",       nullptr,       kNegative, -1},
+    {"open crom",       nullptr,       kNegative, -1},
     {"cdt",             TableName,     kNegative, INT_MAX},
     {"casr",            Code,          kNegative, INT_MAX},
     {"crom read",       VariableName,  kNegative, INT_MAX},
@@ -109,15 +105,16 @@ constexpr Form kForms[] = {
 };
 // clang-format on
 
-// Reads what goes wrong into the subject of the calls that it means. False when it has none of the forms.
-bool ReadWhat(std::string_view what, const Form& form, std::string& subject) {
-    if (!StartsWith(what, form.words)) return false;
+// Converts the first part of a line to the subject of the calls that it describes. Returns false if it
+// doesn't have this form.
+bool ReadSubject(std::string_view text, const Form& form, std::string& subject) {
+    if (!StartsWith(text, form.words)) return false;
     subject = form.words;
-    what.remove_prefix(form.words.size());
-    if (form.operand == nullptr) return what.empty();
-    if (!StartsWith(what, " ")) return false;
+    text.remove_prefix(form.words.size());
+    if (form.operand == nullptr) return text.empty();
+    if (!StartsWith(text, " ")) return false;
     subject += ' ';
-    return form.operand(what.substr(1), subject);
+    return form.operand(text.substr(1), subject);
 }
 
 bool ReadResult(std::string_view text, const Form& form, int& result) {
@@ -143,7 +140,7 @@ bool Faults::Read(const Descriptor& file) try {
     std::string text;
     if (!ReadWhole(file, kLargestFile, text)) return false;
 
-    for (Lines lines(kFile, text); lines.Take();) {
+    for (Lines lines(kFile, text); lines.Next();) {
         if (!ReadLine(lines.Line())) lines.Reject();
     }
     return true;
@@ -153,27 +150,26 @@ bool Faults::Read(const Descriptor& file) try {
 }
 
 bool Faults::ReadLine(std::string_view line) {
-    const size_t blank = line.rfind(' ');
-    if (blank == line.npos) return false;
+    const size_t space = line.rfind(' ');
+    if (space == line.npos) return false;
     Fault fault;
     for (const Form& form : kForms) {
-        if (!ReadWhat(line.substr(0, blank), form, fault.subject)) continue;
-        if (!ReadResult(line.substr(blank + 1), form, fault.result)) return false;
+        if (!ReadSubject(line.substr(0, space), form, fault.subject)) continue;
+        if (!ReadResult(line.substr(space + 1), form, fault.result)) return false;
         faults_.push_back(fault);
         return true;
     }
     return false;
 }
 
-bool Faults::Meets(std::string_view subject, unsigned long request, int* result) const {
-    Call by_place;  // which the fault may name instead
-    if (request != 0) by_place.SetSubject("request %lu", request);
-    for (const Fault& fault : faults_) {
-        const bool fits = fault.subject == subject || fault.subject == by_place.subject ||
-                          (fault.subject == kAnyEvent && StartsWith(subject, kEventRead));
-        if (!fits) continue;
-        *result = fault.result;
-        return true;
-    }
-    return false;
+bool Faults::Find(std::string_view subject, unsigned long request, int* result) const {
+    const std::string numbered = request != 0 ? "request " + std::to_string(request) : "";
+    const auto matches = [&](const Fault& fault) {
+        return fault.subject == subject || fault.subject == numbered ||
+               (fault.subject == kAnyEvent && StartsWith(subject, kEventRead));
+    };
+    const auto fault = std::find_if(faults_.begin(), faults_.end(), matches);
+    if (fault == faults_.end()) return false;
+    *result = fault->result;
+    return true;
 }

@@ -123,7 +123,7 @@ bool ReadWhole(const Descriptor& file, size_t limit, std::string& bytes) {
     return true;
 }
 
-bool Lines::Take() {
+bool Lines::Next() {
     while (!rest_.empty()) {
         const size_t end = std::min(rest_.find('\n'), rest_.size());
         line_ = rest_.substr(0, end);

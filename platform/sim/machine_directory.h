@@ -1,5 +1,6 @@
-// The machine directory: every fact about the simulated machine is one ordinary file in it. It may hold
-// anything, so only regular files are read, and never more of one than its reader has a use for.
+// The machine directory: every fact about the simulated machine is a regular file in it. It may come from
+// another user and contain anything, so nothing but regular files is opened, no symbolic link is followed,
+// and no more of a file is read than its reader can use.
 #pragma once
 
 #include <fcntl.h>
@@ -55,31 +56,29 @@ int OpenDeviceFile(const Descriptor& directory, const char* name, Descriptor& fi
 // Returns 0 if `status` is that of a regular file, otherwise the errno with which OpenFile rejects it.
 int FileTypeError(const struct stat& status);
 
-// Reads from an offset into buffer until it has size bytes or the file ends. Result: bytes read; -1 with
-// errno.
+// Reads from `offset` until `buffer` has `size` bytes or the file ends. Returns the number of bytes read, or
+// -1 with errno set.
 ssize_t ReadAt(int fd, void* buffer, size_t size, off_t offset);
 
-// Reads a whole file. limit: the largest size in bytes that makes sense. False with errno set on failure:
-// EFBIG when the file is larger. Throws std::bad_alloc.
+// Reads a whole file of at most `limit` bytes. Returns false, with errno set, on failure: EFBIG if the file
+// is larger. Throws std::bad_alloc.
 bool ReadWhole(const Descriptor& file, size_t limit, std::string& bytes);
 
-// The machine's text files: their lines, and the numbers in them.
-
-// The lines that count: those that are blank or begin with '#' don't, and neither do blanks at the end of a
-// line, among them the carriage return that some editors leave there.
+// The lines of a text file, except empty lines and comments (which begin with '#'). White space at the end of
+// a line is removed, including the carriage return that some editors write.
 class Lines {
   public:
-    // file: its name in the machine directory. text: what it holds. Both must outlive this.
+    // `file` is the file's name for Reject(), `text` its contents. Both must outlive this object.
     Lines(const char* file, std::string_view text) : file_(file), rest_(text) {}
 
-    // Takes the next line that counts. False at the end.
-    bool Take();
+    // Advances to the next line. Returns false at the end.
+    bool Next();
 
-    // The line that was taken, with its indentation.
+    // Returns the current line, with its indentation.
     std::string_view Line() const { return line_; }
-    size_t Indentation() const;  // in blanks
+    size_t Indentation() const;  // in spaces
 
-    // Reports on standard error that the line can't be read.
+    // Reports on standard error that the current line can't be parsed.
     void Reject() const;
 
   private:
@@ -89,6 +88,6 @@ class Lines {
     int number_ = 0;  // from 1
 };
 
-// Reads a whole text as a number, decimal or hexadecimal after "0x". largest: the largest that is accepted.
-// False, with value as it was, for anything else.
+// Parses a number of at most `largest`, decimal or hexadecimal after "0x". Returns false, and leaves `value`
+// unchanged, if `text` is anything else.
 bool ReadNumber(std::string_view text, uint64_t largest, uint64_t& value);

@@ -1,4 +1,4 @@
-// Physical memory: the machine's file `xsvc`, the byte at offset N being the byte at address N.
+// Physical memory: the machine's file `xsvc`. The byte at offset N is the byte at address N.
 #include "platform/physical_memory.h"
 
 #include <sys/mman.h>
@@ -14,17 +14,17 @@ namespace {
 
 constexpr char kMemoryFile[] = "xsvc";
 
-// Whether the file has all of a range. One without bytes is left to mmap, which refuses it.
-bool Holds(int fd, off_t address, size_t length) {
+// Returns whether the file contains the whole range. An empty range passes; mmap rejects it later.
+bool Contains(int fd, off_t address, size_t length) {
     struct stat status;
     if (fstat(fd, &status) != 0 || address < 0 || address > status.st_size) return false;
     return length <= static_cast<uint64_t>(status.st_size - address);
 }
 
-// Result: 0, or -E.
+// Stores a copy of the range in `mapping`. Returns 0, or -errno.
 int Map(int fd, off_t address, size_t length, void*& mapping) {
-    if (!Holds(fd, address, length)) return -EINVAL;
-    // A copy: a mapping of the file itself would end the process by a signal if the file shrank later.
+    if (!Contains(fd, address, length)) return -EINVAL;
+    // A mapping of the file itself would raise SIGBUS if the file shrank later.
     void* const pages = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (pages == MAP_FAILED) {
         if (errno == ENOMEM) ReportFailure(kMemoryFile);
@@ -32,13 +32,13 @@ int Map(int fd, off_t address, size_t length, void*& mapping) {
     }
 
     const ssize_t count = ReadAt(fd, pages, length, address);
-    const int reason = count < 0 ? errno : EINVAL;
+    const int error = count < 0 ? errno : EINVAL;
     if (count == static_cast<ssize_t>(length)) {
         mapping = pages;
         return 0;
     }
     munmap(pages, length);
-    return -reason;
+    return -error;
 }
 
 }  // namespace
@@ -51,7 +51,7 @@ int xsvc_open() {
         if (!file && errno != ENOENT) ReportFailure(kMemoryFile);
         return file ? 0 : -errno;
     });
-    return result < 0 ? Returned(result) : file.Release();
+    return result < 0 ? ReturnValue(result) : file.Release();
 }
 
 void* xsvc_map(int fd, off_t address, size_t length) {
@@ -60,7 +60,7 @@ void* xsvc_map(int fd, off_t address, size_t length) {
         call.SetDetail(" %zu", length);
     };
     void* mapping = nullptr;
-    Returned(Perform(describe, [&] { return Map(fd, address, length, mapping); }));
+    ReturnValue(Perform(describe, [&] { return Map(fd, address, length, mapping); }));
     return mapping;
 }
 

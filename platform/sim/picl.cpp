@@ -1,4 +1,4 @@
-// The PICL service: the machine's file `picl`, read when a program connects.
+// The PICL service: the machine's file `picl`, which is read when a program connects.
 #include "platform/picl.h"
 
 #include <cerrno>
@@ -21,7 +21,7 @@ PiclTree& Tree() {
     return tree;
 }
 
-// A node's handle is its place among the nodes, from 1. Null for a handle that is nobody's.
+// Returns the node of a handle, which is its index among the nodes plus 1. Returns null if there is none.
 const PiclNode* NodeOf(picl_nodehdl_t handle) {
     const auto& nodes = Tree().Nodes();
     return handle >= 1 && handle <= nodes.size() ? &nodes[static_cast<size_t>(handle - 1)] : nullptr;

@@ -7,10 +7,9 @@
 
 namespace {
 
-constexpr size_t kBlanksPerLevel = 2;
-constexpr size_t kUsualSize = 32;  // nodes, and properties, of a machine
+constexpr size_t kSpacesPerLevel = 2;
 
-// Takes the next of the words that blanks separate; empty at the end.
+// Removes the first word, which ends at a space, from `text` and returns it; returns "" at the end.
 std::string_view TakeWord(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     const std::string_view word = text.substr(0, text.find(' '));
@@ -18,7 +17,7 @@ std::string_view TakeWord(std::string_view& text) {
     return word;
 }
 
-// False when the word isn't NAME=NUMBER.
+// Parses NAME=NUMBER. Returns false if the word has another form.
 bool ReadProperty(std::string_view word, PiclProperty& property) {
     const size_t equals = word.find('=');
     uint64_t number = 0;
@@ -33,11 +32,9 @@ bool ReadProperty(std::string_view word, PiclProperty& property) {
 void PiclTree::Read(const char* file, std::string text) {
     nodes_.clear();
     properties_.clear();
-    nodes_.reserve(kUsualSize);
-    properties_.reserve(kUsualSize);
     text_ = std::move(text);
-    size_t skipped = SIZE_MAX;  // the indentation of a line that was skipped: so is what stands below it
-    for (Lines lines(file, text_); lines.Take();) {
+    size_t skipped = SIZE_MAX;  // indentation of a rejected line; the lines below it in the tree are skipped
+    for (Lines lines(file, text_); lines.Next();) {
         const size_t indentation = lines.Indentation();
         if (indentation > skipped) continue;
         const bool is_node = ReadNode(lines.Line(), indentation);
@@ -46,11 +43,11 @@ void PiclTree::Read(const char* file, std::string text) {
     }
 }
 
-// Reads a line into the node that follows the others in the file. False when it can't be one.
+// Parses a line and appends it as a node. Returns false if the indentation or a property is invalid.
 bool PiclTree::ReadNode(std::string_view line, size_t indentation) {
-    const size_t level = indentation / kBlanksPerLevel;
+    const size_t level = indentation / kSpacesPerLevel;
     const bool fits = nodes_.empty() ? level == 0 : level > 0 && level <= nodes_.back().level + 1;
-    if (!fits || indentation % kBlanksPerLevel != 0) return false;
+    if (!fits || indentation % kSpacesPerLevel != 0) return false;
 
     const std::string_view class_name = TakeWord(line);
     const size_t properties = properties_.size();

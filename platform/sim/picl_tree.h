@@ -1,5 +1,5 @@
-// The machine's file `picl`: one node per line, indented by two blanks per level, its class and then its
-// properties.
+// The machine's file `picl`: one node per line, indented by two spaces per level. A line contains the node's
+// class, then its properties.
 #pragma once
 
 #include <cstddef>
@@ -9,27 +9,28 @@
 #include <vector>
 
 struct PiclProperty {
-    std::string_view name;  // in the tree's text
+    std::string_view name;  // within PiclTree::text_
     uint32_t value;
 };
 
 struct PiclNode {
     size_t level;                       // 0: the root
-    std::string_view class_name;        // in the tree's text
-    size_t properties, properties_end;  // its own among those of the tree
+    std::string_view class_name;        // within PiclTree::text_
+    size_t properties, properties_end;  // range of indexes in PiclTree::properties_
 };
 
 class PiclTree {
   public:
-    // Reads the tree in place of the one before. file: the name by which a line that can't be read is
-    // reported on standard error: a second root, a level that is skipped or half a level, a property whose
-    // value isn't a number of 32 bits. It is skipped with what stands below it. Throws std::bad_alloc.
+    // Replaces the tree by the one in `text`. Reports invalid lines on standard error, with the name `file`,
+    // and skips them with the nodes below them: a second root, indentation by half a level or by more than
+    // one, a property whose value isn't a 32-bit number. Throws std::bad_alloc.
     void Read(const char* file, std::string text);
 
-    // The nodes in file order, so that what stands below a node follows it at higher levels.
+    // Returns the nodes in file order. The nodes below a node follow it, at higher levels.
     const std::vector<PiclNode>& Nodes() const { return nodes_; }
 
-    // A node's property. False, with value as it was, when it has none of that name.
+    // Stores the value of a node's property. Returns false, and leaves `value` unchanged, if the node has no
+    // such property.
     bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value) const;
 
   private:

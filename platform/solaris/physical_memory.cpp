@@ -1,5 +1,5 @@
-// The physical-memory device of the real server. A mapping is asked for with all three rights, though nothing
-// here writes to the memory or runs it: whether the device would grant less isn't documented.
+// The physical-memory device of the real server. A mapping requests all three access rights, although the
+// program only reads: whether the device would grant less isn't documented.
 #include "platform/physical_memory.h"
 
 #include <fcntl.h>
