@@ -1,13 +1,14 @@
-// Faults and the trace, which every call of the seam goes through.
+// Injected faults and the trace, which concern every call of the platform abstraction layer, and reports of
+// failures.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <regex>
 
 #include "platform/physical_memory.h"
-#include "tests/platform/seam.h"
-#include "tests/support/pattern.h"
+#include "tests/platform/make_call.h"
 
 namespace {
 
@@ -68,8 +69,8 @@ TEST(Faults, TakeTheCallsPlace) {
 
         EXPECT_EQ(machine.Read("cdt/1503.0.0") + machine.Read("crom/AB") + machine.Read("cevt/hlog"),
                   "\1\7Blog");
-        const char* const refusal = "simulated machine: faults: line (\\d+) can't be read\n";
-        EXPECT_EQ(ReplaceAll(machine.Read("stderr"), refusal, "$1 "), refused_lines);
+        const std::regex refusal("simulated machine: faults: line (\\d+) can't be read\n");
+        EXPECT_EQ(std::regex_replace(machine.Read("stderr"), refusal, "$1 "), refused_lines);
     }
 }
 

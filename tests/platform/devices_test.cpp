@@ -1,4 +1,4 @@
-// What the four devices of the health driver answer, and what is in the machine afterwards.
+// The replies of the four devices of the health driver, and the contents of the machine afterwards.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,11 +9,11 @@
 #include <random>
 
 #include "include/event_log.h"
-#include "tests/platform/seam.h"
+#include "tests/platform/make_call.h"
 
 namespace {
 
-// An entry of the log: its header, then bytes of its number.
+// Builds an entry of the log: a header, then bytes that depend on its number.
 std::string Entry(uint32_t number, unsigned length) {
     EVT_HEADER header{};
     header.wEvtLength = static_cast<uint16_t>(length);
@@ -31,7 +31,7 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
     machine.Remove("crom");
     machine.Write("crom", "");
     ExpectCalls(machine, R"(open cevt -> -1 errno=2 # a device that isn't there
-        open crom -> -1 errno=20                    # a file in a device's place
+        open crom -> -1 errno=20                    # a file instead of a directory
         open /dev/zethealth/cdt2 -> -1 errno=2      # a path taken by its beginning
         open casr -> 0
         casr 69 -> -1 errno=22                      # another device's code
@@ -50,7 +50,7 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
             Make("open " + device);
             going.Remove(device);
         }
-        const std::string without = "a device that went after it was opened";
+        const std::string without = "a device that was removed after it was opened";
         for (const char* request :
              {"casr 4", "casr 6", "cdt 351.0.0 size=4 cru=0.0", "cdt 1503.0.0 size=5 cru=1.1",
               "crom read A length=1", "crom write A length=1 data=07", "cevt read 0 length=312",
@@ -70,7 +70,7 @@ TEST(Devices, ReportDataTables) {
     machine.Write("cdt/1503.3.0", std::string(65537, '\0'));
     ExpectCalls(machine, R"(open cdt -> 0
         cdt 351.0.0 size=3 cru=0.0 -> 0 = 010203       # bytes past the caller's size
-        cdt 351.0.0 size=9 cru=0.0 -> 0 = 01020304     # bytes made up behind the record
+        cdt 351.0.0 size=9 cru=0.0 -> 0 = 01020304     # bytes made up after the record
         cdt 1702.255.7 size=4 cru=0.0 -> 0 = 05        # indexes mixed up, or signed
         cdt 351.0.1 size=4 cru=0.0 -> 1                # a record that isn't there
         cdt 351.0.0 size=1 cru=9.2 -> 0 = 01           # the control bytes of a plain table
@@ -108,10 +108,10 @@ TEST(Devices, KeepRomVariables) {
     const std::string longest(255, 'N'), every_byte(256, '\x5a');
     ExpectCalls(machine, R"(open crom -> 0
         crom read ZTHCPR length=3 -> 0 = 010203        # bytes past the length
-        crom read ZTHCPR length=256 -> 0 = 01020304    # bytes made up behind the value
+        crom read ZTHCPR length=256 -> 0 = 01020304    # bytes made up after the value
         crom read ZTHCPR length=257 -> 1               # a length above the block's
         crom read ZTHLS1 length=4 -> 1                 # a variable that isn't there
-        crom write ZTHCPR length=2 data=aabb -> 0      # the bytes behind the length lost
+        crom write ZTHCPR length=2 data=aabb -> 0      # the bytes after the length lost
         crom write AZ_az-09 length=3 data=00ff10 -> 0  # a variable that isn't there yet
         crom read ../cdt/351.0.0 length=6 -> 1         # a way out of the directory
         crom read . length=6 -> 1                      # the directory itself
@@ -157,25 +157,25 @@ TEST(Devices, ReadTheEventLog) {
     EXPECT_FALSE(std::filesystem::exists(machine.Directory() + "/cevt/.new")) << "left of a failed change";
 }
 
-// Puts a log in the place of one that a listing is going through.
+// Ways to replace a log while a listing reads it.
 const struct {
     const char* catches;
     void (*replace)(TestMachine& machine, const std::string& log);
 } kReplacements[] = {
-    {"a file that was overwritten, as it was",
+    {"a file that was overwritten, with its old contents",
      [](TestMachine& machine, const std::string& log) { machine.Write("cevt/hlog", log); }},
-    {"the file that has had the name",
+    {"a file that has been replaced",
      [](TestMachine& machine, const std::string& log) {
          machine.Write("cevt/.new", log);
          std::filesystem::rename(machine.Directory() + "/cevt/.new", machine.Directory() + "/cevt/hlog");
      }},
-    {"the directory that has had the name",
+    {"a file in a directory that has been replaced",
      [](TestMachine& machine, const std::string& log) {
          std::filesystem::rename(machine.Directory() + "/cevt", machine.Directory() + "/before" + log[2]);
          std::filesystem::create_directory(machine.Directory() + "/cevt");
          machine.Write("cevt/hlog", log);
      }},
-    {"the machine that has had the name",
+    {"a file of a machine that has been replaced",
      [](TestMachine& machine, const std::string& log) {
          std::filesystem::rename(machine.Directory(), machine.Directory() + ".before");
          std::filesystem::create_directories(machine.Directory() + "/cevt");
@@ -191,7 +191,7 @@ TEST(Devices, ListTheLogThatIsThere) {
     TestMachine machine;
     InChild(machine, [&] {
         Make("open cevt");
-        uint32_t next = 1;  // of the numbers, which are other ones in each log
+        uint32_t next = 1;  // number; each log has other numbers
         machine.Write("cevt/hlog", log(next));
         const auto expect_next = [&next](const char* catches) {
             const std::string call = "cevt read " + std::to_string(next) + " length=56";
@@ -199,23 +199,23 @@ TEST(Devices, ListTheLogThatIsThere) {
             ++next;
         };
         for (const auto& [catches, replace] : kReplacements) {
-            usleep(60000);  // until the file isn't a new one any more
+            usleep(60000);  // until the index of the file is kept
             expect_next(catches);
             expect_next(catches);
             replace(machine, log(++next));
             expect_next(catches);
         }
         for (int i = 0; i < 20; ++i) {
-            for (int entries = 0; entries < 2; ++entries) expect_next("what was read ahead of a change");
+            for (int entries = 0; entries < 2; ++entries) expect_next("the log before a change");
             kReplacements[0].replace(machine, log(++next));
-            expect_next("a change in the moment of the one before, which the file's time doesn't show");
+            expect_next("a change within the same clock tick as the one before");
         }
         machine.Remove("cevt/hlog");
         EXPECT_EQ(Make("cevt read 1 length=56"), "1") << "a file that is removed";
     });
 }
 
-// The bytes that this process has read from files so far.
+// Returns the number of bytes that this process has read from files.
 size_t BytesRead() {
     std::ifstream io("/proc/self/io");
     std::string word;
@@ -238,7 +238,7 @@ TEST(Devices, ListALongLogInOnePass) {
     TestMachine machine;
     machine.Write("cevt/hlog",
                   log + "\x1d" + std::string(27, '\0'));  // at the end, an entry that lacks a byte
-    usleep(60000);                                        // until the file isn't a new one any more
+    usleep(60000);                                        // until the index of the file is kept
     InChild(machine, [&] {
         Make("open cevt");
         const size_t before = BytesRead();
@@ -246,6 +246,6 @@ TEST(Devices, ListALongLogInOnePass) {
             const std::string answer = Make("cevt read " + std::to_string(number) + " length=344");
             ASSERT_EQ(answer, "0 = " + Hexadecimal(entry)) << number;
         }
-        EXPECT_LT(BytesRead() - before, 3 * log.size()) << "the log is gone through again for each entry";
+        EXPECT_LT(BytesRead() - before, 3 * log.size()) << "the log is indexed again for each entry";
     });
 }

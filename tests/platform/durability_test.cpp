@@ -1,4 +1,4 @@
-// A change of the machine directory is never lost to another process, nor half made.
+// A change to the machine directory is complete or absent, and never lost to another process.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -7,9 +7,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
 
-#include "tests/platform/seam.h"
-#include "tests/support/pattern.h"
+#include "tests/platform/make_call.h"
 
 namespace {
 
@@ -20,8 +20,8 @@ std::string Write(size_t length, unsigned byte) {
 
 }  // namespace
 
-// One process changes the whole variable, the other its first byte only: a change that is lost shows in the
-// bytes that the other one keeps.
+// One process changes the whole variable, the other only its first byte. If a change is lost, the bytes that
+// the second process keeps are wrong.
 TEST(Durability, TwoProcessesLoseNoChange) {
     constexpr unsigned kChanges = 100;
     TestMachine machine;
@@ -44,7 +44,8 @@ TEST(Durability, TwoProcessesLoseNoChange) {
     });
     waitpid(other, nullptr, 0);
 
-    const std::string whole_lines = ReplaceAll(machine.TakeTrace(), "(open|crom) [^\n]{2,40} -> 0\n", "|");
+    const std::string whole_lines =
+        std::regex_replace(machine.TakeTrace(), std::regex("(open|crom) [^\n]{2,40} -> 0\n"), "|");
     EXPECT_EQ(whole_lines, std::string(3 * kChanges + 2, '|')) << "lines of two processes mixed";
 }
 

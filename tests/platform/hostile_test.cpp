@@ -7,7 +7,7 @@
 #include <fstream>
 #include <regex>
 
-#include "tests/platform/seam.h"
+#include "tests/platform/make_call.h"
 
 namespace {
 

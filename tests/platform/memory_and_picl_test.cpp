@@ -1,10 +1,11 @@
 // Physical memory and the PICL tree.
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "platform/physical_memory.h"
 #include "platform/picl.h"
-#include "tests/platform/seam.h"
-#include "tests/support/pattern.h"
+#include "tests/platform/make_call.h"
 
 TEST(PhysicalMemory, IsMappedUpToItsEnd) {
     TestMachine machine;
@@ -70,8 +71,8 @@ TEST(Picl, WalksTheTreeOfTheFile) {
         const std::string found = nodes == nullptr ? "1" : "0; picl walk a -> 0";
         const std::string ids = nodes == nullptr || *nodes == '\0' ? "" : std::string(" = ") + nodes;
         ExpectCalls(machine, "picl initialize -> 0; picl root -> " + found + ids);
-        const char* const refusal = "simulated machine: picl: line (\\d+) can't be read\n";
-        EXPECT_EQ(ReplaceAll(machine.Read("stderr"), refusal, "$1 "), refused);
+        const std::regex refusal("simulated machine: picl: line (\\d+) can't be read\n");
+        EXPECT_EQ(std::regex_replace(machine.Read("stderr"), refusal, "$1 "), refused);
     }
 }
 

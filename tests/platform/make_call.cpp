@@ -1,4 +1,4 @@
-#include "tests/platform/seam.h"
+#include "tests/platform/make_call.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <map>
+#include <regex>
 
 #include "include/data_tables.h"
 #include "include/event_log.h"
@@ -15,21 +16,20 @@
 #include "platform/physical_memory.h"
 #include "platform/picl.h"
 #include "platform/request.h"
-#include "tests/support/pattern.h"
 
 namespace {
 
 constexpr char kUntouched = '\xEE';
-constexpr size_t kGuard = 64;  // bytes behind a buffer, which must stay as they are
+constexpr size_t kGuard = 64;  // bytes after a buffer, which no call may change
 
-using Words = const Match&;  // a call, and the groups of its pattern
+using Words = const std::smatch&;  // a call, and the groups that its pattern captures
 
 std::map<std::string, int> descriptors;
 int memory = -1;
 char* mapping = nullptr;
 picl_nodehdl_t root = 0;
 
-// A word as a number of whatever type is wanted.
+// Converts a word to a number of any type.
 struct Number {
     explicit Number(const std::string& word) : value(std::stoull(word, nullptr, 0)) {}
     template <typename Wanted>
@@ -39,7 +39,7 @@ struct Number {
     unsigned long long value;
 };
 
-// The answer to a call: its result, and its buffer's bytes up to the last one that was written.
+// Formats the result of a call, and the bytes of its buffer up to the last one that was written.
 std::string Answer(int result, std::string buffer = "") {
     buffer.resize(buffer.find_last_not_of(kUntouched) + 1);
     return std::to_string(result) + (result < 0 ? " errno=" + std::to_string(errno) : "") +
@@ -47,17 +47,22 @@ std::string Answer(int result, std::string buffer = "") {
 }
 
 std::string Open(Words words) {
-    std::string path = (words[1][0] == '/' ? "" : "/dev/zethealth/") + words[1];
+    std::string path = (words.str(1)[0] == '/' ? "" : "/dev/zethealth/") + words.str(1);
     return Answer(std::min(descriptors[words[1]] = vxOpenRequest(path.data(), kReadWrite), 0));
 }
 
-std::string AskCasr(int fd, int code) {
+std::string Close(Words words) {
+    vxCloseRequest(descriptors[words[1]]);
+    return "";
+}
+
+std::string RequestCasr(int fd, Number code) {
     std::string state(4, kUntouched);
     const int result = vxIoctlRequest(fd, code, state.data());
     return Answer(result, state);
 }
 
-std::string AskCdt(Words words) {
+std::string RequestCdt(Words words) {
     const Number type(words[1]), index(words[2]), index2(words[3]), size(words[4]);
     std::string reply(size_t{size} + kGuard, kUntouched);
     DT_IOCTL block = {{size, type, index, index2, Number(words[5]), Number(words[6]), {}}, reply.data()};
@@ -65,7 +70,7 @@ std::string AskCdt(Words words) {
     return Answer(result, reply);
 }
 
-std::string AskCrom(int code, const std::string& name, Number length, const std::string& data) {
+std::string RequestCrom(int code, const std::string& name, Number length, const std::string& data) {
     EV_IOCTL_STRUCT block{};
     name.copy(block.EvName, sizeof block.EvName);
     block.DataLength = length;
@@ -75,17 +80,33 @@ std::string AskCrom(int code, const std::string& name, Number length, const std:
     return Answer(result, data.empty() ? std::string(block.DataBuffer, std::end(block.DataBuffer)) : "");
 }
 
-std::string AskCevt(int choice, Number number, Number length) {
+std::string RequestCevt(int choice, Number number, Number length) {
     std::string block = MachineBuilder::Plain(LOG_INFO{length, choice, 0, number});
     block.resize(std::max(size_t{length}, sizeof(LOG_INFO)) + kGuard, kUntouched);
     const int result = vxIoctlRequest(descriptors["cevt"], kEventLogRequest, block.data());
     return Answer(result, block.substr(sizeof(LOG_INFO)));
 }
 
+std::string OpenMemory(Words) {
+    memory = xsvc_open();
+    return Answer(std::min(memory, 0));
+}
+
 // Shows the first and the last byte of the mapping.
-std::string MapMemory(Number address, Number length) {
+std::string MapMemory(Words words) {
+    const Number address(words[1]), length(words[2]);
     mapping = static_cast<char*>(xsvc_map(memory, address, length));
     return mapping == nullptr ? Answer(-1) : Answer(0, {mapping[0], mapping[length.value - 1]});
+}
+
+std::string UnmapMemory(Words words) {
+    xsvc_unmap(mapping, Number(words[1]));
+    return "";
+}
+
+std::string CloseMemory(Words) {
+    xsvc_close(memory);
+    return "";
 }
 
 // Shows one byte of each node's property "id", or ff.
@@ -97,42 +118,41 @@ std::string WalkPicl(Words words) {
         *static_cast<std::string*>(arg) += static_cast<char>(id);
         return PICL_WALK_CONTINUE;
     };
-    const int result = picl_walk_tree_by_class(root, words[1].c_str(), &ids, note);
+    const int result = picl_walk_tree_by_class(root, words.str(1).c_str(), &ids, note);
     return Answer(result, ids);
 }
 
 // clang-format off
 const struct {
-    const char* pattern;
+    std::regex pattern;
     std::string (*make)(Words words);
 } kCalls[] = {
-    {"open (.+)",                       Open},
-    {"close (.+)",                      [](Words w) { return vxCloseRequest(descriptors[w[1]]), std::string(); }},
-    {"cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)", AskCdt},
-    {"casr (\\d+)",                    [](Words w) { return AskCasr(descriptors["casr"], Number(w[1])); }},
-    {"fd=(\\S+) code=(\\d+)",           [](Words w) { return AskCasr(Number(w[1]), Number(w[2])); }},
-    {"crom read (.*) length=(\\d+)",    [](Words w) { return AskCrom(kReadVariable, w[1], Number(w[2]), ""); }},
-    {"crom write (.*) length=(\\d+) data=(.*)",
-                                             [](Words w) { return AskCrom(kWriteVariable, w[1], Number(w[2]), w[3]); }},
-    {"cevt read (\\S+) length=(\\d+)",  [](Words w) { return AskCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
-    {"cevt clear length=(\\d+)",        [](Words w) { return AskCevt(kClearEvents, Number("0"), Number(w[1])); }},
-    {"cevt choice=(\\d+) length=(\\d+)",[](Words w) { return AskCevt(Number(w[1]), Number("0"), Number(w[2])); }},
-    {"xsvc open",                       [](Words) { return Answer(std::min(memory = xsvc_open(), 0)); }},
-    {"xsvc map (\\S+) (\\d+)",          [](Words w) { return MapMemory(Number(w[1]), Number(w[2])); }},
-    {"xsvc unmap (\\d+)",               [](Words w) { return xsvc_unmap(mapping, Number(w[1])), std::string(); }},
-    {"xsvc close",                      [](Words) { return xsvc_close(memory), std::string(); }},
-    {"picl initialize",                 [](Words) { return Answer(picl_initialize()); }},
-    {"picl root",                       [](Words) { return Answer(picl_get_root(&root)); }},
-    {"picl walk (.+)",                  WalkPicl},
+    {std::regex("open (.+)"), Open},
+    {std::regex("close (.+)"), Close},
+    {std::regex("cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)"), RequestCdt},
+    {std::regex("casr (\\d+)"), [](Words w) { return RequestCasr(descriptors["casr"], Number(w[1])); }},
+    {std::regex("fd=(\\S+) code=(\\d+)"), [](Words w) { return RequestCasr(Number(w[1]), Number(w[2])); }},
+    {std::regex("crom read (.*) length=(\\d+)"), [](Words w) { return RequestCrom(kReadVariable, w[1], Number(w[2]), ""); }},
+    {std::regex("crom write (.*) length=(\\d+) data=(.*)"), [](Words w) { return RequestCrom(kWriteVariable, w[1], Number(w[2]), w[3]); }},
+    {std::regex("cevt read (\\S+) length=(\\d+)"), [](Words w) { return RequestCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
+    {std::regex("cevt clear length=(\\d+)"), [](Words w) { return RequestCevt(kClearEvents, Number("0"), Number(w[1])); }},
+    {std::regex("cevt choice=(\\d+) length=(\\d+)"), [](Words w) { return RequestCevt(Number(w[1]), Number("0"), Number(w[2])); }},
+    {std::regex("xsvc open"), OpenMemory},
+    {std::regex("xsvc map (\\S+) (\\d+)"), MapMemory},
+    {std::regex("xsvc unmap (\\d+)"), UnmapMemory},
+    {std::regex("xsvc close"), CloseMemory},
+    {std::regex("picl initialize"), [](Words) { return Answer(picl_initialize()); }},
+    {std::regex("picl root"), [](Words) { return Answer(picl_get_root(&root)); }},
+    {std::regex("picl walk (.+)"), WalkPicl},
 };
 // clang-format on
 
 }  // namespace
 
 std::string Make(const std::string& call) {
+    std::smatch words;
     for (const auto& [pattern, make] : kCalls) {
-        const Match words = MatchWhole(call, pattern);
-        if (!words.empty()) return make(words);
+        if (std::regex_match(call, words, pattern)) return make(words);
     }
     return "no such call";
 }
@@ -154,15 +174,17 @@ void InChild(const TestMachine& machine, const std::function<void()>& body) {
 }
 
 void ExpectCalls(TestMachine& machine, const std::string& calls) {
-    const std::vector<Match> steps =
-        MatchAll(calls, " *([^#;\n]+?)( -> (-?\\d+(?: errno=\\d+)?)( = \\w+)?)? *(#[^;\n]*)?(?:[;\n]|$)");
+    static const std::regex kStep(
+        " *([^#;\n]+?)( -> (-?\\d+(?: errno=\\d+)?)( = \\w+)?)? *(#[^;\n]*)?(?:[;\n]|$)");
     std::string trace;
     machine.StartTrace();
     InChild(machine, [&] {
-        for (const Match& step : steps) {
-            EXPECT_EQ(Make(step[1]), step[3] + step[4]) << step[1] << ' ' << step[5];
+        for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
+            EXPECT_EQ(Make((*step)[1]), step->str(3) + step->str(4)) << (*step)[1] << ' ' << (*step)[5];
         }
     });
-    for (const Match& step : steps) trace += step[1] + (step[2].empty() ? "" : " -> ") + step[3] + "\n";
+    for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
+        trace += step->str(1) + (step->length(2) != 0 ? " -> " : "") + step->str(3) + "\n";
+    }
     EXPECT_EQ(machine.TakeTrace(), trace);
 }
