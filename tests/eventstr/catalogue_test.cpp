@@ -49,7 +49,7 @@ TEST(Catalogue, RefusesRowsThatDontGoTogether) {
     const EventRow descend[] = {{2, {}, "a", {}}, {1, {}, "b", {}}};
     const EventRow hidden[] = {{1, {kSlot}, "a", {}}, {1, {}, "b", {}}, {1, {kSlot}, "c", {}}};
     const ChassisEventRow with_extra[] = {{1, 2, {}, {}, {}}, {3, 4, {}, {}, {}}};
-    const ChassisEventRow twice[] = {{1, 1, {}, {}, {}}};
+    const ChassisEventRow twice[] = {{1, 2, {}, {}, {}}, {3, 3, {}, {}, {}}};
     const EventRow same[] = {{4, {}, "a", {}}}, other[] = {{5, {}, "a", {}}};
     EXPECT_EQ(FirstRefusal(descend).rule, Rule::CodesAscend);
     EXPECT_EQ(FirstRefusal(hidden).rule, Rule::InReach);

@@ -47,7 +47,6 @@ const std::vector<Shown> kShown = {
     {"ZTHLS1=0041", "SHOW NAME", "\nServer name is: Not Set"},
     {"ZTHCSM=fe", "SHOW EAAS", "\nEAAS is currently disabled."},
     {"ZTHCSM=07", "SHOW EAAS", "\nEAAS is currently enabled."},
-    {"ZTHUV=00", "SHOW VERSIONS", "\nNo version information available"},
     {"ZTSBKT=000000000000fc", "SHOW WOL", "\nWake-On-Lan is currently disabled."},
     {"ZTSBKT=000000000000ff", "SHOW WOL", "\nWake-On-Lan is currently disabled."},
     {"ZTSBKT=00000000000000fc", "SHOW F1", "\nThe POST F1 prompt is currently undefined."},
