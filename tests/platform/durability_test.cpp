@@ -7,9 +7,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <regex>
 
 #include "tests/platform/make_call.h"
+#include "tests/support/pattern.h"
 
 namespace {
 
@@ -44,8 +44,7 @@ TEST(Durability, TwoProcessesLoseNoChange) {
     });
     waitpid(other, nullptr, 0);
 
-    const std::string whole_lines =
-        std::regex_replace(machine.TakeTrace(), std::regex("(open|crom) [^\n]{2,40} -> 0\n"), "|");
+    const std::string whole_lines = ReplaceAll(machine.TakeTrace(), "(open|crom) [^\n]{2,40} -> 0\n", "|");
     EXPECT_EQ(whole_lines, std::string(3 * kChanges + 2, '|')) << "lines of two processes mixed";
 }
 

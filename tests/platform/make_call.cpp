@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <map>
-#include <regex>
 
 #include "include/data_tables.h"
 #include "include/event_log.h"
@@ -16,13 +15,14 @@
 #include "platform/physical_memory.h"
 #include "platform/picl.h"
 #include "platform/request.h"
+#include "tests/support/pattern.h"
 
 namespace {
 
 constexpr char kUntouched = '\xEE';
 constexpr size_t kGuard = 64;  // bytes after a buffer, which no call may change
 
-using Words = const std::smatch&;  // a call, and the groups that its pattern captures
+using Words = const Match&;  // a call, and the groups that its pattern captures
 
 std::map<std::string, int> descriptors;
 int memory = -1;
@@ -47,7 +47,7 @@ std::string Answer(int result, std::string buffer = "") {
 }
 
 std::string Open(Words words) {
-    std::string path = (words.str(1)[0] == '/' ? "" : "/dev/zethealth/") + words.str(1);
+    std::string path = (words[1][0] == '/' ? "" : "/dev/zethealth/") + words[1];
     return Answer(std::min(descriptors[words[1]] = vxOpenRequest(path.data(), kReadWrite), 0));
 }
 
@@ -118,41 +118,41 @@ std::string WalkPicl(Words words) {
         *static_cast<std::string*>(arg) += static_cast<char>(id);
         return PICL_WALK_CONTINUE;
     };
-    const int result = picl_walk_tree_by_class(root, words.str(1).c_str(), &ids, note);
+    const int result = picl_walk_tree_by_class(root, words[1].c_str(), &ids, note);
     return Answer(result, ids);
 }
 
 // clang-format off
 const struct {
-    std::regex pattern;
+    const char* pattern;
     std::string (*make)(Words words);
 } kCalls[] = {
-    {std::regex("open (.+)"), Open},
-    {std::regex("close (.+)"), Close},
-    {std::regex("cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)"), RequestCdt},
-    {std::regex("casr (\\d+)"), [](Words w) { return RequestCasr(descriptors["casr"], Number(w[1])); }},
-    {std::regex("fd=(\\S+) code=(\\d+)"), [](Words w) { return RequestCasr(Number(w[1]), Number(w[2])); }},
-    {std::regex("crom read (.*) length=(\\d+)"), [](Words w) { return RequestCrom(kReadVariable, w[1], Number(w[2]), ""); }},
-    {std::regex("crom write (.*) length=(\\d+) data=(.*)"), [](Words w) { return RequestCrom(kWriteVariable, w[1], Number(w[2]), w[3]); }},
-    {std::regex("cevt read (\\S+) length=(\\d+)"), [](Words w) { return RequestCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
-    {std::regex("cevt clear length=(\\d+)"), [](Words w) { return RequestCevt(kClearEvents, Number("0"), Number(w[1])); }},
-    {std::regex("cevt choice=(\\d+) length=(\\d+)"), [](Words w) { return RequestCevt(Number(w[1]), Number("0"), Number(w[2])); }},
-    {std::regex("xsvc open"), OpenMemory},
-    {std::regex("xsvc map (\\S+) (\\d+)"), MapMemory},
-    {std::regex("xsvc unmap (\\d+)"), UnmapMemory},
-    {std::regex("xsvc close"), CloseMemory},
-    {std::regex("picl initialize"), [](Words) { return Answer(picl_initialize()); }},
-    {std::regex("picl root"), [](Words) { return Answer(picl_get_root(&root)); }},
-    {std::regex("picl walk (.+)"), WalkPicl},
+    {"open (.+)", Open},
+    {"close (.+)", Close},
+    {"cdt (\\d+).(\\d+).(\\d+) size=(\\d+) cru=(\\d+).(\\d+)", RequestCdt},
+    {"casr (\\d+)", [](Words w) { return RequestCasr(descriptors["casr"], Number(w[1])); }},
+    {"fd=(\\S+) code=(\\d+)", [](Words w) { return RequestCasr(Number(w[1]), Number(w[2])); }},
+    {"crom read (.*) length=(\\d+)", [](Words w) { return RequestCrom(kReadVariable, w[1], Number(w[2]), ""); }},
+    {"crom write (.*) length=(\\d+) data=(.*)", [](Words w) { return RequestCrom(kWriteVariable, w[1], Number(w[2]), w[3]); }},
+    {"cevt read (\\S+) length=(\\d+)", [](Words w) { return RequestCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
+    {"cevt clear length=(\\d+)", [](Words w) { return RequestCevt(kClearEvents, Number("0"), Number(w[1])); }},
+    {"cevt choice=(\\d+) length=(\\d+)", [](Words w) { return RequestCevt(Number(w[1]), Number("0"), Number(w[2])); }},
+    {"xsvc open", OpenMemory},
+    {"xsvc map (\\S+) (\\d+)", MapMemory},
+    {"xsvc unmap (\\d+)", UnmapMemory},
+    {"xsvc close", CloseMemory},
+    {"picl initialize", [](Words) { return Answer(picl_initialize()); }},
+    {"picl root", [](Words) { return Answer(picl_get_root(&root)); }},
+    {"picl walk (.+)", WalkPicl},
 };
 // clang-format on
 
 }  // namespace
 
 std::string Make(const std::string& call) {
-    std::smatch words;
     for (const auto& [pattern, make] : kCalls) {
-        if (std::regex_match(call, words, pattern)) return make(words);
+        const Match words = MatchWhole(call, pattern);
+        if (!words.empty()) return make(words);
     }
     return "no such call";
 }
@@ -174,17 +174,15 @@ void InChild(const TestMachine& machine, const std::function<void()>& body) {
 }
 
 void ExpectCalls(TestMachine& machine, const std::string& calls) {
-    static const std::regex kStep(
-        " *([^#;\n]+?)( -> (-?\\d+(?: errno=\\d+)?)( = \\w+)?)? *(#[^;\n]*)?(?:[;\n]|$)");
+    const std::vector<Match> steps =
+        MatchAll(calls, " *([^#;\n]+?)( -> (-?\\d+(?: errno=\\d+)?)( = \\w+)?)? *(#[^;\n]*)?(?:[;\n]|$)");
     std::string trace;
     machine.StartTrace();
     InChild(machine, [&] {
-        for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
-            EXPECT_EQ(Make((*step)[1]), step->str(3) + step->str(4)) << (*step)[1] << ' ' << (*step)[5];
+        for (const Match& step : steps) {
+            EXPECT_EQ(Make(step[1]), step[3] + step[4]) << step[1] << ' ' << step[5];
         }
     });
-    for (std::sregex_iterator step(calls.begin(), calls.end(), kStep), end; step != end; ++step) {
-        trace += step->str(1) + (step->length(2) != 0 ? " -> " : "") + step->str(3) + "\n";
-    }
+    for (const Match& step : steps) trace += step[1] + (step[2].empty() ? "" : " -> ") + step[3] + "\n";
     EXPECT_EQ(machine.TakeTrace(), trace);
 }

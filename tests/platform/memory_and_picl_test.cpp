@@ -1,11 +1,10 @@
 // Physical memory and the PICL tree.
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include "platform/physical_memory.h"
 #include "platform/picl.h"
 #include "tests/platform/make_call.h"
+#include "tests/support/pattern.h"
 
 TEST(PhysicalMemory, IsMappedUpToItsEnd) {
     TestMachine machine;
@@ -71,8 +70,8 @@ TEST(Picl, WalksTheTreeOfTheFile) {
         const std::string found = nodes == nullptr ? "1" : "0; picl walk a -> 0";
         const std::string ids = nodes == nullptr || *nodes == '\0' ? "" : std::string(" = ") + nodes;
         ExpectCalls(machine, "picl initialize -> 0; picl root -> " + found + ids);
-        const std::regex refusal("simulated machine: picl: line (\\d+) can't be read\n");
-        EXPECT_EQ(std::regex_replace(machine.Read("stderr"), refusal, "$1 "), refused);
+        const char* const refusal = "simulated machine: picl: line (\\d+) can't be read\n";
+        EXPECT_EQ(ReplaceAll(machine.Read("stderr"), refusal, "$1 "), refused);
     }
 }
 
