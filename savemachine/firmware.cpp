@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <stdexcept>
+#include <vector>
 
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
@@ -43,19 +44,21 @@ std::string Node(size_t level, const std::string& text) {
 
 void SaveFirmware(MachineCopy& copy) {
     copy.Reading("physical memory");
+    std::vector<Extent> memory;
     if (IsSMBIOSAvailable() == TRUE) {
         const std::string tables(reinterpret_cast<const char*>(pSMBTables), EPS.wSTLength);
-        copy.Write(kMemoryFile, FilledToPage(tables, EPS.dwSTAddr), static_cast<off_t>(EPS.dwSTAddr));
+        memory.push_back({static_cast<off_t>(EPS.dwSTAddr), FilledToPage(tables, EPS.dwSTAddr)});
     } else if (EPS.wSTLength != 0) {
         RefuseTables(copy);
     }
-    // Behind the tables, so that where they lie in the BIOS area their last page is filled with what it
-    // holds.
+    // The area follows the tables: if they are in the BIOS area, it overwrites the zeros that fill their last
+    // page.
     std::string area(kBiosAreaSize, '\0');
     if (ReadPhysMem(kBiosArea, kBiosAreaSize, reinterpret_cast<unsigned char*>(area.data())) != TRUE) {
         throw std::runtime_error("the BIOS area can't be read any more");
     }
-    copy.Write(kMemoryFile, area, kBiosArea);
+    memory.push_back({kBiosArea, area});
+    copy.Write(kMemoryFile, memory);
 }
 
 void SavePicl(MachineCopy& copy) {

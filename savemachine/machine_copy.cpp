@@ -8,10 +8,9 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
+#include <random>
 #include <stdexcept>
 #include <system_error>
-#include <utility>
 
 namespace {
 
@@ -31,20 +30,80 @@ void EraseProgress() {
     if (HasTerminal()) std::fputs(kEraseLine, stderr);
 }
 
-// All of the bytes, and on disk.
-bool WriteAll(int fd, const std::string& bytes, off_t offset) {
+// Writes all of the bytes.
+bool WriteAll(int fd, const Extent& extent) {
     size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count =
-            pwrite(fd, bytes.data() + done, bytes.size() - done, offset + static_cast<off_t>(done));
+    while (done < extent.bytes.size()) {
+        const ssize_t count = pwrite(fd, extent.bytes.data() + done, extent.bytes.size() - done,
+                                     extent.offset + static_cast<off_t>(done));
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return false;
         done += static_cast<size_t>(count);
     }
-    return fsync(fd) == 0;
+    return true;
+}
+
+// O_NONBLOCK: a FIFO in the directory's place must not make the program wait. (There is no O_DIRECTORY on the
+// server's system.)
+constexpr int kOpenDirectory = O_RDONLY | O_NONBLOCK;
+
+// Creates a directory that only its owner can open. The server's system has no mkdirat, and a path could lead
+// into a directory that was replaced, so the parent is the working directory during the call.
+int MakeDirectoryAt(int parent, const std::string& name) {
+    const OwnedDescriptor before(open(".", kOpenDirectory));
+    if (before.Get() < 0 || fchdir(parent) != 0) return -1;
+    const int result = mkdir(name.c_str(), S_IRWXU);
+    const int reason = errno;
+    if (fchdir(before.Get()) != 0) return -1;
+    errno = reason;
+    return result;
+}
+
+// Returns whether the descriptor is a directory that only this user can look into.
+bool IsPrivateDirectory(int fd) {
+    struct stat status {};
+    return fstat(fd, &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+           (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+// Returns whether the entry of the directory `parent` is the open file `fd`.
+bool IsEntry(int parent, const std::string& name, int fd) {
+    struct stat entry {};
+    struct stat open_file {};
+    return fstatat(parent, name.c_str(), &entry, AT_SYMLINK_NOFOLLOW) == 0 && fstat(fd, &open_file) == 0 &&
+           entry.st_dev == open_file.st_dev && entry.st_ino == open_file.st_ino;
+}
+
+// Returns a dot and six random letters and digits.
+std::string RandomSuffix() {
+    constexpr char kLetters[] = "abcdefghijklmnopqrstuvwxyz234567";
+    constexpr unsigned kBits = 5;  // of a letter
+    unsigned bits = std::random_device()();
+    std::string suffix = ".";
+    for (int i = 0; i < 6; ++i, bits >>= kBits) suffix += kLetters[bits % (1U << kBits)];
+    return suffix;
+}
+
+std::string WithoutTrailingSlashes(std::string path) {
+    while (path.size() > 1 && path.back() == '/') path.pop_back();
+    return path;
+}
+
+std::string ParentOf(const std::string& path) {
+    const size_t slash = path.rfind('/');
+    return slash == path.npos ? "." : path.substr(0, slash + 1);
 }
 
 }  // namespace
+
+OwnedDescriptor::~OwnedDescriptor() {
+    Set(-1);
+}
+
+void OwnedDescriptor::Set(int fd) {
+    if (fd_ >= 0) close(fd_);
+    fd_ = fd;
+}
 
 int FailedResult() {
     return errno == 0 || errno == ENOENT ? kMissing : -errno;
@@ -52,31 +111,72 @@ int FailedResult() {
 
 void NoticeInterrupts() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, Interrupt);  // else as nohup has it
+        // A signal that nohup ignores stays ignored.
+        if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, Interrupt);
     }
-    for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);  // the write fails, too
+    for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
 }
 
-MachineCopy::MachineCopy(std::string place) : place_(std::move(place)) {
-    while (place_.size() > 1 && place_.back() == '/') place_.pop_back();
+MachineCopy::MachineCopy(const std::string& path)
+    : path_(WithoutTrailingSlashes(path)),
+      name_(path_.substr(path_.rfind('/') + 1)),  // npos + 1 is 0
+      parent_(open(ParentOf(path_).c_str(), kOpenDirectory)) {
+    if (parent_.Get() < 0) Fail();
     struct stat status {};
-    if (lstat(place_.c_str(), &status) == 0) {
+    if (name_.empty() || fstatat(parent_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
         errno = EEXIST;
         Fail();
     }
-    const std::string name = place_ + "." + std::to_string(getpid());
-    if (mkdir(name.c_str(), 0700) != 0) Fail();  // for its owner alone
-    directory_ = name;
+    if (MakeTemporaryDirectory() != 0) Fail();
+    directory_.Set(openat(parent_.Get(), (name_ + suffix_).c_str(), kOpenDirectory | O_NOFOLLOW));
+    if (IsPrivateDirectory(directory_.Get())) return;
+    Remove();
+    FailAsReplaced();
 }
 
 MachineCopy::~MachineCopy() {
     EraseProgress();
-    std::error_code ignored;  // what can't be removed can't be helped
-    if (!directory_.empty()) std::filesystem::remove_all(directory_, ignored);
+    Remove();
+}
+
+// Sets suffix_ once the directory exists. Returns -1 with errno on failure.
+int MachineCopy::MakeTemporaryDirectory() {
+    constexpr int kAttempts = 100;
+    for (int i = 0; i < kAttempts; ++i) {
+        const std::string suffix = RandomSuffix();
+        if (MakeDirectoryAt(parent_.Get(), name_ + suffix) == 0) {
+            suffix_ = suffix;
+            return 0;
+        }
+        if (errno != EEXIST) break;
+    }
+    return -1;
+}
+
+// Removes the entries that this object has created, and no others, then the directory. Reports the first
+// failure.
+void MachineCopy::Remove() const {
+    if (suffix_.empty()) return;
+    int reason = 0;
+    const auto remove = [&reason](int directory, const std::string& path, bool is_folder) {
+        if (unlinkat(directory, path.c_str(), is_folder ? AT_REMOVEDIR : 0) != 0 && reason == 0)
+            reason = errno;
+    };
+    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
+        remove(directory_.Get(), entry->path, entry->is_folder);
+    }
+    remove(parent_.Get(), name_ + suffix_, true);
+    if (reason == 0) return;
+    std::fprintf(stderr, "savemachine: not removed: %s%s: %s\n", path_.c_str(), suffix_.c_str(),
+                 std::strerror(reason));
 }
 
 void MachineCopy::Fail() const {
-    throw std::system_error(errno, std::generic_category(), place_);
+    throw std::system_error(errno, std::generic_category(), path_);
+}
+
+void MachineCopy::FailAsReplaced() const {
+    throw std::runtime_error(path_ + ": " + "the new directory was replaced by another user");
 }
 
 void MachineCopy::Reading(const std::string& what) const {
@@ -84,18 +184,24 @@ void MachineCopy::Reading(const std::string& what) const {
     if (HasTerminal()) std::fprintf(stderr, "%sreading %s", kEraseLine, what.c_str());
 }
 
-void MachineCopy::Folder(const std::string& name) const {
-    if (mkdir((directory_ + "/" + name).c_str(), 0700) != 0) Fail();
+void MachineCopy::Folder(const std::string& name) {
+    if (MakeDirectoryAt(directory_.Get(), name) != 0) Fail();
+    entries_.push_back({name, true});
 }
 
-void MachineCopy::Write(const std::string& path, const std::string& bytes, off_t offset) const {
-    const int fd = open((directory_ + "/" + path).c_str(), O_WRONLY | O_CREAT, 0600);
-    if (fd < 0) Fail();
-    const bool written = WriteAll(fd, bytes, offset);
-    const int reason = errno;
-    close(fd);
-    errno = reason;
-    if (!written) Fail();
+void MachineCopy::Write(const std::string& path, const std::vector<Extent>& extents) {
+    const OwnedDescriptor file(
+        openat(directory_.Get(), path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR));
+    if (file.Get() < 0) Fail();
+    entries_.push_back({path, false});
+    for (const Extent& extent : extents) {
+        if (!WriteAll(file.Get(), extent)) Fail();
+    }
+    if (fsync(file.Get()) != 0) Fail();
+}
+
+void MachineCopy::Write(const std::string& path, const std::string& bytes) {
+    Write(path, std::vector<Extent>{{0, bytes}});
 }
 
 void MachineCopy::Refused(const std::string& what, int result) {
@@ -108,6 +214,7 @@ void MachineCopy::Refused(const std::string& what, int result) {
 void MachineCopy::Finish() {
     EraseProgress();
     if (!faults_.empty()) Write("faults", faults_);
-    if (rename(directory_.c_str(), place_.c_str()) != 0) Fail();
-    directory_.clear();
+    if (renameat(parent_.Get(), (name_ + suffix_).c_str(), parent_.Get(), name_.c_str()) != 0) Fail();
+    if (!IsEntry(parent_.Get(), name_, directory_.Get())) FailAsReplaced();
+    suffix_.clear();
 }

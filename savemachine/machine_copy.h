@@ -1,56 +1,97 @@
-// The machine directory that is being written: under a name of its own beside its place until it is complete,
-// and gone again when it never is. What can't be written throws std::system_error, with the place's name.
+// The machine directory that savemachine writes. It has a temporary name next to its destination until it is
+// complete, and is removed if it never is.
+//
+// The parent directory may belong to an untrusted user, who can rename and replace its entries at any moment.
+// So the new directory gets a random name, and everything below it is created and removed through its
+// descriptor.
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
+#include <vector>
+
+// A file descriptor, closed at the end of its scope; negative if opening failed.
+class OwnedDescriptor {
+  public:
+    explicit OwnedDescriptor(int fd = -1) : fd_(fd) {}
+    ~OwnedDescriptor();
+    OwnedDescriptor(const OwnedDescriptor&) = delete;
+    OwnedDescriptor& operator=(const OwnedDescriptor&) = delete;
+
+    int Get() const { return fd_; }
+    void Set(int fd);  // closes the present one first
+
+  private:
+    int fd_;
+};
+
+// Bytes and their offset in a file.
+struct Extent {
+    off_t offset;
+    std::string bytes;
+};
 
 class MachineCopy {
   public:
-    // place: where the directory will be. Refused when something is there already.
-    explicit MachineCopy(std::string place);
+    // Creates the temporary directory. `path` is the destination and must not exist. All members that write
+    // throw std::system_error, with `path` and the reason.
+    explicit MachineCopy(const std::string& path);
     ~MachineCopy();
     MachineCopy(const MachineCopy&) = delete;
     MachineCopy& operator=(const MachineCopy&) = delete;
 
-    // Says what is read next, to whoever sits at the terminal. Throws std::runtime_error when the user has
-    // interrupted the program meanwhile.
+    // Shows on a terminal what is read next. Throws std::runtime_error if a signal has interrupted the
+    // program.
     void Reading(const std::string& what) const;
 
-    // Makes a folder, of a device that opened.
-    void Folder(const std::string& name) const;
-    // Writes bytes at an offset of a file, by its path below the directory.
-    void Write(const std::string& path, const std::string& bytes, off_t offset = 0) const;
+    // Creates the folder of a device.
+    void Folder(const std::string& name);
+    // Creates a file. `path` is relative to the machine directory. Where extents overlap, the later one wins.
+    void Write(const std::string& path, const std::vector<Extent>& extents);
+    void Write(const std::string& path, const std::string& bytes);
 
-    // Reports a piece that the machine refused. what: the call, in the words of the file `faults`. result:
-    // what the call returned, or -E. Where a missing file would not have the copy refuse it too, it gets a
-    // fault.
+    // Reports a failed call on standard error. `what` is the call, in the words of the file `faults`;
+    // `result` is what the call returned, or -errno. If the missing file alone would not make the call fail
+    // in the same way on the copy, the copy gets a fault.
     void Refused(const std::string& what, int result);
 
-    // Puts the directory into its place.
+    // Writes the faults and gives the directory its final name.
     void Finish();
 
   private:
-    [[noreturn]] void Fail() const;
+    struct Entry {
+        std::string path;
+        bool is_folder;
+    };
 
-    std::string place_;
-    std::string directory_;  // as long as it isn't in its place
+    int MakeTemporaryDirectory();
+    void Remove() const;
+    [[noreturn]] void Fail() const;  // with errno
+    [[noreturn]] void FailAsReplaced() const;
+
+    std::string path_;  // the destination, as the user named it
+    std::string name_;  // its last component
+    OwnedDescriptor parent_;
+    std::string suffix_;  // of the temporary name, after name_; empty once there is nothing to remove
+    OwnedDescriptor directory_;
+    std::vector<Entry> entries_;  // created in directory_, in this order
     std::string faults_;
 };
 
-// What a request of a machine directory comes to when its file is missing.
+// The result of a request on a simulated machine when the request's file is missing.
 constexpr int kMissing = 1;
 
-// What the call that has just failed comes to, where only its errno is known (0 before the call): kMissing or
-// -E.
+// Returns kMissing or -errno for the call that has just failed. The caller sets errno to 0 before the call.
 int FailedResult();
 
-// From now on no signal that can be helped ends the process with a copy half made: SIGINT, SIGTERM and SIGHUP
-// are noticed by MachineCopy::Reading.
+// Lets the program remove an incomplete copy before it ends: from now on SIGINT, SIGTERM and SIGHUP are
+// reported by MachineCopy::Reading, and a closed pipe or a file-size limit only makes the write fail.
 void NoticeInterrupts();
 
-// The pieces of a machine, each read as the shell's commands read it and written as a machine directory has
-// it. What the machine refuses is reported and left out. Pieces of a device need the device open and its
-// folder made.
+// Each function reads one part of a machine as the shell's commands read it, and writes it into the copy. A
+// part that can't be read is reported and left out. Parts of a device need the device open and its folder
+// created.
 
 void SaveTables(MachineCopy& copy);     // the driver's data tables
 void SaveTimer(MachineCopy& copy);      // the automatic server recovery timer's state

@@ -1,11 +1,13 @@
 // The system calls that change a machine's files. What has been reported is let out before each, and a write
 // takes half of its bytes. A line of the trace is written as it is, after all that was printed before its
 // call. With BRANT_END_AT=N each call is named on standard output once it is reached, and the process ends,
-// as if by kill -9, before the N-th.
+// as if by kill -9, before the N-th. After each directory that the process makes, it runs the shell command
+// BRANT_AFTER_MKDIR, with the directory's name as MADE.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -40,6 +42,7 @@ ssize_t Write(int fd, const void* bytes, size_t size) asm("write");
 int Fsync(int fd) asm("fsync");
 int RenameAt(int from, const char* path, int to, const char* new_path) asm("renameat");
 int UnlinkAt(int directory, const char* path, int flags) asm("unlinkat");
+int MakeDirectory(const char* path, mode_t mode) asm("mkdir");
 }
 
 // The one caller that makes a file asks for these permissions.
@@ -69,4 +72,15 @@ int RenameAt(int from, const char* path, int to, const char* new_path) {
 int UnlinkAt(int directory, const char* path, int flags) {
     Before("unlink", path);
     return static_cast<int>(syscall(SYS_unlinkat, directory, path, flags));
+}
+
+int MakeDirectory(const char* path, mode_t mode) {
+    const int result = static_cast<int>(syscall(SYS_mkdirat, AT_FDCWD, path, mode));
+    if (const char* const command = std::getenv("BRANT_AFTER_MKDIR")) {
+        const int reason = errno;
+        setenv("MADE", path, 1);
+        if (std::system(command) != 0) std::abort();
+        errno = reason;
+    }
+    return result;
 }

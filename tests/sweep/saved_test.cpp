@@ -50,6 +50,16 @@ class Saved : public testing::TestWithParam<std::string> {
     }
 };
 
+// What no SHOW command prints is in the copy, too.
+TEST_P(Saved, KeepsEveryVariableWhole) {
+    const SweptMachine machine(GetParam());
+    const TestMachine parent;
+    RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
+    for (const auto& [path, bytes] : machine.State()) {
+        if (path.rfind("crom/", 0) == 0) EXPECT_EQ(parent.Read("copy/" + path).rfind(bytes, 0), 0U) << path;
+    }
+}
+
 // Every piece is missing, another thing, or cut, in one machine of kMachines.
 TEST_P(Saved, TellsTheSameWithoutSomePieces) {
     constexpr size_t kMachines = 3;
@@ -94,6 +104,19 @@ TEST_P(Saved, TellsTheSameWhereCallsFail) {
     EXPECT_EQ(log_, EventLog(1) + behind) << "an entry that can't be read ended the log";
 }
 
+// The copy ends at the third unreadable entry in a row; entries in between that can be read start the count
+// again.
+TEST_P(Saved, KeepsTheLogUpToThreeUnreadableEntriesInARow) {
+    constexpr size_t kEvents = 11;
+    const int unreadable[] = {2, 3, 5, 6, 8, 9, 10};
+    SweptMachine machine(GetParam());
+    machine.Write("cevt/hlog", EventLog(kEvents));
+    for (const int number : unreadable) machine.Fault("cevt read " + std::to_string(number) + " -5");
+    Compare(machine, "unreadable", kAllInOne);
+    const auto entry = [](size_t number) { return EventLog(number).substr(EventLog(number - 1).size()); };
+    EXPECT_EQ(log_, entry(1) + entry(4) + entry(7));
+}
+
 TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
     SweptMachine machine(GetParam());
     std::string entry(400, 'x');
@@ -124,9 +147,17 @@ TEST(SaveMachine, RefusesAndLeavesNothingBehind) {
         {"a place that is taken", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
          "savemachine: $2/a: File exists\n", 1},
         {"a folder that isn't there", "$1 $2/a/b", "savemachine: $2/a/b: No such file or directory\n", 1},
+        {"the root directory taken for a place", "$1 //", "savemachine: /: File exists\n", 1},
         {"a full disk", "ulimit -f 1000; $1 $2/a", "savemachine: $2/a: File too large\n", 1},
         {"foreign hardware", "BRANT_MACHINE=/ $1 $2/a", "ERROR: savemachine only runs on VX hardware.\n", 1},
         {"another user", "setpriv --reuid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
+        // Copies that are made; the command removes them.
+        {"files left open", "ulimit -n 32; $1 $2/a && rm -r $2/a", "", 0},
+        {"a path without a folder", "cd $2; $1 a && rm -r a", "", 0},
+        {"a relative path of the machine", "cd $BRANT_MACHINE; BRANT_MACHINE=. $1 $2/a && rm -r $2/a", "", 0},
+        {"a killed run's directory in the way",
+         "sh -c \"mkdir $2/a.\\$\\$; exec $1 $2/a\" && rm -r $2/a $2/a.*", "", 0},
+        {"modes that the umask takes away", "umask 777; $1 $2/a && rm -r $2/a", "", 0},
     };
     const TestMachine machine("tr300");
     const TestMachine parent;
@@ -137,6 +168,49 @@ TEST(SaveMachine, RefusesAndLeavesNothingBehind) {
         EXPECT_EQ(run.errors, Replaced(c.errors, "$2", folder)) << c.catches;
         EXPECT_EQ(run.status, c.status) << c.catches;
         EXPECT_TRUE(fs::is_empty(folder)) << c.catches;
+    }
+}
+
+// The parent directory's owner can replace the new directory at any moment. The program then fails, leaves
+// all files of the replacement unchanged and removes what it has written elsewhere.
+TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesItsOwn) {
+    const std::string replaced = "the new directory was replaced by another user";
+    struct Attack {
+        const char* replacement;
+        const char* after;  // the directory after whose creation it happens
+        const char* by;     // the shell command that makes the replacement, $d
+        std::string error;
+    };
+    const Attack attacks[] = {
+        {"a link to a private directory", "a.*", "chmod 700 victim; ln -s victim $d", replaced},
+        {"another user's directory", "a.*", "cp -rl victim $d; chmod 700 $d; chown 65534 $d", replaced},
+        {"a directory that others can change", "a.*", "cp -rl victim $d; chmod 770 $d", replaced},
+        {"hard links", "a.*", "cp -rl victim $d; chmod 700 $d", "File exists"},
+        {"links", "a.*", "mkdir -m 700 $d; ln -s $PWD/victim/xsvc $d", "File exists"},
+        {"a link, once the directory is open", "cdt", "ln -s victim $d", replaced},
+        {"a link, once most of it is written", "cevt", "ln -s victim $d", replaced},
+    };
+    for (const Attack& attack : attacks) {
+        SCOPED_TRACE(attack.replacement);
+        const TestMachine machine("tr300");
+        TestMachine parent;
+        const std::string place = parent.Directory() + "/a";
+        fs::create_directory(parent.Directory() + "/victim");
+        for (const char* const file : {"victim/xsvc", "victim/picl"}) parent.Write(file, "kept");
+        RunOptions options;
+        options.environment = {"BRANT_AFTER_MKDIR=cd " + parent.Directory() +
+                               "; d=$(echo a.*); case ${MADE##*/} in " + attack.after + ") mv $d moved; " +
+                               attack.by + ";; esac"};
+        const RunResult run =
+            RunProgram(ProgramPath("savemachine_interposed"), {place}, machine.Directory(), options);
+        for (const char* const file : {"victim/xsvc", "victim/picl"}) {
+            EXPECT_TRUE(parent.Read(file) == "kept") << file;
+        }
+        EXPECT_EQ(run.errors.rfind("savemachine: not removed: " + place + ".", 0), 0U) << run.errors;
+        EXPECT_NE(run.errors.find("\nsavemachine: " + place + ": " + attack.error + "\n"), run.errors.npos)
+            << run.errors;
+        EXPECT_EQ(run.status, 1);
+        EXPECT_TRUE(fs::is_empty(parent.Directory() + "/moved"));
     }
 }
 
