@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -146,20 +147,21 @@ bool IsKnown(const Metric& metric, const Json& entry) {
 }
 
 std::string SamplesOf(const Metric& metric, const Json& section) {
-    // Two samples with the same labels would spoil the whole text: the lower one counts, so that of two
-    // modules that claim one place the one that isn't ok is told of.
+    // Prometheus rejects a text with two samples of the same labels. The lower value wins, so that of two
+    // modules that claim one socket the failed one is reported.
     std::vector<std::pair<std::string, double>> samples;
+    std::unordered_map<std::string, size_t> index;  // of each label text in samples
     const Json entries = section.is_object() ? Json::array({section}) : section;
     for (const Json& entry : entries) {
         if (!IsKnown(metric, entry)) continue;
         const std::string labels = LabelsOf(metric, entry);
         const double value = metric.member != nullptr ? ValueOf(metric, entry[metric.member]) : 1;
-        const auto same = std::find_if(samples.begin(), samples.end(),
-                                       [&](const auto& sample) { return sample.first == labels; });
-        if (same == samples.end()) {
+        const auto [known, is_new] = index.emplace(labels, samples.size());
+        if (is_new) {
             samples.emplace_back(labels, value);
         } else {
-            same->second = std::min(same->second, value);
+            double& lower = samples[known->second].second;
+            lower = std::min(lower, value);
         }
     }
     std::string text;
