@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <new>
 #include <cstring>
 #include <exception>
 #include <new>
@@ -101,6 +102,9 @@ int main(int argc, char** argv) try {
         PrintUsage();
         return 2;
     }
+} catch (const std::bad_alloc&) {
+    std::fprintf(stderr, "%s: out of memory\n", kProgram);
+    return 1;
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     StartUp();

@@ -34,4 +34,4 @@ target_link_options(own_cxx_library INTERFACE
   "$<${release}:-static-libstdc++;-static-libgcc>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_GC_SECTIONS}>>:-Wl,--gc-sections>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_SYMBOL_HASH}>>:-Wl,-O1>")
-target_sources(own_cxx_library INTERFACE "$<${release}:${CMAKE_CURRENT_LIST_DIR}/terminate_handler.cpp>")
+target_sources(own_cxx_library INTERFACE ${CMAKE_CURRENT_LIST_DIR}/terminate_handler.cpp)

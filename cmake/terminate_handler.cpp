@@ -1,14 +1,39 @@
-// What an exception that nobody catches ends in, linked into the programs that have the C++ library within
-// them. The library's own handler prints the exception's type in C++'s words, for which it brings a reader of
-// mangled names: a tenth of what the loader does in a run was to bind that reader and to set the pointers in
-// its tables.
+// The handler for an exception that nobody catches, linked into every program.
+//
+// If there is not even memory for the exception object of std::bad_alloc, the C++ library calls this handler
+// without an exception. The program then prints a message and exits with status 1. Any other call is a
+// mistake in the program, and aborts.
+//
+// The library's own handler prints the exception's type, for which it contains a demangler: binding that and
+// relocating its tables took a tenth of the loader's instructions. So this one replaces it at link time.
+#include <unistd.h>
+
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <new>
 
 namespace __gnu_cxx {
 
 void __verbose_terminate_handler() {
-    std::abort();
+    try {
+        if (std::current_exception() != nullptr) throw;
+    } catch (const std::bad_alloc&) {
+        // Memory has run out in a function that can't throw.
+    } catch (...) {
+        std::abort();
+    }
+    std::fflush(stdout);
+    std::fputs("ERROR: out of memory.\n", stderr);
+    _exit(1);
 }
 
 }  // namespace __gnu_cxx
+
+namespace {
+
+// A shared C++ library doesn't use the replacement by itself.
+[[maybe_unused]] const std::terminate_handler former =
+    std::set_terminate(__gnu_cxx::__verbose_terminate_handler);
+
+}  // namespace

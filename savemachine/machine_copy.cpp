@@ -128,7 +128,7 @@ MachineCopy::MachineCopy(const std::string& path)
         Fail();
     }
     if (MakeTemporaryDirectory() != 0) Fail();
-    directory_.Set(openat(parent_.Get(), (name_ + suffix_).c_str(), kOpenDirectory | O_NOFOLLOW));
+    directory_.Set(openat(parent_.Get(), temporary_.c_str(), kOpenDirectory | O_NOFOLLOW));
     if (IsPrivateDirectory(directory_.Get())) return;
     Remove();
     FailAsReplaced();
@@ -139,40 +139,44 @@ MachineCopy::~MachineCopy() {
     Remove();
 }
 
-// Sets suffix_ once the directory exists. Returns -1 with errno on failure.
+// Sets temporary_ and has_temporary_. Returns -1 with errno on failure.
 int MachineCopy::MakeTemporaryDirectory() {
     constexpr int kAttempts = 100;
     for (int i = 0; i < kAttempts; ++i) {
-        const std::string suffix = RandomSuffix();
-        if (MakeDirectoryAt(parent_.Get(), name_ + suffix) == 0) {
-            suffix_ = suffix;
-            return 0;
-        }
+        temporary_ = name_ + RandomSuffix();
+        has_temporary_ = MakeDirectoryAt(parent_.Get(), temporary_) == 0;
+        if (has_temporary_) return 0;
         if (errno != EEXIST) break;
     }
     return -1;
 }
 
 // Removes the entries that this object has created, and no others, then the directory. Reports the first
-// failure.
+// failure. Allocates nothing, because memory may have run out.
 void MachineCopy::Remove() const {
-    if (suffix_.empty()) return;
+    if (!has_temporary_) return;
     int reason = 0;
-    const auto remove = [&reason](int directory, const std::string& path, bool is_folder) {
-        if (unlinkat(directory, path.c_str(), is_folder ? AT_REMOVEDIR : 0) != 0 && reason == 0)
-            reason = errno;
+    const auto remove = [&reason](int directory, const char* path, bool is_folder) {
+        if (unlinkat(directory, path, is_folder ? AT_REMOVEDIR : 0) != 0 && reason == 0) reason = errno;
     };
     for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
-        remove(directory_.Get(), entry->path, entry->is_folder);
+        remove(directory_.Get(), entry->path.c_str(), entry->is_folder);
     }
-    remove(parent_.Get(), name_ + suffix_, true);
+    remove(parent_.Get(), temporary_.c_str(), true);
     if (reason == 0) return;
-    std::fprintf(stderr, "savemachine: not removed: %s%s: %s\n", path_.c_str(), suffix_.c_str(),
-                 std::strerror(reason));
+    std::fprintf(stderr, "savemachine: not removed: %s%s: %s\n", path_.c_str(),
+                 temporary_.c_str() + name_.size(), std::strerror(reason));
 }
 
 void MachineCopy::Fail() const {
     throw std::system_error(errno, std::generic_category(), path_);
+}
+
+void MachineCopy::FailWithoutLastEntry() {
+    const int reason = errno;
+    entries_.pop_back();
+    errno = reason;
+    Fail();
 }
 
 void MachineCopy::FailAsReplaced() const {
@@ -185,15 +189,15 @@ void MachineCopy::Reading(const std::string& what) const {
 }
 
 void MachineCopy::Folder(const std::string& name) {
-    if (MakeDirectoryAt(directory_.Get(), name) != 0) Fail();
     entries_.push_back({name, true});
+    if (MakeDirectoryAt(directory_.Get(), name) != 0) FailWithoutLastEntry();
 }
 
 void MachineCopy::Write(const std::string& path, const std::vector<Extent>& extents) {
+    entries_.push_back({path, false});
     const OwnedDescriptor file(
         openat(directory_.Get(), path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR));
-    if (file.Get() < 0) Fail();
-    entries_.push_back({path, false});
+    if (file.Get() < 0) FailWithoutLastEntry();
     for (const Extent& extent : extents) {
         if (!WriteAll(file.Get(), extent)) Fail();
     }
@@ -214,7 +218,7 @@ void MachineCopy::Refused(const std::string& what, int result) {
 void MachineCopy::Finish() {
     EraseProgress();
     if (!faults_.empty()) Write("faults", faults_);
-    if (renameat(parent_.Get(), (name_ + suffix_).c_str(), parent_.Get(), name_.c_str()) != 0) Fail();
+    if (renameat(parent_.Get(), temporary_.c_str(), parent_.Get(), name_.c_str()) != 0) Fail();
     if (!IsEntry(parent_.Get(), name_, directory_.Get())) FailAsReplaced();
-    suffix_.clear();
+    has_temporary_ = false;
 }

@@ -67,15 +67,17 @@ class MachineCopy {
 
     int MakeTemporaryDirectory();
     void Remove() const;
-    [[noreturn]] void Fail() const;  // with errno
+    [[noreturn]] void Fail() const;            // with errno
+    [[noreturn]] void FailWithoutLastEntry();  // with errno; the entry could not be created
     [[noreturn]] void FailAsReplaced() const;
 
     std::string path_;  // the destination, as the user named it
     std::string name_;  // its last component
     OwnedDescriptor parent_;
-    std::string suffix_;  // of the temporary name, after name_; empty once there is nothing to remove
+    std::string temporary_;       // name_, a dot and six random characters
+    bool has_temporary_ = false;  // whether it exists
     OwnedDescriptor directory_;
-    std::vector<Entry> entries_;  // created in directory_, in this order
+    std::vector<Entry> entries_;  // in directory_, in the order of their creation
     std::string faults_;
 };
 

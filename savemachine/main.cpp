@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <new>
 #include <stdexcept>
 
 #include "cli/brantcli/brantcli.h"
@@ -64,6 +65,9 @@ int main(int argc, char** argv) try {
     MachineCopy copy(argv[1]);
     Save(copy);
     copy.Finish();
+} catch (const std::bad_alloc&) {
+    std::fprintf(stderr, "%s: out of memory\n", kProgram);
+    return 1;
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s: %s\n", kProgram, error.what());

@@ -1,6 +1,7 @@
-// An allocator for the whole process, of which one allocation fails: the N-th, when BRANT_FAIL_ALLOCATION is
-// N. It says so on standard error, so that whoever asked knows whether the process got that far. When
-// BRANT_COUNT_BLOCKS is set, it says at the end how many blocks were never given back.
+// An allocator for the whole process. If BRANT_FAIL_ALLOCATION is N, the N-th allocation fails; if it is N+,
+// all from the N-th on. A failure is reported on standard error, so that the test knows whether the process
+// got that far. If BRANT_COUNT_BLOCKS is set, the number of blocks that were never freed is reported at the
+// end.
 #include <unistd.h>
 
 #include <cerrno>
@@ -20,7 +21,11 @@ namespace {
 bool Fails() {
     static unsigned long made = 0;
     const char* const failing = getenv("BRANT_FAIL_ALLOCATION");
-    if (failing == nullptr || ++made != strtoul(failing, nullptr, 10)) return false;
+    if (failing == nullptr) return false;
+    char* end;
+    const unsigned long first = strtoul(failing, &end, 10);
+    ++made;
+    if (made < first || (made > first && *end != '+')) return false;
     errno = ENOMEM;
     constexpr char kNotice[] = "allocation failed\n";
     return write(STDERR_FILENO, kNotice, sizeof kNotice - 1) > 0;

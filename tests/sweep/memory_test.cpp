@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <map>
 
 #include "tests/sweep/sweep.h"
@@ -61,6 +62,28 @@ TEST_P(ShortOfMemory, EveryCommandComesToAKnownEnd) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Model, ShortOfMemory, testing::ValuesIn(SweptModels()));
+
+// Memory runs out for good during a copy: the first time there is not even memory for an exception.
+TEST(SaveMachine, SaysThatMemoryHasRunOutAndLeavesNothingBehind) {
+    const TestMachine machine("tr300");
+    constexpr size_t kStep = 3;
+    for (size_t first = 1;; first += kStep) {
+        const TestMachine parent;
+        const std::string folder = parent.Directory() + "/casr";
+        RunOptions options;
+        options.environment = {"BRANT_FAIL_ALLOCATION=" + std::to_string(first) + "+"};
+        const RunResult run = RunProgram(ProgramPath("savemachine_interposed"), {folder + "/copy"},
+                                         machine.Directory(), options);
+        if (run.status == 0) {
+            EXPECT_GT(first, 100U) << "hardly anything was allocated";
+            break;
+        }
+        EXPECT_EQ(run.status, 1) << first;
+        const char* const message = first == 1 ? "ERROR: out of memory.\n" : "savemachine: out of memory\n";
+        EXPECT_NE(run.errors.find(message), run.errors.npos) << run.errors;
+        if (first > 1) EXPECT_TRUE(std::filesystem::is_empty(folder)) << first;
+    }
+}
 
 // Result: what a process never gives back. failing: the request that fails, from 1.
 std::string BlocksKept(SweptMachine& machine, const std::string& script, size_t failing) {

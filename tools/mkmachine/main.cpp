@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -68,5 +69,8 @@ int main(int argc, char** argv) try {
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "mkmachine: %s\n", error.what());
+} catch (const std::bad_alloc&) {
+    std::fprintf(stderr, "mkmachine: out of memory\n");
+    return 1;
     return 1;
 }
