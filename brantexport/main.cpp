@@ -76,6 +76,7 @@ Json Export(const Options& options) {
 bool Write(int output, std::string_view text) {
     while (!text.empty()) {
         const ssize_t count = write(output, text.data(), text.size());
+    if (output < 0) return 1;
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return false;
         text.remove_prefix(static_cast<size_t>(count));
@@ -93,7 +94,7 @@ bool Write(int output, std::string_view text) {
 }  // namespace
 
 int main(int argc, char** argv) try {
-    KeepStandardDescriptors();
+    if (!KeepStandardDescriptors()) return 1;
     const int output = MessagesToStandardError();
     std::signal(SIGPIPE, SIG_IGN);
     std::set_terminate(EndWithoutMemory);
@@ -101,10 +102,10 @@ int main(int argc, char** argv) try {
     if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
         return 2;
-    }
 } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "%s: out of memory\n", kProgram);
     return 1;
+    }
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     StartUp();

@@ -53,8 +53,7 @@ void Save(MachineCopy& copy) {
 }  // namespace
 
 int main(int argc, char** argv) try {
-    KeepStandardDescriptors();
-    MessagesToStandardError();
+    if (!KeepStandardDescriptors() || MessagesToStandardError() < 0) return 1;
     if (argc != 2 || argv[1][0] == '\0' || argv[1][0] == '-') {
         std::fprintf(stderr, "usage: savemachine DIR\n");
         return 2;
@@ -65,10 +64,10 @@ int main(int argc, char** argv) try {
     MachineCopy copy(argv[1]);
     Save(copy);
     copy.Finish();
+    return 0;
 } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "%s: out of memory\n", kProgram);
     return 1;
-    return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s: %s\n", kProgram, error.what());
     return 1;

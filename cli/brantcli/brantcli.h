@@ -22,14 +22,15 @@ int CommonEnd(int status);
 // The start-up of a program: its standard streams, as a caller may have left them; whether it may run here at
 // all; and what is in this server. program: its name, for the messages.
 
-// Opens those of the three standard streams that the caller closed. Otherwise the first device that is opened
-// would get such a stream's descriptor, and keys would be read from it. What takes a stream's place can't be
-// written either, so that lost output is noticed.
-void KeepStandardDescriptors();
+// Opens /dev/null for each standard stream that the caller has closed. Otherwise the first device or file
+// that is opened would get the stream's descriptor, and output would be written into it. All three are opened
+// for reading only, so that lost output is noticed. Returns false, with a message on standard error, if
+// /dev/null can't be opened: the program must then end before it opens anything.
+[[nodiscard]] bool KeepStandardDescriptors();
 
-// For a program whose own output isn't for people: what the shell's code prints goes to standard error from
-// now on. Result: a descriptor for the real standard output; -1 with errno on failure.
-int MessagesToStandardError();
+// Redirects what the shell's code prints to standard error, for a program whose own output is for other
+// programs. Returns a descriptor for the real standard output, or -1 after a message.
+[[nodiscard]] int MessagesToStandardError();
 
 // Looks for the maker's signature in the BIOS area. Result: 0 when it is there, 1 when it isn't or when the
 // area can't be mapped. Prints nothing.

@@ -86,7 +86,7 @@ bool StartUp() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    KeepStandardDescriptors();
+    if (!KeepStandardDescriptors()) return 1;
     PrepareStreams();
     if (!CheckUser()) return CommonEnd(1);
     if (!ReadOptions(argc, argv)) {

@@ -2,6 +2,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 
@@ -27,15 +28,21 @@ int CountNicsOfRom() {
 
 }  // namespace
 
-void KeepStandardDescriptors() {
-    int fd = STDIN_FILENO;
-    while (fd >= 0 && fd <= STDERR_FILENO) fd = open("/dev/null", O_RDONLY);
-    if (fd >= 0) close(fd);
+bool KeepStandardDescriptors() {
+    for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        // The streams below fd are open, so an open() returns fd if fd is free.
+        if (fcntl(fd, F_GETFD) >= 0 || open("/dev/null", O_RDONLY) == fd) continue;
+        std::fprintf(stderr, "ERROR: Could not open /dev/null: %s.\n", std::strerror(errno));
+        return false;
+    }
+    return true;
 }
 
 int MessagesToStandardError() {
-    const int output = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    return output >= 0 && dup2(STDERR_FILENO, STDOUT_FILENO) >= 0 ? output : -1;
+    const int output = fcntl(STDOUT_FILENO, F_DUPFD, STDERR_FILENO + 1);
+    if (output >= 0 && dup2(STDERR_FILENO, STDOUT_FILENO) >= 0) return output;
+    std::fprintf(stderr, "ERROR: Could not duplicate standard output: %s.\n", std::strerror(errno));
+    return -1;
 }
 
 int detect_zet_rom() {

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "cli/brantcli/brantcli.h"
 #include "tools/mkmachine/models.h"
 
 namespace {
@@ -55,6 +56,7 @@ void PrintUsage() {
 }  // namespace
 
 int main(int argc, char** argv) try {
+    if (!KeepStandardDescriptors()) return 1;
     Options options;
     if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
@@ -67,10 +69,10 @@ int main(int argc, char** argv) try {
     umask(077);  // only the owner can open the directories, and with them lock the devices
     MakeMachine(*options.model, options.directory, options.events);
     return 0;
-} catch (const std::exception& error) {
-    std::fprintf(stderr, "mkmachine: %s\n", error.what());
 } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "mkmachine: out of memory\n");
     return 1;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "mkmachine: %s\n", error.what());
     return 1;
 }
