@@ -1,12 +1,9 @@
 // brantexport [--json | --prometheus] [SECTION...]: what the SHOW commands tell, for programs.
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <new>
 #include <cstring>
 #include <exception>
 #include <new>
@@ -73,21 +70,11 @@ Json Export(const Options& options) {
     return document;
 }
 
-bool Write(int output, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = write(output, text.data(), text.size());
-    if (output < 0) return 1;
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return false;
-        text.remove_prefix(static_cast<size_t>(count));
-    }
-    return true;
-}
-
 // Ends the process as the handler at the end of main() does. The JSON library's destructors allocate memory
 // and can't throw, so the exception doesn't get there if memory runs out in one of them.
 [[noreturn]] void EndWithoutMemory() {
-    std::fprintf(stderr, "%s: %s\n", kProgram, std::bad_alloc().what());
+    std::fprintf(stderr, "%s: %s
+", kProgram, std::bad_alloc().what());
     _exit(1);
 }
 
@@ -96,26 +83,28 @@ bool Write(int output, std::string_view text) {
 int main(int argc, char** argv) try {
     if (!KeepStandardDescriptors()) return 1;
     const int output = MessagesToStandardError();
+    if (output < 0) return 1;
     std::signal(SIGPIPE, SIG_IGN);
     std::set_terminate(EndWithoutMemory);
     Options options;
     if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
         return 2;
-} catch (const std::bad_alloc&) {
-    std::fprintf(stderr, "%s: out of memory\n", kProgram);
-    return 1;
     }
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     StartUp();
     const Json document = Export(options);
     CloseDevices();
-    if (!Write(output, options.prometheus ? PrometheusText(document) : document.dump(2, ' ', true) + "\n")) {
+    if (!WriteAll(output,
+                  options.prometheus ? PrometheusText(document) : document.dump(2, ' ', true) + "\n")) {
         std::fprintf(stderr, "%s: %s\n", kProgram, std::strerror(errno));
         return 1;
     }
     return document["errors"].empty() ? 0 : 1;
+} catch (const std::bad_alloc&) {
+    std::fprintf(stderr, "%s: out of memory\n", kProgram);
+    return 1;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s: %s\n", kProgram, error.what());
     return 1;

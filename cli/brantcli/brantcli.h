@@ -1,6 +1,8 @@
 // What composes the program: its command language, and the two ways in which commands come to be run.
 #pragma once
 
+#include <string_view>
+
 // Builds the tree Cmds from the table of commands. Ends the process with status 1 when there is no memory for
 // it.
 void CreateCommands();
@@ -31,6 +33,20 @@ int CommonEnd(int status);
 // Redirects what the shell's code prints to standard error, for a program whose own output is for other
 // programs. Returns a descriptor for the real standard output, or -1 after a message.
 [[nodiscard]] int MessagesToStandardError();
+
+// Writes all of the bytes. Waits for the reader if the descriptor is non-blocking. Returns false with errno
+// on failure.
+bool WriteAll(int fd, std::string_view bytes);
+
+// If standard output is non-blocking, starts a process that copies a pipe to it and waits for the reader; the
+// pipe becomes standard output. stdio would lose what it can't write immediately, and clearing O_NONBLOCK
+// would change the open file for the processes that share it. If the pipe or the process can't be created,
+// nothing changes.
+void RelayNonBlockingOutput();
+
+// Flushes standard output and waits until it is copied. Nothing can be printed afterwards. Returns false if
+// something could not be written, now or before.
+bool FinishOutput();
 
 // Looks for the maker's signature in the BIOS area. Result: 0 when it is there, 1 when it isn't or when the
 // area can't be mapped. Prints nothing.

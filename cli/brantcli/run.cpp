@@ -39,7 +39,7 @@ bool OutputIsWritten() {
 }
 
 int FinalStatus(int status) {
-    return OutputIsWritten() || status != 0 ? status : 1;
+    return FinishOutput() || status != 0 ? status : 1;
 }
 
 int EndScript(int status) {
