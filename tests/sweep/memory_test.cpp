@@ -81,7 +81,9 @@ TEST(SaveMachine, SaysThatMemoryHasRunOutAndLeavesNothingBehind) {
         EXPECT_EQ(run.status, 1) << first;
         const char* const message = first == 1 ? "ERROR: out of memory.\n" : "savemachine: out of memory\n";
         EXPECT_NE(run.errors.find(message), run.errors.npos) << run.errors;
-        if (first > 1) EXPECT_TRUE(std::filesystem::is_empty(folder)) << first;
+        if (first > 1) {
+            EXPECT_TRUE(std::filesystem::is_empty(folder)) << first;
+        }
     }
 }
 
