@@ -106,7 +106,7 @@ TEST(MemoryModules, AreRecordedByTheRules) {
 
 TEST(MemoryModules, BeyondTheTableAreCountedAndLeftOutWithANote) {
     std::string records = Array(kHandle).Bytes();
-    for (int i = 0; i < 130; ++i) records += Sized(0x7FFF).Bytes();
+    for (int i = 0; i < 140; ++i) records += Sized(0x7FFF).Bytes();  // more than one page
     LoadedTables tables(records + Sized(0).Bytes());
     ASSERT_NE(gMemoryMod[63], nullptr);
     EXPECT_EQ(gMemoryMod[63]->memModuleIndex, 64);
@@ -116,7 +116,7 @@ TEST(MemoryModules, BeyondTheTableAreCountedAndLeftOutWithANote) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(get_dimminfo_smbios(), 0);
     const std::string listing = testing::internal::GetCapturedStdout();
-    constexpr char kEnd[] = "N/A\n\nNOTE: Memory modules not shown: 66.\n";
+    constexpr char kEnd[] = "N/A\n\nNOTE: Memory modules not shown: 76.\n";
     EXPECT_EQ(listing.substr(listing.rfind("N/A")), kEnd);
 }
 
