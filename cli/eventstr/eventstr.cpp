@@ -1,11 +1,11 @@
-// Dispatcher: selects the translator of an event's class, and writes "Unknown Event" if none recognises the
-// event.
+// Dispatcher: selects the translator of an event's class; prints "Unknown Event" if there is none or it
+// prints nothing.
 #include "cli/eventstr/eventstr.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "cli/eventstr/catalogue.h"
+#include "cli/eventstr/translators.h"
 
 namespace eventstr {
 namespace {
@@ -32,8 +32,8 @@ constexpr ClassTranslator kTranslators[] = {
     {0x22, TranslateClass22},
 };
 
-// Writes the text of an event with the payload `pEventData`, which ends where the entry ends. Otherwise as
-// TranslateEventLogMessage.
+// Translates the event with `wEventClass` and `wEventCode`. `pEventData` is its payload, up to the end of the
+// entry. `szString`, `ulSize` and the result are those of TranslateEventLogMessage.
 int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCode, Bytes pEventData,
                             char* szString, unsigned int ulSize) {
     if (ulSize == 0) return 0;
@@ -61,7 +61,8 @@ int TranslateEventLogMessage(PEVT_LOG_ENTRY pEvtLogEntry, char* szString, unsign
     const auto* entry = reinterpret_cast<const uint8_t*>(pEvtLogEntry);
     const auto header = CopyOf<EVT_HEADER>(entry);
     const bool has_length = header.wEvtLength >= sizeof header;
-    const size_t length = has_length ? std::min<size_t>(header.wEvtLength, kEventEntryRoom) : kEventEntryRoom;
+    const size_t length =
+        has_length ? std::min<size_t>(header.wEvtLength, kEventEntryCapacity) : kEventEntryCapacity;
     const Bytes payload = {entry + sizeof(EVT_HEADER), length - sizeof(EVT_HEADER)};
     return eventstr::TranslateEventToMessage(header.wClass, header.wCode, payload, szString, ulSize);
 }
@@ -69,6 +70,6 @@ int TranslateEventLogMessage(PEVT_LOG_ENTRY pEvtLogEntry, char* szString, unsign
 int TranslateIPMIEventMessage(PEVT_IPMI_LOG_ENTRY pIPMIEvent, char* szString, unsigned int ulSize) {
     const auto* entry = reinterpret_cast<const uint8_t*>(pIPMIEvent);
     const auto header = CopyOf<EVT_IPMI_HEADER>(entry);
-    const Bytes payload = {entry + sizeof(EVT_IPMI_HEADER), kIpmiPayloadRoom};
+    const Bytes payload = {entry + sizeof(EVT_IPMI_HEADER), kIpmiPayloadCapacity};
     return eventstr::TranslateEventToMessage(header.bClass, header.bCode, payload, szString, ulSize);
 }

@@ -8,14 +8,14 @@ constexpr uint32_t kUnknownDword = 0xFFFFFFFF;
 
 constexpr size_t kSerialNumberShown = 16;  // characters of an enclosure's serial number
 
-// A text behind its introduction; nothing at all when the text is empty.
-void Introduced(const char* introduction, std::string_view text, TextWriter& out) {
+// Prints `text` after `prefix`; prints nothing if `text` is empty.
+void TextWithPrefix(const char* prefix, std::string_view text, TextWriter& out) {
     if (text.empty()) return;
-    out.Text(introduction);
+    out.Text(prefix);
     out.Text(text);
 }
 
-// Whatever the locale: enclosures are named in ASCII.
+// Unlike isalnum(), doesn't depend on the locale: serial numbers are ASCII.
 bool IsLetterOrDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
@@ -77,13 +77,6 @@ void BoardPrefix(uint8_t bBoard, TextWriter& out) {
     out.Text(", ");
 }
 
-void GetSASPort(const char (&szPortID)[2], TextWriter& out) {
-    for (const char letter : szPortID) {
-        if (letter == '\0') return;
-        out.Letter(letter);
-    }
-}
-
 void PlainText(Bytes payload, size_t offset, TextWriter& out) {
     out.Text(ReadText(payload, offset));
 }
@@ -93,19 +86,27 @@ void ReformattedText(Bytes payload, size_t offset, TextWriter& out) {
 }
 
 void SerialNumber(Bytes payload, size_t offset, TextWriter& out) {
-    Introduced(", Serial Number ", ReadText(payload, offset), out);
+    TextWithPrefix(", Serial Number ", ReadText(payload, offset), out);
 }
 
 void SpareNumber(Bytes payload, size_t offset, TextWriter& out) {
-    Introduced(", Spare Number ", SecondText(payload, offset), out);
+    TextWithPrefix(", Spare Number ", SecondText(payload, offset), out);
 }
 
 void ExtraText(Bytes payload, size_t offset, TextWriter& out) {
-    Introduced(", ", ReadText(payload, offset), out);
+    TextWithPrefix(", ", ReadText(payload, offset), out);
 }
 
 void SecondExtraText(Bytes payload, size_t offset, TextWriter& out) {
-    Introduced(", ", SecondText(payload, offset), out);
+    TextWithPrefix(", ", SecondText(payload, offset), out);
+}
+
+void GetSASPort(Bytes payload, size_t offset, TextWriter& out) {
+    for (size_t i = 0; i < 2; ++i) {
+        const auto letter = ReadPaddedField<uint8_t>(payload, offset + i);
+        if (letter == 0) return;
+        out.Letter(static_cast<char>(letter));
+    }
 }
 
 EVT_CHASSIS ChassisOf(Bytes payload) {
@@ -167,7 +168,7 @@ std::string_view SecondText(Bytes payload, size_t offset) {
 
 void CopyAndReformat(TextWriter& out, std::string_view source) {
     bool started = false;
-    bool gap = false;  // white space since the last letter
+    bool gap = false;  // white space since the last character printed
     for (const char letter : source) {
         if (IsSpace(letter)) {
             gap = started;

@@ -1,5 +1,4 @@
-// How the fields of a payload print: numbers, letters, texts, and where an event happened. A value that
-// stands for "not known" prints as "Unknown".
+// Functions that print the fields of a payload: numbers, characters, strings, the location of an event.
 #pragma once
 
 #include <cstdint>
@@ -10,66 +9,69 @@
 
 namespace eventstr {
 
-// By value. The first five know 255 or 0xFFFFFFFF as "not known".
-void Byte2Str(uint8_t bValue, TextWriter& out);               // decimal
-void Char2Str(uint8_t bValue, TextWriter& out);               // the character; nothing for 0
-void GetTemp(uint8_t bTemp, TextWriter& out);                 // degrees Celsius, "42C"
-void Dword2Str(uint32_t dwValue, TextWriter& out);            // decimal
-void Dword2HexStr(uint32_t dwValue, TextWriter& out);         // "0x0000001F"
-void PlainByte(uint8_t value, TextWriter& out);               // decimal, 255 too
-void PlainHexByte(uint8_t value, TextWriter& out);            // two digits, upper case
-void GetBCDString(uint8_t bBCD, TextWriter& out);             // two digits, the low one first: 0x12 is "21"
-void PlainWord(uint16_t value, TextWriter& out);              // decimal
-void BoardPrefix(uint8_t bBoard, TextWriter& out);            // "Board 2, "; nothing for 0
-void GetSASPort(const char (&szPortID)[2], TextWriter& out);  // two letters; a NUL ends them
+// Functions that print a value. The first five print "Unknown" for a value whose bits are all set.
+void Byte2Str(uint8_t bValue, TextWriter& out);        // decimal
+void Char2Str(uint8_t bValue, TextWriter& out);        // the character; nothing for 0
+void GetTemp(uint8_t bTemp, TextWriter& out);          // degrees Celsius, "42C"
+void Dword2Str(uint32_t dwValue, TextWriter& out);     // decimal
+void Dword2HexStr(uint32_t dwValue, TextWriter& out);  // "0x0000001F"
+void PlainByte(uint8_t value, TextWriter& out);        // decimal, 255 as well
+void PlainHexByte(uint8_t value, TextWriter& out);     // two hexadecimal digits, upper case
+void GetBCDString(uint8_t bBCD, TextWriter& out);      // two digits, the low one first: 0x12 is "21"
+void PlainWord(uint16_t value, TextWriter& out);       // decimal
+void BoardPrefix(uint8_t bBoard, TextWriter& out);     // "Board 2, "; nothing for 0
 
-// By place: the text at an offset of the payload.
-void PlainText(Bytes payload, size_t offset, TextWriter& out);        // a text as it stands
-void ReformattedText(Bytes payload, size_t offset, TextWriter& out);  // by CopyAndReformat
-void SerialNumber(Bytes payload, size_t offset, TextWriter& out);  // ", Serial Number S1"; nothing for none
-void SpareNumber(Bytes payload, size_t offset, TextWriter& out);   // ", Spare Number P1", the second text
-void ExtraText(Bytes payload, size_t offset, TextWriter& out);     // ", Replace soon"; nothing for none
-void SecondExtraText(Bytes payload, size_t offset, TextWriter& out);  // the same with the second text
+// Functions that print a string, or the string after it, by its offset in the payload.
+void PlainText(Bytes payload, size_t offset, TextWriter& out);        // the string, unchanged
+void ReformattedText(Bytes payload, size_t offset, TextWriter& out);  // the string, by CopyAndReformat
+void SerialNumber(Bytes payload, size_t offset, TextWriter& out);  // ", Serial Number S1"; nothing if empty
+void SpareNumber(Bytes payload, size_t offset, TextWriter& out);   // ", Spare Number P1": the string after it
+void ExtraText(Bytes payload, size_t offset, TextWriter& out);     // ", Replace soon"; nothing if empty
+void SecondExtraText(Bytes payload, size_t offset, TextWriter& out);  // like ExtraText, the string after it
+void GetSASPort(Bytes payload, size_t offset, TextWriter& out);  // szPortID: two characters; a NUL ends them
 
-// Where an event happened: the payload's chassis, and the chassis name at an offset.
-void GetSysChassis(Bytes payload, size_t offset, TextWriter& out);   // the name, or else the number
-void GetStorChassis(Bytes payload, size_t offset, TextWriter& out);  // "Chassis NAME, ", or nothing
+// Functions that print the location of an event: the payload's EVT_CHASSIS and the chassis name at `offset`.
+void GetSysChassis(Bytes payload, size_t offset, TextWriter& out);  // the name; the number if it is empty
+void GetStorChassis(Bytes payload, size_t offset,
+                    TextWriter& out);                              // "Chassis NAME, "; nothing if it is empty
 void GetChassisEx(Bytes payload, size_t offset, TextWriter& out);  // an enclosure's serial number or address
 
-// By the chassis type: "Chassis RACK7", "Chassis SHELF, Slot 3" or "Enclosure Address 0012".
+// Prints the chassis according to its type: "Chassis RACK7", "Chassis SHELF, Slot 3" or "Enclosure Address
+// 0012".
 void GetChassis(Bytes payload, size_t offset, TextWriter& out);
 
-// A SAS enclosure: as GetStorChassis, then the text that follows the name or, when that is empty, "Slot 3".
+// Prints the location in a SAS enclosure: GetStorChassis, then the string after the name; "Slot 3" if that is
+// empty.
 void GetSlotChassisSun(Bytes payload, size_t offset, TextWriter& out);
 
-// The payload's chassis, with zeros for what is missing.
+// Returns the payload's EVT_CHASSIS. Fields that the payload is too short for are 0.
 EVT_CHASSIS ChassisOf(Bytes payload);
 
-// The text that follows the one at an offset, right behind its terminating zero.
+// Returns the string that follows the string at `offset`, starting after that string's NUL terminator.
 std::string_view SecondText(Bytes payload, size_t offset);
 
-// Copies a text with its white space normalised: none at either end, one blank for each run inside.
+// Copies `source` without leading and trailing white space; each run of white space inside becomes one space.
 void CopyAndReformat(TextWriter& out, std::string_view source);
 
-// The words that stand for a byte of a payload (words.cpp). Each gives a constant text; "Unknown" for a byte
-// that no word stands for, unless said otherwise.
+// Functions that return the name of a byte's value (words.cpp): a constant string, "Unknown" for a value
+// without a name unless stated otherwise.
 
 extern const char szUnknown[];
 
-const char* GetLocation(uint8_t bLocation);  // the zone of a fan, a temperature or a fuse
+const char* GetLocation(uint8_t bLocation);  // of an EventZoneType
 const char* GetRedundancy(uint8_t bRedundancy);
 const char* GetACProblem(uint8_t bACProblem);
 const char* GetInadequatePowerReason(uint8_t bReason);
 const char* GetImproperPowerReason(uint8_t bReason);
-const char* GetRackSide(uint8_t bLocation);  // else "Unknown Location"
+const char* GetRackSide(uint8_t bLocation);  // "Unknown Location" for other values
 const char* GetEthSwErr(uint8_t bError);
 const char* GetPwrBus(uint8_t bLocation);
-const char* GetPSError(uint8_t bPSError);         // else "Unknown Failure"
+const char* GetPSError(uint8_t bPSError);         // "Unknown Failure" for other values
 const char* GetFailedPowerModule(uint8_t bType);  // a whole sentence, by converter type
 const char* GetInfMainLocation(uint8_t bLocation);
 const char* GetInfSubLocation(uint8_t bLocation);
 const char* GetInfErrString(uint8_t bErr);
-const char* GetInternalExternal(uint8_t bType);  // of a chassis type; else ""
-const char* GetEnclosureType(uint8_t bType);     // of a chassis type; else ""
+const char* GetInternalExternal(uint8_t bType);  // of an EventChassisType; "" for other types
+const char* GetEnclosureType(uint8_t bType);     // of an EventChassisType; "" for other types
 
 }  // namespace eventstr

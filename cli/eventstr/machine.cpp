@@ -1,5 +1,6 @@
 // Class 2, machine environment: heat, fans and side panels.
-#include "cli/eventstr/catalogue.h"
+#include "cli/eventstr/event_table.h"
+#include "cli/eventstr/translators.h"
 #include "include/event_machine.h"
 
 namespace eventstr {
@@ -7,104 +8,81 @@ namespace {
 
 // clang-format off
 constexpr ChassisEventRow kChassisEvents[] = {
-    {1, 10, Named<&EVT_MACH_OVERHEAT::cChassisName>,
-     {"System Overheating (Zone %s, Location %s, Temperature %s)",
-      "External Chassis Overheating (%C, Zone %s, Location %s, Temperature %s)",
-      "External Storage System Overheating (%C, Zone %s, Location %s, Temperature %s)",
-      "Internal Storage System Overheating (%C, Zone %s, Location %s, Temperature %s)",
-      "Server Blade Enclosure Overheating (Zone %s, Location %s, Temperature %s, %C)",
-      "Power Enclosure Overheating (Zone %s, Location %s, Temperature %s, %C)"},
-     {Field<&EVT_MACH_OVERHEAT::bZoneId,   Byte2Str>,
-      Field<&EVT_MACH_OVERHEAT::bZoneType, GetLocation>,
-      Field<&EVT_MACH_OVERHEAT::bTemp,     GetTemp>}},
-    {2, 8, Named<&EVT_MACH_FAN_FAIL::cChassisName>,
-     {"Fan Failure (Fan %s, Location %s)",
-      "External Chassis Fan Failure (%C, Fan %s, Location %s)",
-      "External Storage System Fan Failure (%C, Fan %s, Location %s)",
-      "Internal Storage System Fan Failure (%C, Fan %s, Location %s)",
-      "Server Blade Enclosure Fan Failure (Fan %s, Location %s, %C)",
-      "Power Enclosure Fan Failure (Fan %s, Location %s, %C)"},
-     {Field<&EVT_MACH_FAN_FAIL::bFanId,       Byte2Str>,
-      Field<&EVT_MACH_FAN_FAIL::bFanZoneType, GetLocation>}},
-    {3, 9, Named<&EVT_MACH_DOOR_OPEN::cChassisName>,
-     {"Side panel removed or improperly installed",
-      "External Chassis side panel removed or improperly installed (%C)",
-      "External Storage System side panel removed or improperly installed (%C)",
-      "Internal Storage System side panel removed or improperly installed (%C)",
-      "Server Blade Enclosure side panel removed or improperly installed",
-      "Power Enclosure side panel removed or improperly installed"},
-     {}},
-    {4, 0, Named<&EVT_MACH_FAN_REMOVED::cChassisName>,
-     {"System Fan Removed (Fan %s, Location %s)",
-      "External Chassis Fan Removed (%C, Fan %s, Location %s)",
-      "External Storage System Fan Removed (%C, Fan %s, Location %s)",
-      "Internal Storage System Fan Removed (%C, Fan %s, Location %s)",
-      "Server Blade Enclosure Fan Removed (Fan %s, Location %s, %C)",
-      "Power Enclosure Fan Removed (Fan %s, Location %s, %C)"},
-     {Field<&EVT_MACH_FAN_REMOVED::bFanId,       Byte2Str>,
-      Field<&EVT_MACH_FAN_REMOVED::bFanZoneType, GetLocation>}},
-    {5, 0, Named<&EVT_MACH_FAN_INSERTED::cChassisName>,
-     {"System Fan Inserted (Fan %s, Location %s)",
-      "External Chassis Fan Inserted (%C, Fan %s, Location %s)",
-      "External Storage System Fan Inserted (%C, Fan %s, Location %s)",
-      "Internal Storage System Fan Inserted (%C, Fan %s, Location %s)",
-      "Server Blade Enclosure Fan Inserted (Fan %s, Location %s, %C)",
-      "Power Enclosure Fan Inserted (Fan %s, Location %s, %C)"},
-     {Field<&EVT_MACH_FAN_INSERTED::bFanId,       Byte2Str>,
-      Field<&EVT_MACH_FAN_INSERTED::bFanZoneType, GetLocation>}},
-    {6, 0, Named<&EVT_MACH_FAN_NOT_REDUNDANT::cChassisName>,
-     {"System Fans Not Redundant (Location %s)",
-      "External Chassis Fans Not Redundant (%C, Location %s)",
-      "External Storage System Fans Not Redundant (%C, Location %s)",
-      "Internal Storage System Fans Not Redundant (%C, Location %s)",
-      "Server Blade Enclosure Fans Not Redundant (Location %s, %C)",
-      "Power Enclosure Fans Not Redundant (Location %s, %C)"},
-     {Field<&EVT_MACH_FAN_NOT_REDUNDANT::bFanZoneType, GetLocation>}},
-};
-static_assert(WellFormed<kChassisEvents>());
-
-void TranslateMachFanFailSAS(Bytes pEventData, TextWriter& out) {
-    static constexpr EventRow kEvent[] = {
-        {11, {}, "%s SAS Enclosure Fan Failure (Fan %s, Location %s, Box %s, Port %s, %s)",
-         {Field<&EVT_CHASSIS::bType,                   GetInternalExternal>,
-          Field<&EVT_MACH_SAS_FAN_FAIL::bFanId,        PlainByte>,
-          Field<&EVT_MACH_SAS_FAN_FAIL::bFanZoneType,  GetLocation>,
-          Field<&EVT_MACH_SAS_FAN_FAIL::bBox,          PlainByte>,
-          Field<&EVT_MACH_SAS_FAN_FAIL::szPortID,      GetSASPort>,
-          Field<&EVT_MACH_SAS_FAN_FAIL::szChassis_Sun, GetSlotChassisSun>}},
-    };
-    static_assert(WellFormed<kEvent>());
-    PrintEvent(kEvent, 11, pEventData, out);
-}
-
-void TranslateMachOverheatSAS(Bytes pEventData, TextWriter& out) {
-    static constexpr EventRow kEvent[] = {
-        {12, {}, "%s SAS Enclosure Overheating (Zone %s, Location %s, Box %s, Port %s, %s)",
-         {Field<&EVT_CHASSIS::bType,                   GetInternalExternal>,
-          Field<&EVT_MACH_SAS_OVERHEAT::bSensorId,     PlainByte>,
-          Field<&EVT_MACH_SAS_OVERHEAT::bZoneType,     GetLocation>,
-          Field<&EVT_MACH_SAS_OVERHEAT::bBox,          PlainByte>,
-          Field<&EVT_MACH_SAS_OVERHEAT::szPortID,      GetSASPort>,
-          Field<&EVT_MACH_SAS_OVERHEAT::szChassis_Sun, GetSlotChassisSun>}},
-    };
-    static_assert(WellFormed<kEvent>());
-    PrintEvent(kEvent, 12, pEventData, out);
-}
-
-constexpr EventRow kEvents[] = {    // one text each, whatever the chassis
-    {7, {}, "System Fans Not Redundant (Shared Location %s)",
-     {Field<&EVT_MACH_FAN_NOT_REDUNDANT_SHARED::bSharedFanZoneType, GetLocation>}},
-    {11, {}, "%s", {Whole(TranslateMachFanFailSAS)}},
-    {12, {}, "%s", {Whole(TranslateMachOverheatSAS)}},
+    ChassisRow<EVT_MACH_OVERHEAT>(1, 10,
+        {"System Overheating (Zone %s, Location %s, Temperature %s)",
+         "External Chassis Overheating (%C, Zone %s, Location %s, Temperature %s)",
+         "External Storage System Overheating (%C, Zone %s, Location %s, Temperature %s)",
+         "Internal Storage System Overheating (%C, Zone %s, Location %s, Temperature %s)",
+         "Server Blade Enclosure Overheating (Zone %s, Location %s, Temperature %s, %C)",
+         "Power Enclosure Overheating (Zone %s, Location %s, Temperature %s, %C)"},
+        Field<&EVT_MACH_OVERHEAT::bZoneId,   Byte2Str>,
+        Field<&EVT_MACH_OVERHEAT::bZoneType, GetLocation>,
+        Field<&EVT_MACH_OVERHEAT::bTemp,     GetTemp>),
+    ChassisRow<EVT_MACH_FAN_FAIL>(2, 8,
+        {"Fan Failure (Fan %s, Location %s)",
+         "External Chassis Fan Failure (%C, Fan %s, Location %s)",
+         "External Storage System Fan Failure (%C, Fan %s, Location %s)",
+         "Internal Storage System Fan Failure (%C, Fan %s, Location %s)",
+         "Server Blade Enclosure Fan Failure (Fan %s, Location %s, %C)",
+         "Power Enclosure Fan Failure (Fan %s, Location %s, %C)"},
+        Field<&EVT_MACH_FAN_FAIL::bFanId,       Byte2Str>,
+        Field<&EVT_MACH_FAN_FAIL::bFanZoneType, GetLocation>),
+    ChassisRow<EVT_MACH_DOOR_OPEN>(3, 9,
+        {"Side panel removed or improperly installed",
+         "External Chassis side panel removed or improperly installed (%C)",
+         "External Storage System side panel removed or improperly installed (%C)",
+         "Internal Storage System side panel removed or improperly installed (%C)",
+         "Server Blade Enclosure side panel removed or improperly installed",
+         "Power Enclosure side panel removed or improperly installed"}),
+    ChassisRow<EVT_MACH_FAN_REMOVED>(4, 0,
+        {"System Fan Removed (Fan %s, Location %s)",
+         "External Chassis Fan Removed (%C, Fan %s, Location %s)",
+         "External Storage System Fan Removed (%C, Fan %s, Location %s)",
+         "Internal Storage System Fan Removed (%C, Fan %s, Location %s)",
+         "Server Blade Enclosure Fan Removed (Fan %s, Location %s, %C)",
+         "Power Enclosure Fan Removed (Fan %s, Location %s, %C)"},
+        Field<&EVT_MACH_FAN_REMOVED::bFanId,       Byte2Str>,
+        Field<&EVT_MACH_FAN_REMOVED::bFanZoneType, GetLocation>),
+    ChassisRow<EVT_MACH_FAN_INSERTED>(5, 0,
+        {"System Fan Inserted (Fan %s, Location %s)",
+         "External Chassis Fan Inserted (%C, Fan %s, Location %s)",
+         "External Storage System Fan Inserted (%C, Fan %s, Location %s)",
+         "Internal Storage System Fan Inserted (%C, Fan %s, Location %s)",
+         "Server Blade Enclosure Fan Inserted (Fan %s, Location %s, %C)",
+         "Power Enclosure Fan Inserted (Fan %s, Location %s, %C)"},
+        Field<&EVT_MACH_FAN_INSERTED::bFanId,       Byte2Str>,
+        Field<&EVT_MACH_FAN_INSERTED::bFanZoneType, GetLocation>),
+    ChassisRow<EVT_MACH_FAN_NOT_REDUNDANT>(6, 0,
+        {"System Fans Not Redundant (Location %s)",
+         "External Chassis Fans Not Redundant (%C, Location %s)",
+         "External Storage System Fans Not Redundant (%C, Location %s)",
+         "Internal Storage System Fans Not Redundant (%C, Location %s)",
+         "Server Blade Enclosure Fans Not Redundant (Location %s, %C)",
+         "Power Enclosure Fans Not Redundant (Location %s, %C)"},
+        Field<&EVT_MACH_FAN_NOT_REDUNDANT::bFanZoneType, GetLocation>),
 };
 // clang-format on
-static_assert(WellFormed<kEvents>() && WellFormed<kChassisEvents, kEvents>());
+
+// Events whose text doesn't depend on the chassis.
+constexpr EventRow kEvents[] = {
+    Row(7, "System Fans Not Redundant (Shared Location %s)",
+        Field<&EVT_MACH_FAN_NOT_REDUNDANT_SHARED::bSharedFanZoneType, GetLocation>),
+    Row(11, "%s SAS Enclosure Fan Failure (Fan %s, Location %s, Box %s, Port %s, %s)",
+        Field<&EVT_CHASSIS::bType, GetInternalExternal>, Field<&EVT_MACH_SAS_FAN_FAIL::bFanId, PlainByte>,
+        Field<&EVT_MACH_SAS_FAN_FAIL::bFanZoneType, GetLocation>,
+        Field<&EVT_MACH_SAS_FAN_FAIL::bBox, PlainByte>, Field<&EVT_MACH_SAS_FAN_FAIL::szPortID, GetSASPort>,
+        Field<&EVT_MACH_SAS_FAN_FAIL::szChassis_Sun, GetSlotChassisSun>),
+    Row(12, "%s SAS Enclosure Overheating (Zone %s, Location %s, Box %s, Port %s, %s)",
+        Field<&EVT_CHASSIS::bType, GetInternalExternal>, Field<&EVT_MACH_SAS_OVERHEAT::bSensorId, PlainByte>,
+        Field<&EVT_MACH_SAS_OVERHEAT::bZoneType, GetLocation>, Field<&EVT_MACH_SAS_OVERHEAT::bBox, PlainByte>,
+        Field<&EVT_MACH_SAS_OVERHEAT::szPortID, GetSASPort>,
+        Field<&EVT_MACH_SAS_OVERHEAT::szChassis_Sun, GetSlotChassisSun>),
+};
 
 }  // namespace
 
 void TranslateClass02(unsigned short wEventCode, Bytes pEventData, TextWriter& out) {
-    PrintEvent(kChassisEvents, wEventCode, pEventData, out);
-    PrintEvent(kEvents, wEventCode, pEventData, out);
+    PrintEvent<kChassisEvents, kEvents>(wEventCode, pEventData, out);
 }
 
 }  // namespace eventstr

@@ -1,10 +1,13 @@
-// What a row of a catalogue of events says: the texts, what stands for each mark of them, and when the row
-// applies. A field is named as a member of its record, so the compiler knows how wide it is and whose it is.
+// The rows of the event tables. A row contains an event's code, the conditions under which the row applies, a
+// text, and the fields that the text prints. Fields are named as members of their record, so the compiler
+// rejects a field of another record, a function for a field of another width, and a text that doesn't match
+// its arguments.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string_view>
 #include <type_traits>
 
@@ -12,28 +15,7 @@
 
 namespace eventstr {
 
-// A record as a constant, to tell whether two fields are of the same one: a number, because each pointer in a
-// row would be set by the loader whenever the program starts.
-struct RecordType {
-    uint32_t id = 0;           // of its name; 0: of no record
-    bool has_chassis = false;  // it begins with an EVT_CHASSIS
-};
-
-template <typename Record, typename = void>
-inline constexpr bool kHasChassis = false;
-template <typename Record>
-inline constexpr bool kHasChassis<Record, std::void_t<decltype(Record::Chassis)>> = true;
-
-template <typename Record>
-constexpr uint32_t IdOf() {
-    uint32_t id = 2166136261;                                          // FNV-1a
-    for (const char letter : std::string_view(__PRETTY_FUNCTION__)) {  // with the record's name in it
-        id = (id ^ static_cast<uint8_t>(letter)) * 16777619;
-    }
-    return id;
-}
-
-// What a pointer to a member tells: the record, and the field's type.
+// The record and the type of the field that a pointer to a member refers to.
 template <typename Pointer>
 struct Member;
 template <typename InRecord, typename OfType>
@@ -41,104 +23,97 @@ struct Member<OfType InRecord::*> {
     using Record = InRecord;
     using Type = OfType;
 };
+template <auto kField>
+using RecordOf = typename Member<decltype(kField)>::Record;
+template <auto kField>
+using TypeOf = typename Member<decltype(kField)>::Type;
 
-template <auto kField, typename Record = typename Member<decltype(kField)>::Record>
-constexpr RecordType kRecordOf = {IdOf<Record>(), kHasChassis<Record>};
-
-// How many bytes of its record stand in front of a field.
+// Returns the offset of a field in its record.
 template <auto kField>
 size_t OffsetOf() {
-    static constexpr typename Member<decltype(kField)>::Record kRecord{};
+    static constexpr RecordOf<kField> kRecord{};
     return static_cast<size_t>(reinterpret_cast<const char*>(&(kRecord.*kField)) -
                                reinterpret_cast<const char*>(&kRecord));
 }
 
+// Prints a field of `payload` with `kPrint`, one of the functions of fields.h.
 template <auto kField, auto kPrint>
 void PrintField(Bytes payload, TextWriter& out) {
-    using Type = typename Member<decltype(kField)>::Type;
+    using Type = TypeOf<kField>;
     using Function = std::remove_pointer_t<decltype(kPrint)>;
     const size_t offset = OffsetOf<kField>();
     if constexpr (std::is_same_v<Function, const char*(Type)>) {
         out.Text(kPrint(ReadPaddedField<Type>(payload, offset)));
     } else if constexpr (std::is_same_v<Function, void(Type, TextWriter&)>) {
         kPrint(ReadPaddedField<Type>(payload, offset), out);
-    } else if constexpr (std::is_same_v<Function, void(const Type&, TextWriter&)>) {
-        Type letters;
-        for (size_t i = 0; i < sizeof letters; ++i)
-            letters[i] = static_cast<char>(ReadPaddedField<uint8_t>(payload, offset + i));
-        kPrint(letters, out);
     } else {
-        static_assert(
-            std::is_same_v<Type, char[1]> && std::is_same_v<Function, void(Bytes, size_t, TextWriter&)>,
-            "a field is printed by a function of its own width");
+        static_assert(std::is_array_v<Type> && std::is_same_v<Function, void(Bytes, size_t, TextWriter&)>,
+                      "a number is printed by a function of its own width, an array by its offset");
         kPrint(payload, offset, out);
     }
 }
 
-// What stands for a mark of a text; none in a row whose text has fewer marks.
+using PrintFunction = void (*)(Bytes payload, TextWriter& out);
+using Arguments = std::array<PrintFunction, 6>;
+
+// Prints the replacement of a "%s" from a payload that contains a `Record`.
+template <typename Record>
 struct Argument {
-    bool is_set = false;
-    RecordType record;  // whose field it is
-    void (*print)(Bytes payload, TextWriter& out) = nullptr;
+    PrintFunction print;
 };
 
-// A field, and the function of fields.h that prints it: Field<&EVT_MACH_OVERHEAT::bTemp, GetTemp>.
+// A field and the function that prints it: Field<&EVT_MACH_OVERHEAT::bTemp, GetTemp>.
 template <auto kField, auto kPrint>
-constexpr Argument Field = {true, kRecordOf<kField>, PrintField<kField, kPrint>};
-
-// A function that writes from the whole payload what a row can't say.
-constexpr Argument Whole(void (*print)(Bytes payload, TextWriter& out)) {
-    return {true, {}, print};
-}
+constexpr Argument<RecordOf<kField>> Field = {PrintField<kField, kPrint>};
 
 template <auto kField>
 uint8_t ReadByte(Bytes payload) {
-    static_assert(sizeof(typename Member<decltype(kField)>::Type) == 1);
+    static_assert(sizeof(TypeOf<kField>) == 1);
     return ReadPaddedField<uint8_t>(payload, OffsetOf<kField>());
 }
 
-// What a byte of the payload, or some of its bits, must be for a row to apply; left out, the condition always
-// holds.
+// Holds if the bits of a payload byte that are set in `mask` equal `value`. Always holds if `mask` is 0.
 struct Condition {
-    RecordType record;
     uint8_t (*read)(Bytes payload) = nullptr;
     uint8_t value = 0;
-    uint8_t bits = 0;  // those that are looked at
+    uint8_t mask = 0;
 
-    constexpr bool Always() const { return bits == 0; }
-    bool Holds(Bytes payload) const { return Always() || (read(payload) & bits) == value; }
+    constexpr bool AlwaysHolds() const { return mask == 0; }
+    bool Holds(Bytes payload) const { return AlwaysHolds() || (read(payload) & mask) == value; }
 };
+
+// A condition on a field of `Record`.
+template <typename Record>
+struct ConditionOn : Condition {};
 
 template <auto kField>
-constexpr Condition Is(uint8_t value, uint8_t bits = 0xFF) {
-    return {kRecordOf<kField>, ReadByte<kField>, value, bits};
+constexpr ConditionOn<RecordOf<kField>> Is(uint8_t value, uint8_t mask = 0xFF) {
+    return {{ReadByte<kField>, value, mask}};
 }
 
-// What the catalogues share of the chassis, which every record that has one begins with.
-constexpr Condition kServerItself = Is<&EVT_CHASSIS::bId>(0);  // no external chassis
-constexpr Argument kChassisNumber = Field<&EVT_CHASSIS::bId, Byte2Str>;
-constexpr Argument kEnclosureType = Field<&EVT_CHASSIS::bType, GetEnclosureType>;
+using Conditions = std::array<Condition, 2>;
 
-constexpr size_t kMaxArguments = 6;
-
-// A text of a row, and in it: a pointer to it would have to be set by the loader whenever the program starts.
-struct RowText {
-    char letters[132] = "";
-    constexpr RowText(const char* text = "") {  // a text that is too long doesn't compile
-        for (size_t i = 0; text[i] != '\0'; ++i) letters[i] = text[i];
-    }
-    constexpr operator std::string_view() const { return letters; }
+// The conditions of a row, all of which must hold: When(Is<&EVT_HOST_BUS_UNCORRECTABLE::bError>(1)).
+template <typename... Records>
+struct When {
+    constexpr explicit When(const ConditionOn<Records>&... each) : conditions{each...} {}
+    Conditions conditions;
 };
 
-// One text of an event. Of several rows with an event's code, the first whose conditions all hold applies.
+// Conditions and arguments that several tables use: those of the chassis, with which many records begin.
+constexpr auto kServerItself = Is<&EVT_CHASSIS::bId>(0);  // not an external chassis
+constexpr auto kChassisNumber = Field<&EVT_CHASSIS::bId, Byte2Str>;
+constexpr auto kEnclosureType = Field<&EVT_CHASSIS::bType, GetEnclosureType>;
+
+// A text of an event. Of several rows with the event's code, the first whose conditions hold is printed.
 struct EventRow {
     uint16_t code;
-    Condition when[2];
-    RowText text;  // each "%s" takes the next argument
-    Argument arguments[kMaxArguments];
+    Conditions conditions;
+    std::string_view text;  // the arguments replace each "%s" in turn
+    Arguments arguments;
 };
 
-// The kinds of chassis that a text can be about.
+// The forms of an event's text: one for each kind of chassis.
 enum ChassisForm : size_t {
     kOnServer,  // the server itself
     kOnExternalChassis,
@@ -149,25 +124,107 @@ enum ChassisForm : size_t {
     kFormCount,
 };
 
-// An event's texts, one for each kind in that order; empty where it has none.
-using ChassisForms = std::array<RowText, kFormCount>;
+// The texts of an event, indexed by ChassisForm. A text is empty if the row doesn't apply to that kind of
+// chassis.
+using ChassisForms = std::array<std::string_view, kFormCount>;
 
-// The chassis name of a record, and what it gives to the texts.
-struct ChassisName {
-    Argument chassis;     // for "%C": "Chassis RACK7", "Chassis SHELF, Slot 3", "Enclosure Address 0012"
-    Argument extra_text;  // the text behind the name
-};
-
-template <auto kField>
-constexpr ChassisName Named = {Field<kField, GetChassis>, Field<kField, SecondExtraText>};
-
-// An event that reads differently by its chassis.
+// An event whose text has a form for each kind of chassis.
 struct ChassisEventRow {
     uint16_t code;
-    uint16_t code_with_extra_text;  // the same event with a second text behind the chassis name; 0: none
-    ChassisName name;
+    uint16_t code_with_extra_text;  // the same event with a second string after the chassis name; 0: none
+    PrintFunction chassis;          // replaces each "%C"
+    PrintFunction extra_text;
     ChassisForms forms;
-    Argument arguments[kMaxArguments];  // for each "%s" of a form; a form may leave out the last ones
+    Arguments arguments;
+
+    constexpr bool HasExtraText(uint16_t event_code) const {
+        return code_with_extra_text != 0 && code_with_extra_text == event_code;
+    }
 };
+
+// True if a row can contain fields of both records: they are the same, or one is the chassis of the other.
+template <typename Record, typename = void>
+inline constexpr bool kHasChassis = false;
+template <typename Record>
+inline constexpr bool kHasChassis<Record, std::void_t<decltype(Record::Chassis)>> = true;
+template <typename A, typename B>
+constexpr bool kGoTogether = std::is_same_v<A, B> || (std::is_same_v<A, EVT_CHASSIS> && kHasChassis<B>) ||
+                             (std::is_same_v<B, EVT_CHASSIS> && kHasChassis<A>);
+template <typename Record, typename... Others>
+constexpr bool kGoesWithAll = (kGoTogether<Record, Others> && ...);
+template <typename... Records>
+constexpr bool kOneRecord = (kGoesWithAll<Records, Records...> && ...);
+
+// Ends the compilation of a constant row unless `holds`. The compiler's message shows the row and
+// `constraint`.
+constexpr void Require(const char* constraint, bool holds) {
+    if (!holds) throw std::logic_error(constraint);
+}
+
+struct Placeholders {
+    size_t arguments = 0;  // "%s"
+    size_t chassis = 0;    // "%C"
+    size_t invalid = 0;    // any other "%"
+};
+
+constexpr Placeholders CountPlaceholders(std::string_view text) {
+    Placeholders count;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '%') continue;
+        const char letter = i + 1 < text.size() ? text[i + 1] : '\0';
+        ++(letter == 's' ? count.arguments : letter == 'C' ? count.chassis : count.invalid);
+    }
+    return count;
+}
+
+// Builds a row of an event table: Row(1, When(kServerItself), "Slot Power On (Slot %s)", kSlot).
+template <typename... Tested, typename... Printed>
+constexpr EventRow Row(uint16_t code, const When<Tested...>& when, std::string_view text,
+                       const Argument<Printed>&... arguments) {
+    static_assert(kOneRecord<Tested..., Printed...>, "the fields of a row are of one record and its chassis");
+    const Placeholders found = CountPlaceholders(text);
+    Require("a text has one %s for each argument of its row", found.arguments == sizeof...(arguments));
+    Require("a text contains no % but %s", found.chassis + found.invalid == 0);
+    return {code, when.conditions, text, {arguments.print...}};
+}
+
+// Builds a row without conditions.
+template <typename... Printed>
+constexpr EventRow Row(uint16_t code, std::string_view text, const Argument<Printed>&... arguments) {
+    return Row(code, When(), text, arguments...);
+}
+
+// Builds a row of a chassis table. "%C" in a text names the chassis: "Chassis RACK7", "Chassis SHELF, Slot 3"
+// or "Enclosure Address 0012".
+template <typename Record, typename... Printed>
+constexpr ChassisEventRow ChassisRow(uint16_t code, uint16_t code_with_extra_text, const ChassisForms& forms,
+                                     const Argument<Printed>&... arguments) {
+    static_assert(kOneRecord<Record, Printed...>, "the fields of a row are of one record and its chassis");
+    constexpr ChassisForms kPrefixes = {
+        "",
+        "External Chassis ",
+        "External Storage System ",
+        "Internal Storage System ",
+        "Server Blade Enclosure ",
+        "Power Enclosure ",
+    };
+    for (size_t form = 0; form < kFormCount; ++form) {
+        const std::string_view text = forms[form];
+        if (text.empty()) continue;
+        const Placeholders found = CountPlaceholders(text);
+        Require("a text has one %s for each argument of its row", found.arguments == sizeof...(arguments));
+        Require("a text contains no % but %s and %C", found.invalid == 0);
+        Require("%C is in the texts for an external chassis and for storage, not in the server's",
+                form >= kOnBladeEnclosure || found.chassis == (form == kOnServer ? 0 : 1));
+        Require("a text begins with the words for its kind of chassis",
+                text.substr(0, kPrefixes[form].size()) == kPrefixes[form]);
+    }
+    return {code,
+            code_with_extra_text,
+            PrintField<&Record::cChassisName, GetChassis>,
+            PrintField<&Record::cChassisName, SecondExtraText>,
+            forms,
+            {arguments.print...}};
+}
 
 }  // namespace eventstr

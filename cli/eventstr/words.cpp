@@ -1,3 +1,4 @@
+// The names of the values that payloads contain.
 #include "cli/eventstr/fields.h"
 
 #include <cstddef>
@@ -10,10 +11,6 @@ namespace eventstr {
 const char szUnknown[] = "Unknown";
 
 namespace {
-
-// The longest word and its zero. The words stand in their tables: pointers to them would have to be set by
-// the loader whenever the program starts.
-constexpr size_t kWordSize = 44;
 
 // clang-format off
 constexpr CodeText szLocations[] = {
@@ -34,7 +31,7 @@ constexpr CodeText szLocations[] = {
     {kZoneBladeSlot,       "Blade Slot"},
     {kZoneVirtual,         "Virtual"},
 };
-constexpr char szRedundancy[][kWordSize] = {
+constexpr const char* szRedundancy[] = {
     "",
     "Enclosure",
     "Power Module",
@@ -42,7 +39,7 @@ constexpr char szRedundancy[][kWordSize] = {
     "Breaker",
     "Power Subsystem",
 };
-constexpr char szACProblem[][kWordSize] = {
+constexpr const char* szACProblem[] = {
     "",
     "Line Over Voltage",
     "Line Under Voltage",
@@ -50,26 +47,26 @@ constexpr char szACProblem[][kWordSize] = {
     "Brown Out",
     "AC Power Loss",
 };
-constexpr char szInadequatePowerReason[][kWordSize] = {
+constexpr const char* szInadequatePowerReason[] = {
     "",
     "Lost Redundant Power",
     "Not Enough Power",
     "Denied By Server Enclosure Management Board",
     "Denied By Power Enclosure Management Board",
 };
-constexpr char szImproperPowerReason[][kWordSize] = {
+constexpr const char* szImproperPowerReason[] = {
     "",
     "Load Balancing Wire Missing",
     "Too Many Power Enclosures",
     "Improperly Populated Power Bank",
     "DC-to-DC Configuration Invalid",
 };
-constexpr char szRackSide[][kWordSize] = {
+constexpr const char* szRackSide[] = {
     "Unknown Location",
     "Left Side",
     "Right Side",
 };
-constexpr char szEthSwErr[][kWordSize] = {
+constexpr const char* szEthSwErr[] = {
     "Unknown",                          // 0
     "Powering up",
     "Micro-controller fault",
@@ -81,18 +78,18 @@ constexpr char szEthSwErr[][kWordSize] = {
     "RJ45 module missing",              // 8
     "Fan 2 failed or removed",
 };
-constexpr char szPwrBus[][kWordSize] = {
+constexpr const char* szPwrBus[] = {
     "Unknown Location",
     "Power Bus A",
     "Power Bus B",
 };
-constexpr char szFailedPowerModule[][kWordSize] = {
+constexpr const char* szFailedPowerModule[] = {
     "A Power Module has Failed",
     "A CPU Power Module has Failed",
     "A PCI Power Module has Failed",
     "An I/O Power Module has Failed",
 };
-constexpr char szInfMainLocation[][kWordSize] = {
+constexpr const char* szInfMainLocation[] = {
     "Chassis Slot 1",                   // 0
     "Chassis Slot 2",
     "Chassis Slot 3",
@@ -113,7 +110,7 @@ constexpr char szInfMainLocation[][kWordSize] = {
     "RJ45 6 West",
     "Unknown",
 };
-constexpr char szInfSubLocation[][kWordSize] = {
+constexpr const char* szInfSubLocation[] = {
     "Kelm Management Controller",       // 0
     "FRU EEPROM",
     "Memory",
@@ -132,7 +129,7 @@ constexpr char szInfSubLocation[][kWordSize] = {
     "9555 IO Expander",
     "9555 Mux",                         // 16
 };
-constexpr char szInfError[][kWordSize] = {
+constexpr const char* szInfError[] = {
     "I2C Error",                        // 0
     "Interrupt Error",
     "Invalid FRU Data",
@@ -159,10 +156,10 @@ constexpr CodeText kPSErrors[] = {
 };
 // clang-format on
 
-// The word at an index; beyond the last one, the word given.
+// Returns the name at `index`, or `other` if the table is shorter.
 template <size_t N>
-const char* WordAt(const char (&words)[N][kWordSize], uint8_t index, const char* beyond = szUnknown) {
-    return index < N ? words[index] : beyond;
+const char* NameAt(const char* const (&names)[N], uint8_t index, const char* other = szUnknown) {
+    return index < N ? names[index] : other;
 }
 
 }  // namespace
@@ -172,31 +169,31 @@ const char* GetLocation(uint8_t bLocation) {
 }
 
 const char* GetRedundancy(uint8_t bRedundancy) {
-    return WordAt(szRedundancy, bRedundancy);
+    return NameAt(szRedundancy, bRedundancy);
 }
 
 const char* GetACProblem(uint8_t bACProblem) {
-    return WordAt(szACProblem, bACProblem);
+    return NameAt(szACProblem, bACProblem);
 }
 
 const char* GetInadequatePowerReason(uint8_t bReason) {
-    return WordAt(szInadequatePowerReason, bReason);
+    return NameAt(szInadequatePowerReason, bReason);
 }
 
 const char* GetImproperPowerReason(uint8_t bReason) {
-    return WordAt(szImproperPowerReason, bReason);
+    return NameAt(szImproperPowerReason, bReason);
 }
 
 const char* GetRackSide(uint8_t bLocation) {
-    return WordAt(szRackSide, bLocation, szRackSide[0]);
+    return NameAt(szRackSide, bLocation, szRackSide[0]);
 }
 
 const char* GetEthSwErr(uint8_t bError) {
-    return WordAt(szEthSwErr, bError);
+    return NameAt(szEthSwErr, bError);
 }
 
 const char* GetPwrBus(uint8_t bLocation) {
-    return WordAt(szPwrBus, bLocation);
+    return NameAt(szPwrBus, bLocation);
 }
 
 const char* GetPSError(uint8_t bPSError) {
@@ -204,19 +201,19 @@ const char* GetPSError(uint8_t bPSError) {
 }
 
 const char* GetFailedPowerModule(uint8_t bType) {
-    return WordAt(szFailedPowerModule, bType, szFailedPowerModule[0]);
+    return NameAt(szFailedPowerModule, bType, szFailedPowerModule[0]);
 }
 
 const char* GetInfMainLocation(uint8_t bLocation) {
-    return WordAt(szInfMainLocation, bLocation);
+    return NameAt(szInfMainLocation, bLocation);
 }
 
 const char* GetInfSubLocation(uint8_t bLocation) {
-    return WordAt(szInfSubLocation, bLocation);
+    return NameAt(szInfSubLocation, bLocation);
 }
 
 const char* GetInfErrString(uint8_t bErr) {
-    return WordAt(szInfError, bErr);
+    return NameAt(szInfError, bErr);
 }
 
 const char* GetInternalExternal(uint8_t bType) {

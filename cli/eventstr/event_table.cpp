@@ -1,23 +1,24 @@
-#include "cli/eventstr/catalogue.h"
+#include "cli/eventstr/event_table.h"
 
 #include <algorithm>
 
 namespace eventstr {
 namespace {
 
-// A text, with each "%s" as the next argument prints it and each "%C" as `chassis` does.
-void PrintText(std::string_view text, const Argument* arguments, const Argument& chassis, Bytes payload,
+// Prints `text`: `arguments` replace each "%s" in turn, and `chassis` each "%C".
+void PrintText(std::string_view text, const Arguments& arguments, PrintFunction chassis, Bytes payload,
                TextWriter& out) {
+    const PrintFunction* next = arguments.data();
     for (size_t mark = text.find('%'); mark != text.npos; mark = text.find('%')) {
         out.Text(text.substr(0, mark));
-        const Argument& argument = text[mark + 1] == 'C' ? chassis : *arguments++;
-        argument.print(payload, out);
+        const PrintFunction print = text[mark + 1] == 'C' ? chassis : *next++;
+        print(payload, out);
         text.remove_prefix(mark + 2);
     }
     out.Text(text);
 }
 
-// The text for a chassis; empty when there is none.
+// Returns the text of `row` for `chassis`, or an empty string if it has none.
 std::string_view FormFor(EVT_CHASSIS chassis, const ChassisEventRow& row) {
     switch (chassis.bType) {
         case kChassisServer: return row.forms[chassis.bId == 0 ? kOnServer : kOnExternalChassis];
@@ -33,20 +34,21 @@ std::string_view FormFor(EVT_CHASSIS chassis, const ChassisEventRow& row) {
 
 void PrintEvent(const EventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {
     const EventRow* const row = std::find_if(rows, rows + count, [&](const EventRow& candidate) {
-        return candidate.code == code && candidate.when[0].Holds(payload) && candidate.when[1].Holds(payload);
+        return candidate.code == code && candidate.conditions[0].Holds(payload) &&
+               candidate.conditions[1].Holds(payload);
     });
-    if (row != rows + count) PrintText(row->text, row->arguments, {}, payload, out);
+    if (row != rows + count) PrintText(row->text, row->arguments, nullptr, payload, out);
 }
 
 void PrintEvent(const ChassisEventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out) {
     for (const ChassisEventRow* row = rows; row != rows + count; ++row) {
-        const bool extra = row->code_with_extra_text != 0 && row->code_with_extra_text == code;
+        const bool extra = row->HasExtraText(code);
         if (row->code != code && !extra) continue;
         const std::string_view text = FormFor(ChassisOf(payload), *row);
         if (text.empty()) continue;
 
-        PrintText(text, row->arguments, row->name.chassis, payload, out);
-        if (extra) row->name.extra_text.print(payload, out);
+        PrintText(text, row->arguments, row->chassis, payload, out);
+        if (extra) row->extra_text(payload, out);
         return;
     }
 }
