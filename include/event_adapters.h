@@ -1,5 +1,5 @@
-// Network adapters, SCSI and drive arrays, classes 17 to 19.
-// The conventions: event_payloads.h.
+// Records of classes 17 to 19: network adapters, SCSI, drive arrays.
+// The conventions are in event_payloads.h.
 #pragma once
 
 #include "include/event_log.h"
@@ -9,7 +9,7 @@
 struct EVT_NIC_ERROR {  // 17/1-3, 17/5-7
     EVT_CHASSIS Chassis;
     uint8_t bSlot;
-    char cChassisName[1];  // 17/6, 17/7: then an extra text
+    char cChassisName[1];  // 17/6, 17/7: an extra text follows
 };
 using PEVT_NIC_ERROR = EVT_NIC_ERROR*;
 static_assert(sizeof(EVT_NIC_ERROR) == 5 && offsetof(EVT_NIC_ERROR, cChassisName) == 4);

@@ -1,5 +1,5 @@
-// Cache, processors, buses and expansion slots: classes 4 to 9.
-// The conventions: event_payloads.h.
+// Records of classes 4 to 9: cache, processors, buses, expansion slots.
+// The conventions are in event_payloads.h.
 #pragma once
 
 #include "include/event_log.h"
@@ -29,8 +29,7 @@ using PEVT_CPU_UNCORRECTABLE = EVT_CPU_UNCORRECTABLE*;
 static_assert(sizeof(EVT_CPU_UNCORRECTABLE) == 3 && offsetof(EVT_CPU_UNCORRECTABLE, bType) == 2);
 
 struct EVT_HOST_BUS_UNCORRECTABLE {  // 6/1
-    // 0: parity of an address, 1: parity of data
-    uint8_t bError;
+    uint8_t bError;                  // 0: address parity, 1: data parity
 };
 using PEVT_HOST_BUS_UNCORRECTABLE = EVT_HOST_BUS_UNCORRECTABLE*;
 static_assert(sizeof(EVT_HOST_BUS_UNCORRECTABLE) == 1);
@@ -64,7 +63,7 @@ struct EVT_EXPANSION_SLOT {  // 9/1-9
 using PEVT_EXPANSION_SLOT = EVT_EXPANSION_SLOT*;
 static_assert(sizeof(EVT_EXPANSION_SLOT) == 4 && offsetof(EVT_EXPANSION_SLOT, bSlot) == 3);
 
-struct EVT_EXPANSION_SLOT_CONFIG_ERR {  // no event shows it
+struct EVT_EXPANSION_SLOT_CONFIG_ERR {  // of no known event
     EVT_CHASSIS Chassis;
     uint8_t bSlot;
     uint8_t bError;

@@ -1,5 +1,5 @@
-// The enclosures that blade servers live in, class 34.
-// The conventions: event_payloads.h.
+// Records of class 34: the enclosures of blade servers.
+// The conventions are in event_payloads.h.
 #pragma once
 
 #include "include/event_log.h"
@@ -27,7 +27,7 @@ static_assert(sizeof(EVT_INF_ENV_MANUAL_OVERRIDE) == 5 &&
 
 struct EVT_INF_ENV_FUSE_OPEN {  // 34/3
     EVT_CHASSIS Chassis;
-    uint8_t bZoneId;    // bits 3-0 slot or side, bit 4 fuse B
+    uint8_t bZoneId;    // bits 0 to 3: slot or side; bit 4: 1 fuse B, 0 fuse A
     uint8_t bZoneType;  // an EventZoneType
     char cChassisName[1];
 };
@@ -45,7 +45,7 @@ static_assert(sizeof(EVT_INF_ENV_I2C_FAULT) == 5 && offsetof(EVT_INF_ENV_I2C_FAU
 struct EVT_INF_ENV_BLADE_INS_REM {  // 34/5
     EVT_CHASSIS Chassis;
     uint8_t bBlade;
-    uint8_t bPresent;  // 0 removed
+    uint8_t bPresent;  // 0: removed, otherwise inserted
     char cChassisName[1];
 };
 using PEVT_INF_ENV_BLADE_INS_REM = EVT_INF_ENV_BLADE_INS_REM*;
@@ -54,7 +54,7 @@ static_assert(sizeof(EVT_INF_ENV_BLADE_INS_REM) == 6 &&
 
 struct EVT_INF_ENV_PWR_LOAD_BALANCING {  // 34/6
     EVT_CHASSIS Chassis;
-    char cSide;  // 1 bus A, else B
+    char cSide;  // 1: bus A, otherwise B
     uint16_t wAddress;
     char cChassisName[1];
 };
@@ -64,7 +64,7 @@ static_assert(sizeof(EVT_INF_ENV_PWR_LOAD_BALANCING) == 7 &&
 
 struct EVT_INF_ENV_DC_PWR_PROBLEM {  // 34/7
     EVT_CHASSIS Chassis;
-    char cSide;         // 0 bus A, else B
+    char cSide;         // 0: bus A, otherwise B
     uint16_t wVoltage;  // mV
     char cChassisName[1];
 };
@@ -136,7 +136,7 @@ static_assert(sizeof(EVT_INF_ENV_ENCLOSURE_MGR_STATUS) == 4 &&
 
 struct EVT_INF_ENV_BLOWER_FAULT {  // 34/15
     EVT_CHASSIS Chassis;
-    uint8_t bProblem;
+    uint8_t bProblem;  // the blower's number
     uint8_t bSide;
     char cChassisName[1];
 };
@@ -145,7 +145,7 @@ static_assert(sizeof(EVT_INF_ENV_BLOWER_FAULT) == 6 && offsetof(EVT_INF_ENV_BLOW
 
 struct EVT_INF_ENV_BLOWER_REMOVED {  // 34/16
     EVT_CHASSIS Chassis;
-    uint8_t bProblem;
+    uint8_t bProblem;  // the blower's number
     uint8_t bSide;
     char cChassisName[1];
 };
@@ -202,9 +202,9 @@ static_assert(sizeof(EVT_INF_ENV_CHASSIS_ERR) == 6 && offsetof(EVT_INF_ENV_CHASS
 struct EVT_INF_FIRMWARE_MISMATCH {  // 34/25
     EVT_CHASSIS Chassis;
     uint8_t bCurrentMajor;
-    uint8_t bCurrentMinor;  // BCD, the low digit first
+    uint8_t bCurrentMinor;  // BCD, printed with the low digit first
     uint8_t bRequiredMajor;
-    uint8_t bRequiredMinor;  // BCD, the low digit first
+    uint8_t bRequiredMinor;  // BCD, printed with the low digit first
     uint16_t wICMB_Number;
     char cChassisName[1];
 };

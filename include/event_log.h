@@ -1,25 +1,25 @@
-// The event device's request block and the header that begins every entry of the firmware's event log.
-// Little-endian, as the driver has them. What follows the header: event_payloads.h. The struct tags
-// (_evtLogHdr) belong to the interface too: other programs declare the records by them.
+// The request block of the event device, and the header of the entries in the firmware's event log. Both are
+// little-endian. event_payloads.h describes the payloads that follow the header. Other programs use the
+// struct tags (_evtLogHdr), too.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-constexpr int kEventLogRequest = 81;  // the cevt device's one request code
+constexpr int kEventLogRequest = 81;  // the only request code of the cevt device
 
 enum EventLogChoice : int32_t { kReadEvent = 2, kClearEvents = 5 };  // LOG_INFO::choice
 
-// The driver's answer to a read. kEndOfLog: no entry has the number asked for or a higher one.
-// kBufferTooSmall: one has, but it doesn't fit behind the block.
+// The driver's result of a read. kEndOfLog: no entry has the requested number or a higher one.
+// kBufferTooSmall: the entry doesn't fit into the buffer after the request block.
 enum EventLogStatus : int { kEntryRead = 0, kEndOfLog = 1, kBufferTooSmall = 3 };
 
-// Begins every request; naturally aligned, unlike the entries.
+// The first bytes of every request. Naturally aligned, unlike the entries.
 struct _frontioctlEntry {
-    uint32_t length;     // bytes of the whole request buffer, this block included
+    uint32_t length;     // size of the request buffer in bytes, including this block
     int32_t choice;      // an EventLogChoice
     int32_t match_code;  // always 0
-    int32_t EvtNumber;   // a read starts its search at this event number
+    int32_t EvtNumber;   // a read returns the entry with this number or the next higher one
 };
 using LOG_INFO = _frontioctlEntry;
 using PLOG_INFO = LOG_INFO*;
@@ -43,8 +43,8 @@ using PEVT_TIME_STAMP = EVT_TIME_STAMP*;
 static_assert(sizeof(EVT_TIME_STAMP) == 6, "as the firmware has it");
 
 struct _evtLogHdr {
-    uint16_t wEvtLength;   // bytes of the whole entry, this header included
-    uint32_t dwEvtNumber;  // at an odd place: read it as a member, never through a uint32_t*
+    uint16_t wEvtLength;   // size of the entry in bytes, including this header
+    uint32_t dwEvtNumber;  // not aligned: read it as a member, never through a uint32_t*
     uint8_t bHdrRev;
     uint8_t bSeverity;  // an EventSeverity
     uint16_t wClass;    // 0 to 34
@@ -61,10 +61,10 @@ static_assert(sizeof(EVT_HEADER) == 28 && offsetof(EVT_HEADER, dwEvtNumber) == 2
 
 #pragma pack(pop)
 
-// Where an event happened: the three bytes that most events begin with.
+// The location of an event: the first three bytes of most payloads.
 
 enum EventChassisType : uint8_t {
-    kChassisServer = 1,  // the server itself or, by EVT_CHASSIS::bId, an external chassis of it
+    kChassisServer = 1,  // the server itself if EVT_CHASSIS::bId is 0, otherwise an external chassis
     kChassisExternalStorage = 2,
     kChassisInternalStorage = 3,
     kChassisBladeEnclosure = 4,
@@ -75,8 +75,9 @@ enum EventChassisType : uint8_t {
 
 struct _evtChassis {
     uint8_t bType;  // an EventChassisType
-    uint8_t bId;    // server: 0, or an external chassis' number; storage: slot; enclosure: address, high byte
-    uint8_t bPort;  // enclosure: address, low byte; classes 17 to 19: the port or bus
+    uint8_t bId;    // server: 0, or number of an external chassis; storage: slot; enclosure: high byte of its
+                    // address
+    uint8_t bPort;  // enclosure: low byte of its address; classes 17 to 19: port or bus
 };
 using EVT_CHASSIS = _evtChassis;
 using PEVT_CHASSIS = EVT_CHASSIS*;
@@ -84,7 +85,7 @@ static_assert(sizeof(EVT_CHASSIS) == 3 && offsetof(EVT_CHASSIS, bPort) == 2);
 
 #pragma pack(pop)
 
-// The kinds of zone: bZoneType, bFanZoneType, bDoorZoneType.
+// The values of bZoneType, bFanZoneType and bDoorZoneType.
 enum EventZoneType : uint8_t {
     kZoneSystem = 0,
     kZoneSystemBoard = 1,

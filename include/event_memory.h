@@ -1,5 +1,5 @@
-// Main memory, class 3. A slot of 0 is the system board's own memory.
-// The conventions: event_payloads.h.
+// Records of class 3, main memory. bSlot 0 is the system board, whose memory has no slot.
+// The conventions are in event_payloads.h.
 #pragma once
 
 #include "include/event_log.h"
@@ -7,7 +7,6 @@
 #pragma pack(push, 1)
 
 struct EVT_MAIN_MEMORY {  // 3/1, 3/2, 3/10: corrected or uncorrectable errors of one module or bank
-    // 0: the system board, which has no slot
     uint8_t bSlot;
     uint8_t bModule;  // 3/10: a bank letter
     char cSerialNumber[1];
@@ -24,18 +23,17 @@ using PEVT_MEM_SINGLE = EVT_MEM_SINGLE*;
 static_assert(sizeof(EVT_MEM_SINGLE) == 2 && offsetof(EVT_MEM_SINGLE, bSlot) == 1);
 
 struct EVT_MAIN_MEMORY_MULTI {  // 3/3: uncorrectable error, several suspect modules
-    // how many of mm are valid
-    uint8_t bResolution;
+    uint8_t bResolution;        // number of valid entries in mm
     EVT_MEM_SINGLE mm[4];
-    char cSerialNumber[1];  // one for each of mm, with commas between
+    char cSerialNumber[1];  // comma-separated, one for each entry of mm
 };
 using PEVT_MAIN_MEMORY_MULTI = EVT_MAIN_MEMORY_MULTI*;
 static_assert(sizeof(EVT_MAIN_MEMORY_MULTI) == 10 && offsetof(EVT_MAIN_MEMORY_MULTI, cSerialNumber) == 9);
 
 struct EVT_MAIN_MEMORY_USER_ACTION {  // 3/4: board or cartridge removed, inserted, locked
     uint8_t bSlot;
-    uint8_t bAction;            // 0 removed, 1 inserted, 2 unlocked, 3 locked
-    uint8_t bCartridgeOrBoard;  // 1 cartridge, 0 board
+    uint8_t bAction;            // 0: removed, 1: inserted, 2: unlocked, 3: locked
+    uint8_t bCartridgeOrBoard;  // 1: cartridge, 0: board
 };
 using PEVT_MAIN_MEMORY_USER_ACTION = EVT_MAIN_MEMORY_USER_ACTION*;
 static_assert(sizeof(EVT_MAIN_MEMORY_USER_ACTION) == 3 &&
@@ -51,7 +49,7 @@ static_assert(sizeof(EVT_MAIN_MEMORY_HW_STATUS) == 2 && offsetof(EVT_MAIN_MEMORY
 struct EVT_MAIN_MEMORY_CONFIG_ERR {  // 3/6: configuration error
     uint8_t bSlot;
     uint8_t bModule;
-    uint8_t bCartridgeOrBoard;  // 1 cartridge, 0 board
+    uint8_t bCartridgeOrBoard;  // 1: cartridge, 0: board
 };
 using PEVT_MAIN_MEMORY_CONFIG_ERR = EVT_MAIN_MEMORY_CONFIG_ERR*;
 static_assert(sizeof(EVT_MAIN_MEMORY_CONFIG_ERR) == 3 &&
@@ -59,7 +57,7 @@ static_assert(sizeof(EVT_MAIN_MEMORY_CONFIG_ERR) == 3 &&
 
 struct EVT_MAIN_MEMORY_CONFIG_CHG {  // 3/7: memory added or removed
     uint8_t bSlot;
-    uint8_t bAction;  // 0 added, 1 removed
+    uint8_t bAction;  // 0: added, 1: removed
     uint32_t ulSize;  // MB
 };
 using PEVT_MAIN_MEMORY_CONFIG_CHG = EVT_MAIN_MEMORY_CONFIG_CHG*;
@@ -81,7 +79,7 @@ using PEVT_MAIN_MEMORY_MIRROR_ENGAGED = EVT_MAIN_MEMORY_MIRROR_ENGAGED*;
 static_assert(sizeof(EVT_MAIN_MEMORY_MIRROR_ENGAGED) == 2 &&
               offsetof(EVT_MAIN_MEMORY_MIRROR_ENGAGED, bModule) == 1);
 
-struct EVT_MAIN_MEMORY_CONFIGURATION {  // no event shows it
+struct EVT_MAIN_MEMORY_CONFIGURATION {  // of no known event
     uint8_t bConfig;
 };
 using PEVT_MAIN_MEMORY_CONFIGURATION = EVT_MAIN_MEMORY_CONFIGURATION*;
@@ -94,15 +92,14 @@ using PEVT_MAIN_MEMORY_BOARD_FAILURE = EVT_MAIN_MEMORY_BOARD_FAILURE*;
 static_assert(sizeof(EVT_MAIN_MEMORY_BOARD_FAILURE) == 1);
 
 struct EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG {  // 3/18: found by the ROM's memory test
-    // 0: no board
-    uint8_t bBoard;
+    uint8_t bBoard;                        // 0: no board
     uint8_t bModule;
     uint8_t bBank;
     struct {
-        uint8_t bNotIsolated : 1;  // 1: not narrowed down to a single module
+        uint8_t bNotIsolated : 1;  // 1: the faulty module is one of several
         uint8_t bReserved : 7;
     } flags;
-    char szSerialNumber[1];  // then a spare-part number
+    char szSerialNumber[1];  // a spare-part number follows
 };
 using PEVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG = EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG*;
 static_assert(sizeof(EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG) == 5 &&

@@ -1,14 +1,15 @@
-// The entries of the event log, whole. A header is followed by one of many records; class and code in the
-// header say which. The records stand in one file per family, each with the class/code pairs that carry it.
-// A record's pointer type, its name behind a P, is for the programs that link the translator.
+// The entries of the event log: a header, then a payload, which is one of many records. Class and code in the
+// header determine the record. The records are declared in one header per family; the comment of a record
+// gives the class/code pairs of its events. The pointer types, named P and the record's name, are for
+// programs that link the translator.
 //
-// All are packed and little-endian, as the firmware has them. A field of type char[1] is a zero-terminated
-// text that begins there and runs on past the record; where a second text follows, it begins right behind the
-// first one's zero. 255, and 0xFFFFFFFF in a 32-bit field, stand for a value that isn't known; the numbers of
-// the SAS records and of 3/18, and addresses, have no such value.
+// All records are packed and little-endian. A field of type char[1] is the first character of a
+// NUL-terminated string that extends beyond the record; if a second string follows, it starts after the NUL
+// of the first. 255, or 0xFFFFFFFF in a 32-bit field, is an unknown value, except in the numbers of the SAS
+// records and of 3/18, and in addresses.
 //
 // In the SAS records szPortID is the port's two letters, bBox a box in the enclosure, and szChassis_Sun the
-// chassis name, then a location that is shown in place of the slot when it isn't empty.
+// chassis name, followed by a location, which is printed instead of the slot unless it is empty.
 #pragma once
 
 #include "include/event_adapters.h"
@@ -117,7 +118,7 @@ union _evtFreeForm {
 };
 using EVT_FREE_FORM = _evtFreeForm;
 using PEVT_FREE_FORM = EVT_FREE_FORM*;
-static_assert(sizeof(EVT_FREE_FORM) == 10, "the fixed parts; texts run on past them");
+static_assert(sizeof(EVT_FREE_FORM) == 10, "the fixed parts, without the rest of their strings");
 
 struct _evtLogEntry {
     EVT_HEADER Hdr;
@@ -148,8 +149,8 @@ static_assert(sizeof(EVT_IPMI_LOG_ENTRY) == 15 && offsetof(EVT_IPMI_LOG_ENTRY, D
 
 #pragma pack(pop)
 
-// A request of the event device and its reply in the same place; naturally aligned, so 2 bytes of padding
-// follow the entry. A read has more room behind it: kEventReadSize bytes in all.
+// A request of the event device; the reply overwrites it. Naturally aligned, so 2 bytes of padding follow the
+// entry. The buffer of a read is larger: kEventReadSize bytes.
 struct _ioctlEntry {
     LOG_INFO info;
     EVT_LOG_ENTRY Evt;
@@ -159,4 +160,4 @@ using PEVT_IOCTL_ENTRY = EVT_IOCTL_ENTRY*;
 static_assert(sizeof(EVT_IOCTL_ENTRY) == 56 && offsetof(EVT_IOCTL_ENTRY, Evt) == 16);
 
 constexpr size_t kEventReadSize = 312;
-constexpr size_t kEventEntryRoom = kEventReadSize - sizeof(LOG_INFO);  // 296: the longest entry that fits
+constexpr size_t kEventEntryCapacity = kEventReadSize - sizeof(LOG_INFO);  // 296 bytes

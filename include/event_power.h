@@ -1,5 +1,5 @@
-// The power subsystem, class 11: power supplies, power modules, the AC line, the clock's battery.
-// The conventions: event_payloads.h.
+// Records of class 11, the power subsystem: power supplies, power modules, AC line, battery of the clock.
+// The conventions are in event_payloads.h.
 #pragma once
 
 #include "include/event_log.h"
@@ -10,13 +10,13 @@ struct EVT_POWER_SUPPLY_FAILURE {  // 11/1, 11/19
     EVT_CHASSIS Chassis;
     uint8_t bPsId;
     uint8_t bPsErrorId;
-    char cChassisName[1];  // 11/19: then an extra text
+    char cChassisName[1];  // 11/19: an extra text follows
 };
 using PEVT_POWER_SUPPLY_FAILURE = EVT_POWER_SUPPLY_FAILURE*;
 static_assert(sizeof(EVT_POWER_SUPPLY_FAILURE) == 6 && offsetof(EVT_POWER_SUPPLY_FAILURE, cChassisName) == 5);
 
 struct EVT_BATTERY_LOW {  // 11/2, 11/18
-    EVT_CHASSIS Chassis;  // 11/18: then an extra text
+    EVT_CHASSIS Chassis;  // 11/18: an extra text follows
 };
 using PEVT_BATTERY_LOW = EVT_BATTERY_LOW*;
 static_assert(sizeof(EVT_BATTERY_LOW) == 3);
@@ -25,7 +25,7 @@ struct EVT_POWER_MODULE_FAILURE {  // 11/3
     EVT_CHASSIS Chassis;
     uint8_t bSlot;
     uint8_t bConverter;
-    uint8_t bConverterType;  // 1 processor, 2 PCI, 3 I/O
+    uint8_t bConverterType;  // 1: processor, 2: PCI, 3: I/O
 };
 using PEVT_POWER_MODULE_FAILURE = EVT_POWER_MODULE_FAILURE*;
 static_assert(sizeof(EVT_POWER_MODULE_FAILURE) == 6 &&
@@ -57,7 +57,7 @@ static_assert(sizeof(EVT_POWER_NOT_REDUNDANT) == 4 && offsetof(EVT_POWER_NOT_RED
 
 struct EVT_INF_POWER_NOT_REDUNDANT {  // 11/6 of an enclosure
     EVT_CHASSIS Chassis;
-    uint8_t bType;  // what has lost its redundancy
+    uint8_t bType;  // 1: enclosure, 2: power module, 3: bus bar, 4: breaker, 5: power subsystem
     char cChassisName[1];
 };
 using PEVT_INF_POWER_NOT_REDUNDANT = EVT_INF_POWER_NOT_REDUNDANT*;
@@ -79,7 +79,7 @@ struct EVT_POWER_AC_VOLTAGE {  // 11/8, 11/17
     EVT_CHASSIS Chassis;
     uint8_t bPsId;
     uint8_t bError;
-    char cChassisName[1];  // 11/17: then an extra text
+    char cChassisName[1];  // 11/17: an extra text follows
 };
 using PEVT_POWER_AC_VOLTAGE = EVT_POWER_AC_VOLTAGE*;
 static_assert(sizeof(EVT_POWER_AC_VOLTAGE) == 6 && offsetof(EVT_POWER_AC_VOLTAGE, cChassisName) == 5);

@@ -1,5 +1,5 @@
-// POST, server recovery, the operating system, unrecoverable errors, ROM flashes and notes: classes 10, 13,
-// 14, 20, 32 and 33. The conventions: event_payloads.h.
+// Records of classes 10, 13, 14, 20, 32 and 33: POST, server recovery, operating system, unrecoverable
+// errors, ROM flashes, notes. The conventions are in event_payloads.h.
 #pragma once
 
 #include "include/event_log.h"
@@ -26,8 +26,7 @@ using PEVT_OS_CRASH = EVT_OS_CRASH*;
 static_assert(sizeof(EVT_OS_CRASH) == 1);
 
 struct EVT_AUTO_SHUTDOWN {  // 14/2
-    // bit 7: aborted, or begun by software
-    uint8_t bCause;
+    uint8_t bCause;         // bit 7: shutdown aborted, or initiated by software
 };
 using PEVT_AUTO_SHUTDOWN = EVT_AUTO_SHUTDOWN*;
 static_assert(sizeof(EVT_AUTO_SHUTDOWN) == 1);
@@ -68,14 +67,14 @@ struct EVT_MAINTENANCE_INFO {  // 33/1, 33/2
 using PEVT_MAINTENANCE_INFO = EVT_MAINTENANCE_INFO*;
 static_assert(sizeof(EVT_MAINTENANCE_INFO) == 1);
 
-struct EVT_HEALTHREQUEST {  // no event shows it
+struct EVT_HEALTHREQUEST {  // of no known event
     EVT_CHASSIS Chassis;
     char cChassisName[1];
 };
 using PEVT_HEALTHREQUEST = EVT_HEALTHREQUEST*;
 static_assert(sizeof(EVT_HEALTHREQUEST) == 4 && offsetof(EVT_HEALTHREQUEST, cChassisName) == 3);
 
-struct EVT_EMBEDDED_HEALTH {  // no event shows it
+struct EVT_EMBEDDED_HEALTH {  // of no known event
     uint16_t wAlertID;
     uint16_t wFlags;
     uint16_t wDataValue;
