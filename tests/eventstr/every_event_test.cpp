@@ -1,5 +1,6 @@
-// Every event in every variant, as SHOW HLOG shows it: every_event.txt, their numbers and dates apart. It was
-// read entry by entry against what the firmware's events mean; after a change, so is the difference.
+// Compares the SHOW HLOG listing of every event, in every variant, with golden files. every_event.txt was
+// reviewed entry by entry against the meaning of the firmware's events; review each difference in the same
+// way.
 
 #include <gtest/gtest.h>
 
@@ -12,36 +13,37 @@
 
 namespace {
 
-TEST(EveryEvent, ReadsAsStored) {
+TEST(EveryEvent, MatchesTheGoldenFiles) {
     RunOptions without_paging;
     without_paging.input = "c";
     for (const Model& model : Models()) {
         std::istringstream listing(TestMachine(model.name).Script("SHOW HLOG", without_paging).output);
-        std::string events, numbers_and_dates;  // apart, so that an event in the middle changes its own lines
+        std::string events,
+            numbers_and_dates;  // separated, so that an added event changes only its own lines
         for (std::string line; std::getline(listing, line);) {
             (line.rfind("Event: ", 0) == 0 ? numbers_and_dates : events) += line + "\n";
         }
         ExpectGolden("eventstr/every_event.txt", events);
         ExpectGolden("eventstr/numbers_and_dates.txt", numbers_and_dates);
-        if (HasFailure()) return;  // the other models' logs are the same
+        if (HasFailure()) return;  // the logs of the other models are the same
     }
 }
 
-// A byte that picks a word or a text, in an event that shows it.
-struct PickingByte {
+// A payload byte that selects a name or a text, and an event that prints it.
+struct SelectorByte {
     const char* name;
     uint16_t event_class, code;
     std::string payload;
     size_t offset;
 };
 
-const std::vector<PickingByte>& PickingBytes() {
+const std::vector<SelectorByte>& SelectorBytes() {
     constexpr EVT_CHASSIS kServer = {1, 0, 0};
     constexpr EVT_CHASSIS kOther = {1, 2, 0};
     constexpr EVT_CHASSIS kBlades = {4, 0, 1};
     const auto plain = [](const auto& record) { return MachineBuilder::Plain(record); };
     // clang-format off
-    static const std::vector<PickingByte> rows = {
+    static const std::vector<SelectorByte> rows = {
         {"chassis type of the server", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kServer, kZoneCpu, {}}, {"N"}), 0},
         {"chassis type of another", 2, 6, WithTexts(EVT_MACH_FAN_NOT_REDUNDANT{kOther, kZoneCpu, {}}, {"N"}), 0},
         {"chassis type by record", 11, 6, WithTexts(EVT_INF_POWER_NOT_REDUNDANT{kOther, 'M', {}}, {"N"}), 0},
@@ -86,8 +88,8 @@ const std::vector<PickingByte>& PickingBytes() {
     return rows;
 }
 
-// The texts of all values of a byte, values with the same text together.
-std::string TextsByValue(PickingByte row) {
+// Returns the text of each value of the byte, one line per range of values with the same text.
+std::string TextsByValue(SelectorByte row) {
     std::string listing = "[" + std::string(row.name) + "]\n";
     std::string run;
     int first = 0;
@@ -108,9 +110,9 @@ std::string TextsByValue(PickingByte row) {
     return listing;
 }
 
-TEST(EveryEvent, HasAWordForEachValueThatHasOne) {
+TEST(EveryEvent, PrintsEachValueOfASelectorByteAsInTheGoldenFile) {
     std::string listing;
-    for (const PickingByte& row : PickingBytes()) listing += TextsByValue(row);
+    for (const SelectorByte& row : SelectorBytes()) listing += TextsByValue(row);
     ExpectGolden("eventstr/every_value.txt", listing);
 }
 

@@ -1,4 +1,4 @@
-// How the fields of events print at their limits, and what has no text.
+// Tests how event fields are printed at the limits of their range, and that no other event has a text.
 
 #include <gtest/gtest.h>
 
@@ -39,16 +39,16 @@ Cases NumbersAtTheirLimits() {
         {"255 printed", 2, 2, fan(255)},
         {"0 degrees taken for unknown", 2, 1, heat(0)},
         {"a temperature read as signed", 2, 1, heat(254)},
-        {"a unit behind Unknown", 2, 1, heat(255)},
+        {"a unit after Unknown", 2, 1, heat(255)},
         {"a letter that isn't ASCII dropped", 3, 11, bank(0x80)},
         {"0xFF printed", 3, 11, bank(0xFF)},
         {"a 0 ending the text", 3, 11, bank(0)},
         {"a size of 0", 3, 7, added(0)},
         {"a size read as signed", 3, 7, added(0xFFFFFFFE)},
         {"an unknown size printed", 3, 7, added(0xFFFFFFFF)},
-        {"small letters", 20, 3, errors(0xABCDEF01, 0xFFFFFFFE)},
+        {"lower-case hexadecimal digits of a number", 20, 3, errors(0xABCDEF01, 0xFFFFFFFE)},
         {"an unknown error code printed", 20, 3, errors(0xFFFFFFFF, 0)},
-        {"the other one", 20, 3, errors(0, 0xFFFFFFFF)},
+        {"an unknown second error code printed", 20, 3, errors(0, 0xFFFFFFFF)},
         {"high digit first", 34, 25, firmware(1, 0x12)},
         {"a leading 0 dropped", 34, 25, firmware(2, 0x50)},
         {"digits above 9", 34, 25, firmware(255, 0xFA)},
@@ -65,13 +65,13 @@ Cases ChassisNames() {
         return WithTexts(EVT_MACH_FAN_REMOVED{chassis, 1, kZoneCpu, {}}, {name});
     };
     return {
-        {"a number in place of the name, or a name cut or normalised", 2, 4, removed({1, 9, 0}, " RACK  7 of the north hall")},
-        {"a blank name taken for none", 2, 4, removed({1, 9, 0}, " ")},
-        {"255 printed for want of a name", 2, 4, removed({1, kUnknown, 0}, "")},
+        {"the number instead of the name, or a name truncated or normalised", 2, 4, removed({1, 9, 0}, " RACK  7 of the north hall")},
+        {"a name of one space taken for an empty one", 2, 4, removed({1, 9, 0}, " ")},
+        {"255 printed without a name", 2, 4, removed({1, kUnknown, 0}, "")},
         {"a prefix without a name", 2, 4, removed({2, kUnknown, 0}, "")},
         {"a name taken as a format", 2, 4, removed({1, 9, 0}, "%s%n%d")},
         {"255 read as unknown", 34, 14, Status(kNowhere, "")},
-        {"16 characters cut, or 17 shown", 34, 14, Status(kBlades, "0123456789ABCDEFG")},
+        {"16 characters truncated, or 17 printed", 34, 14, Status(kBlades, "0123456789ABCDEFG")},
     };
 }
 
@@ -89,12 +89,12 @@ Cases PackedBytes() {
         {"a fuse from a higher bit", 34, 3, fuse(0xE2, kZoneBladeSlot)},
         {"255 read as unknown", 34, 3, fuse(0xFF, kZoneBladeSlot)},
         {"the fuse taken into the side", 34, 3, fuse(0x12, kZoneNetworkSlot)},
-        {"small hexadecimal letters", 34, 11, rack(0xAB)},
+        {"lower-case hexadecimal digits", 34, 11, rack(0xAB)},
         {"255 read as unknown", 34, 11, rack(0xFF)},
         {"board 0 named, or module 255 read as unknown", 3, 18, RomDiag(0, false, false)},
         {"board 255 read as unknown", 3, 18, RomDiag(255, false, false)},
         {"the flag from a reserved bit", 3, 18, RomDiag(0, false, true)},
-        {"the flag missed beside reserved bits", 3, 18, RomDiag(0, true, true)},
+        {"the flag missed if reserved bits are set", 3, 18, RomDiag(0, true, true)},
     };
 }
 
@@ -103,10 +103,10 @@ Cases SasEnclosures() {
         return WithTexts(EVT_SAS_ARRAY_PHY_ERROR{chassis, {first, second}, 3, 255, 0, {}}, {name, location});
     };
     return {
-        {"a long name and location cut", 19, 8, link({3, 2, 0}, '1', 'A', "ENC 1 of the north hall", "Shelf  1 at the right")},
+        {"a long name and location truncated", 19, 8, link({3, 2, 0}, '1', 'A', "ENC 1 of the north hall", "Shelf  1 at the right")},
         {"the box read as a third letter", 19, 8, link({4, 1, 0}, 'x', 'y', "", "")},
         {"a 0 in the port ending the text", 19, 8, link({4, 1, 0}, '1', 0, "", "")},
-        {"a letter behind the 0", 19, 8, link({4, 1, 0}, 0, 'A', "", "")},
+        {"a letter after the 0", 19, 8, link({4, 1, 0}, 0, 'A', "", "")},
     };
 }
 
@@ -125,14 +125,14 @@ Cases WhiteSpaceAndSerialNumbers() {
         {"a flash's", 32, 1, note},
         {"an erasure's", 33, 1, note},
         {"a note's", 33, 2, note},
-        {"a piece not normalised", 3, 3, suspects(" A  1 , B2")},
+        {"a serial number not normalised", 3, 3, suspects(" A  1 , B2")},
         {"a missing first", 3, 3, suspects(",S2")},
         {"a missing last", 3, 3, suspects("S1,")},
-        {"only white space in a piece", 3, 3, suspects("  ,S2")},
-        {"79 characters cut", 3, 3, suspects(long79 + ",S2")},
+        {"a serial number of white space only", 3, 3, suspects("  ,S2")},
+        {"79 characters truncated", 3, 3, suspects(long79 + ",S2")},
         {"an 80th character", 3, 3, suspects(long79 + "y,S2")},
-        {"a cut before normalising", 3, 3, suspects("  " + long79 + "  y")},
-        {"a cut that drops a blank inside", 3, 3, suspects(std::string(78, 'x') + "  y")},
+        {"truncated before white space is normalised", 3, 3, suspects("  " + long79 + "  y")},
+        {"a space inside dropped by truncation", 3, 3, suspects(std::string(78, 'x') + "  y")},
     };
 }
 
@@ -143,10 +143,10 @@ Cases ExtraTexts() {
     const std::string battery = MachineBuilder::Plain(EVT_BATTERY_LOW{{3, 0, 0}});
     return {
         {"an empty second text added", 17, 6, nic({"N", ""})},
-        {"an empty first text skipped over, an extra text cut or normalised", 17, 6, nic({"", " Bay  2\tof the north hall"})},
+        {"an empty first text skipped, an extra text truncated or normalised", 17, 6, nic({"", " Bay  2\tof the north hall"})},
         {"an extra text to an event that has none", 17, 2, nic({"N", "Bay 2"})},
         {"a third text", 17, 6, nic({"N", "", "Bay 2"})},
-        {"behind a text without parentheses", 2, 9, door(1, {"N", " Bay  2\tof the north hall"})},
+        {"an extra text missing after a text without parentheses", 2, 9, door(1, {"N", " Bay  2\tof the north hall"})},
         {"an extra text to a fallback", 2, 9, door(6, {"N", "Bay 2"})},
         {"a battery's second text", 11, 18, battery + std::string(" a  b\tof the north hall\0c\0", 26)},
         {"a battery's text where it has none", 11, 2, battery + "a"},
@@ -158,7 +158,7 @@ Cases ExtraTexts() {
 }
 // clang-format on
 
-// A byte that no terminal shows as "\x1f".
+// Returns `text` with each byte that isn't printable ASCII as "\x1f".
 std::string Shown(const std::string& text) {
     std::string shown;
     for (const char letter : text) {
@@ -167,9 +167,9 @@ std::string Shown(const std::string& text) {
     return shown;
 }
 
-// limits.txt holds each case's text, and behind "0:" one of an event that isn't known. It was read against
-// what the firmware's events mean.
-TEST(EventFields, ReadAsStoredAtTheirLimits) {
+// limits.txt contains the text of each case, after "1:", or "0:" for an unknown event. It was reviewed
+// against the meaning of the firmware's events.
+TEST(EventFields, MatchTheGoldenFileAtTheirLimits) {
     std::string listing;
     for (const Cases& cases : {NumbersAtTheirLimits(), ChassisNames(), PackedBytes(), SasEnclosures(),
                                WhiteSpaceAndSerialNumbers(), ExtraTexts()}) {
@@ -182,8 +182,9 @@ TEST(EventFields, ReadAsStoredAtTheirLimits) {
     ExpectGolden("eventstr/limits.txt", listing);
 }
 
-// 255 prints as Unknown wherever a byte is a number, but in these events, of which it counts the bytes.
-TEST(EventFields, OnlyTheseShowANumberOf255) {
+// A byte of 255 is printed as "Unknown", except in these events: class, code, and how many of the bytes print
+// as 255.
+TEST(EventFields, PrintUnknownFor255ExceptInTheseEvents) {
     const std::map<std::pair<int, int>, int> shown = {
         {{2, 11}, 2}, {{2, 12}, 2}, {{3, 18}, 2}, {{11, 20}, 2}, {{19, 7}, 2}, {{19, 8}, 3},
     };
@@ -199,8 +200,8 @@ TEST(EventFields, OnlyTheseShowANumberOf255) {
     }
 }
 
-// A serial number begins with a letter or a digit; what doesn't is none.
-TEST(EventFields, SerialNumbersAreToldByTheirFirstCharacter) {
+// A name that doesn't begin with an ASCII letter or digit isn't a serial number.
+TEST(EventFields, PrintASerialNumberIfItBeginsWithALetterOrDigit) {
     for (int first = 1; first < 256; ++first) {
         const std::string name = static_cast<char>(first) + std::string("1");
         const bool is_serial = first < 128 && std::isalnum(first) != 0;
@@ -211,11 +212,11 @@ TEST(EventFields, SerialNumbersAreToldByTheirFirstCharacter) {
     }
 }
 
-// Every event that there is has its text in every_event.txt; no other code has one.
-TEST(Events, NoOtherCodesAreKnown) {
+// every_event.txt contains all events; every other code is unknown.
+TEST(Events, HaveNoTextUnderAnyOtherCode) {
     std::set<std::pair<int, int>> known;
     for (const SampleEvent& event : EveryEvent()) known.insert({event.event_class, event.code});
-    const std::string payload = '\1' + std::string(9, '\0');  // on the server itself, all else 0
+    const std::string payload = '\1' + std::string(9, '\0');  // the server itself, all other bytes 0
     for (const int event_class : {2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,  14,   15,
                                   16, 17, 18, 19, 20, 21, 31, 32, 33, 34, 35, 258, 65535}) {
         for (const int code : {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12,  13,  14,  15,   16,

@@ -1,5 +1,5 @@
-// An event's text, from bytes that end where the entry does: a read past them is a fault that the sanitizers
-// see.
+// Helpers that translate an entry for the tests. The entry is in a buffer of its exact size, so the
+// sanitizers detect a read beyond its end.
 #pragma once
 
 #include <cstring>
@@ -25,14 +25,14 @@ inline void PrintTo(const Translation& translation, std::ostream* out) {
     *out << translation.event << (translation.known ? "" : "unknown: ") << '"' << translation.text << '"';
 }
 
-// The text of an entry in a buffer of exactly so many bytes.
-inline Translation TranslateEntry(const std::string& bytes, unsigned room = 256) {
+// Translates `bytes`, an entry, into a buffer of `capacity` bytes.
+inline Translation TranslateEntry(const std::string& bytes, unsigned capacity = 256) {
     std::vector<char> entry(bytes.begin(), bytes.end());
-    std::vector<char> text(room, '#');
+    std::vector<char> text(capacity, '#');
     const bool known =
-        TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text.data(), room) != 0;
+        TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text.data(), capacity) != 0;
     const auto header = CopyOf<EVT_HEADER>(reinterpret_cast<const uint8_t*>(entry.data()));
-    return {std::string(text.data(), strnlen(text.data(), room)), known,
+    return {std::string(text.data(), strnlen(text.data(), capacity)), known,
             "class " + std::to_string(header.wClass) + ", code " + std::to_string(header.wCode) + ": "};
 }
 
