@@ -1,4 +1,4 @@
-// The event log, out of the samples of all families.
+// Builds the event log from the sample events of all families.
 #include "tools/mkmachine/events.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Entries of the event log, byte for byte, and the log that shows what every event looks like.
+// Builds entries of the event log, and logs that contain every event.
 #pragma once
 
 #include <initializer_list>
@@ -8,7 +8,8 @@
 #include "include/event_payloads.h"
 #include "tools/mkmachine/machine_builder.h"
 
-// A payload whose record ends in a text field: the record up to there, then each text with its zero.
+// Builds the payload of a record that ends in a one-byte string field: the record without that byte, then
+// each string with its NUL.
 template <typename Record>
 std::string WithTexts(const Record& record, std::initializer_list<std::string> texts) {
     std::string payload = MachineBuilder::Plain(record);
@@ -17,7 +18,8 @@ std::string WithTexts(const Record& record, std::initializer_list<std::string> t
     return payload;
 }
 
-// An entry that carries a payload. Its dates go with its number; what the header isn't given is 0.
+// EventHeader() derives the dates from `number` and sets bHdrRev and dwCount to 1, wEvtLength to 0.
+// EventEntry() sets wEvtLength and returns the header and the payload as one entry.
 EVT_HEADER EventHeader(uint32_t number, uint8_t severity, uint16_t event_class, uint16_t code);
 std::string EventEntry(EVT_HEADER header, const std::string& payload);
 
@@ -29,20 +31,20 @@ struct SampleEvent {
 };
 using SampleEvents = std::vector<SampleEvent>;
 
-// Adds an event whose payload is a record and nothing else.
+// Adds an event whose payload is a record without strings.
 template <typename Record>
 void AddRecord(SampleEvents& events, uint8_t severity, uint16_t event_class, uint16_t code,
                const Record& record) {
     events.push_back({severity, event_class, code, MachineBuilder::Plain(record)});
 }
 
-// Every event that has a text, in every variant, by class.
+// Returns every event that has a text, in every variant, sorted by class.
 SampleEvents EveryEvent();
 
-// A log of so many entries, numbered from 1, which run through every event again and again.
+// Returns a log of `entries` entries, numbered from 1, which repeats the list of every event.
 std::string EventLog(size_t entries);
 
-// The families of events, a file each.
+// Each adds the events of its family; the file has the family's name (events_machine.cpp).
 void AddMachineEvents(SampleEvents& events);
 void AddMemoryEvents(SampleEvents& events);
 void AddHardwareEvents(SampleEvents& events);
@@ -63,8 +65,8 @@ struct SampleChassis {
     const char* name;
 };
 
-// The same event on each kind of chassis, some with a name and some without: which ones have one changes from
-// code to code. make: the payload for a chassis and its name.
+// Adds the event for each kind of chassis. Every second chassis has a name; an even code names the first, an
+// odd code the second. `make` returns the payload for a chassis and its name.
 template <typename Make>
 void AddForEachChassis(SampleEvents& events, uint8_t severity, uint16_t event_class, uint16_t code,
                        Make make) {

@@ -1,27 +1,28 @@
-// Classes 17 to 19: network adapters, SCSI, drive arrays.
+// Sample events of classes 17 to 19: network adapters, SCSI, drive arrays.
 #include "tools/mkmachine/events.h"
 
 namespace {
 
-// The server itself, an external chassis without a name, and one that has a name; the type doesn't matter.
-constexpr SampleChassis kPlaces[] = {
+// The server itself, an external chassis without a name, one with a name. These events don't depend on the
+// type, so the types are those of other chassis.
+constexpr SampleChassis kChassis[] = {
     {{kChassisInternalStorage, 0, 8}, "SELF"},
     {{kChassisExternalStorage, 3, 8}, ""},
     {{kChassisBladeEnclosure, 3, 8}, "EXP1"},
 };
 
-// A record of a chassis, a slot or a bay, and the chassis name.
+// Adds an event whose record contains a chassis, a slot or bay, and the chassis name.
 template <typename Record>
-void Add(SampleEvents& events, uint16_t event_class, uint16_t code, uint8_t place, const char* extra = "") {
-    for (const SampleChassis& at : kPlaces) {
+void Add(SampleEvents& events, uint16_t event_class, uint16_t code, uint8_t slot, const char* extra = "") {
+    for (const SampleChassis& at : kChassis) {
         events.push_back(
-            {kCaution, event_class, code, WithTexts(Record{at.chassis, place, {}}, {at.name, extra})});
+            {kCaution, event_class, code, WithTexts(Record{at.chassis, slot, {}}, {at.name, extra})});
     }
 }
 
 template <typename Record>
 void AddNotRedundant(SampleEvents& events, uint16_t event_class, uint16_t code) {
-    for (const SampleChassis& at : kPlaces) {
+    for (const SampleChassis& at : kChassis) {
         events.push_back({kCaution, event_class, code, WithTexts(Record{at.chassis, {}}, {at.name})});
     }
 }

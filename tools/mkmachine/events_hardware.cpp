@@ -1,9 +1,10 @@
-// Classes 4 to 9: cache, processors, buses, expansion slots.
+// Sample events of classes 4 to 9: cache, processors, buses, expansion slots.
 #include "tools/mkmachine/events.h"
 
 namespace {
 
-// The chassis number alone tells the server itself from an external chassis; the types are odd on purpose.
+// The server itself and an external chassis: they differ in the number. These events don't depend on the
+// type, so the types are those of other chassis.
 constexpr EVT_CHASSIS kServerAndAnother[] = {{kChassisBladeEnclosure, 0, 0}, {kChassisInternalStorage, 2, 0}};
 
 }  // namespace

@@ -1,11 +1,11 @@
-// Class 34: blade enclosures and power enclosures.
+// Sample events of class 34: blade enclosures and power enclosures.
 #include "tools/mkmachine/events.h"
 
 namespace {
 
 constexpr EVT_CHASSIS kBlades = {kChassisBladeEnclosure, 0x01, 0x2F};
 constexpr EVT_CHASSIS kPower = {kChassisPowerEnclosure, 0x00, 0x12};
-constexpr EVT_CHASSIS kNeither = {kChassisServer, 0x00, 0x34};
+constexpr EVT_CHASSIS kNoEnclosure = {kChassisServer, 0x00, 0x34};
 constexpr char kSerial[] = "SGH123";
 
 template <typename Record>
@@ -14,12 +14,12 @@ void Add(SampleEvents& events, uint8_t severity, uint16_t code, const Record& re
 }
 
 template <typename Record>
-void AddPart(SampleEvents& events, uint16_t code) {
+void AddInsertOrRemove(SampleEvents& events, uint16_t code) {
     Add(events, kNotice, code, Record{kBlades, 6, kZoneBladeSlot, {}}, kSerial);
     Add(events, kNotice, code, Record{kBlades, 2, kZoneNetworkSlot, {}}, "");
 }
 
-void AddTroubleWithBlades(SampleEvents& events) {
+void AddBladeEvents(SampleEvents& events) {
     Add(events, kCaution, 1, EVT_INF_ENV_INADEQUATE_PWR_TO_PWR_ON{kBlades, 3, 2, {}}, kSerial);
     Add(events, kNotice, 2, EVT_INF_ENV_MANUAL_OVERRIDE{kBlades, 4, {}}, kSerial);
     Add(events, kCritical, 3, EVT_INF_ENV_FUSE_OPEN{kBlades, 0x12, kZoneBladeSlot, {}}, kSerial);
@@ -27,10 +27,10 @@ void AddTroubleWithBlades(SampleEvents& events) {
     Add(events, kCaution, 4, EVT_INF_ENV_I2C_FAULT{kBlades, 7, {}}, kSerial);
     Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kBlades, 3, 0, {}}, kSerial);
     Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kBlades, 3, 1, {}}, "01234567890123456789");
-    Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kNeither, 5, 1, {}}, "-not a serial number");
+    Add(events, kNotice, 5, EVT_INF_ENV_BLADE_INS_REM{kNoEnclosure, 5, 1, {}}, "-not a serial number");
 }
 
-void AddTroubleWithPower(SampleEvents& events) {
+void AddPowerEnclosureEvents(SampleEvents& events) {
     for (char side = 0; side < 3; ++side) {
         Add(events, kCaution, 6, EVT_INF_ENV_PWR_LOAD_BALANCING{kPower, side, 0x5678, {}}, kSerial);
         Add(events, kCaution, 7, EVT_INF_ENV_DC_PWR_PROBLEM{kPower, side, 950, {}}, kSerial);
@@ -50,14 +50,14 @@ void AddTroubleWithPower(SampleEvents& events) {
 }  // namespace
 
 void AddInfrastructureEvents(SampleEvents& events) {
-    AddTroubleWithBlades(events);
-    AddTroubleWithPower(events);
+    AddBladeEvents(events);
+    AddPowerEnclosureEvents(events);
     Add(events, kCritical, 15, EVT_INF_ENV_BLOWER_FAULT{kPower, 3, 1, {}}, kSerial);
     Add(events, kCaution, 16, EVT_INF_ENV_BLOWER_REMOVED{kBlades, 4, 2, {}}, kSerial);
     Add(events, kCritical, 17, EVT_INF_ENV_ETHERNET_SWITCH_FAULT{kBlades, 5, 2, {}}, kSerial);
     Add(events, kCritical, 18, EVT_INF_ENV_INPUT_PWR_SENSE_ERR{kPower, 2, {}}, kSerial);
-    AddPart<EVT_INF_ENV_BLADE_INS_REM_2>(events, 19);
-    AddPart<EVT_INF_ENV_BLADE_INS_REM_2>(events, 20);
+    AddInsertOrRemove<EVT_INF_ENV_BLADE_INS_REM_2>(events, 19);
+    AddInsertOrRemove<EVT_INF_ENV_BLADE_INS_REM_2>(events, 20);
     AddRecord(events, kCaution, 34, 21, EVT_INF_ENV_RACK_TOPOLOGY_ERR{kBlades, 1});
     AddRecord(events, kCritical, 34, 24, EVT_INF_ENV_CHASSIS_ERR{kBlades, 8, 0, 3});
     const EVT_INF_FIRMWARE_MISMATCH old = {kBlades, 1, 0x10, 2, 0x20, 0x5678, {}};

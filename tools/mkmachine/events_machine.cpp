@@ -1,4 +1,4 @@
-// Class 2: heat, fans and side panels.
+// Sample events of class 2: heat, fans, side panels.
 #include "tools/mkmachine/events.h"
 
 namespace {

@@ -1,19 +1,19 @@
-// Class 3: main memory.
+// Sample events of class 3: main memory.
 #include "tools/mkmachine/events.h"
 
 namespace {
 
-// The places that an error of one module, or of one bank, can have; each with and without a serial number,
-// whose blanks are shown as they are.
-void AddPlaces(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t module_or_bank) {
+// Adds an event for each location that an error of a module or bank can have, with and without a serial
+// number. Spaces in the serial number are printed unchanged.
+void AddLocations(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t module_or_bank) {
     constexpr uint8_t kNotKnown = 255;
-    const EVT_MAIN_MEMORY places[] = {
+    const EVT_MAIN_MEMORY locations[] = {
         {kNotKnown, kNotKnown, {}},      {0, kNotKnown, {}}, {0, module_or_bank, {}}, {2, module_or_bank, {}},
         {kNotKnown, module_or_bank, {}}, {2, kNotKnown, {}},
     };
-    for (const EVT_MAIN_MEMORY& place : places) {
-        events.push_back({severity, 3, code, WithTexts(place, {""})});
-        events.push_back({severity, 3, code, WithTexts(place, {" A  1"})});
+    for (const EVT_MAIN_MEMORY& location : locations) {
+        events.push_back({severity, 3, code, WithTexts(location, {""})});
+        events.push_back({severity, 3, code, WithTexts(location, {" A  1"})});
     }
 }
 
@@ -30,8 +30,8 @@ void AddRomDiag(SampleEvents& events, const EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG& re
 }  // namespace
 
 void AddMemoryEvents(SampleEvents& events) {
-    AddPlaces(events, kCaution, 1, 4);
-    AddPlaces(events, kCritical, 2, 6);
+    AddLocations(events, kCaution, 1, 4);
+    AddLocations(events, kCritical, 2, 6);
     AddSuspects(events, 0, "");
     AddSuspects(events, 2, "S1,S2");
     AddSuspects(events, 4, " A1 ,,B  2,C3,D4");
@@ -53,7 +53,7 @@ void AddMemoryEvents(SampleEvents& events) {
         AddRecord(events, kRepaired, 3, 8, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 8});
         AddRecord(events, kRepaired, 3, 9, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 9});
     }
-    AddPlaces(events, kCaution, 10, 'B');
+    AddLocations(events, kCaution, 10, 'B');
     for (const uint8_t slot : {uint8_t{0}, uint8_t{3}}) {
         AddRecord(events, kRepaired, 3, 11, EVT_MAIN_MEMORY_SPARE_ENGAGED{slot, 'C'});
         AddRecord(events, kRepaired, 3, 12, EVT_MAIN_MEMORY_MIRROR_ENGAGED{slot, 'D'});

@@ -1,9 +1,9 @@
-// Class 11: the power subsystem.
+// Sample events of class 11: the power subsystem.
 #include "tools/mkmachine/events.h"
 
 namespace {
 
-// An event that names one power supply or power module.
+// Adds an event of one power supply or power module.
 template <typename Record>
 void AddUnit(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t unit) {
     AddForEachChassis(events, severity, 11, code, [=](EVT_CHASSIS chassis, const char* name) {
@@ -11,7 +11,7 @@ void AddUnit(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t unit
     });
 }
 
-// The same with a second field, and the texts behind the chassis name.
+// Does the same for a record with a second field. `extra` is the string after the chassis name.
 template <typename Record>
 void AddUnit(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t unit, uint8_t value,
              const std::string& extra = "") {
@@ -29,14 +29,14 @@ std::string NotRedundant(EVT_CHASSIS chassis, const char* name) {
 }
 
 void AddPowerModules(SampleEvents& events) {
-    constexpr EVT_CHASSIS kPlaces[] = {
+    constexpr EVT_CHASSIS kChassis[] = {
         {kChassisServer, 0, 0},
         {kChassisServer, 2, 0},
         ExternalStorage(3),
         InternalStorage(4),
     };
     for (uint8_t type = 0; type < 4; ++type) {
-        for (const EVT_CHASSIS& chassis : kPlaces) {
+        for (const EVT_CHASSIS& chassis : kChassis) {
             AddRecord(events, kCritical, 11, 3, EVT_POWER_MODULE_FAILURE{chassis, 7, 8, type});
         }
     }

@@ -1,4 +1,5 @@
-// Classes 10, 13, 14, 20, 32 and 33: POST, server recovery, the operating system, ROM flashes, notes.
+// Sample events of classes 10, 13, 14, 20, 32 and 33: POST, server recovery, operating system, unrecoverable
+// errors, ROM flashes, maintenance notes.
 #include "tools/mkmachine/events.h"
 
 namespace {
