@@ -22,12 +22,12 @@ std::vector<char> LogEntry(std::string bytes, bool own_length) {
     header.wEvtLength = own_length ? std::min(header.wEvtLength, whole) : whole;
     std::memcpy(bytes.data(), &header, sizeof header);
     const bool has_length = header.wEvtLength >= sizeof header;
-    bytes.resize(has_length ? std::min<size_t>(header.wEvtLength, kEventEntryRoom) : kEventEntryRoom);
+    bytes.resize(has_length ? std::min<size_t>(header.wEvtLength, kEventEntryCapacity) : kEventEntryCapacity);
     return {bytes.begin(), bytes.end()};
 }
 
 std::vector<char> ProcessorEntry(const std::string& bytes) {
-    std::vector<char> entry(sizeof(EVT_IPMI_HEADER) + kIpmiPayloadRoom);
+    std::vector<char> entry(sizeof(EVT_IPMI_HEADER) + kIpmiPayloadCapacity);
     std::copy_n(bytes.begin(), std::min(bytes.size(), entry.size()), entry.begin());
     return entry;
 }

@@ -58,7 +58,7 @@ void AddEvents(Seeds& seeds) {
         const std::string beginning = "\xFF\1" + MachineBuilder::Plain(short_header);
         seeds.Add(beginning + event.payload);
         std::string filled = event.payload.substr(0, std::max<size_t>(event.payload.size(), 1) - 1);
-        filled.resize(kIpmiPayloadRoom, 'x');
+        filled.resize(kIpmiPayloadCapacity, 'x');
         seeds.Add(beginning + filled);
     }
 }
