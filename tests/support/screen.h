@@ -103,11 +103,15 @@ struct TerminalSession {
         close(terminal);
         terminal = -1;
     }
-    // Waits for the program's end: its status, or 128 + N when signal N ended it.
+    // Waits until the program ends, and kills one that does not. Returns its status, or 128 + N if signal N
+    // ended it.
     int End() {
         if (terminal >= 0) ReceiveUntil("\xFF");
         int status = 0;
-        waitpid(program, &status, 0);
+        for (int waits = 0; waitpid(program, &status, WNOHANG) == 0; ++waits) {
+            if (waits == 10000) kill(program, SIGKILL);
+            usleep(1000);
+        }
         return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     }
     // The terminal's settings as they are now.
