@@ -95,7 +95,9 @@ struct TreeCase {
 };
 
 constexpr TreeCase kTrees[] = {
-    {"another device of the same vendor", "p\n  obp-device vendor-id=0x1c4e device-id=0x6d18\n", false},
+    {"another device of the vendor, or of another vendor",
+     "p\n  obp-device vendor-id=0x1c4e device-id=0x6d18\n  obp-device vendor-id=0x1c4f device-id=0x6d19\n",
+     false},
     {"a node with one of the two properties",
      "p\n  obp-device vendor-id=0x1c4e\n  obp-device device-id=0x6d19\n", false},
     {"another class of node", "p\n  fru vendor-id=0x1c4e device-id=0x6d19\n", false},

@@ -1,5 +1,6 @@
-// A terminal for a process that has none: its settings are all 0 at first, and setting them succeeds. Each
-// call that sets them or waits for a key is a line of the machine's trace, among those of the devices.
+// A terminal for a process that has none, at first with seven bits and a parity bit, which no pseudo-terminal
+// has. Each call that sets it or waits for a key is a line of the machine's trace, among those of the
+// devices.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/select.h>
@@ -12,6 +13,8 @@
 #include <cstring>
 
 namespace {
+
+constexpr tcflag_t kFound = CS7 | PARENB;
 
 // Allocates nothing: a test may have counted the allocations. The line is written with the interposed write.
 __attribute__((format(printf, 1, 2))) void AppendToTrace(const char* format, ...) {
@@ -38,12 +41,17 @@ int Select(int count, fd_set* in, fd_set* out, fd_set* other, timeval* longest) 
 
 int GetSettings(int /*fd*/, termios* settings) {
     *settings = {};
+    settings->c_cflag = kFound;
     return 0;
 }
 
 int SetSettings(int fd, int when, const termios* settings) {
+    const bool as_found = settings->c_cc[VTIME] == 0 && settings->c_cflag == kFound;
+    const bool character_mode = settings->c_cc[VTIME] == 1 && settings->c_cflag == CS8;
     AppendToTrace("tcsetattr %d %s, %s\n", fd, when == TCSANOW ? "TCSANOW" : "later",
-                  settings->c_cc[VTIME] == 0 ? "as found" : "character mode");
+                  as_found         ? "as found"
+                  : character_mode ? "character mode"
+                                   : "neither");
     return 0;
 }
 

@@ -110,8 +110,9 @@ TEST(Editor, BeginsWithAnEmptyHistory) {
     constexpr size_t kBytes = kHistorySlots * kHistorySlotSize;
     StartShell();
     std::memset(History[0], 'x', kBytes);
+    history_index = 7;
     FreeHistory();
-    ASSERT_TRUE(AllocateHistory());
+    ASSERT_TRUE(AllocateHistory() && history_index == 0);
     EXPECT_EQ(std::count(History[0], History[0] + kBytes, '\0'), kBytes);
     StoreInHistory("aa");
     EXPECT_TRUE(RepeatsNewest("aa") && !RepeatsNewest("a") && !RepeatsNewest("aaa"));

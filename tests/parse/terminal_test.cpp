@@ -93,6 +93,18 @@ TEST(Terminal, IsLeftToTheForeground) {
     EXPECT_TRUE(session.Settings() == session.found);
 }
 
+TEST(Terminal, IsHandedBackAsItWasLastSetDuringAStop) {
+    const TestMachine machine("tr500k2");
+    const std::string script =
+        "set -m; sh -c 'echo $$; exec \"$@\"' sh " + InShell("brantcli") + "; stty susp ^A; fg >/dev/null";
+    TerminalSession session(machine, {"-c", script}, "/bin/sh");
+    kill(std::stoi(session.ReceiveUntil(kAtPrompt)), SIGTSTP);
+    session.ReceiveUntil("brantcli> ");
+    session.Type("exit\r");
+    EXPECT_EQ(session.End(), 0);
+    EXPECT_EQ(session.Settings().c_cc[VSUSP], 1);
+}
+
 TEST(Terminal, InTheBackgroundIsTheEndOfTheInputForAProgramThatCannotStop) {
     const TestMachine machine("tr500k2");
     const std::string script = "set -m; trap '' TTIN; ulimit -t 2; " + InShell("brantcli") + " & wait $!";
