@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kKeyboard = STDIN_FILENO;
 constexpr cc_t kControlC = 3;
-constexpr cc_t kNoKey = _POSIX_VDISABLE;
 constexpr double kReportAfter = 1;       // second of waiting
 constexpr long kShortPause = 1'000'000;  // nanoseconds between two attempts before the report
 constexpr long kLongPause = 50'000'000;  // and after it
@@ -37,34 +36,37 @@ class ControlC {
     ControlC& operator=(const ControlC&) = delete;
 
     // Sleeps. Returns true as soon as ^C is typed.
-    bool TypedWithin(long nanoseconds) const;
+    bool TypedWithin(long nanoseconds);
 
   private:
-    void EnableKey() const;
+    void Enable(const termios& character_mode);
     bool TakeInterrupt(long nanoseconds) const;
 
-    bool has_terminal_ = false;
-    termios found_{};
-    sigset_t interrupt_{}, found_mask_{};
+    bool is_enabled_ = false;
+    termios character_mode_{};             // if enabled
+    sigset_t interrupt_{}, found_mask_{};  // interrupt_: SIGINT if enabled, otherwise empty
 };
 
 ControlC::ControlC() {
     sigemptyset(&interrupt_);
-    has_terminal_ = IsInForeground() && tcgetattr(kKeyboard, &found_) == 0 && (found_.c_lflag & ISIG) == 0;
-    if (has_terminal_) sigaddset(&interrupt_, SIGINT);
     sigprocmask(SIG_BLOCK, &interrupt_, &found_mask_);
 }
 
 // A ^C that was typed just before the wait ended must not end the process, so its SIGINT is discarded.
 ControlC::~ControlC() {
-    if (has_terminal_ && IsInForeground()) tcsetattr(kKeyboard, TCSANOW, &found_);
+    if (is_enabled_ && IsInForeground()) tcsetattr(kKeyboard, TCSANOW, &character_mode_);
     TakeInterrupt(0);
     sigprocmask(SIG_SETMASK, &found_mask_, nullptr);
 }
 
 // ^\ and ^Z stay bytes. NOFLSH keeps the keys typed ahead, which the terminal would discard at ^C.
-void ControlC::EnableKey() const {
-    termios settings = found_;
+void ControlC::Enable(const termios& character_mode) {
+    is_enabled_ = true;
+    character_mode_ = character_mode;
+    sigaddset(&interrupt_, SIGINT);
+    sigprocmask(SIG_BLOCK, &interrupt_, nullptr);
+
+    termios settings = character_mode;
     settings.c_lflag |= static_cast<tcflag_t>(ISIG | NOFLSH);
     settings.c_cc[VINTR] = kControlC;
     settings.c_cc[VQUIT] = settings.c_cc[VSUSP] = _POSIX_VDISABLE;
@@ -84,9 +86,13 @@ bool ControlC::TakeInterrupt(long nanoseconds) const {
     return false;
 }
 
-bool ControlC::TypedWithin(long nanoseconds) const {
-    // Set each time: if the process is stopped and continued, the shell switches back to character mode.
-    if (has_terminal_ && IsInForeground()) EnableKey();
+bool ControlC::TypedWithin(long nanoseconds) {
+    // Checked each time: the shell also switches to character mode when it continues after a stop, or in the
+    // foreground.
+    termios settings;
+    const bool is_character_mode =
+        IsInForeground() && tcgetattr(kKeyboard, &settings) == 0 && (settings.c_lflag & ISIG) == 0;
+    if (is_character_mode) Enable(settings);
     return TakeInterrupt(nanoseconds);
 }
 
@@ -108,7 +114,7 @@ void Report(const char* device) {
 int LockDirectory(const Descriptor& directory, const char* device) {
     if (flock(directory.Get(), LOCK_EX | LOCK_NB) == 0) return 0;
 
-    const ControlC control_c;
+    ControlC control_c;
     const double report_at = Now() + kReportAfter;
     bool reported = false;
     while (flock(directory.Get(), LOCK_EX | LOCK_NB) != 0) {

@@ -42,6 +42,8 @@ TEST(Lock, ControlCEndsTheWaitAndTheScriptGoesOn) {
     EXPECT_EQ(session.ReceiveUntil(kReported),
               "simulated machine: waiting for another program, which has locked " + machine.Directory() +
                   kReported);
+    session.StopAndContinue();
+    usleep(200000);  // until the wait has enabled the key again
     session.Type("\3");
     EXPECT_EQ(session.ReceiveUntil(kFailed), kFailed);
     EXPECT_EQ(session.ReceiveUntil("off.\n"), "\nUID is currently off.\n");
@@ -74,13 +76,13 @@ TEST(Lock, TheWaitKeepsTheKeysTypedAheadAndTheTerminalMode) {
     EXPECT_EQ(session.End(), 0);
 }
 
-TEST(Lock, ControlCEndsTheWaitOfAProgramThatWasStopped) {
+TEST(Lock, ControlCEndsAWaitThatBeganInTheBackground) {
     const TestMachine machine("tr500k2");
     Lock lock(machine);
-    TerminalSession session(machine, {"-s", "SET ASSET web7"});
+    const std::string script =
+        "set -m; " + InShell("brantcli") + " -s 'SET ASSET web7' & sleep .3; fg >/dev/null";
+    TerminalSession session(machine, {"-c", script}, "/bin/sh");
     session.ReceiveUntil(kReported);
-    session.StopAndContinue();
-    usleep(200000);  // until the wait has noticed
     session.Type("\3");
     EXPECT_EQ(session.ReceiveUntil(kFailed), kFailed);
     lock.Release();
