@@ -1,4 +1,4 @@
-// The event log, read entry by entry from the lowest number on.
+// Saves the event log, entry by entry, from the lowest number on.
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -9,13 +9,14 @@
 
 namespace {
 
-constexpr size_t kLongestRead = sizeof(LOG_INFO) + UINT16_MAX;  // of an entry that is too long for the shell
-constexpr int kMostFailures = 3;                                // in a row, after which the log is given up
+constexpr size_t kLongestRead = sizeof(LOG_INFO) + UINT16_MAX;  // for an entry that is too long for the shell
+constexpr int kMostFailures = 3;                                // in a row, after which the log ends
 
-// The room of a read: the request, and behind it the entry.
+// The buffer of a read: the request, followed by the entry.
 class Reading {
   public:
-    // Reads as the shell does, but with room for any entry where its own isn't enough. Result: ReadEvent's.
+    // Reads with the shell's buffer size and retries with the maximum size if the driver reports that the
+    // buffer is too small. Returns ReadEvent's result.
     int Read(uint32_t number) {
         bytes_.resize(kEventReadSize);
         const int status = ReadEvent(bytes_.data(), bytes_.size(), number);
@@ -26,24 +27,25 @@ class Reading {
 
     uint32_t Number() const { return HeaderOf(bytes_.data()).dwEvtNumber; }
 
-    // The entry. A length that can't be true would end the log: the nearest that can stands in for it, with
-    // which the entry reads the same.
+    // Returns the entry. An impossible length would end the log on the copy, so the nearest possible length
+    // replaces it; the entry's text is the same.
     std::string Entry() const {
         EVT_HEADER header = HeaderOf(bytes_.data());
         header.wEvtLength =
-            static_cast<uint16_t>(std::clamp<size_t>(header.wEvtLength, sizeof header, Room()));
+            static_cast<uint16_t>(std::clamp<size_t>(header.wEvtLength, sizeof header, MaxLength()));
         std::string entry(reinterpret_cast<const char*>(bytes_.data()) + sizeof(LOG_INFO), header.wEvtLength);
         std::memcpy(entry.data(), &header, sizeof header);
         return entry;
     }
 
   private:
-    size_t Room() const { return bytes_.size() - sizeof(LOG_INFO); }
+    size_t MaxLength() const { return bytes_.size() - sizeof(LOG_INFO); }
 
     std::vector<uint8_t> bytes_;
 };
 
-// A status as a fault has it. Those that no driver gives are the errno of a failed call.
+// Converts a status of ReadEvent() to the result of a fault. A status that no driver returns becomes an
+// errno.
 int FaultOf(int status) {
     if (status == kEntryFromBefore) return -EPROTO;
     return status == kBufferTooSmall ? status : -status;

@@ -1,4 +1,5 @@
-// What isn't the driver's: physical memory as far as programs look at it, and the PICL tree.
+// Saves physical memory, as far as the programs read it, and the PICL tree: the parts that don't come from
+// the driver.
 #include <cerrno>
 #include <cstdio>
 #include <stdexcept>
@@ -14,20 +15,20 @@
 namespace {
 
 constexpr char kMemoryFile[] = "xsvc";
-constexpr uint64_t kLargestPage = 0x10000;  // bytes; of the systems on which the copy may be read
+constexpr uint64_t kLargestPage = 0x10000;  // in bytes, of all systems on which the copy may be read
 
 uint64_t PageOf(uint64_t address) {
     return address & ~(kLargestPage - 1);
 }
 
-// A mapping needs whole pages of the file.
+// Appends zeros up to the end of the last page, because a mapping needs whole pages of the file.
 std::string FilledToPage(std::string bytes, uint64_t address) {
     bytes.resize(static_cast<size_t>(PageOf(address + bytes.size() + kLargestPage - 1) - address));
     return bytes;
 }
 
-// Has the copy refuse the tables, too, but not the BIOS area with them: tables that begin with it run past
-// its end, and there the file ends.
+// Makes the tables unreadable on the copy, but not the BIOS area. Tables that start at the beginning of the
+// area need no fault: they extend beyond its end, where the file ends.
 void RefuseTables(MachineCopy& copy) {
     const unsigned long page = EPS.dwSTAddr & -static_cast<unsigned long>(__brantcli_pgsz);
     char what[32];
@@ -35,7 +36,7 @@ void RefuseTables(MachineCopy& copy) {
     copy.Refused(what, page == kBiosArea ? kMissing : -EIO);
 }
 
-// A line of the tree.
+// Formats a line of the tree.
 std::string Node(size_t level, const std::string& text) {
     return std::string(2 * level, ' ') + text + '\n';
 }

@@ -1,5 +1,5 @@
-// savemachine DIR: writes what the shell can see of this server into a machine directory, on which the
-// shell's SHOW commands then tell the same elsewhere.
+// savemachine DIR: writes the data that the shell can read on this server into a machine directory. On this
+// directory, the shell's SHOW commands print the same as on the server.
 
 #include <cerrno>
 #include <cstdio>
@@ -28,7 +28,7 @@ constexpr Device kDevices[] = {
     {"cevt", cevt_path, &cevt_fd, SaveEvents},
 };
 
-// False when it doesn't open: the copy then has no folder of it.
+// Returns false if the device can't be opened; the copy then has no folder for that device.
 bool SaveDevice(MachineCopy& copy, const Device& device) {
     errno = 0;
     *device.descriptor = vxOpenRequest(device.path, kReadWrite);

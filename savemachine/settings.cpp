@@ -1,4 +1,4 @@
-// The ROM variables, and the recovery timer's state.
+// Saves the ROM variables and the state of the recovery timer.
 #include <cerrno>
 
 #include "cli/command/state.h"
@@ -10,11 +10,11 @@
 
 namespace {
 
-// As long as the commands that read the most of it ask for.
+// A ROM variable with the number of bytes that the longest read of a command requests.
 struct Variable {
     const char* name;
     int size;
-    bool not_everywhere = false;  // firmware keeps it in another form, or elsewhere
+    bool not_everywhere = false;  // some firmware stores it in another form or place
 };
 // clang-format off
 constexpr Variable kVariables[] = {

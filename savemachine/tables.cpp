@@ -1,5 +1,6 @@
-// The data tables: every record that a command can ask for, as long as the command asks for it. What a driver
-// has beyond that can't be told from the zeros that a shorter record leaves, and no command sees it.
+// Saves the data tables: every record that a command can request, with the size that the command requests.
+// Bytes beyond that size can't be distinguished from the zeros of a shorter record, and no command reads
+// them.
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
@@ -18,15 +19,16 @@ constexpr bool kNotEverywhere = true;
 struct Table {
     DataTableType type;
     size_t size;
-    // Not every driver has it: that it is missing is no news, and no command asks for it again.
+    // Some drivers lack it. A missing record is not reported, and no further record of the table is
+    // requested.
     bool not_everywhere = false;
 };
 
-// What has a header, and then records for each device.
+// A family of devices: a header, and records of several tables for each device.
 struct Family {
     const char* name;
     Table header;
-    int first;  // the driver's first index; -1 stands for 255
+    int first;  // the first index; the driver reads -1 as 255
     Table tables[3];
 };
 // clang-format off
@@ -48,7 +50,7 @@ constexpr Family kFamilies[] = {
 };
 // clang-format on
 
-// The two bytes that begin each header.
+// The first two bytes of each header.
 struct HeaderBeginning {
     uint8_t ucNumSupportedByChassis;
     uint8_t ucDataAvailable;
@@ -56,7 +58,7 @@ struct HeaderBeginning {
 
 using Record = std::unique_ptr<void, decltype(&std::free)>;
 
-// "356.0.0", as the record is called in `cdt` and in `faults`.
+// Returns the record's name in `cdt` and `faults`, such as "356.0.0".
 std::string NameOf(const Table& table, int index, int index2) {
     return std::to_string(table.type) + "." + std::to_string(index & 255) + "." +
            std::to_string(index2 & 255);
@@ -66,7 +68,7 @@ void Store(MachineCopy& copy, const std::string& name, const void* record, size_
     copy.Write("cdt/" + name, std::string(static_cast<const char*>(record), size));
 }
 
-// Reads a record and stores it. Null when the driver refuses it.
+// Reads a record and stores it. Returns null if the request fails.
 Record Save(MachineCopy& copy, const Table& table, int index, int index2 = 0) {
     const std::string name = NameOf(table, index, index2);
     errno = 0;
@@ -100,7 +102,8 @@ constexpr Table kCartridge = {kCartridgeTable, sizeof(CartridgeBeginning), kNotE
 constexpr Table kModuleConfig = {kModuleConfigTable, sizeof(RESMEM_DIMM_CONFIG), kNotEverywhere};
 constexpr Table kModuleStatus = {kModuleStatusTable, sizeof(RESMEM_DIMM_STATUS)};
 
-// The modules of some cartridges, up to the first that the driver refuses, as the commands read them.
+// Saves the modules of the cartridges from `from` to `to` - 1. Stops at the first failed request, as the
+// commands do.
 void SaveModules(MachineCopy& copy, int from, int to, int sockets) {
     for (int cartridge = from; cartridge < to; ++cartridge) {
         for (int module = 0; module < sockets; ++module) {
@@ -112,7 +115,8 @@ void SaveModules(MachineCopy& copy, int from, int to, int sockets) {
     }
 }
 
-// A driver may have memory on the system board or in cartridges: it is asked for both.
+// Saves the memory tables. A server has its memory on the system board or in cartridges, so both are
+// requested.
 void SaveMemory(MachineCopy& copy) {
     copy.Reading("memory modules");
     const Record memory = Save(copy, kMemory, 0);
@@ -122,7 +126,7 @@ void SaveMemory(MachineCopy& copy) {
     SaveModules(copy, 0, counts.carts, counts.dimms);
 }
 
-// The state of the light comes with a control request, which a plain read couldn't carry.
+// Saves the indicators. The light's state is read by a control request, which generic_dtioctl can't send.
 void SaveIndicators(MachineCopy& copy) {
     copy.Reading("indicators");
     Save(copy, {kIndicatorHeaderTable, sizeof(INDCHEADER)}, 0);

@@ -1,5 +1,5 @@
-// A machine and its copy by savemachine: every SHOW command prints the same bytes with the same status on
-// both.
+// Tests of savemachine: every SHOW command prints the same bytes with the same status on a machine and on its
+// copy.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -14,9 +14,10 @@ namespace fs = std::filesystem;
 
 class Saved : public testing::TestWithParam<std::string> {
   protected:
-    enum Runs { kEachByItself, kAllInOne };  // the SHOW commands; each one's status is seen in the former
+    enum Runs { kEachByItself, kAllInOne };  // the SHOW commands; kEachByItself compares each status
 
-    // Saves the machine and compares; what: why it is one to be tried. Result: what savemachine says.
+    // Saves the machine and compares the copy with it. `what` describes the machine. Returns savemachine's
+    // messages.
     std::string Compare(const SweptMachine& machine, const std::string& what, Runs runs = kEachByItself) {
         SCOPED_TRACE(what);
         const TestMachine parent;
@@ -50,7 +51,7 @@ class Saved : public testing::TestWithParam<std::string> {
     }
 };
 
-// What no SHOW command prints is in the copy, too.
+// The copy has all bytes of each variable, also those that no SHOW command prints.
 TEST_P(Saved, KeepsEveryVariableWhole) {
     const SweptMachine machine(GetParam());
     const TestMachine parent;
@@ -61,7 +62,7 @@ TEST_P(Saved, KeepsEveryVariableWhole) {
     }
 }
 
-// Every piece is missing, another thing, or cut, in one machine of kMachines.
+// Each file is missing, a directory, or truncated, in one of kMachines machines.
 TEST_P(Saved, TellsTheSameWithoutSomePieces) {
     constexpr size_t kMachines = 3;
     SweptMachine machine(GetParam());
@@ -101,8 +102,8 @@ TEST_P(Saved, TellsTheSameWhereCallsFail) {
         machine.Fault(faults);
         EXPECT_NE(Compare(machine, faults, kAllInOne), "");
     }
-    const std::string behind = EventLog(3).substr(EventLog(2).size());
-    EXPECT_EQ(log_, EventLog(1) + behind) << "an entry that can't be read ended the log";
+    const std::string third = EventLog(3).substr(EventLog(2).size());
+    EXPECT_EQ(log_, EventLog(1) + third) << "an unreadable entry ended the log";
 }
 
 // The copy ends at the third unreadable entry in a row; entries in between that can be read start the count
