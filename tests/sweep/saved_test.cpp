@@ -173,6 +173,32 @@ TEST(SaveMachine, RefusesAndLeavesNothingBehind) {
     }
 }
 
+// A record that is missing is reported and missing on the copy; any other failed call also gets a fault
+// there.
+TEST(SaveMachine, ReportsFailedCallsAndKeepsTheirResults) {
+    TestMachine machine("tr500k2");
+    const char* const faults[] = {"cdt 351.0.0 1",      "cdt 1702.255.0 -5",  "cdt 1503.0.0 1",
+                                  "crom read ZTSBKT 1", "crom read ZTHMAC 1", "crom read ZTHIPL -5",
+                                  "casr 6 1",           "cdt 1700.0.0 1",     "cevt read 0 3",
+                                  "cevt read 2 -5",     "picl root 7"};
+    for (const char* const fault : faults) machine.Fault(fault);
+    const TestMachine parent;
+    const RunResult run =
+        RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
+    EXPECT_EQ(run.errors,
+              "savemachine: not read: cdt 351.0.0: refused\n"
+              "savemachine: not read: cdt 1702.255.0: Input/output error\n"
+              "savemachine: not read: cdt 1503.0.0: refused\n"
+              "savemachine: not read: crom read ZTHIPL: Input/output error\n"
+              "savemachine: not read: crom read ZTSBKT: refused\n"
+              "savemachine: not read: casr 6: refused\n"
+              "savemachine: not read: cevt read 0: refused\n"
+              "savemachine: not read: cevt read 2: Input/output error\n"
+              "savemachine: not read: picl root: refused\n");
+    EXPECT_EQ(parent.Read("copy/faults"),
+              "cdt 1702.255.0 -5\ncrom read ZTHIPL -5\ncevt read 0 3\ncevt read 2 -5\npicl root 7\n");
+}
+
 // The parent directory's owner can replace the new directory at any moment. The program then fails, leaves
 // all files of the replacement unchanged and removes what it has written elsewhere.
 TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesItsOwn) {
