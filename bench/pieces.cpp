@@ -10,9 +10,9 @@
 #include "cli/eventstr/eventstr.h"
 #include "cli/misc-commands/health.h"
 #include "cli/parse/command_line.h"
-#include "tools/mkmachine/events.h"
-#include "tools/mkmachine/firmware_records.h"
-#include "tools/mkmachine/models.h"
+#include "mkmachine/events.h"
+#include "mkmachine/firmware_records.h"
+#include "mkmachine/models.h"
 
 namespace {
 

@@ -9,9 +9,10 @@
 #include <new>
 
 #include "brantexport/sections.h"
-#include "cli/brantcli/brantcli.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/pci/kelm.h"
+#include "cli/start-up/start_up.h"
+#include "src/utils/standard_streams.h"
 
 namespace {
 

@@ -14,11 +14,12 @@
 #include "cli/parse/keyboard.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios-commands/smbios_commands.h"
+#include "cli/start-up/start_up.h"
 #include "fuzz/target.h"
+#include "mkmachine/events.h"
+#include "mkmachine/models.h"
 #include "tests/support/program_state.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/events.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

@@ -12,10 +12,10 @@
 
 #include "cli/eventstr/eventstr.h"
 #include "cli/parse/command_tree.h"
+#include "mkmachine/events.h"
+#include "mkmachine/firmware_records.h"
+#include "mkmachine/models.h"
 #include "tests/sweep/sweep.h"
-#include "tools/mkmachine/events.h"
-#include "tools/mkmachine/firmware_records.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

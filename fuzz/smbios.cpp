@@ -6,14 +6,14 @@
 #include <algorithm>
 #include <cstring>
 
-#include "cli/brantcli/brantcli.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/smbios-commands/smbios_commands.h"
+#include "cli/start-up/start_up.h"
 #include "fuzz/target.h"
 #include "include/smbios_records.h"
+#include "mkmachine/smbios_table.h"
 #include "tests/support/loaded_tables.h"
 #include "tests/support/program_state.h"
-#include "tools/mkmachine/smbios_table.h"
 
 namespace {
 

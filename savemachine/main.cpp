@@ -6,10 +6,11 @@
 #include <new>
 #include <stdexcept>
 
-#include "cli/brantcli/brantcli.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/start-up/start_up.h"
 #include "platform/request.h"
 #include "savemachine/machine_copy.h"
+#include "src/utils/standard_streams.h"
 
 namespace {
 

@@ -14,6 +14,8 @@
 #include "cli/parse/keyboard.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
+#include "cli/start-up/start_up.h"
+#include "src/utils/standard_streams.h"
 
 namespace {
 

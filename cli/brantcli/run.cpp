@@ -11,6 +11,7 @@
 #include "cli/parse/editor.h"
 #include "cli/parse/keyboard.h"
 #include "cli/smbios_old/smbios.h"
+#include "src/utils/standard_streams.h"
 #include "src/utils/text.h"
 
 int do_scripted_command(char* command) {

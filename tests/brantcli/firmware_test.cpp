@@ -7,8 +7,8 @@
 #include "cli/pci/kelm.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "include/smbios_records.h"
+#include "mkmachine/firmware_records.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/firmware_records.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <map>
 
+#include "mkmachine/models.h"
 #include "tests/brantexport/export.h"
 #include "tests/support/golden.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // brantexport as a program: its arguments, its streams and its exit status.
 #include <gtest/gtest.h>
 
+#include "mkmachine/models.h"
 #include "tests/brantexport/export.h"
 #include "tests/support/pattern.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 
 #include "include/event_log.h"
 #include "include/memory_records.h"
+#include "mkmachine/events.h"
+#include "mkmachine/models.h"
 #include "tests/brantexport/export.h"
 #include "tests/support/golden.h"
-#include "tools/mkmachine/events.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 
 #include <sstream>
 
+#include "mkmachine/models.h"
 #include "tests/eventstr/translate.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "cli/eventstr/eventstr.h"
+#include "mkmachine/events.h"
 #include "src/utils/bytes.h"
-#include "tools/mkmachine/events.h"
 
 struct Translation {
     std::string text;

@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "include/health_records.h"
+#include "mkmachine/models.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

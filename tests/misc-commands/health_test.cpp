@@ -9,8 +9,8 @@
 #include "cli/misc-commands/misc_commands.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
+#include "mkmachine/models.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

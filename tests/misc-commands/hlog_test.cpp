@@ -4,10 +4,10 @@
 
 #include <numeric>
 
+#include "mkmachine/events.h"
 #include "tests/misc-commands/listing_shape.h"
 #include "tests/support/pattern.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/events.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
+#include "mkmachine/models.h"
 #include "tests/misc-commands/rom_shell.h"
 #include "tests/support/expected_run.h"
 #include "tests/support/golden.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
+#include "mkmachine/events.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/events.h"
 
 namespace {
 

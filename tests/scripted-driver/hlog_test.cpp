@@ -7,9 +7,9 @@
 #include <deque>
 
 #include "cli/misc-commands/misc_commands.h"
+#include "mkmachine/events.h"
 #include "platform/request.h"
 #include "tests/misc-commands/listing_shape.h"
-#include "tools/mkmachine/events.h"
 
 namespace {
 

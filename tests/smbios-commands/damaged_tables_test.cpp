@@ -4,8 +4,8 @@
 #include <string>
 
 #include "cli/smbios-commands/smbios_commands.h"
+#include "mkmachine/models.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/models.h"
 
 namespace {
 

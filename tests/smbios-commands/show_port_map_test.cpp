@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "mkmachine/firmware_records.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/firmware_records.h"
 
 namespace {
 

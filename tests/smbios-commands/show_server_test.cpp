@@ -3,9 +3,9 @@
 #include <string>
 
 #include "cli/smbios-commands/smbios_commands.h"
+#include "mkmachine/firmware_records.h"
 #include "tests/support/golden.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/firmware_records.h"
 
 TEST(ShowServer, TellsEachModelInFull) {
     ExpectGoldenModels("smbios-commands");

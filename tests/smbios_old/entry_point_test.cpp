@@ -3,8 +3,8 @@
 #include <string>
 
 #include "cli/smbios-commands/smbios_commands.h"
+#include "mkmachine/smbios_table.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/smbios_table.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "cli/smbios-commands/smbios_commands.h"
+#include "mkmachine/firmware_records.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/firmware_records.h"
 
 namespace {
 

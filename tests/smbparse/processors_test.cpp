@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "mkmachine/firmware_records.h"
 #include "tests/support/golden.h"
 #include "tests/support/loaded_tables.h"
-#include "tools/mkmachine/firmware_records.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "mkmachine/models.h"
 #include "tests/support/test_machine.h"
-#include "tools/mkmachine/models.h"
 
 std::string GoldenText(const std::string& path) {
     std::ifstream file(BRANT_TEST_DIR "/" + path, std::ios::binary);

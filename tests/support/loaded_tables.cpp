@@ -1,8 +1,8 @@
 #include "tests/support/loaded_tables.h"
 
 #include "cli/command/state.h"
+#include "mkmachine/smbios_table.h"
 #include "tests/support/program_state.h"
-#include "tools/mkmachine/smbios_table.h"
 
 LoadedTables::LoadedTables() {
     setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);

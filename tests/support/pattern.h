@@ -1,4 +1,5 @@
-// Regular expressions (ECMAScript). A file that includes <regex> takes seconds to compile, so only pattern.cpp does.
+// Regular expressions (ECMAScript). A file that includes <regex> takes seconds to compile, so only
+// pattern.cpp does.
 #pragma once
 
 #include <string>

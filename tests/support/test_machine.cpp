@@ -12,7 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/mkmachine/machine_builder.h"
+#include "mkmachine/machine_builder.h"
 
 // Whether the programs run in an emulator, where a signal that stops a process stops even the first one of a
 // session.

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <functional>
 
+#include "mkmachine/events.h"
 #include "tests/sweep/sweep.h"
-#include "tools/mkmachine/events.h"
 
 namespace {
 

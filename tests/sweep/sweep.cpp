@@ -6,9 +6,9 @@
 
 #include "cli/brantcli/brantcli.h"
 #include "cli/parse/command_tree.h"
+#include "mkmachine/events.h"
+#include "mkmachine/models.h"
 #include "tests/support/pattern.h"
-#include "tools/mkmachine/events.h"
-#include "tools/mkmachine/models.h"
 
 const std::map<std::string, std::string> kArguments = {
     {"DISABLE ISCSI", "NIC1"},

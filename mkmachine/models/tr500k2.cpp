@@ -1,5 +1,5 @@
 // The Corvex TR500 K2: everything that a machine can have.
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
 namespace {
 

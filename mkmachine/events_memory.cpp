@@ -1,5 +1,5 @@
 // Sample events of class 3: main memory.
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <optional>
 #include <string>
 
-#include "cli/brantcli/brantcli.h"
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
+#include "src/utils/standard_streams.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Builds the event log from the sample events of all families.
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 #include <algorithm>
 #include <ctime>

@@ -1,4 +1,4 @@
-#include "tools/mkmachine/smbios_table.h"
+#include "mkmachine/smbios_table.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,5 +1,5 @@
 // The Corvex BX20: a blade, cooled and powered by its enclosure.
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
 namespace {
 

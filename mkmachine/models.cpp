@@ -1,6 +1,6 @@
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 const std::vector<Model>& Models() {
     static const std::vector<Model> models = {kTr500k2, kTr300, kBx20};

@@ -1,5 +1,5 @@
-// Standard output that is non-blocking. The caller, or another process with the same open file, may set
-// O_NONBLOCK; a write then fails with EAGAIN while the reader is slow.
+#include "src/utils/standard_streams.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/wait.h>
@@ -9,8 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-
-#include "cli/brantcli/brantcli.h"
+#include <cstring>
 
 namespace {
 
@@ -33,6 +32,23 @@ void FinishAtExit() {
 
 }  // namespace
 
+bool KeepStandardDescriptors() {
+    for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        // The streams below fd are open, so an open() returns fd if fd is free.
+        if (fcntl(fd, F_GETFD) >= 0 || open("/dev/null", O_RDONLY) == fd) continue;
+        std::fprintf(stderr, "ERROR: Could not open /dev/null: %s.\n", std::strerror(errno));
+        return false;
+    }
+    return true;
+}
+
+int MessagesToStandardError() {
+    const int output = fcntl(STDOUT_FILENO, F_DUPFD, STDERR_FILENO + 1);
+    if (output >= 0 && dup2(STDERR_FILENO, STDOUT_FILENO) >= 0) return output;
+    std::fprintf(stderr, "ERROR: Could not duplicate standard output: %s.\n", std::strerror(errno));
+    return -1;
+}
+
 bool WriteAll(int fd, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = write(fd, bytes.data(), bytes.size());
@@ -48,6 +64,8 @@ bool WriteAll(int fd, std::string_view bytes) {
     return true;
 }
 
+// The caller, or another process with the same open file, may have set O_NONBLOCK; a write then fails with
+// EAGAIN while the reader is slow.
 void RelayNonBlockingOutput() {
     const int flags = fcntl(STDOUT_FILENO, F_GETFL);
     int ends[2];

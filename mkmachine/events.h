@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "include/event_payloads.h"
-#include "tools/mkmachine/machine_builder.h"
+#include "mkmachine/machine_builder.h"
 
 // Builds the payload of a record that ends in a one-byte string field: the record without that byte, then
 // each string with its NUL.

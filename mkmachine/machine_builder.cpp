@@ -1,4 +1,4 @@
-#include "tools/mkmachine/machine_builder.h"
+#include "mkmachine/machine_builder.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "tools/mkmachine/firmware_records.h"
+#include "mkmachine/firmware_records.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "include/smbios_records.h"
-#include "tools/mkmachine/machine_builder.h"
+#include "mkmachine/machine_builder.h"
 
 // One record: its fields in the order in which they stand, each behind the last.
 class SmbiosRecord {

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
 namespace {
 

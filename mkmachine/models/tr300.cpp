@@ -1,6 +1,6 @@
 // The Corvex TR300: an ordinary server with older firmware and an older driver, which knows nothing of
 // memory.
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
 namespace {
 

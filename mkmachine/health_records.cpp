@@ -2,7 +2,7 @@
 // modules.
 #include "include/health_records.h"
 #include "include/memory_records.h"
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Sample events of class 2: heat, fans, side panels.
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 namespace {
 

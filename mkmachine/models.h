@@ -10,8 +10,8 @@
 #include "include/data_tables.h"
 #include "include/health_records.h"
 #include "include/rom_variables.h"
-#include "tools/mkmachine/firmware_records.h"
-#include "tools/mkmachine/machine_builder.h"
+#include "mkmachine/firmware_records.h"
+#include "mkmachine/machine_builder.h"
 
 // The common feature record of a fan, a temperature sensor or a power supply.
 enum State : unsigned { kAbsent = 0, kPresent = 1, kFailed = 2, kRedundant = 4 };  // DEVICE_STATE_FLAGS

@@ -1,5 +1,5 @@
 // Sample events of classes 17 to 19: network adapters, SCSI, drive arrays.
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 namespace {
 

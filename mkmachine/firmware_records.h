@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/mkmachine/smbios_table.h"
+#include "mkmachine/smbios_table.h"
 
 constexpr uint8_t kRackMount = 0x17;  // kinds of chassis
 constexpr uint8_t kBlade = 0x1C;

@@ -1,5 +1,5 @@
 // Sample events of class 11: the power subsystem.
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 namespace {
 

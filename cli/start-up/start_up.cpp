@@ -1,12 +1,10 @@
-// What each program does first: its streams, whether it may run here, and what is in this server.
-#include <fcntl.h>
+#include "cli/start-up/start_up.h"
+
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 
-#include "cli/brantcli/brantcli.h"
 #include "cli/command/state.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/smbios-commands/smbios_commands.h"
@@ -27,23 +25,6 @@ int CountNicsOfRom() {
 }
 
 }  // namespace
-
-bool KeepStandardDescriptors() {
-    for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        // The streams below fd are open, so an open() returns fd if fd is free.
-        if (fcntl(fd, F_GETFD) >= 0 || open("/dev/null", O_RDONLY) == fd) continue;
-        std::fprintf(stderr, "ERROR: Could not open /dev/null: %s.\n", std::strerror(errno));
-        return false;
-    }
-    return true;
-}
-
-int MessagesToStandardError() {
-    const int output = fcntl(STDOUT_FILENO, F_DUPFD, STDERR_FILENO + 1);
-    if (output >= 0 && dup2(STDERR_FILENO, STDOUT_FILENO) >= 0) return output;
-    std::fprintf(stderr, "ERROR: Could not duplicate standard output: %s.\n", std::strerror(errno));
-    return -1;
-}
 
 int detect_zet_rom() {
     // One byte short of the area, which the rounding to whole pages makes up for.

@@ -1,5 +1,5 @@
 // Sample events of classes 4 to 9: cache, processors, buses, expansion slots.
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 namespace {
 

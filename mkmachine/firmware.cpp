@@ -2,7 +2,7 @@
 #include <string>
 
 #include "include/smbios_records.h"
-#include "tools/mkmachine/models.h"
+#include "mkmachine/models.h"
 
 namespace {
 

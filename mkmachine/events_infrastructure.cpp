@@ -1,5 +1,5 @@
 // Sample events of class 34: blade enclosures and power enclosures.
-#include "tools/mkmachine/events.h"
+#include "mkmachine/events.h"
 
 namespace {
 

@@ -1,0 +1,28 @@
+// The three standard streams of a program, in whatever state the caller left them.
+#pragma once
+
+#include <string_view>
+
+// Opens /dev/null for each standard stream that the caller has closed. Otherwise the first device or file
+// that is opened would get the stream's descriptor, and output would be written into it. All three are opened
+// for reading only, so that lost output is noticed. Returns false, with a message on standard error, if
+// /dev/null can't be opened: the program must then end before it opens anything.
+[[nodiscard]] bool KeepStandardDescriptors();
+
+// Redirects what the shell's code prints to standard error, for a program whose own output is for other
+// programs. Returns a descriptor for the real standard output, or -1 after a message.
+[[nodiscard]] int MessagesToStandardError();
+
+// Writes all of the bytes. Waits for the reader if the descriptor is non-blocking. Returns false with errno
+// on failure.
+bool WriteAll(int fd, std::string_view bytes);
+
+// If standard output is non-blocking, starts a process that copies a pipe to it and waits for the reader; the
+// pipe becomes standard output. stdio would lose what it can't write immediately, and clearing O_NONBLOCK
+// would change the open file for the processes that share it. If the pipe or the process can't be created,
+// nothing changes.
+void RelayNonBlockingOutput();
+
+// Flushes standard output and waits until it is copied. Nothing can be printed afterwards. Returns false if
+// something could not be written, now or before.
+bool FinishOutput();
