@@ -74,7 +74,7 @@ Json Export(const Options& options) {
 // Ends the process as the handler at the end of main() does. The JSON library's destructors allocate memory
 // and can't throw, so the exception doesn't get there if memory runs out in one of them.
 [[noreturn]] void EndWithoutMemory() {
-    std::fprintf(stderr, "%s: %s\n", kProgram, std::bad_alloc().what());
+    std::fprintf(stderr, "%s: out of memory\n", kProgram);
     _exit(1);
 }
 

@@ -27,7 +27,7 @@ static_assert(sizeof kDashes - 1 == 74, "the banner's width");
 void PrepareStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     std::setvbuf(stdin, nullptr, _IONBF, 0);
-    RelayNonBlockingOutput();
+    MakeOutputBlocking();
 }
 
 void show_usage() {

@@ -105,11 +105,22 @@ constexpr auto kServerItself = Is<&EVT_CHASSIS::bId>(0);  // not an external cha
 constexpr auto kChassisNumber = Field<&EVT_CHASSIS::bId, Byte2Str>;
 constexpr auto kEnclosureType = Field<&EVT_CHASSIS::bType, GetEnclosureType>;
 
+// A text that is stored in its row. A pointer to it would be relocated at every start of the program: for all
+// texts, 2 % of the instructions of a short command. A text that is too long doesn't compile.
+struct RowText {
+    char letters[132] = "";
+    constexpr RowText(const char* text = "") {
+        for (size_t i = 0; text[i] != '\0'; ++i) letters[i] = text[i];
+    }
+    constexpr operator std::string_view() const { return letters; }
+    constexpr bool empty() const { return letters[0] == '\0'; }
+};
+
 // A text of an event. Of several rows with the event's code, the first whose conditions hold is printed.
 struct EventRow {
     uint16_t code;
     Conditions conditions;
-    std::string_view text;  // the arguments replace each "%s" in turn
+    RowText text;  // the arguments replace each "%s" in turn
     Arguments arguments;
 };
 
@@ -126,7 +137,7 @@ enum ChassisForm : size_t {
 
 // The texts of an event, indexed by ChassisForm. A text is empty if the row doesn't apply to that kind of
 // chassis.
-using ChassisForms = std::array<std::string_view, kFormCount>;
+using ChassisForms = std::array<RowText, kFormCount>;
 
 // An event whose text has a form for each kind of chassis.
 struct ChassisEventRow {
@@ -179,7 +190,7 @@ constexpr Placeholders CountPlaceholders(std::string_view text) {
 
 // Builds a row of an event table: Row(1, When(kServerItself), "Slot Power On (Slot %s)", kSlot).
 template <typename... Tested, typename... Printed>
-constexpr EventRow Row(uint16_t code, const When<Tested...>& when, std::string_view text,
+constexpr EventRow Row(uint16_t code, const When<Tested...>& when, const char* text,
                        const Argument<Printed>&... arguments) {
     static_assert(kOneRecord<Tested..., Printed...>, "the fields of a row are of one record and its chassis");
     const Placeholders found = CountPlaceholders(text);
@@ -190,7 +201,7 @@ constexpr EventRow Row(uint16_t code, const When<Tested...>& when, std::string_v
 
 // Builds a row without conditions.
 template <typename... Printed>
-constexpr EventRow Row(uint16_t code, std::string_view text, const Argument<Printed>&... arguments) {
+constexpr EventRow Row(uint16_t code, const char* text, const Argument<Printed>&... arguments) {
     return Row(code, When(), text, arguments...);
 }
 
@@ -200,7 +211,7 @@ template <typename Record, typename... Printed>
 constexpr ChassisEventRow ChassisRow(uint16_t code, uint16_t code_with_extra_text, const ChassisForms& forms,
                                      const Argument<Printed>&... arguments) {
     static_assert(kOneRecord<Record, Printed...>, "the fields of a row are of one record and its chassis");
-    constexpr ChassisForms kPrefixes = {
+    constexpr std::string_view kPrefixes[kFormCount] = {
         "",
         "External Chassis ",
         "External Storage System ",

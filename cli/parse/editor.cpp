@@ -227,10 +227,10 @@ int SlotAfter(int slot) {
 
 bool AllocateHistory() {
     history_index = 0;
-    auto* buffer = static_cast<char*>(std::calloc(kHistorySlots, kHistorySlotSize));
+    auto* buffer = static_cast<char*>(std::malloc(kHistorySlots * kHistorySlotSize));
     if (buffer == nullptr) return false;
     for (char*& slot : History) {
-        slot = buffer;
+        slot = static_cast<char*>(std::memset(buffer, 0, kHistorySlotSize));
         buffer += kHistorySlotSize;
     }
     return true;

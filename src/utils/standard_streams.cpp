@@ -2,33 +2,15 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace {
 
-pid_t relay = -1;  // the process that copies the output, if there is one
-
-// Copies everything from `input` to standard output. Returns the exit status.
-int Copy(int input) {
-    char chunk[4096];
-    for (;;) {
-        const ssize_t count = read(input, chunk, sizeof chunk);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return count == 0 ? 0 : 1;
-        if (!WriteAll(STDOUT_FILENO, {chunk, static_cast<size_t>(count)})) return 1;
-    }
-}
-
-void FinishAtExit() {
-    FinishOutput();
-}
+int found_flags = 0;  // of standard output, if it was non-blocking
 
 }  // namespace
 
@@ -64,30 +46,15 @@ bool WriteAll(int fd, std::string_view bytes) {
     return true;
 }
 
-// The caller, or another process with the same open file, may have set O_NONBLOCK; a write then fails with
-// EAGAIN while the reader is slow.
-void RelayNonBlockingOutput() {
+void MakeOutputBlocking() {
     const int flags = fcntl(STDOUT_FILENO, F_GETFL);
-    int ends[2];
-    if (flags < 0 || (flags & O_NONBLOCK) == 0 || pipe(ends) != 0) return;
-    std::signal(SIGCHLD, SIG_DFL);  // if it is ignored, the relay's status is lost
-    relay = fork();
-    if (relay == 0) {
-        close(ends[1]);
-        _exit(Copy(ends[0]));
-    }
-    if (relay > 0 && dup2(ends[1], STDOUT_FILENO) >= 0) std::atexit(FinishAtExit);
-    close(ends[0]);
-    close(ends[1]);
+    if (flags < 0 || (flags & O_NONBLOCK) == 0) return;
+    if (fcntl(STDOUT_FILENO, F_SETFL, flags & ~O_NONBLOCK) == 0) found_flags = flags;
 }
 
 bool FinishOutput() {
     const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-    if (relay <= 0) return written;
-    close(STDOUT_FILENO);
-    int status = -1;
-    while (waitpid(relay, &status, 0) < 0 && errno == EINTR) {
-    }
-    relay = -1;
-    return written && status == 0;
+    if (found_flags != 0) fcntl(STDOUT_FILENO, F_SETFL, found_flags);
+    found_flags = 0;
+    return written;
 }

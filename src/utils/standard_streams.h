@@ -17,12 +17,10 @@
 // on failure.
 bool WriteAll(int fd, std::string_view bytes);
 
-// If standard output is non-blocking, starts a process that copies a pipe to it and waits for the reader; the
-// pipe becomes standard output. stdio would lose what it can't write immediately, and clearing O_NONBLOCK
-// would change the open file for the processes that share it. If the pipe or the process can't be created,
-// nothing changes.
-void RelayNonBlockingOutput();
+// Makes standard output blocking, because stdio loses what it can't write immediately. The mode belongs to
+// the open file, so processes that share it are affected, too; FinishOutput() restores it.
+void MakeOutputBlocking();
 
-// Flushes standard output and waits until it is copied. Nothing can be printed afterwards. Returns false if
+// Flushes standard output and restores its mode. Nothing can be printed afterwards. Returns false if
 // something could not be written, now or before.
 bool FinishOutput();

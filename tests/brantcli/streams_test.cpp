@@ -58,7 +58,6 @@ RunResult RunNonBlocking(const char* program, const std::vector<std::string>& ar
         dup2(ends[1], STDOUT_FILENO);
         dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
         setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
-        std::signal(SIGCHLD, SIG_IGN);
         ExecProgram(ProgramPath(program), arguments);
     }
     close(ends[1]);
