@@ -6,6 +6,7 @@
 // there is no /dev/null.
 #include <fcntl.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -87,7 +88,10 @@ int MakeDirectory(const char* path, mode_t mode) {
     if (const char* const command = std::getenv("BRANT_AFTER_MKDIR")) {
         const int reason = errno;
         setenv("MADE", path, 1);
-        if (std::system(command) != 0) std::abort();
+        const pid_t shell = fork();  // system() would ignore SIGINT
+        if (shell == 0) execl("/bin/sh", "sh", "-c", command, nullptr);
+        int status = 0;
+        if (waitpid(shell, &status, 0) != shell || status != 0) std::abort();
         errno = reason;
     }
     return result;

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 #include <functional>
+#include <regex>
+#include <set>
 
 #include "mkmachine/events.h"
 #include "tests/sweep/sweep.h"
@@ -180,8 +182,8 @@ TEST(SaveMachine, ReportsFailedCallsAndKeepsTheirResults) {
     const char* const faults[] = {"cdt 351.0.0 1",      "cdt 1702.255.0 -5",  "cdt 1503.0.0 1",
                                   "crom read ZTSBKT 1", "crom read ZTHMAC 1", "crom read ZTHIPL -5",
                                   "casr 6 1",           "cdt 1700.0.0 1",     "cevt read 0 3",
-                                  "cevt read 2 -5",     "picl root 7"};
-    for (const char* const fault : faults) machine.Fault(fault);
+                                  "cevt read 2 -5",     "picl root 7",        "cdt 1707.0.2 -5"};
+    for (const char* const fault : faults) machine.Fault(fault);  // the last: of an empty socket
     const TestMachine parent;
     const RunResult run =
         RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
@@ -197,6 +199,75 @@ TEST(SaveMachine, ReportsFailedCallsAndKeepsTheirResults) {
               "savemachine: not read: picl root: refused\n");
     EXPECT_EQ(parent.Read("copy/faults"),
               "cdt 1702.255.0 -5\ncrom read ZTHIPL -5\ncevt read 0 3\ncevt read 2 -5\npicl root 7\n");
+}
+
+TEST(SaveMachine, ReportsNoTablesWhereThereAreNone) {
+    const TestMachine machine, parent;
+    const RunResult run =
+        RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
+    EXPECT_EQ(run.errors.find("xsvc"), run.errors.npos) << run.errors;
+    EXPECT_EQ(run.status, 0);
+}
+
+// Two killed runs leave directories whose names nobody can guess.
+TEST(SaveMachine, HasARandomTemporaryName) {
+    const TestMachine machine, parent;
+    RunOptions options;
+    options.environment = {"BRANT_AFTER_MKDIR=kill -9 $PPID"};
+    const std::string folder = parent.Directory() + "/casr";
+    for (int i = 0; i < 2; ++i) {
+        RunProgram(ProgramPath("savemachine_interposed"), {folder + "/copy"}, machine.Directory(), options);
+    }
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        const std::string name = entry.path().filename();
+        EXPECT_TRUE(std::regex_match(name, std::regex("copy\\.[a-z2-7]{6}"))) << name;
+        EXPECT_NE(name.substr(5), std::string(6, name[5]));
+        names.insert(name);
+    }
+    EXPECT_EQ(names.size(), 2U);
+}
+
+TEST(SaveMachine, SyncsEachFileBeforeTheRename) {
+    const TestMachine machine("tr300"), parent;
+    RunOptions options;
+    options.environment = {"BRANT_END_AT=0"};  // which lists the calls
+    const std::string calls = RunProgram(ProgramPath("savemachine_interposed"),
+                                         {parent.Directory() + "/copy"}, machine.Directory(), options)
+                                  .errors;
+    const std::string unsynced =
+        std::regex_replace(calls, std::regex("open (\\S*/)?(\\S+)\nfsync \\2\n"), "");
+    EXPECT_EQ(unsynced, "rename copy\n");
+}
+
+TEST(SaveMachine, ShowsOnATerminalWhatItReads) {
+    const SweptMachine machine("tr300");
+    const TestMachine parent;
+    const RunResult run = RunProgram(
+        "script", {"-qec", InShell("savemachine") + " " + parent.Directory() + "/copy", "/dev/null"},
+        machine.Directory());
+    std::string expected;
+    for (const char* const part : {"fans", "temperatures", "power supplies", "memory modules", "indicators",
+                                   "ROM variables", "the recovery timer", "event 0", "event 2", "event 3",
+                                   "event 4", "physical memory", "the PICL tree"}) {
+        expected += std::string("\r\33[Kreading ") + part;
+    }
+    EXPECT_EQ(run.output, expected + "\r\33[K\r\33[K");
+}
+
+TEST(SaveMachine, RemovesTheCopyIfASignalInterruptsIt) {
+    const TestMachine machine("tr300");
+    for (const char* const signal : {"INT", "TERM", "HUP"}) {
+        const TestMachine parent;
+        const std::string folder = parent.Directory() + "/casr";
+        RunOptions options;
+        options.environment = {std::string("BRANT_AFTER_MKDIR=kill -") + signal + " $PPID"};
+        const RunResult run = RunProgram(ProgramPath("savemachine_interposed"), {folder + "/copy"},
+                                         machine.Directory(), options);
+        EXPECT_EQ(run.errors, "savemachine: interrupted by a signal\n") << signal;
+        EXPECT_EQ(run.status, 1) << signal;
+        EXPECT_TRUE(fs::is_empty(folder)) << signal;
+    }
 }
 
 // The parent directory's owner can replace the new directory at any moment. The program then fails, leaves
