@@ -2,12 +2,14 @@
 // copy.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <regex>
 #include <set>
 
 #include "mkmachine/events.h"
+#include "mkmachine/smbios_table.h"
 #include "tests/sweep/sweep.h"
 
 namespace {
@@ -129,6 +131,22 @@ TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
     EXPECT_EQ(Compare(machine, "long", kAllInOne), "");
 }
 
+// The last byte of the tables is the first of a page, and the file ends there unless it is filled.
+TEST_P(Saved, TellsTheSameOfTablesAboveTheBiosArea) {
+    SweptMachine machine(GetParam());
+    const std::string memory = machine.Read("xsvc");
+    SMBIOSEntryPoint entry;
+    std::memcpy(&entry, memory.data() + kEntryPointAddress, sizeof entry);
+    const std::string tables = memory.substr(entry.dwSTAddr, entry.wSTLength);
+    entry.dwSTAddr = 0x300001 - entry.wSTLength;
+    SetChecksums(entry);
+    machine.PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry));
+    machine.PhysicalMemory(entry.dwSTAddr, tables + std::string(0xFFFF, '\0'));
+    machine.PhysicalMemory(kTablesAddress, std::string(tables.size(), '\0'));
+    EXPECT_EQ(Compare(machine, "above"), "");
+    EXPECT_NE(machine.Script("SHOW SERVER").output.find("Processor: 0"), std::string::npos);
+}
+
 INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(SweptModels()));
 
 struct Refusal {
@@ -201,12 +219,25 @@ TEST(SaveMachine, ReportsFailedCallsAndKeepsTheirResults) {
               "cdt 1702.255.0 -5\ncrom read ZTHIPL -5\ncevt read 0 3\ncevt read 2 -5\npicl root 7\n");
 }
 
-TEST(SaveMachine, ReportsNoTablesWhereThereAreNone) {
-    const TestMachine machine, parent;
-    const RunResult run =
-        RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
-    EXPECT_EQ(run.errors.find("xsvc"), run.errors.npos) << run.errors;
-    EXPECT_EQ(run.status, 0);
+// Tables without devices are worth a copy, devices without tables too, but not a machine that has neither.
+TEST(SaveMachine, SavesDevicesOrTablesAlone) {
+    TestMachine machine, with_tables("tr300");
+    const auto save = [](const TestMachine& from) {
+        const TestMachine parent;
+        return RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, from.Directory());
+    };
+    const RunResult devices = save(machine);
+    EXPECT_EQ(devices.errors.find("xsvc"), devices.errors.npos) << devices.errors;
+    EXPECT_EQ(devices.status, 0);
+    for (const char* const device : {"cdt", "crom", "casr", "cevt"}) {
+        machine.Remove(device);
+        with_tables.Remove(device);
+    }
+    EXPECT_EQ(save(with_tables).status, 0);
+    const RunResult neither = save(machine);
+    EXPECT_NE(neither.errors.find("no device opens and there are no tables: nothing to be saved"),
+              neither.errors.npos);
+    EXPECT_EQ(neither.status, 1);
 }
 
 // Two killed runs leave directories whose names nobody can guess.
@@ -241,7 +272,8 @@ TEST(SaveMachine, SyncsEachFileBeforeTheRename) {
 }
 
 TEST(SaveMachine, ShowsOnATerminalWhatItReads) {
-    const SweptMachine machine("tr300");
+    SweptMachine machine("tr300");
+    machine.Fault("picl root 7");
     const TestMachine parent;
     const RunResult run = RunProgram(
         "script", {"-qec", InShell("savemachine") + " " + parent.Directory() + "/copy", "/dev/null"},
@@ -252,7 +284,7 @@ TEST(SaveMachine, ShowsOnATerminalWhatItReads) {
                                    "event 4", "physical memory", "the PICL tree"}) {
         expected += std::string("\r\33[Kreading ") + part;
     }
-    EXPECT_EQ(run.output, expected + "\r\33[K\r\33[K");
+    EXPECT_EQ(run.output, expected + "\r\33[Ksavemachine: not read: picl root: refused\r\n\r\33[K\r\33[K");
 }
 
 TEST(SaveMachine, RemovesTheCopyIfASignalInterruptsIt) {
