@@ -28,9 +28,12 @@ std::string Entry(uint32_t number, unsigned length) {
 TEST(Devices, OpenWhereTheMachineHasThem) {
     TestMachine machine;
     machine.Remove("cevt");
+    machine.Remove("xsvc");
     machine.Remove("crom");
     machine.Write("crom", "");
     ExpectCalls(machine, R"(open cevt -> -1 errno=2 # a device that isn't there
+        xsvc open -> -1 errno=2
+        picl initialize -> 1
         open crom -> -1 errno=20                    # a file instead of a directory
         open /dev/zethealth/cdt2 -> -1 errno=2      # a path taken by its beginning
         open casr -> 0
@@ -40,6 +43,8 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
         fd=1048576 code=6 -> -1 errno=9             # a descriptor past the last
         close casr
         fd=0 code=6 -> -1 errno=9                   # a descriptor that is closed)");
+    EXPECT_EQ(machine.Read("stderr"), "simulated machine: crom: Not a directory\n")
+        << "hardware that the machine doesn't have, reported";
     InChild(machine, [] {
         setenv("BRANT_MACHINE", "/nowhere", 1);
         EXPECT_EQ(Make("open casr"), "-1 errno=2") << "a machine that isn't there";
