@@ -45,8 +45,8 @@ const struct {
      "casr\ncasr 6\ncasr 6 x\ncasr x 1\nopen cdt 0\nopen tape -1\n"
      "cdt 5 1\ncdt 351.0 1\ncdt x.0.0 1\ncdt 351.256.0 1\nrequest 0 1\n"
      "picl root -1\ncasr 6 99999999999\n\1\2\xff\n casr 6 1\ncevt clear 0 1\ncevt read -2147483649 1\n"
-     "cevt read 4294967296 1\ncasr 6 1x\ncasr 6 5\n",
-     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 "},
+     "cevt read 4294967296 1\ncasr 6 1x\ncrom read A B 1\ncasr 6 5\n",
+     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 "},
 };
 
 }  // namespace
