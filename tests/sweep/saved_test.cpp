@@ -5,11 +5,11 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <regex>
 #include <set>
 
 #include "mkmachine/events.h"
 #include "mkmachine/smbios_table.h"
+#include "tests/support/pattern.h"
 #include "tests/sweep/sweep.h"
 
 namespace {
@@ -252,7 +252,7 @@ TEST(SaveMachine, HasARandomTemporaryName) {
     std::set<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder)) {
         const std::string name = entry.path().filename();
-        EXPECT_TRUE(std::regex_match(name, std::regex("copy\\.[a-z2-7]{6}"))) << name;
+        EXPECT_FALSE(MatchWhole(name, "copy\\.[a-z2-7]{6}").empty()) << name;
         EXPECT_NE(name.substr(5), std::string(6, name[5]));
         names.insert(name);
     }
@@ -266,8 +266,7 @@ TEST(SaveMachine, SyncsEachFileBeforeTheRename) {
     const std::string calls = RunProgram(ProgramPath("savemachine_interposed"),
                                          {parent.Directory() + "/copy"}, machine.Directory(), options)
                                   .errors;
-    const std::string unsynced =
-        std::regex_replace(calls, std::regex("open (\\S*/)?(\\S+)\nfsync \\2\n"), "");
+    const std::string unsynced = ReplaceAll(calls, "open (\\S*/)?(\\S+)\nfsync \\2\n", "");
     EXPECT_EQ(unsynced, "rename copy\n");
 }
 
