@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "cli/brantcli/brantcli.h"
+#include "cli/brantcli/command_table.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/misc-commands/health.h"
-#include "cli/parse/command_line.h"
+#include "cli/parse/completion.h"
 #include "mkmachine/events.h"
 #include "mkmachine/firmware_records.h"
 #include "mkmachine/models.h"

@@ -4,10 +4,11 @@
 
 #include <cstring>
 
-#include "cli/brantcli/brantcli.h"
+#include "cli/brantcli/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/editor.h"
-#include "cli/parse/keyboard.h"
+#include "cli/terminal/history.h"
+#include "cli/terminal/keys.h"
 #include "fuzz/target.h"
 
 namespace {

@@ -6,15 +6,17 @@
 #include <memory>
 #include <vector>
 
-#include "cli/brantcli/brantcli.h"
+#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/script.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/parse/command_line.h"
 #include "cli/parse/command_tree.h"
-#include "cli/parse/keyboard.h"
+#include "cli/parse/completion.h"
+#include "cli/parse/help.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/start-up/start_up.h"
+#include "cli/terminal/keys.h"
 #include "fuzz/target.h"
 #include "mkmachine/events.h"
 #include "mkmachine/models.h"

@@ -1,15 +1,16 @@
 // The command language, as one table: every command with its help text and its handler.
+#include "cli/brantcli/command_table.h"
 
 #include <array>
 #include <cstdint>
 #include <iterator>
 #include <string_view>
 
-#include "cli/brantcli/brantcli.h"
 #include "cli/fan/fan.h"
+#include "cli/misc-commands/exit.h"
 #include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/command_line.h"
 #include "cli/parse/command_tree.h"
+#include "cli/parse/help.h"
 #include "cli/smbios-commands/smbios_commands.h"
 #include "cli/temp/temp.h"
 

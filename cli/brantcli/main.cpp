@@ -5,16 +5,17 @@
 #include <csignal>
 #include <cstdio>
 
-#include "cli/brantcli/brantcli.h"
-#include "cli/command/command.h"
+#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/script.h"
+#include "cli/command/output.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/misc_commands.h"
-#include "cli/parse/editor.h"
-#include "cli/parse/keyboard.h"
+#include "cli/misc-commands/exit.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
 #include "cli/start-up/start_up.h"
+#include "cli/terminal/history.h"
+#include "cli/terminal/terminal.h"
 #include "src/utils/standard_streams.h"
 
 namespace {
@@ -84,6 +85,22 @@ bool StartUp() {
     got_kelm = find_kelm();
     CreateCommands();
     return true;
+}
+
+// Prints the newline that ends every run of main. Returns FinalStatus(status).
+int CommonEnd(int status) {
+    std::printf("\n");
+    return FinalStatus(status);
+}
+
+// Ends a script: restores the terminal settings, frees the history, closes the devices, the one opened last
+// first, and frees the SMBIOS copy. Returns CommonEnd(status).
+int EndScript(int status) {
+    RestoreTerminal();  // first, so that a device that hangs does not keep the terminal in character mode
+    FreeHistory();
+    CloseDevicesLastFirst();
+    DeinitSMBIOS();
+    return CommonEnd(status);
 }
 
 }  // namespace

@@ -61,16 +61,3 @@ constexpr const char* YesNo(bool yes) {
 constexpr const char* EnabledOrDisabled(bool enabled) {
     return enabled ? "enabled" : "disabled";
 }
-
-// How a run ends. All exit paths are in cli/brantcli: EndProcess, and the end of main.
-
-// Flushes standard output. Returns false if something could not be written to it, now or before.
-bool OutputIsWritten();
-
-// Flushes standard output and returns the exit status: `status`, or 1 instead of 0 if output was lost.
-int FinalStatus(int status);
-
-// Ends the process from within a command: closes the devices in the order in which they were opened, restores
-// the terminal settings, frees the history and the SMBIOS copy, prints `last_output`, and exits with
-// FinalStatus(status). A fatal error has already printed its whole message, so it prints nothing more.
-[[noreturn]] void EndProcess(int status, const char* last_output = "");

@@ -44,7 +44,7 @@ extern int memory_modules_left_out;  // installed, but not in gMemoryMod, as abo
 bool is_tr500k2();
 
 // The command history: a ring of buffers in one block of memory, which begins at the first, and the slot that
-// the next command goes into. What is done with it is in cli/parse/editor.h.
+// the next command goes into. What is done with it is in cli/terminal/history.h.
 constexpr int kHistorySlots = 50;
 constexpr int kHistorySlotSize = 256;  // bytes
 extern char* History[kHistorySlots];

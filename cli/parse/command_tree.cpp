@@ -4,12 +4,13 @@
 #include <cstring>
 #include <new>
 
-#include "cli/command/command.h"
-#include "cli/parse/command_line.h"
+#include "cli/misc-commands/exit.h"
 
 CmdType* Cmds = nullptr;
 
 namespace {
+
+constexpr size_t kUsageMax = 199;  // characters of a usage that are listed
 
 [[noreturn]] void RefuseDuplicate(const char* token, const char* parent_token) {
     std::printf("\nDebug - Error %s is not unique subcommand of %s.\nCommand tree could not be built.\n",
@@ -32,6 +33,12 @@ CmdType** PlaceFor(CmdType* Cmd, const char* Token) {
         place = &(*place)->Next;
     }
     return place;
+}
+
+// What stands between the prefix and the next ':', the blank at its beginning included.
+std::string_view UsageOf(const CmdType& node) {
+    const std::string_view usage = std::string_view(node.Help).substr(kUsagePrefix.size(), kUsageMax);
+    return usage.substr(0, usage.find(':'));
 }
 
 }  // namespace
@@ -91,4 +98,17 @@ void Print_Tree(CmdType* cmds, int depth) {
         on_line = 0;
         if (child->Sub != nullptr) Print_Tree(child, depth + 1);
     }
+}
+
+int Display_Subcommand_Usage(InputLineType* InputLine) {
+    if (std::strcmp(InputLine->Words[InputLine->NumWords - 1], current_command->Token) != 0) {
+        std::printf("\nInvalid Arguments");
+    }
+    for (const CmdType* node = current_command->Sub; node != nullptr; node = node->Next) {
+        if (node->Synonym != nullptr) continue;
+        const std::string_view usage = UsageOf(*node);
+        std::printf("\n\t%.*s", static_cast<int>(usage.size()), usage.data());
+    }
+    std::fflush(stdout);
+    return 1;
 }

@@ -9,6 +9,9 @@
 // The root, above the top-level commands.
 extern CmdType* Cmds;
 
+// What the help text of every command begins with; the listings of usages leave it out.
+constexpr std::string_view kUsagePrefix = "USAGE:";
+
 // A node outside any tree, without children. The texts aren't copied. When memory runs out, the process
 // ends with status 1.
 CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, CommandHandler Function);
@@ -41,3 +44,6 @@ void PropagateSynonyms(CmdType* Cmd);
 // Prints the tree below cmds, one line per token, depth TABs deep; siblings that share one help text and
 // follow each other stand on one line, joined by " | ".
 void Print_Tree(CmdType* cmds, int depth);
+
+// The handler of every inner node: lists the usage of current_command's children. Result: 1.
+int Display_Subcommand_Usage(InputLineType* InputLine);

@@ -1,11 +1,12 @@
-#include "cli/parse/command_line.h"
+#include "cli/parse/completion.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 
 #include "cli/parse/command_tree.h"
-#include "cli/parse/keyboard.h"
+#include "cli/terminal/keys.h"
+#include "cli/terminal/terminal.h"
 #include "src/utils/text.h"
 
 namespace {

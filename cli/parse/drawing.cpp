@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/parse/keyboard.h"
+#include "cli/terminal/terminal.h"
 
 namespace {
 

@@ -1,15 +1,14 @@
-#include "cli/parse/command_line.h"
+#include "cli/parse/help.h"
 
 #include <cstdio>
 #include <cstring>
-#include <string_view>
 
 #include "cli/parse/command_tree.h"
+#include "cli/parse/completion.h"
 
 namespace {
 
-constexpr int kColumns = 80;       // of the list of commands
-constexpr size_t kUsageMax = 199;  // characters of a usage that are listed
+constexpr int kColumns = 80;  // of the list of commands
 
 const char* HelpOf(const CmdType* node) {
     return node->Help != nullptr ? node->Help : "(No help available)";
@@ -29,12 +28,6 @@ void ListCommands() {
     }
 }
 
-// What stands between the prefix and the next ':', the blank at its beginning included.
-std::string_view UsageOf(const CmdType& node) {
-    const std::string_view usage = std::string_view(node.Help).substr(kUsagePrefix.size(), kUsageMax);
-    return usage.substr(0, usage.find(':'));
-}
-
 }  // namespace
 
 int do_help(InputLineType* InputLine) {
@@ -49,19 +42,6 @@ int do_help(InputLineType* InputLine) {
     }
     std::printf("\n%s", HelpOf(FollowWords(InputLine->Words + 1, InputLine->NumWords - 1)));
     return 0;
-}
-
-int Display_Subcommand_Usage(InputLineType* InputLine) {
-    if (std::strcmp(InputLine->Words[InputLine->NumWords - 1], current_command->Token) != 0) {
-        std::printf("\nInvalid Arguments");
-    }
-    for (const CmdType* node = current_command->Sub; node != nullptr; node = node->Next) {
-        if (node->Synonym != nullptr) continue;
-        const std::string_view usage = UsageOf(*node);
-        std::printf("\n\t%.*s", static_cast<int>(usage.size()), usage.data());
-    }
-    std::fflush(stdout);
-    return 1;
 }
 
 int FindHelp(char* CmdLine) {

@@ -6,11 +6,11 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "cli/brantcli/brantcli.h"
+#include "cli/brantcli/command_table.h"
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/parse/command_line.h"
 #include "cli/parse/command_tree.h"
+#include "cli/parse/dispatcher.h"
 #include "platform/request.h"
 
 std::vector<std::string> Items(const std::string& list) {

@@ -7,9 +7,10 @@
 
 #include <algorithm>
 
-#include "cli/brantcli/brantcli.h"
+#include "cli/brantcli/command_table.h"
 #include "cli/command/state.h"
 #include "cli/parse/command_tree.h"
+#include "cli/terminal/history.h"
 #include "tests/support/program_state.h"
 #include "tests/support/screen.h"
 

@@ -1,4 +1,4 @@
-#include "cli/parse/keyboard.h"
+#include "cli/terminal/terminal.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/parse/command_line.h"
+#include "cli/parse/tokenizer.h"
 
 namespace {
 

@@ -4,9 +4,12 @@
 #include <cstring>
 #include <string>
 
-#include "cli/brantcli/brantcli.h"
-#include "cli/parse/command_line.h"
+#include "cli/brantcli/command_table.h"
+#include "cli/brantcli/script.h"
 #include "cli/parse/command_tree.h"
+#include "cli/parse/completion.h"
+#include "cli/parse/help.h"
+#include "cli/parse/tokenizer.h"
 #include "tests/support/expected_run.h"
 #include "tests/support/golden.h"
 

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <sstream>
 
-#include "cli/brantcli/brantcli.h"
+#include "cli/brantcli/command_table.h"
 #include "cli/parse/command_tree.h"
 #include "mkmachine/events.h"
 #include "mkmachine/models.h"

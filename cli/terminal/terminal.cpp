@@ -1,4 +1,4 @@
-#include "cli/parse/keyboard.h"
+#include "cli/terminal/terminal.h"
 
 #include <sys/select.h>
 #include <termios.h>

@@ -1,23 +1,10 @@
-// A command line: cut into words and run, completed, explained.
+// Completes a line against the command tree. Words end at blanks only, and upper and lower case are the
+// same; quotes mean nothing here.
 #pragma once
 
 #include <string_view>
 
 #include "cli/command/command.h"
-
-// Fills ParseLine, Words, OrigCaseWords, Quote and NumWords from CmdLine.
-void Parse(InputLineType* InputLine);
-
-// Upper-cases a zero-terminated string in place; a null pointer is ignored.
-void MakeUpper(char* String);
-
-// Gets one line, runs the command that its words name and prints the closing newline. scriptFlag: nonzero
-// when CmdLine is already filled; 0 to read it from the keyboard. Result: in script mode the command's
-// result, else 1; 1 for an empty line.
-int Command(InputLineType* InputLine, int scriptFlag);
-
-// Completes a line against the command tree. Words end at blanks only, and upper and lower case are the
-// same; quotes mean nothing here.
 
 // A line cut at its blanks.
 struct WordsOfLine {
@@ -50,19 +37,3 @@ int TabComplete(char* CmdLine);
 // their own; synonyms are no candidates, and no words lead through one. Returns 1 if it printed candidates,
 // else 0.
 int DoubleTabComplete(char* CmdLine);
-
-// How the shell explains itself from the tree's help texts.
-
-// What the help text of every command begins with; the listings of usages leave it out.
-constexpr std::string_view kUsagePrefix = "USAGE:";
-
-// HELP and ?. Result: 1 for HELP TREE, else 0.
-int do_help(InputLineType* InputLine);
-
-// The handler of every inner node: lists the usage of current_command's children. Result: 1.
-int Display_Subcommand_Usage(InputLineType* InputLine);
-
-// Help on a partly typed line of kLineSize bytes, which is completed in place as by TAB. Prints the help text
-// of the command that it names, the alternatives for its last word, or the root's text when it names nothing.
-// Result: 1 when it printed alternatives, else 0.
-int FindHelp(char* CmdLine);

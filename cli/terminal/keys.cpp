@@ -1,7 +1,9 @@
-#include "cli/parse/keyboard.h"
+#include "cli/terminal/keys.h"
 
 #include <algorithm>
 #include <string_view>
+
+#include "cli/terminal/terminal.h"
 
 namespace {
 

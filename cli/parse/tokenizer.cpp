@@ -1,5 +1,4 @@
-// Parse() tokenizes a copy of the line in place, with a NUL for each separator and quote. Command() then
-// looks the words up in the command tree.
+// Parse() tokenizes a copy of the line in place, with a NUL for each separator and quote.
 //
 // A quote where a word could begin opens quotes: the word starts after it and extends to the closing quote,
 // or to the end of the line if there is none. Two quotes in a row there are an empty word, which counts as
@@ -10,15 +9,11 @@
 // The character right after an opening quote never closes the quotes.
 //
 // The 25th word extends to the end of the line.
-#include "cli/parse/command_line.h"
+#include "cli/parse/tokenizer.h"
 
 #include <cctype>
-#include <cstdio>
 #include <cstring>
 
-#include "cli/command/state.h"
-#include "cli/parse/command_tree.h"
-#include "cli/parse/editor.h"
 #include "src/utils/text.h"
 
 namespace {
@@ -88,27 +83,4 @@ void Parse(InputLineType* InputLine) {
         TextWriter(InputLine->OrigCaseWords[i], kLineSize).Text(InputLine->Words[i]);
         if (InputLine->Quote[i] == 0) MakeUpper(InputLine->Words[i]);
     }
-}
-
-int Command(InputLineType* InputLine, int scriptFlag) {
-    if (scriptFlag != 0) {
-        Parse(InputLine);
-    } else {
-        GetCmd(InputLine);
-    }
-    if (InputLine->Words[0] == nullptr || InputLine->NumWords == 0) {
-        std::printf("\n");
-        return 1;
-    }
-
-    CmdType* matched = FollowWords(InputLine->Words, InputLine->NumWords);
-    current_command = matched != Cmds ? matched : nullptr;
-    int result = 1;
-    if (current_command != nullptr) {
-        result = current_command->Function(InputLine);
-    } else {
-        std::printf("\nInvalid Command");
-    }
-    std::printf("\n");
-    return script_mode != 0 ? result : 1;
 }
