@@ -8,7 +8,7 @@
 
 #include "cli/brantcli/command_table.h"
 #include "cli/eventstr/eventstr.h"
-#include "cli/misc-commands/health.h"
+#include "cli/misc-commands/event_log.h"
 #include "cli/parse/completion.h"
 #include "mkmachine/events.h"
 #include "mkmachine/firmware_records.h"

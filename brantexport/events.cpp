@@ -1,10 +1,11 @@
 // The event log.
+#include "brantexport/events.h"
+
 #include <cstdio>
 #include <memory>
 
-#include "brantexport/sections.h"
 #include "cli/eventstr/eventstr.h"
-#include "cli/misc-commands/health.h"
+#include "cli/misc-commands/event_log.h"
 
 namespace {
 
@@ -45,7 +46,7 @@ Json EventOf(uint8_t* buffer, const EVT_HEADER& header) {
 
 }  // namespace
 
-Json ReadEvents(Errors& errors) {
+Json ExportEvents(Errors& errors) {
     const auto buffer = std::make_unique<EventRead>();
     Json events = Json::array();
     for (uint32_t wanted = 0;;) {

@@ -1,11 +1,15 @@
 // What the health driver tells.
+#include "brantexport/health.h"
+
 #include <cstdio>
 #include <memory>
 
-#include "brantexport/sections.h"
 #include "cli/fan/fan.h"
-#include "cli/misc-commands/health.h"
-#include "cli/smbparse/smbparse.h"
+#include "cli/misc-commands/asr.h"
+#include "cli/misc-commands/dimm.h"
+#include "cli/misc-commands/power_supply.h"
+#include "cli/misc-commands/uid.h"
+#include "cli/smbparse/memory_inventory.h"
 #include "cli/temp/temp.h"
 
 namespace {
@@ -92,7 +96,7 @@ Json SupplyOf(const SupplyStatus& supply, int number) {
 
 }  // namespace
 
-Json ReadMemory(Errors& errors) {
+Json ExportMemory(Errors& errors) {
     MemoryModules walk;
     ModuleStatus module;
     Json modules = Json::array();
@@ -109,7 +113,7 @@ Json ReadMemory(Errors& errors) {
     return nullptr;
 }
 
-Json ReadFans(Errors& errors) {
+Json ExportFans(Errors& errors) {
     const auto fans = std::make_unique<Fans>();
     Json list = Json::array();
     switch (ReadFans(*fans)) {
@@ -121,7 +125,7 @@ Json ReadFans(Errors& errors) {
     return list;
 }
 
-Json ReadTemperatures(Errors& errors) {
+Json ExportTemperatures(Errors& errors) {
     const auto sensors = std::make_unique<Sensors>();
     Json list = Json::array();
     switch (ReadSensors(*sensors)) {
@@ -133,7 +137,7 @@ Json ReadTemperatures(Errors& errors) {
     return list;
 }
 
-Json ReadPowerSupplies(Errors& errors) {
+Json ExportPowerSupplies(Errors& errors) {
     SupplyBays bays;
     if (bays.What() == SupplyBays::Found::Refused) {
         errors.Add("No powersupplies were detected.");
@@ -151,13 +155,13 @@ Json ReadPowerSupplies(Errors& errors) {
     return list;
 }
 
-Json ReadUid(Errors& errors) {
+Json ExportUid(Errors& errors) {
     const char* state = nullptr;
     if (ReadLight(state) != LightRead::Done) errors.Add("Failed to read the unit identification light.");
     return {{"state", Word(state)}};
 }
 
-Json ReadAsr(Errors& errors) {
+Json ExportAsr(Errors& errors) {
     AsrTimer timer{};
     const bool done = ReadAsrTimer(timer) == AsrRead::Done;
     if (!done) errors.Add("Failed to read ASR status.");

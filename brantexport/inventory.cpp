@@ -1,13 +1,15 @@
 // What the firmware's tables tell: the server, its processors, its NICs.
+#include "brantexport/inventory.h"
+
 #include <algorithm>
 #include <cstdio>
 
-#include "brantexport/sections.h"
 #include "cli/command/state.h"
-#include "cli/misc-commands/settings.h"
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/misc-commands/nic.h"
+#include "cli/smbios-commands/inventory.h"
 #include "cli/smbios_old/smbios.h"
-#include "cli/smbparse/smbparse.h"
+#include "cli/smbparse/memory_inventory.h"
+#include "cli/smbparse/processors.h"
 
 namespace {
 
@@ -54,7 +56,7 @@ Json MacAddress(int place) {
 
 }  // namespace
 
-Json ReadSystem(Errors& errors) {
+Json ExportSystem(Errors& errors) {
     const auto system = SmbFirst<System>();
     const auto rom = SmbFirst<Bios>();
     unsigned int memoryKiB = 0;
@@ -79,7 +81,7 @@ Json ReadSystem(Errors& errors) {
     };
 }
 
-Json ReadProcessors(Errors& errors) {
+Json ExportProcessors(Errors& errors) {
     if (smbios_available == 0) {
         errors.Add(kNoTables);
         return nullptr;
@@ -93,7 +95,7 @@ Json ReadProcessors(Errors& errors) {
     return processors;
 }
 
-Json ReadNics(Errors& errors) {
+Json ExportNics(Errors& errors) {
     if (embedded_nics_installed < 0) {
         errors.Add("Failed to read embedded NIC status.");
         return nullptr;

@@ -8,6 +8,7 @@
 #include <exception>
 #include <new>
 
+#include "brantexport/prometheus.h"
 #include "brantexport/sections.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/pci/kelm.h"

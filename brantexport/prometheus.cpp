@@ -1,4 +1,4 @@
-#include "brantexport/sections.h"
+#include "brantexport/prometheus.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,63 +1,24 @@
 #include "brantexport/sections.h"
 
-namespace {
-
-// A message of the shell as one plain sentence: its lines joined, without the mark of an error.
-std::string Plain(std::string_view message) {
-    constexpr std::string_view kMark = "ERROR: ";
-    std::string sentence;
-    for (const char letter : message.substr(message.find_first_not_of('\n'))) {
-        sentence += letter == '\n' ? ' ' : letter;
-    }
-    if (sentence.compare(0, kMark.size(), kMark) == 0) sentence.erase(0, kMark.size());
-    return sentence;
-}
-
-}  // namespace
-
-bool Errors::Add(const char* sentence) {
-    if (sentence == nullptr) return false;
-    list_.push_back({{"section", section_}, {"message", Plain(sentence)}});
-    return true;
-}
+#include "brantexport/events.h"
+#include "brantexport/health.h"
+#include "brantexport/inventory.h"
+#include "brantexport/settings.h"
 
 const std::vector<Section>& Sections() {
     static const std::vector<Section> sections = {
-        {"system", ReadSystem},
-        {"processors", ReadProcessors},
-        {"memory", ReadMemory},
-        {"nics", ReadNics},
-        {"fans", ReadFans},
-        {"temperatures", ReadTemperatures},
-        {"power_supplies", ReadPowerSupplies},
-        {"uid", ReadUid},
-        {"asr", ReadAsr},
-        {"settings", ReadSettings},
-        {"versions", ReadVersions},
-        {"events", ReadEvents},
+        {"system", ExportSystem},
+        {"processors", ExportProcessors},
+        {"memory", ExportMemory},
+        {"nics", ExportNics},
+        {"fans", ExportFans},
+        {"temperatures", ExportTemperatures},
+        {"power_supplies", ExportPowerSupplies},
+        {"uid", ExportUid},
+        {"asr", ExportAsr},
+        {"settings", ExportSettings},
+        {"versions", ExportVersions},
+        {"events", ExportEvents},
     };
     return sections;
-}
-
-Json Text(std::string_view bytes) {
-    std::string text;
-    for (const char letter : bytes) {
-        const auto byte = static_cast<unsigned char>(letter);
-        if (byte < 0x80) {
-            text += letter;
-        } else {
-            text += static_cast<char>(0xC0 | byte >> 6);
-            text += static_cast<char>(0x80 | (byte & 0x3F));
-        }
-    }
-    return text;
-}
-
-Json Word(const char* word) {
-    if (word == nullptr) return nullptr;
-    std::string text = word;
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return Text(text);
 }

@@ -1,9 +1,15 @@
 // The firmware's settings, and the versions of its components.
-#include "cli/misc-commands/settings.h"
+#include "brantexport/settings.h"
+
+#include "cli/misc-commands/asset_name.h"
+#include "cli/misc-commands/boot.h"
+#include "cli/misc-commands/serial_bios.h"
+#include "cli/misc-commands/serial_ports.h"
+#include "cli/misc-commands/switches.h"
+#include "cli/misc-commands/versions.h"
 
 #include <cstring>
 
-#include "brantexport/sections.h"
 #include "cli/command/command.h"
 #include "cli/command/state.h"
 
@@ -66,7 +72,7 @@ Json VersionText(const VERSION& version) {
 
 }  // namespace
 
-Json ReadSettings(Errors& errors) {
+Json ExportSettings(Errors& errors) {
     EmbeddedPorts ports{};
     errors.Add(ReadEmbeddedPorts(ports));
     return {
@@ -85,7 +91,7 @@ Json ReadSettings(Errors& errors) {
     };
 }
 
-Json ReadVersions(Errors& errors) {
+Json ExportVersions(Errors& errors) {
     ComponentVersions versions;
     if (errors.Add(ReadVersions(versions))) return nullptr;
     Json list = Json::array();

@@ -14,7 +14,6 @@
 #include "cli/parse/completion.h"
 #include "cli/parse/help.h"
 #include "cli/pci/kelm.h"
-#include "cli/smbios-commands/smbios_commands.h"
 #include "cli/start-up/start_up.h"
 #include "cli/terminal/keys.h"
 #include "fuzz/target.h"

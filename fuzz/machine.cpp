@@ -3,7 +3,7 @@
 // Input: the three, each of the first two ended by a zero. `faults` is looked for once per process, so the
 // reader is used by itself; the other two also through the seam.
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/event_log.h"
 #include "cli/pci/kelm.h"
 #include "fuzz/target.h"
 #include "platform/request.h"

@@ -7,7 +7,8 @@
 #include <cstring>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios-commands/inventory.h"
+#include "cli/smbios-commands/port_map.h"
 #include "cli/start-up/start_up.h"
 #include "fuzz/target.h"
 #include "include/smbios_records.h"

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <vector>
 
-#include "cli/misc-commands/health.h"
+#include "cli/misc-commands/event_log.h"
 #include "savemachine/machine_copy.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/health.h"
+#include "cli/misc-commands/dimm.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
 #include "platform/request.h"

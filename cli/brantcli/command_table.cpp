@@ -7,11 +7,23 @@
 #include <string_view>
 
 #include "cli/fan/fan.h"
+#include "cli/misc-commands/asr.h"
+#include "cli/misc-commands/asset_name.h"
+#include "cli/misc-commands/boot.h"
+#include "cli/misc-commands/dimm.h"
+#include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/exit.h"
-#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/nic.h"
+#include "cli/misc-commands/power_supply.h"
+#include "cli/misc-commands/serial_bios.h"
+#include "cli/misc-commands/serial_ports.h"
+#include "cli/misc-commands/switches.h"
+#include "cli/misc-commands/uid.h"
+#include "cli/misc-commands/versions.h"
 #include "cli/parse/command_tree.h"
 #include "cli/parse/help.h"
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios-commands/inventory.h"
+#include "cli/smbios-commands/port_map.h"
 #include "cli/temp/temp.h"
 
 namespace {

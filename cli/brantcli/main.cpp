@@ -11,6 +11,7 @@
 #include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/exit.h"
+#include "cli/parse/editor.h"
 #include "cli/pci/kelm.h"
 #include "cli/smbios_old/smbios.h"
 #include "cli/start-up/start_up.h"

@@ -1,12 +1,12 @@
 // The automatic server recovery (ASR) timer: its state is the casr device's, its timeout a ROM variable.
+#include "cli/misc-commands/asr.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
 
 #include "cli/command/command.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/health.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
 #include "include/health_records.h"
 #include "platform/request.h"

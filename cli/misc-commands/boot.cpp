@@ -1,4 +1,6 @@
 // The standard boot order (the IPL list) and the one-time boot device.
+#include "cli/misc-commands/boot.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -6,9 +8,7 @@
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/misc-commands/settings.h"
 #include "src/utils/text.h"
 
 namespace {

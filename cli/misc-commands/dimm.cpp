@@ -1,13 +1,14 @@
 // SHOW DIMM: the installed memory modules, from the driver's tables, or from the firmware's where the driver
 // has none.
 
+#include "cli/misc-commands/dimm.h"
+
 #include <algorithm>
 #include <cstdio>
 
 #include "cli/command/command.h"
-#include "cli/misc-commands/health.h"
-#include "cli/misc-commands/misc_commands.h"
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/smbios-commands/inventory.h"
 #include "include/memory_records.h"
 #include "src/utils/text.h"
 

@@ -1,4 +1,6 @@
 // SHOW HLOG and CLEAR HLOG: the firmware's event log, over the cevt device.
+#include "cli/misc-commands/event_log.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -10,8 +12,6 @@
 #include "cli/command/command.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/health.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "platform/request.h"
 #include "src/utils/text.h"
 

@@ -1,12 +1,12 @@
 // How each embedded NIC boots: not at all, by PXE (one NIC at most) or from an iSCSI disk.
+#include "cli/misc-commands/nic.h"
+
 #include <algorithm>
 #include <cstdio>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/misc-commands/settings.h"
 #include "src/utils/text.h"
 
 namespace {

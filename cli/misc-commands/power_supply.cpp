@@ -1,10 +1,10 @@
 // SHOW POWERSUPPLY: a block of lines for each bay, printed as soon as the bay has been read.
 
+#include "cli/misc-commands/power_supply.h"
+
 #include <cstdio>
 
 #include "cli/command/command.h"
-#include "cli/misc-commands/health.h"
-#include "cli/misc-commands/misc_commands.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // The serial port of the BIOS console, and its baud rate.
+#include "cli/misc-commands/serial_bios.h"
+
 #include <cstdio>
 
 #include "cli/command/command.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/misc-commands/settings.h"
 #include "src/utils/text.h"
 
 namespace {

@@ -1,12 +1,12 @@
 // The embedded serial ports A and B and the management processor's virtual one. No two of them are to have
 // the same COM number: the one that is set takes it from the one that had it.
+#include "cli/misc-commands/serial_ports.h"
+
 #include <cstdio>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/misc-commands/settings.h"
 #include "src/utils/text.h"
 
 namespace {

@@ -1,13 +1,14 @@
 // SHOW UID and SET UID: the unit identification light, by which a server is found in its rack.
 
+#include "cli/misc-commands/uid.h"
+
 #include <cstdio>
 #include <memory>
 #include <new>
 
 #include "cli/command/command.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/health.h"
-#include "cli/misc-commands/misc_commands.h"
+#include "include/health_records.h"
 #include "platform/request.h"
 #include "src/utils/text.h"
 

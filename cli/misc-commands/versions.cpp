@@ -1,13 +1,13 @@
 // The versions of the firmware's components.
+#include "cli/misc-commands/versions.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <iterator>
 
 #include "cli/command/command.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/misc-commands/settings.h"
 
 namespace {
 

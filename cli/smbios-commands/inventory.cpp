@@ -1,14 +1,16 @@
 // Uses of the SMBIOS inventory: SHOW SERVER, the memory modules of SHOW DIMM, and the start-up steps that
 // check the server line, read the product name and count the embedded NICs.
+#include "cli/smbios-commands/inventory.h"
+
 #include <cstdio>
 #include <cstring>
 #include <string_view>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
-#include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
-#include "cli/smbparse/smbparse.h"
+#include "cli/smbparse/memory_inventory.h"
+#include "cli/smbparse/processors.h"
 #include "src/utils/text.h"
 
 using smbios::Bios;

@@ -1,4 +1,5 @@
-// Fills the table of memory modules; returns the total memory and whether it has error correction.
+#include "cli/smbparse/memory_inventory.h"
+
 #include <algorithm>
 #include <climits>
 

@@ -7,9 +7,10 @@
 
 #include "cli/command/state.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios-commands/inventory.h"
 #include "cli/smbios_old/smbios.h"
-#include "cli/smbparse/smbparse.h"
+#include "cli/smbparse/memory_inventory.h"
+#include "cli/smbparse/processors.h"
 #include "include/rom_variables.h"
 #include "include/smbios_records.h"
 #include "src/utils/map_physical.h"

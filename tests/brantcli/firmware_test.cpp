@@ -5,7 +5,7 @@
 #include <string>
 
 #include "cli/pci/kelm.h"
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios-commands/inventory.h"
 #include "include/smbios_records.h"
 #include "mkmachine/firmware_records.h"
 #include "tests/support/loaded_tables.h"

@@ -6,7 +6,8 @@
 #include <algorithm>
 
 #include "cli/command/command.h"
-#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/power_supply.h"
+#include "cli/misc-commands/uid.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
 #include "mkmachine/models.h"

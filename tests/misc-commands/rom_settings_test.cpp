@@ -2,7 +2,7 @@
 // the configuration, versions.
 #include <gtest/gtest.h>
 
-#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/asset_name.h"
 #include "tests/misc-commands/rom_shell.h"
 
 namespace {

@@ -12,9 +12,11 @@
 
 #include "cli/fan/fan.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/misc-commands/health.h"
-#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/asr.h"
+#include "cli/misc-commands/dimm.h"
+#include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/rom_store.h"
+#include "cli/misc-commands/uid.h"
 #include "cli/temp/temp.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <deque>
 
-#include "cli/misc-commands/misc_commands.h"
+#include "cli/misc-commands/event_log.h"
 #include "mkmachine/events.h"
 #include "platform/request.h"
 #include "tests/misc-commands/listing_shape.h"

@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios-commands/inventory.h"
+#include "cli/smbios-commands/port_map.h"
 #include "mkmachine/models.h"
 #include "tests/support/loaded_tables.h"
 

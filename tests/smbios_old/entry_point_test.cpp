@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios-commands/inventory.h"
 #include "mkmachine/smbios_table.h"
 #include "tests/support/loaded_tables.h"
 

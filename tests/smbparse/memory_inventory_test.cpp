@@ -3,7 +3,7 @@
 #include <climits>
 #include <string>
 
-#include "cli/smbios-commands/smbios_commands.h"
+#include "cli/smbios-commands/inventory.h"
 #include "mkmachine/firmware_records.h"
 #include "tests/support/loaded_tables.h"
 

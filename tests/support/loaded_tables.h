@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "cli/smbparse/smbparse.h"
+#include "cli/smbparse/memory_inventory.h"
+#include "cli/smbparse/processors.h"
 #include "tests/support/test_machine.h"
 
 class LoadedTables {

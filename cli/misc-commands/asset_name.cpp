@@ -1,36 +1,19 @@
-// The asset text, the server's name, and the environment-abnormality automatic shutdown (EAAS).
+// The asset text and the server's name.
+#include "cli/misc-commands/asset_name.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 
 #include "cli/command/command.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/misc-commands/settings.h"
 
 namespace {
 
 constexpr RomVariable<AssetText> kAsset = {kAssetVariable};
 constexpr RomVariable<ServerName> kServerName = {kServerNameVariable};
-constexpr RomVariable<CSMEVSTRUCT> kShutdown = {kShutdownVariable};
-
-constexpr char kShutdownUnreadable[] = "\nERROR: Failed to read EAAS status.";
 
 static_assert(2 * kServerNameHalf == 28, "as the text of SET NAME's refusal says");
-
-int SwitchShutdown(InputLineType* line, bool enable) {
-    if (line->NumWords != 2) return InvalidArguments();
-
-    CSMEVSTRUCT shutdown;
-    if (!ReadVariable(kShutdown, shutdown)) return Fail(kShutdownUnreadable);
-
-    shutdown.ucEAAshutdown = enable ? 1 : 0;  // the whole byte is the command's
-    if (!WriteVariable(kShutdown, shutdown)) {
-        return Fail(enable ? "\nERROR: Failed to enable EAAS." : "\nERROR: Failed to disable EAAS.");
-    }
-    std::printf(enable ? "\nSuccessfully enabled EAAS." : "\nSuccessfully disabled EAAS.");
-    return 0;
-}
 
 }  // namespace
 
@@ -42,13 +25,6 @@ const char* ReadServerName(ServerName& name) {
     if (ReadVariable(kServerName, name)) return nullptr;
     return "\nNo Server name seems to have been set, or command failed."
            "\nPlease use \"SET NAME\" to set a server name.";
-}
-
-const char* ReadShutdown(bool& enabled) {
-    CSMEVSTRUCT shutdown;
-    if (!ReadVariable(kShutdown, shutdown)) return kShutdownUnreadable;
-    enabled = (shutdown.ucEAAshutdown & 1) != 0;
-    return nullptr;
 }
 
 int do_show_asset(InputLineType* /*InputLine*/) {
@@ -105,22 +81,4 @@ int do_set_name(InputLineType* InputLine) {
 
     std::printf("\nSuccessfully set new server name: %s", typed);
     return 0;
-}
-
-int do_show_eaas(InputLineType* InputLine) {
-    if (InputLine->NumWords != 2) return InvalidArguments();
-
-    bool enabled = false;
-    if (const char* error = ReadShutdown(enabled)) return Fail("%s", error);
-
-    std::printf("\nEAAS is currently %s.", EnabledOrDisabled(enabled));
-    return 0;
-}
-
-int do_enable_eaas(InputLineType* InputLine) {
-    return SwitchShutdown(InputLine, true);
-}
-
-int do_disable_eaas(InputLineType* InputLine) {
-    return SwitchShutdown(InputLine, false);
 }

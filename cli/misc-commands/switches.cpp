@@ -1,17 +1,20 @@
 // The switches among the bits of the system configuration: the POST F1 prompt, processor hyper-threading and
 // Wake-On-Lan.
+#include "cli/misc-commands/switches.h"
+
 #include <cstdio>
 #include <cstring>
 #include <iterator>
 
 #include "cli/command/command.h"
-#include "cli/misc-commands/misc_commands.h"
 #include "cli/misc-commands/rom_store.h"
-#include "cli/misc-commands/settings.h"
 #include "src/utils/text.h"
 
 namespace {
 
+constexpr RomVariable<CSMEVSTRUCT> kShutdown = {kShutdownVariable};
+
+constexpr char kShutdownUnreadable[] = "\nERROR: Failed to read EAAS status.";
 constexpr char kF1Unreadable[] = "\nERROR: Failed to read POST F1 status.";
 constexpr char kHyperThreadingUnreadable[] = "\nERROR: Failed to read hyper-threading status.";
 constexpr char kWakeOnLanUnreadable[] = "\nERROR: Failed to read Wake-On-Lan status.";
@@ -37,7 +40,28 @@ bool Enables(const InputLineType& line) {
     return std::strcmp(line.Words[0], "ENABLE") == 0;
 }
 
+int SwitchShutdown(InputLineType* line, bool enable) {
+    if (line->NumWords != 2) return InvalidArguments();
+
+    CSMEVSTRUCT shutdown;
+    if (!ReadVariable(kShutdown, shutdown)) return Fail(kShutdownUnreadable);
+
+    shutdown.ucEAAshutdown = enable ? 1 : 0;  // the whole byte is the command's
+    if (!WriteVariable(kShutdown, shutdown)) {
+        return Fail(enable ? "\nERROR: Failed to enable EAAS." : "\nERROR: Failed to disable EAAS.");
+    }
+    std::printf(enable ? "\nSuccessfully enabled EAAS." : "\nSuccessfully disabled EAAS.");
+    return 0;
+}
+
 }  // namespace
+
+const char* ReadShutdown(bool& enabled) {
+    CSMEVSTRUCT shutdown;
+    if (!ReadVariable(kShutdown, shutdown)) return kShutdownUnreadable;
+    enabled = (shutdown.ucEAAshutdown & 1) != 0;
+    return nullptr;
+}
 
 const char* ReadF1Prompt(const char*& state) {
     WOLEVREC ztsbkt;
@@ -58,6 +82,24 @@ const char* ReadWakeOnLan(bool& enabled) {
     if (!ReadVariable(kConfiguration, ztsbkt)) return kWakeOnLanUnreadable;
     enabled = ztsbkt.flags.s.bits_WOL == kWakeOnLanEnabled;
     return nullptr;
+}
+
+int do_show_eaas(InputLineType* InputLine) {
+    if (InputLine->NumWords != 2) return InvalidArguments();
+
+    bool enabled = false;
+    if (const char* error = ReadShutdown(enabled)) return Fail("%s", error);
+
+    std::printf("\nEAAS is currently %s.", EnabledOrDisabled(enabled));
+    return 0;
+}
+
+int do_enable_eaas(InputLineType* InputLine) {
+    return SwitchShutdown(InputLine, true);
+}
+
+int do_disable_eaas(InputLineType* InputLine) {
+    return SwitchShutdown(InputLine, false);
 }
 
 int do_show_f1(InputLineType* InputLine) {

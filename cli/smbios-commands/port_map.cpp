@@ -1,11 +1,12 @@
 // SHOW PORTMAP: the enclosure bay that each NIC port of a blade is connected to.
+#include "cli/smbios-commands/port_map.h"
+
 #include <algorithm>
 #include <climits>
 #include <cstdio>
 
 #include "cli/command/command.h"
 #include "cli/command/state.h"
-#include "cli/smbios-commands/smbios_commands.h"
 #include "cli/smbios_old/smbios.h"
 #include "src/utils/text.h"
 

@@ -1,8 +1,9 @@
-// The commands and start-up steps that use the SMBIOS inventory.
+// SHOW SERVER, and other uses of the SMBIOS inventory: the memory modules of SHOW DIMM, and start-up steps.
 #pragma once
 
+#include <cstdint>
+
 #include "cli/command/command.h"
-#include "cli/command/state.h"
 
 // Returns 0 if the product name starts with "corvex" in any case, else 1. Prints a message if there is no
 // system record.
@@ -22,6 +23,5 @@ int get_dimminfo_smbios();
 // Returns the word that SHOW SERVER prints for a CpuStatus.
 const char* CpuStatusWord(uint8_t status);
 
-// SHOW SERVER and SHOW PORTMAP. Return 0, or 1 on failure.
+// The handler of SHOW SERVER. Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_server(InputLineType* InputLine);
-int do_show_nic_port_mapping(InputLineType* InputLine);

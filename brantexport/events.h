@@ -1,0 +1,6 @@
+// The event log.
+#pragma once
+
+#include "brantexport/document.h"
+
+Json ExportEvents(Errors& errors);

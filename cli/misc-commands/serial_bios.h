@@ -1,0 +1,14 @@
+// The serial port of the BIOS console, and its baud rate.
+#pragma once
+
+#include "cli/command/command.h"
+
+struct BiosSerialPort {
+    const char* port;  // null: disabled
+    const char* baud;
+};
+const char* ReadBiosSerialPort(BiosSerialPort& shown);
+
+// The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
+int do_show_bios_serial_port(InputLineType* InputLine);
+int do_set_bios_serial_port(InputLineType* InputLine);
