@@ -56,7 +56,7 @@ void PrintUsage() {
 
 // Finds out what some sections need and don't ask for themselves.
 void StartUp() {
-    OpenWhatOpens();
+    OpenAvailableDevices();
     FindEmbeddedNics();
     got_kelm = find_kelm();
 }

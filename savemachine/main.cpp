@@ -16,21 +16,21 @@ namespace {
 
 constexpr char kProgram[] = "savemachine";
 
-struct Device {
-    const char* name;
-    char* path;
-    int* descriptor;
+// The data that is saved of each device, in the order in which the devices are opened.
+struct DeviceData {
+    HealthDeviceIndex index;
     void (*save)(MachineCopy& copy);
 };
-constexpr Device kDevices[] = {
-    {"cdt", cdt_path, &cdt_fd, SaveTables},
-    {"crom", crom_path, &crom_fd, SaveVariables},
-    {"casr", casr_path, &casr_fd, SaveTimer},
-    {"cevt", cevt_path, &cevt_fd, SaveEvents},
+constexpr DeviceData kDeviceData[] = {
+    {kCdtDevice, SaveTables},
+    {kCromDevice, SaveVariables},
+    {kCasrDevice, SaveTimer},
+    {kCevtDevice, SaveEvents},
 };
 
 // Returns false if the device can't be opened; the copy then has no folder for that device.
-bool SaveDevice(MachineCopy& copy, const Device& device) {
+bool SaveDevice(MachineCopy& copy, const DeviceData& data) {
+    const HealthDevice& device = kHealthDevices[data.index];
     errno = 0;
     *device.descriptor = vxOpenRequest(device.path, kReadWrite);
     if (*device.descriptor < 0) {
@@ -38,14 +38,14 @@ bool SaveDevice(MachineCopy& copy, const Device& device) {
         return false;
     }
     copy.Folder(device.name);
-    device.save(copy);
+    data.save(copy);
     vxCloseRequest(*device.descriptor);
     return true;
 }
 
 void Save(MachineCopy& copy) {
     bool useful = smbios_available != 0;
-    for (const Device& device : kDevices) useful |= SaveDevice(copy, device);
+    for (const DeviceData& data : kDeviceData) useful |= SaveDevice(copy, data);
     if (!useful) throw std::runtime_error("no device opens and there are no tables: nothing to be saved");
     SaveFirmware(copy);
     SavePicl(copy);

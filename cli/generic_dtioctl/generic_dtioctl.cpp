@@ -10,55 +10,47 @@ char cevt_path[] = "/dev/zethealth/cevt";
 char casr_path[] = "/dev/zethealth/casr";
 char crom_path[] = "/dev/zethealth/crom";
 
-namespace {
-
-struct Device {
-    char* path;
-    int* descriptor;
-    const char* refusal;  // printed when it doesn't open, with kDaemonHint behind it
-    const char* after_hint;
+// clang-format off
+const HealthDevice kHealthDevices[kDeviceCount] = {
+    {"cdt",  cdt_path,  &cdt_fd,  "\nERROR: Could not communicate with brantd/brantlited.\n", ""},
+    {"cevt", cevt_path, &cevt_fd, "\nERROR: Could not open /dev/zethealth/cevt.",             "\n"},
+    {"casr", casr_path, &casr_fd, "\nERROR: Could not open /dev/zethealth/casr.",             "\n"},
+    {"crom", crom_path, &crom_fd, "\nERROR: Could not open /dev/zethealth/crom.",             "\n"},
 };
+// clang-format on
+
+namespace {
 
 constexpr char kDaemonHint[] =
     "\nPlease make sure the brantd/brantlited daemon is started and running properly.";
 
-// In the order in which they are opened.
-// clang-format off
-constexpr Device kDevices[] = {
-    {cdt_path,  &cdt_fd,  "\nERROR: Could not communicate with brantd/brantlited.\n", ""},
-    {cevt_path, &cevt_fd, "\nERROR: Could not open /dev/zethealth/cevt.",             "\n"},
-    {casr_path, &casr_fd, "\nERROR: Could not open /dev/zethealth/casr.",             "\n"},
-    {crom_path, &crom_fd, "\nERROR: Could not open /dev/zethealth/crom.",             "\n"},
-};
-// clang-format on
-constexpr int kDeviceCount = sizeof kDevices / sizeof kDevices[0];
-
-// Closes the first count devices, the last one first.
+// Closes the first `count` devices, the last one first.
 void CloseBackwards(int count) {
-    while (count > 0) vxCloseRequest(*kDevices[--count].descriptor);
+    while (count > 0) vxCloseRequest(*kHealthDevices[--count].descriptor);
 }
 
 }  // namespace
 
 bool OpenDevices() {
     for (int i = 0; i < kDeviceCount; ++i) {
-        const Device& device = kDevices[i];
+        const HealthDevice& device = kHealthDevices[i];
         *device.descriptor = vxOpenRequest(device.path, kReadWrite);
         if (*device.descriptor >= 0) continue;
 
-        std::printf("%s%s%s", device.refusal, kDaemonHint, device.after_hint);
+        std::printf("%s%s%s", device.error, kDaemonHint, device.after_hint);
         CloseBackwards(i);
         return false;
     }
     return true;
 }
 
-void OpenWhatOpens() {
-    for (const Device& device : kDevices) *device.descriptor = vxOpenRequest(device.path, kReadWrite);
+void OpenAvailableDevices() {
+    for (const HealthDevice& device : kHealthDevices)
+        *device.descriptor = vxOpenRequest(device.path, kReadWrite);
 }
 
 void CloseDevices() {
-    for (const Device& device : kDevices) vxCloseRequest(*device.descriptor);
+    for (const HealthDevice& device : kHealthDevices) vxCloseRequest(*device.descriptor);
 }
 
 void CloseDevicesLastFirst() {

@@ -1,5 +1,5 @@
-// The health driver: its four devices, open from start-up to the end of the run, and its data tables, record
-// by record.
+// The health driver: its four devices, which are open from start-up to the end of the run, and requests for
+// the records of its data tables.
 #pragma once
 
 #include <cstdlib>
@@ -8,35 +8,44 @@
 #include "cli/command/state.h"
 #include "include/data_tables.h"
 
-// The devices' files. Not const: the request library takes a char*.
+// The paths of the devices. Not const, because the request library takes a char*.
 extern char cdt_path[];
 extern char cevt_path[];
 extern char casr_path[];
 extern char crom_path[];
 
-// Opens cdt, cevt, casr and crom, in this order. False, with a message, when one of them doesn't open; those
-// before it are closed again, the last one first.
+struct HealthDevice {
+    char name[5];
+    char* path;
+    int* descriptor;    // negative if the device isn't open
+    const char* error;  // the message if the device can't be opened: `error`, a hint, `after_hint`
+    const char* after_hint;
+};
+
+enum HealthDeviceIndex { kCdtDevice, kCevtDevice, kCasrDevice, kCromDevice, kDeviceCount };
+extern const HealthDevice kHealthDevices[kDeviceCount];
+
+// Opens the devices in the order of kHealthDevices. If one can't be opened, prints a message, closes those
+// that are open, the last one first, and returns false.
 bool OpenDevices();
 
-// Opens those that open, for programs that do without the others: the descriptor of one that doesn't is below
-// 0, and requests on it fail. Prints nothing.
-void OpenWhatOpens();
+// Opens every device that is available, for programs that can work without some of them. An unavailable
+// device keeps a negative descriptor, and requests on it fail. Prints nothing.
+void OpenAvailableDevices();
 
-// Close all four: in the order in which they were opened, or the last one first.
+// Close all devices: in the order in which they were opened, or the last one first.
 void CloseDevices();
 void CloseDevicesLastFirst();
 
-// Reads a record of `size` bytes from the table dt_type. The request has a byte for each index, so the driver
-// is asked for 255 where index is -1. fd: the cdt device.
-// Result: the record in a buffer that the caller frees; bytes that the driver doesn't write are zero. Null
-// when the request fails, which the caller reports, or when memory runs out, which is reported here.
+// Reads a record of `size` bytes from table `dt_type`. `fd` is the cdt device. The request has one byte for
+// each index, so -1 becomes 255. Returns the record in a buffer that the caller frees; bytes that the driver
+// doesn't write are zero. Returns null if the request fails, or, with a message, if memory runs out.
 void* generic_dtioctl(short dt_type, int index, int index2, int size, int fd);
 
-// A record for the length of a scope.
+// Reads a record of the cdt device and frees it at the end of the scope.
 template <typename Record>
 class Reply {
   public:
-    // Reads it from the cdt device.
     Reply(DataTableType table, int index, int index2 = 0)
         : record_(static_cast<Record*>(generic_dtioctl(static_cast<short>(table), index, index2,
                                                        static_cast<int>(sizeof(Record)), cdt_fd))) {}
@@ -44,11 +53,11 @@ class Reply {
     Reply(const Reply&) = delete;
     Reply& operator=(const Reply&) = delete;
 
-    explicit operator bool() const { return record_ != nullptr; }  // false: there is no record to look at
+    explicit operator bool() const { return record_ != nullptr; }  // false: there is no record
     const Record* operator->() const { return record_; }
     const Record& operator*() const { return *record_; }
 
   private:
-    static_assert(std::is_trivially_copyable_v<Record>, "a reply is plain bytes");
+    static_assert(std::is_trivially_copyable_v<Record>, "a record is plain bytes");
     Record* record_;
 };
