@@ -1,27 +1,10 @@
 #include "brantexport/document.h"
 
 #include <string>
-#include <string_view>
 
-namespace {
-
-// A message of the shell as one plain sentence: its lines joined, without the mark of an error.
-std::string Plain(std::string_view message) {
-    constexpr std::string_view kMark = "ERROR: ";
-    std::string sentence;
-    for (const char letter : message.substr(message.find_first_not_of('\n'))) {
-        sentence += letter == '\n' ? ' ' : letter;
-    }
-    if (sentence.compare(0, kMark.size(), kMark) == 0) sentence.erase(0, kMark.size());
-    return sentence;
-}
-
-}  // namespace
-
-bool Errors::Add(const char* sentence) {
-    if (sentence == nullptr) return false;
-    list_.push_back({{"section", section_}, {"message", Plain(sentence)}});
-    return true;
+Json Errors::Add(const char* message) {
+    list_.push_back({{"section", section_}, {"message", message}});
+    return nullptr;
 }
 
 Json Text(std::string_view bytes) {

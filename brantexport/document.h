@@ -4,22 +4,23 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
-// Members stay in the order in which they are added.
+// Keeps members in the order in which they are added.
 using Json = nlohmann::ordered_json;
 
-// A text of the firmware or the driver. Its bytes may be any; those that aren't ASCII are taken for the
-// characters with their numbers.
+// Converts a string of the firmware or the driver, which may contain any bytes. A byte above 127 becomes the
+// character with that number.
 Json Text(std::string_view bytes);
 
-// A word of the shell's displays, in lower case; null for null.
+// Converts a name that the shell prints to lower case. Returns null for null.
 Json Word(const char* word);
 
-// What could not be read: an entry for each, with its section and a sentence.
+// The list of everything that could not be read.
 class Errors {
   public:
+    // Sets the section of the errors that are added from now on.
     void Begin(const char* section) { section_ = section; }
-    // sentence: as the shell says it; null for none. Result: whether there is one.
-    bool Add(const char* sentence);
+    // Adds an error. Returns null, the value of whatever could not be read.
+    Json Add(const char* message);
     const Json& List() const { return list_; }
 
   private:

@@ -97,62 +97,61 @@ Json SupplyOf(const SupplyStatus& supply, int number) {
 }  // namespace
 
 Json ExportMemory(Errors& errors) {
-    MemoryModules walk;
-    ModuleStatus module;
+    const MemorySockets sockets = ReadSockets();
     Json modules = Json::array();
-    auto next = walk.ReadNext(module);
-    for (; next == MemoryModules::Next::Module; next = walk.ReadNext(module))
-        modules.push_back(ModuleOf(module));
-    if (next == MemoryModules::Next::Failed) {
-        errors.Add("Failed to read the status of a memory module.");
-        return nullptr;
+    for (int i = 0; i < sockets.Count(); ++i) {
+        ModuleStatus module;
+        const ModuleRead result = ReadModule(sockets, i, module);
+        if (result == ModuleRead::ConfigFailed) break;
+        if (result == ModuleRead::StatusFailed) {
+            return errors.Add("Failed to read the status of a memory module.");
+        }
+        if (result == ModuleRead::Done) modules.push_back(ModuleOf(module));
     }
     if (!modules.empty()) return modules;
     if (smbios_available != 0) return ModulesOfFirmware(errors);
-    errors.Add("Neither the driver nor SMBIOS tells of memory modules.");
-    return nullptr;
+    return errors.Add("Neither the driver nor SMBIOS tells of memory modules.");
 }
 
 Json ExportFans(Errors& errors) {
-    const auto fans = std::make_unique<Fans>();
-    Json list = Json::array();
-    switch (ReadFans(*fans)) {
-        case FansRead::NotSupported: return list;
-        case FansRead::All: break;
-        default: errors.Add("Failed to read the fans."); return nullptr;
+    constexpr char kFailed[] = "Failed to read the fans.";
+    int count = 0;
+    if (ReadFanCount(count) == FanCountRead::Failed) return errors.Add(kFailed);
+    Json fans = Json::array();
+    LegacyFans legacy_fans;
+    for (int i = 0; i < count; ++i) {
+        FanStatus fan;
+        if (ReadFan(i, legacy_fans, fan) != FanRead::Done) return errors.Add(kFailed);
+        fans.push_back(FanOf(fan, i + 1));
     }
-    for (int i = 0; i < fans->NumFans; ++i) list.push_back(FanOf(fans->fans[i], i + 1));
-    return list;
+    return fans;
 }
 
 Json ExportTemperatures(Errors& errors) {
-    const auto sensors = std::make_unique<Sensors>();
-    Json list = Json::array();
-    switch (ReadSensors(*sensors)) {
-        case SensorsRead::NotFound: return list;
-        case SensorsRead::All: break;
-        case SensorsRead::Failed: errors.Add("Failed to read the temperature sensors."); return nullptr;
+    constexpr char kFailed[] = "Failed to read the temperature sensors.";
+    int count = 0;
+    if (ReadSensorCount(count) == SensorCountRead::Failed) return errors.Add(kFailed);
+    Json sensors = Json::array();
+    for (int i = 0; i < count; ++i) {
+        SensorStatus sensor;
+        if (!ReadSensor(i, sensor)) return errors.Add(kFailed);
+        sensors.push_back(SensorOf(sensor, i));
     }
-    for (int i = 0; i < sensors->count; ++i) list.push_back(SensorOf(sensors->sensors[i], i));
-    return list;
+    return sensors;
 }
 
 Json ExportPowerSupplies(Errors& errors) {
-    SupplyBays bays;
-    if (bays.What() == SupplyBays::Found::Refused) {
-        errors.Add("No powersupplies were detected.");
-        return nullptr;
-    }
-    Json list = Json::array();
-    for (int i = 0; i < bays.Count(); ++i) {
+    int count = 0;
+    if (ReadSupplyCount(count) == SupplyCountRead::Failed)
+        return errors.Add("No powersupplies were detected.");
+    Json supplies = Json::array();
+    LegacySupplies legacy_supplies;
+    for (int i = 0; i < count; ++i) {
         SupplyStatus supply;
-        if (!bays.Read(i, supply)) {
-            errors.Add("Failed to read the power supplies.");
-            return nullptr;
-        }
-        list.push_back(SupplyOf(supply, i + 1));
+        if (!ReadSupply(i, legacy_supplies, supply)) return errors.Add("Failed to read the power supplies.");
+        supplies.push_back(SupplyOf(supply, i + 1));
     }
-    return list;
+    return supplies;
 }
 
 Json ExportUid(Errors& errors) {

@@ -82,10 +82,7 @@ Json ExportSystem(Errors& errors) {
 }
 
 Json ExportProcessors(Errors& errors) {
-    if (smbios_available == 0) {
-        errors.Add(kNoTables);
-        return nullptr;
-    }
+    if (smbios_available == 0) return errors.Add(kNoTables);
     Json processors = Json::array();
     for (const ZET_CPU* cpu : gCpu_tbl) {
         if (cpu == nullptr) break;
@@ -96,12 +93,9 @@ Json ExportProcessors(Errors& errors) {
 }
 
 Json ExportNics(Errors& errors) {
-    if (embedded_nics_installed < 0) {
-        errors.Add("Failed to read embedded NIC status.");
-        return nullptr;
-    }
+    if (embedded_nics_installed < 0) return errors.Add("Failed to read embedded NIC status.");
     NicBootStates states{};
-    errors.Add(ReadNicBoot(states));
+    if (!ReadNicBoot(states)) errors.Add("Failed to read NIC status.");
     Json nics = Json::array();
     for (int i = 0; i < embedded_nics_installed; ++i) {
         const bool told = i < kNicBootStates;

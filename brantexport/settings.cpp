@@ -15,54 +15,77 @@
 
 namespace {
 
-Json UpToZero(const char* bytes, size_t size) {
-    return Text({bytes, strnlen(bytes, size)});
+// Returns the string in a field of `size` bytes, which is NUL-terminated unless it fills the field.
+Json FieldText(const char* field, size_t size) {
+    return Text({field, strnlen(field, size)});
 }
 
-Json ReadAssetText(Errors& errors) {
+Json AssetTextOf(Errors& errors) {
     AssetText asset;
-    if (errors.Add(ReadAsset(asset))) return nullptr;
-    return UpToZero(asset.asset_text, sizeof asset.asset_text);
+    if (!ReadAsset(asset)) return errors.Add("Failed to read Asset Text.");
+    return FieldText(asset.asset_text, sizeof asset.asset_text);
 }
 
-Json ReadNameOfServer(Errors& errors) {
+Json ServerNameOf(Errors& errors) {
     ServerName name;
-    if (errors.Add(ReadServerName(name))) return nullptr;
+    if (!ReadServerName(name)) {
+        return errors.Add(
+            "No Server name seems to have been set, or command failed."
+            " Please use \"SET NAME\" to set a server name.");
+    }
     constexpr size_t kHalf = sizeof name.zthls1 / 2;
     std::string text(name.zthls1, strnlen(name.zthls1, kHalf));
     return Text(text.append(name.zthls1 + kHalf, strnlen(name.zthls1 + kHalf, kHalf)));
 }
 
-Json ReadSwitch(Errors& errors, const char* (*read)(bool& enabled)) {
-    bool enabled = false;
-    if (errors.Add(read(enabled))) return nullptr;
-    return EnabledOrDisabled(enabled);
-}
-
-Json ReadBootDevices(Errors& errors) {
+Json BootOrderOf(Errors& errors) {
     BootOrder order;
-    if (errors.Add(ReadBootOrder(order))) return nullptr;
+    switch (ReadBootOrder(order)) {
+        case BootOrderRead::CountFailed: return errors.Add("Failed to get number of IPL devices installed.");
+        case BootOrderRead::ListFailed: return errors.Add("Failed to get IPL list.");
+        case BootOrderRead::Done: break;
+    }
     Json devices = Json::array();
     for (int i = 0; i < order.count; ++i) devices.push_back(Word(order.device[i]));
     return devices;
 }
 
-Json ReadWord(Errors& errors, const char* (*read)(const char*& word)) {
-    const char* word = nullptr;
-    return errors.Add(read(word)) ? Json() : Word(word);
-}
-
-Json ReadBiosPort(Errors& errors) {
+Json BiosPortOf(Errors& errors) {
     BiosSerialPort port{};
-    if (errors.Add(ReadBiosSerialPort(port))) return nullptr;
+    switch (ReadBiosSerialPort(port)) {
+        case BiosSerialPortRead::BaudFailed: return errors.Add("Failed to read BIOS serial port baud.");
+        case BiosSerialPortRead::PortFailed: return errors.Add("Failed to read BIOS serial port status.");
+        case BiosSerialPortRead::Done: break;
+    }
     return {
         {"port", Word(port.port != nullptr ? port.port : "disabled")},
         {"baud", port.port != nullptr ? Word(port.baud) : Json()},
     };
 }
 
-Json ReadEmbeddedPort(const EmbeddedPorts& ports, int port) {
-    return Word(ports.port[port]);
+Json VirtualPortOf(Errors& errors) {
+    const char* port = nullptr;
+    switch (ReadVirtualPort(port)) {
+        case VirtualPortRead::Failed: return errors.Add("Failed to read Virtual serial port status.");
+        case VirtualPortRead::UnknownState:
+            return errors.Add(
+                "Kelm Virtual serial port is in an unknown state."
+                " You may have to upgrade the Kelm firmware to version 1.55 or later"
+                " or use KONF to set its initial configuration..");
+        case VirtualPortRead::Done: break;
+    }
+    return Word(port);
+}
+
+// Returns "enabled" or "disabled".
+Json SwitchOf(Errors& errors, bool (*read)(bool& enabled), const char* message) {
+    bool enabled = false;
+    return read(enabled) ? Json(EnabledOrDisabled(enabled)) : errors.Add(message);
+}
+
+Json WordOf(Errors& errors, bool (*read)(const char*& word), const char* message) {
+    const char* word = nullptr;
+    return read(word) ? Word(word) : errors.Add(message);
 }
 
 Json VersionText(const VERSION& version) {
@@ -74,29 +97,29 @@ Json VersionText(const VERSION& version) {
 
 Json ExportSettings(Errors& errors) {
     EmbeddedPorts ports{};
-    errors.Add(ReadEmbeddedPorts(ports));
+    if (!ReadEmbeddedPorts(ports)) errors.Add("Failed to read embedded serial status.");
     return {
-        {"asset_text", ReadAssetText(errors)},
-        {"server_name", ReadNameOfServer(errors)},
-        {"automatic_shutdown", ReadSwitch(errors, ReadShutdown)},
-        {"boot_order", ReadBootDevices(errors)},
-        {"boot_once", ReadWord(errors, ReadBootOnce)},
-        {"wake_on_lan", ReadSwitch(errors, ReadWakeOnLan)},
-        {"post_f1_prompt", ReadWord(errors, ReadF1Prompt)},
-        {"hyper_threading", ReadSwitch(errors, ReadHyperThreading)},
-        {"bios_serial_port", ReadBiosPort(errors)},
-        {"embedded_serial_port_a", ReadEmbeddedPort(ports, 0)},
-        {"embedded_serial_port_b", ReadEmbeddedPort(ports, 1)},
-        {"virtual_serial_port", got_kelm != 0 ? ReadWord(errors, ReadVirtualPort) : Json()},
+        {"asset_text", AssetTextOf(errors)},
+        {"server_name", ServerNameOf(errors)},
+        {"automatic_shutdown", SwitchOf(errors, ReadShutdown, "Failed to read EAAS status.")},
+        {"boot_order", BootOrderOf(errors)},
+        {"boot_once", WordOf(errors, ReadBootOnce, "Failed to get next boot device.")},
+        {"wake_on_lan", SwitchOf(errors, ReadWakeOnLan, "Failed to read Wake-On-Lan status.")},
+        {"post_f1_prompt", WordOf(errors, ReadF1Prompt, "Failed to read POST F1 status.")},
+        {"hyper_threading", SwitchOf(errors, ReadHyperThreading, "Failed to read hyper-threading status.")},
+        {"bios_serial_port", BiosPortOf(errors)},
+        {"embedded_serial_port_a", Word(ports.port[0])},
+        {"embedded_serial_port_b", Word(ports.port[1])},
+        {"virtual_serial_port", got_kelm != 0 ? VirtualPortOf(errors) : Json()},
     };
 }
 
 Json ExportVersions(Errors& errors) {
     ComponentVersions versions;
-    if (errors.Add(ReadVersions(versions))) return nullptr;
+    if (!ReadVersions(versions)) return errors.Add("Failed to read version information.");
     Json list = Json::array();
+    if (!versions.known) return list;
     for (const ComponentVersion& version : versions.component) {
-        if (!versions.told) break;
         list.push_back({
             {"component", Word(version.name)},
             {"baseline", VersionText(version.baseline)},

@@ -66,15 +66,15 @@ static_assert(sizeof(RESMEM_CARTRIDGE_CONFIG) == 152 &&
 
 // The part of RESMEM_CARTRIDGE_CONFIG that the program requests: the leading fields, with partName truncated
 // to 96 bytes.
-struct CartridgeBeginning {
+struct CartridgePrefix {
     uint32_t ulCartID;
     uint32_t ulNumModules;
     uint32_t ulNumLEDs;
     char partName[96];
 };
-static_assert(sizeof(CartridgeBeginning) == 108 &&
-                  offsetof(CartridgeBeginning, partName) == offsetof(RESMEM_CARTRIDGE_CONFIG, partName),
-              "a beginning");
+static_assert(sizeof(CartridgePrefix) == 108 &&
+                  offsetof(CartridgePrefix, partName) == offsetof(RESMEM_CARTRIDGE_CONFIG, partName),
+              "a prefix of the record");
 
 struct KEY_DIMM_SDRAM {  // the bytes of the module's presence-detect data that tell modules apart
     uint8_t ucSpdByte2;

@@ -7,9 +7,9 @@
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/dimm.h"
+#include "cli/misc-commands/uid.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
-#include "platform/request.h"
 #include "savemachine/machine_copy.h"
 
 namespace {
@@ -98,7 +98,7 @@ void SaveFamily(MachineCopy& copy, const Family& family) {
 }
 
 constexpr Table kMemory = {kMemoryTable, sizeof(RESMEM_CONFIG), kNotEverywhere};
-constexpr Table kCartridge = {kCartridgeTable, sizeof(CartridgeBeginning), kNotEverywhere};
+constexpr Table kCartridge = {kCartridgeTable, sizeof(CartridgePrefix), kNotEverywhere};
 constexpr Table kModuleConfig = {kModuleConfigTable, sizeof(RESMEM_DIMM_CONFIG), kNotEverywhere};
 constexpr Table kModuleStatus = {kModuleStatusTable, sizeof(RESMEM_DIMM_STATUS)};
 
@@ -120,10 +120,10 @@ void SaveModules(MachineCopy& copy, int from, int to, int sockets) {
 void SaveMemory(MachineCopy& copy) {
     copy.Reading("memory modules");
     const Record memory = Save(copy, kMemory, 0);
-    const MemoryCounts counts = CountsOf(static_cast<const RESMEM_CONFIG*>(memory.get()));
+    const MemorySockets sockets = SocketsOf(static_cast<const RESMEM_CONFIG*>(memory.get()));
     Save(copy, kCartridge, kSystemBoardCartridge);
-    SaveModules(copy, kSystemBoardCartridge, kSystemBoardCartridge + 1, counts.dimms);
-    SaveModules(copy, 0, counts.carts, counts.dimms);
+    SaveModules(copy, kSystemBoardCartridge, kSystemBoardCartridge + 1, sockets.dimms);
+    SaveModules(copy, 0, sockets.carts, sockets.dimms);
 }
 
 // Saves the indicators. The light's state is read by a control request, which generic_dtioctl can't send.
@@ -133,14 +133,8 @@ void SaveIndicators(MachineCopy& copy) {
 
     constexpr Table kLight = {kIndicatorControlTable, sizeof(INDCBASIC)};
     INDCBASIC light{};
-    DT_IOCTL request{};
-    request.DtHdr.size = sizeof light;
-    request.DtHdr.DT_Type = kLight.type;
-    request.DtHdr.CRUFunction = kIndicatorControl;
-    request.DtHdr.CRUSubfunction = kReportState;
-    request.pData = &light;
     errno = 0;
-    if (vxIoctlRequest(cdt_fd, kDataTableRequest, &request) == 0) {
+    if (ControlLight(kReportState, light) == 0) {
         Store(copy, NameOf(kLight, 0, 0), &light, sizeof light);
     } else {
         copy.Refused("cdt " + NameOf(kLight, 0, 0), FailedResult());

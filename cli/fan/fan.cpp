@@ -14,48 +14,25 @@ constexpr CodeText kSpeeds[] = {
     {kFanOff, "OFF"},
 };
 
-void TakePresence(FanStatus& fan, const FANDDATA& older) {
-    fan.present = older.ucPresent != 0;
-    fan.redundant = older.ucRedundant != 0;
-    fan.partner = older.ucRedundantPartner;
+void SetPresence(FanStatus& fan, const FANDDATA& legacy) {
+    fan.present = legacy.ucPresent != 0;
+    fan.redundant = legacy.ucRedundant != 0;
+    fan.partner = legacy.ucRedundantPartner;
 }
 
-void TakePresence(FanStatus& fan, const COMMONFEATUREINFO& feature) {
+void SetPresence(FanStatus& fan, const COMMONFEATUREINFO& feature) {
     fan.present = feature.DeviceState.s1.bit_PhysicallyPresent != 0;
     fan.redundant = feature.DeviceState.s1.bit_GroupIsRedundant != 0;
     fan.partner = feature.RedGroup.s1.bits_RedundantGroupId;
 }
 
-void TakeSpeed(FanStatus& fan, const FANBASIC& basic) {
+void SetSpeed(FanStatus& fan, const FANBASIC& basic) {
     fan.speed = TextOfCode(kSpeeds, basic.ucSpeedState, "UNKNOWN");
     if (basic.ucSpeedPctIsValid != 0) fan.percent = basic.ucSpeedPct;
     fan.hot_pluggable = basic.FanDescriptor.s1.bit_HotPlug != 0;
 }
 
-// index: from 0.
-FansRead ReadFan(FanStatus& fan, int index, OlderRecords<FANDDATA>& older_records) {
-    fan = {};
-    const std::optional<FANDDATA> older = older_records.Read(index);
-    {
-        const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index);
-        if (!feature) return FansRead::FeatureFailed;
-        if (older) {
-            TakePresence(fan, *older);
-        } else {
-            TakePresence(fan, *feature);
-        }
-        fan.location = LocationName(feature->Location, ZoneNames::OfFans);
-        fan.failed = feature->DeviceState.s1.bit_PhysicallyFailed != 0;
-    }
-    if (fan.failed) return FansRead::All;
-
-    const Reply<FANBASIC> basic(kFanBasicTable, index);
-    if (!basic) return FansRead::BasicFailed;
-    TakeSpeed(fan, *basic);
-    return FansRead::All;
-}
-
-// The cells of a row. Those between that aren't named are never printed.
+// The indexes of a row's cells. Cells without a name here are never printed.
 enum Cell {
     kFan = 0,
     kLocation = 1,
@@ -76,7 +53,7 @@ constexpr Column kColumns[] = {
     {kPercent, 8}, {kRedundant, 11}, {kPartner, 9}, {kHotPluggable, 14},
 };
 
-// What isn't known shows as "-".
+// Formats a row of the table. Unknown values are printed as "-".
 outdata RowOf(const FanStatus& fan, int number) {
     outdata row;
     for (field& cell : row.tdata) SetCell(cell, "-");
@@ -102,38 +79,59 @@ outdata RowOf(const FanStatus& fan, int number) {
 
 }  // namespace
 
-FansRead ReadFans(Fans& fans) {
-    {
-        const Reply<FANHEADER> header(kFanHeaderTable, 0);
-        if (!header) return FansRead::HeaderFailed;
-        if (header->ucDataAvailable == 0) return FansRead::NotSupported;
-        fans.NumFans = header->ucNumSupportedByChassis;
-    }
+FanCountRead ReadFanCount(int& NumFans) {
+    const Reply<FANHEADER> header(kFanHeaderTable, 0);
+    if (!header) return FanCountRead::Failed;
+    if (header->ucDataAvailable == 0) return FanCountRead::NotSupported;
+    NumFans = header->ucNumSupportedByChassis;
+    return FanCountRead::Done;
+}
 
-    OlderRecords<FANDDATA> older_records(kFanDataTable);
-    for (int i = 0; i < fans.NumFans; ++i) {
-        const FansRead result = ReadFan(fans.fans[i], i, older_records);
-        if (result != FansRead::All) return result;
+FanRead ReadFan(int index, LegacyFans& legacy_fans, FanStatus& fan) {
+    fan = {};
+    const std::optional<FANDDATA> legacy = legacy_fans.Read(index);
+    {
+        const Reply<COMMONFEATUREINFO> feature(kFanFeatureTable, index);
+        if (!feature) return FanRead::FeatureFailed;
+        if (legacy) {
+            SetPresence(fan, *legacy);
+        } else {
+            SetPresence(fan, *feature);
+        }
+        fan.location = LocationName(feature->Location, ZoneNames::OfFans);
+        fan.failed = feature->DeviceState.s1.bit_PhysicallyFailed != 0;
     }
-    return FansRead::All;
+    if (fan.failed) return FanRead::Done;
+
+    const Reply<FANBASIC> basic(kFanBasicTable, index);
+    if (!basic) return FanRead::BasicFailed;
+    SetSpeed(fan, *basic);
+    return FanRead::Done;
 }
 
 int do_show_fans(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    Fans fans;
-    switch (ReadFans(fans)) {
-        case FansRead::HeaderFailed: return Fail("\nERROR: \"SHOW\" FAN command failed");
-        case FansRead::NotSupported: return Fail("\nERROR: This system does not support fans.");
-        case FansRead::FeatureFailed: return Fail("\nERROR: \"SHOW FAN\" command failed.");
-        case FansRead::BasicFailed: return Fail("\nERROR: \"SHOW FAN\" command failed");
-        case FansRead::All: break;
+    int NumFans = 0;
+    switch (ReadFanCount(NumFans)) {
+        case FanCountRead::Failed: return Fail("\nERROR: \"SHOW\" FAN command failed");
+        case FanCountRead::NotSupported: return Fail("\nERROR: This system does not support fans.");
+        case FanCountRead::Done: break;
     }
 
     outdata out_array[kMaxFans];
-    for (int i = 0; i < fans.NumFans; ++i) out_array[i] = RowOf(fans.fans[i], i + 1);
+    LegacyFans legacy_fans;
+    for (int i = 0; i < NumFans; ++i) {
+        FanStatus fan;
+        switch (ReadFan(i, legacy_fans, fan)) {
+            case FanRead::FeatureFailed: return Fail("\nERROR: \"SHOW FAN\" command failed.");
+            case FanRead::BasicFailed: return Fail("\nERROR: \"SHOW FAN\" command failed");
+            case FanRead::Done: break;
+        }
+        out_array[i] = RowOf(fan, i + 1);
+    }
 
     std::fputs(kHeading, stdout);
-    for (int i = 0; i < fans.NumFans; ++i) PrintRow(out_array[i], kColumns);
+    for (int i = 0; i < NumFans; ++i) PrintRow(out_array[i], kColumns);
     return 0;
 }

@@ -1,36 +1,39 @@
-// The fans: what the driver's records say of each, and SHOW FANS, a table with a row for each.
+// The fans of the chassis, and SHOW FANS, which prints a table with one row for each.
 #pragma once
 
 #include <optional>
 
 #include "cli/command/command.h"
 #include "cli/health-table/health_table.h"
+#include "include/health_records.h"
 
-// What is known of the fan in one of the chassis's positions.
+// The state of one fan position of the chassis.
 struct FanStatus {
     field location;
     bool present;
     bool failed;
     bool redundant;
-    int partner;  // of a redundant fan: the other's number, or their group's where the driver tells only that
-    // Of a fan that has failed these aren't read.
-    const char* speed;           // "NORMAL", "HIGH", "OFF" or "UNKNOWN"; null
-    std::optional<int> percent;  // of maximum speed; none when the driver doesn't tell
+    int partner;  // of a redundant fan: its partner's number, or the group's if there is no legacy record
+    // The members below are not read if the fan has failed.
+    const char* speed;           // "NORMAL", "HIGH", "OFF" or "UNKNOWN"; null if not read
+    std::optional<int> percent;  // of maximum speed; empty if the driver has no valid value
     bool hot_pluggable;
 };
 
-constexpr int kMaxFans = 255;  // the header counts them in a byte
+constexpr int kMaxFans = 255;  // FANHEADER contains their number in a byte
 
-struct Fans {
-    int NumFans = 0;  // positions of the chassis
-    FanStatus fans[kMaxFans];
-};
+using LegacyFans = LegacyRecords<FANDDATA, kFanDataTable>;
 
-enum class FansRead { All, HeaderFailed, NotSupported, FeatureFailed, BasicFailed };
+enum class FanCountRead { Done, Failed, NotSupported };
 
-// Reads the fans of the chassis. Any result but All: which record the driver refused, or that it knows of no
-// fans; the fans aren't to be used then.
-FansRead ReadFans(Fans& fans);
+// Reads the number of fan positions. A message is printed only if memory runs out (see generic_dtioctl).
+FanCountRead ReadFanCount(int& NumFans);
 
-// Prints nothing of the table unless every fan could be read. Result: 0, or 1 on failure.
+enum class FanRead { Done, FeatureFailed, BasicFailed };
+
+// Reads fan `index`, from 0. Unless the result is Done, the members of `fan` have no meaning. Prints as
+// ReadFanCount does.
+FanRead ReadFan(int index, LegacyFans& legacy_fans, FanStatus& fan);
+
+// Prints the table only if every fan can be read. Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_fans(InputLineType* InputLine);

@@ -1,5 +1,5 @@
-// What the displays of fans, temperature sensors and power supplies share: rows of text cells, the names of
-// the places in the chassis, and the driver's older records.
+// Code shared by the commands that show fans, temperature sensors and power supplies: tables made of cells,
+// names of locations in the chassis, and the driver's legacy records.
 #pragma once
 
 #include <cstddef>
@@ -10,56 +10,53 @@
 #include "include/data_tables.h"
 
 struct field {
-    char data[20];  // 19 characters; what is longer is cut
+    char data[20];  // a string, truncated to 19 characters
 };
 
-// A row of a table, a cell for each column. The cells' numbers aren't their order from left to right, and not
-// every cell is printed.
+// A row of a table. The index of a cell is not its column, and some cells are never printed.
 struct outdata {
     field tdata[10];
 };
 
-// Writes a cell as printf prints it.
+// Formats a cell like printf.
 __attribute__((format(printf, 2, 3))) void SetCell(field& cell, const char* format, ...);
 
-// A column of a table: the cell that it shows, and how wide that is at least, filled up with blanks on the
-// right.
+// A table column: the cell that it prints and its minimum width (left-aligned, padded with spaces).
 struct Column {
     int cell;
     int width;
 };
 
-// Prints a row's cells, column by column, and ends the line.
+// Prints a line: the cells of `row`, column by column.
 template <size_t kCount>
 void PrintRow(const outdata& row, const Column (&columns)[kCount]) {
     for (const Column& column : columns) std::printf("%-*s", column.width, row.tdata[column.cell].data);
     std::printf("\n");
 }
 
-// The tables call some of the zones by different names.
+// The tables of fans and of sensors have different names for some zones.
 enum class ZoneNames { OfFans, OfSensors };
 
-// Where in the chassis a device sits: its zone, or the processor where the zone says which one it is.
+// Returns the name of a device's zone in the chassis, or "CPU#" and a number if the zone is that of a
+// numbered processor.
 field LocationName(LOCATIONDESIGNATOR location, ZoneNames names);
 
-// The driver's older table of a family of devices, for one run of a command. Not every driver has it, or has
-// a record for every device. Where there is one, its word on a device's presence goes before the common
-// feature record's.
-template <typename Record>
-class OlderRecords {
+// Reads the driver's legacy table of a family of devices during one command. Not every driver has this table,
+// or a record for every device. If a device has a record there, its presence is taken from that record, not
+// from the common feature record.
+template <typename Record, DataTableType kTable>
+class LegacyRecords {
   public:
-    explicit OlderRecords(DataTableType table) : table_(table) {}
-
     // Returns the record of device `index` (from 0). After one failed request, returns nullopt without asking
     // again.
     std::optional<Record> Read(int index) {
         if (newway) return std::nullopt;
-        if (const Reply<Record> reply{table_, index}) return *reply;
+        if (const Reply<Record> reply{kTable, index}) return *reply;
         newway = true;
         return std::nullopt;
     }
 
   private:
-    DataTableType table_;
-    bool newway = false;  // a request has failed: the common feature record describes every further device
+    bool newway =
+        false;  // a request has failed: the remaining devices have only their common feature records
 };

@@ -1,4 +1,3 @@
-// The automatic server recovery (ASR) timer: its state is the casr device's, its timeout a ROM variable.
 #include "cli/misc-commands/asr.h"
 
 #include <algorithm>
@@ -16,6 +15,16 @@ namespace {
 
 constexpr RomVariable<ASREVSTRUCT> kTimeout = {kAsrVariable};
 constexpr int kMinutes[] = {5, 10, 15, 20, 30};
+
+int SwitchTimer(const InputLineType& line, bool enable) {
+    if (line.NumWords != 2) return InvalidArguments();
+
+    if (vxIoctlRequest(casr_fd, enable ? kEnableTimer : kDisableTimer, nullptr) != 0) {
+        return Fail(enable ? "\nERROR: Failed to enable ASR." : "\nERROR: Failed to disable ASR.");
+    }
+    std::printf(enable ? "\nSuccessfully enabled ASR timer." : "\nSuccessfully disabled ASR timer.");
+    return 0;
+}
 
 }  // namespace
 
@@ -62,17 +71,9 @@ int do_set_asr(InputLineType* InputLine) {
 }
 
 int do_enable_asr(InputLineType* InputLine) {
-    if (InputLine->NumWords != 2) return InvalidArguments();
-
-    if (vxIoctlRequest(casr_fd, kEnableTimer, nullptr) != 0) return Fail("\nERROR: Failed to enable ASR.");
-    std::printf("\nSuccessfully enabled ASR timer.");
-    return 0;
+    return SwitchTimer(*InputLine, true);
 }
 
 int do_disable_asr(InputLineType* InputLine) {
-    if (InputLine->NumWords != 2) return InvalidArguments();
-
-    if (vxIoctlRequest(casr_fd, kDisableTimer, nullptr) != 0) return Fail("\nERROR: Failed to disable ASR.");
-    std::printf("\nSuccessfully disabled ASR timer.");
-    return 0;
+    return SwitchTimer(*InputLine, false);
 }

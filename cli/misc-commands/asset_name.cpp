@@ -1,4 +1,3 @@
-// The asset text and the server's name.
 #include "cli/misc-commands/asset_name.h"
 
 #include <algorithm>
@@ -13,23 +12,21 @@ namespace {
 constexpr RomVariable<AssetText> kAsset = {kAssetVariable};
 constexpr RomVariable<ServerName> kServerName = {kServerNameVariable};
 
-static_assert(2 * kServerNameHalf == 28, "as the text of SET NAME's refusal says");
+static_assert(2 * kServerNameHalf == 28, "the message of SET NAME contains this limit");
 
 }  // namespace
 
-const char* ReadAsset(AssetText& asset) {
-    return ReadVariable(kAsset, asset) ? nullptr : "\nERROR: Failed to read Asset Text.";
+bool ReadAsset(AssetText& asset) {
+    return ReadVariable(kAsset, asset);
 }
 
-const char* ReadServerName(ServerName& name) {
-    if (ReadVariable(kServerName, name)) return nullptr;
-    return "\nNo Server name seems to have been set, or command failed."
-           "\nPlease use \"SET NAME\" to set a server name.";
+bool ReadServerName(ServerName& name) {
+    return ReadVariable(kServerName, name);
 }
 
 int do_show_asset(InputLineType* /*InputLine*/) {
     AssetText asset;
-    if (const char* error = ReadAsset(asset)) return Fail("%s", error);
+    if (!ReadAsset(asset)) return Fail("\nERROR: Failed to read Asset Text.");
 
     std::printf("\nAsset: '%.*s'", int{sizeof asset.asset_text}, asset.asset_text);
     return 0;
@@ -52,13 +49,17 @@ int do_show_name(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
     ServerName name;
-    if (const char* error = ReadServerName(name)) return Fail("%s", error);
+    if (!ReadServerName(name)) {
+        return Fail(
+            "\nNo Server name seems to have been set, or command failed."
+            "\nPlease use \"SET NAME\" to set a server name.");
+    }
 
     std::printf("\nServer name is: ");
     if (name.zthls1[0] == '\0') {
         std::printf("Not Set");
     } else {
-        std::fwrite(&name, 1, sizeof name, stdout);  // zeros too, for which a terminal shows nothing
+        std::fwrite(&name, 1, sizeof name, stdout);  // with its NULs, which a terminal ignores
     }
     return 0;
 }

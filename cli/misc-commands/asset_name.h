@@ -4,8 +4,9 @@
 #include "cli/command/command.h"
 #include "include/rom_variables.h"
 
-const char* ReadAsset(AssetText& asset);
-const char* ReadServerName(ServerName& name);
+// Return false if the variable can't be read. Print nothing.
+bool ReadAsset(AssetText& asset);
+bool ReadServerName(ServerName& name);
 
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
 int do_show_asset(InputLineType* InputLine);

@@ -1,4 +1,3 @@
-// The standard boot order (the IPL list) and the one-time boot device.
 #include "cli/misc-commands/boot.h"
 
 #include <algorithm>
@@ -21,7 +20,8 @@ constexpr char kCountUnreadable[] = "\nERROR: Failed to get number of IPL device
 constexpr char kOrderUnreadable[] = "\nERROR: Failed to get IPL list.";
 constexpr char kNoSuchDevice[] = "\nERROR: Invalid boot device entered.";
 
-// A device's place in its list is its code in the boot order.
+// The boot devices of the boot order, indexed by their codes. `ipl`: servers without a USB key; `ipl2`: those
+// with one.
 struct OrderDevice {
     const char* word;
     const char* shown;
@@ -61,7 +61,7 @@ const char* NameOf(const OrderDevices& devices, uint8_t code) {
 
 constexpr int kNoCode = -1;
 
-// A device's code by its word; kNoCode for a word that isn't in the list.
+// Returns the code of the device that the user calls `word`, or kNoCode.
 int CodeOf(const OrderDevices& devices, const char* word) {
     const OrderDevice* const end = devices.list + devices.count;
     const OrderDevice* const device = std::find_if(
@@ -84,31 +84,31 @@ constexpr OnceDevice kOnceDevices[] = {
 };
 // clang-format on
 
-// How many entries of the boot order mean something.
+// Returns the number of entries of the boot order that are used.
 int LengthOfOrder(const BootDeviceCount& installed) {
     return std::min(int{installed.zthnipl}, int{sizeof ZTHIPLSTRUCT::ucPriority});
 }
 
 }  // namespace
 
-const char* ReadBootOnce(const char*& device) {
+bool ReadBootOnce(const char*& device) {
     ZTTBT1STRUCT once;
-    if (!ReadVariable(kBootOnce, once)) return "\nERROR: Failed to get next boot device.";
+    if (!ReadVariable(kBootOnce, once)) return false;
     const OnceDevice* row = FindCode(kOnceDevices, once.boot.bVal);
     device = row != nullptr ? row->shown : "Not set";
-    return nullptr;
+    return true;
 }
 
-const char* ReadBootOrder(BootOrder& order) {
+BootOrderRead ReadBootOrder(BootOrder& order) {
     BootDeviceCount installed;
-    if (!ReadVariable(kInstalled, installed)) return kCountUnreadable;
+    if (!ReadVariable(kInstalled, installed)) return BootOrderRead::CountFailed;
     ZTHIPLSTRUCT codes;
-    if (!ReadVariable(kBootOrder, codes)) return kOrderUnreadable;
+    if (!ReadVariable(kBootOrder, codes)) return BootOrderRead::ListFailed;
 
     const OrderDevices& devices = installed.zthnipl > kUsual.count ? kWithUsbKey : DevicesOfServer();
     order.count = LengthOfOrder(installed);
     for (int i = 0; i < order.count; ++i) order.device[i] = NameOf(devices, codes.ucPriority[i]);
-    return nullptr;
+    return BootOrderRead::Done;
 }
 
 int do_show_boot(InputLineType* InputLine) {
@@ -117,7 +117,7 @@ int do_show_boot(InputLineType* InputLine) {
     ZTHIPLSTRUCT order;
     if (!ReadVariable(kBootOrder, order)) return Fail(kOrderUnreadable);
     const char* once = nullptr;
-    if (const char* error = ReadBootOnce(once)) return Fail("%s", error);
+    if (!ReadBootOnce(once)) return Fail("\nERROR: Failed to get next boot device.");
 
     std::printf("\nFirst boot device is: %s.", NameOf(DevicesOfServer(), order.ucPriority[0]));
     std::printf("\nOne time boot device is: %s.", once);
@@ -140,10 +140,10 @@ int do_set_boot_once(InputLineType* InputLine) {
 int do_set_boot_first(InputLineType* InputLine) {
     if (InputLine->NumWords != 4) return InvalidArguments();
     const char* word = InputLine->Words[3];
-    if (CodeOf(kWithUsbKey, word) == kNoCode) return Fail(kNoSuchDevice);  // this list has every word
+    if (CodeOf(kWithUsbKey, word) == kNoCode) return Fail(kNoSuchDevice);  // this list contains every name
 
     ZTHIPLSTRUCT order;
-    std::memset(&order, 0xFF, sizeof order);  // the code of no device
+    std::memset(&order, 0xFF, sizeof order);  // no device has this code
     BootDeviceCount installed;
     if (!ReadVariable(kInstalled, installed)) return Fail(kCountUnreadable);
     if (installed.zthnipl == 0) return Fail("ERROR: No bootable devices found.");
@@ -153,12 +153,12 @@ int do_set_boot_first(InputLineType* InputLine) {
     if (!ReadVariableOver(kBootOrder, order)) return Fail("\nERROR: Failed to get first boot device.");
     uint8_t* const first = order.ucPriority;
     uint8_t* const end = first + LengthOfOrder(installed);
-    uint8_t* const place = std::find(first, end, code);
-    if (place == end) {
+    uint8_t* const found = std::find(first, end, code);
+    if (found == end) {
         return Fail("\nERROR: %s boot is not supported on this server or it may have been disabled by KONF.",
                     word);
     }
-    std::swap(*place, *first);
+    std::swap(*found, *first);
     if (!WriteVariable(kBootOrder, order)) {
         std::printf("\nERROR: Failed to set first boot.");
         return 0;
@@ -171,7 +171,11 @@ int do_show_ipl(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
     BootOrder order;
-    if (const char* error = ReadBootOrder(order)) return Fail("%s", error);
+    switch (ReadBootOrder(order)) {
+        case BootOrderRead::CountFailed: return Fail(kCountUnreadable);
+        case BootOrderRead::ListFailed: return Fail(kOrderUnreadable);
+        case BootOrderRead::Done: break;
+    }
     if (order.count == 0) {
         std::printf("\nNo IPL devices installed.");
         return 0;

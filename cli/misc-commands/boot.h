@@ -5,11 +5,18 @@
 #include "include/rom_variables.h"
 
 struct BootOrder {
-    int count;  // of the devices installed
+    int count;  // installed boot devices
     const char* device[sizeof ZTHIPLSTRUCT::ucPriority];
 };
-const char* ReadBootOrder(BootOrder& order);
-const char* ReadBootOnce(const char*& device);  // "Not set" for none
+
+enum class BootOrderRead { Done, CountFailed, ListFailed };
+
+// Reads the names of the boot devices, in boot order. Prints nothing.
+BootOrderRead ReadBootOrder(BootOrder& order);
+
+// Reads the name of the one-time boot device, or "Not set". Returns false if it can't be read. Prints
+// nothing.
+bool ReadBootOnce(const char*& device);
 
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
 int do_show_boot(InputLineType* InputLine);

@@ -1,6 +1,5 @@
-// SHOW DIMM: the installed memory modules, from the driver's tables, or from the firmware's where the driver
-// has none.
-
+// SHOW DIMM prints the modules of the driver's tables. If these contain none, it prints those of the SMBIOS
+// tables.
 #include "cli/misc-commands/dimm.h"
 
 #include <algorithm>
@@ -14,16 +13,16 @@
 
 namespace {
 
-// Cartridges, and modules of each, that are tried if the driver has no record of the counts. The walk ends at
-// the first failed request.
+// The number of cartridges, and of sockets in each, if the driver has no record of them. Reading ends at the
+// first failed request.
 constexpr int kUnknownCount = 20;
 
-// The ranges of a request's index bytes; cartridge 255 is the system board.
+// The numbers that fit into the index bytes of a request. Cartridge 255 is the system board.
 constexpr int kMaxModules = 256;
 constexpr int kMaxCartridges = 255;
 
 constexpr CodeText kStatuses[] = {
-    // by RESMEM_DIMM_STATUS::ulStatus
+    // codes of RESMEM_DIMM_STATUS::ulStatus
     {2, "Ok"},
     {5, "DIMM is missing"},
     {6, "DIMM does not match"},
@@ -32,14 +31,9 @@ constexpr CodeText kStatuses[] = {
     {9, "DIMM is degraded"},
 };
 
-// A count from the driver, at most `most`. One above INT_MAX turns negative, and the walk then shows nothing.
+// Limits a count of the driver to `most`. A count above INT_MAX becomes negative, which means none.
 int Bounded(uint32_t count, int most) {
     return std::min(static_cast<int>(count), most);
-}
-
-MemoryCounts ReadCounts() {
-    const Reply<RESMEM_CONFIG> memory(kMemoryTable, 0);
-    return CountsOf(memory ? &*memory : nullptr);
 }
 
 ModuleStatus StatusOf(const RESMEM_DIMM_CONFIG& config, uint32_t status) {
@@ -75,63 +69,59 @@ void PrintModule(const ModuleStatus& module) {
 
 }  // namespace
 
-MemoryCounts CountsOf(const RESMEM_CONFIG* memory) {
+int MemorySockets::Count() const {
+    return std::max(dimms, 0) * std::max(carts - cart_start, 0);
+}
+
+MemorySockets SocketsOf(const RESMEM_CONFIG* memory) {
     if (memory == nullptr) return {kUnknownCount, kUnknownCount};
     return {Bounded(memory->ulNumberModules, kMaxModules),
             Bounded(memory->ulNumberCartridges, kMaxCartridges)};
 }
 
-MemoryModules::MemoryModules() {
-    const MemoryCounts counts = ReadCounts();
-    dimms = counts.dimms;
-    carts = counts.carts;
-    int cart_start = 0;
-    const Reply<CartridgeBeginning> board(kCartridgeTable, kSystemBoardCartridge);
-    if (board && board->ulCartID == 0 && board->ulNumModules != 0) {
-        cart_start = kSystemBoardCartridge;
-        carts = kSystemBoardCartridge + 1;
+MemorySockets ReadSockets() {
+    MemorySockets sockets{};
+    {
+        const Reply<RESMEM_CONFIG> memory(kMemoryTable, 0);
+        sockets = SocketsOf(memory ? &*memory : nullptr);
     }
-    cartridge_ = cart_start;
+    const Reply<CartridgePrefix> board(kCartridgeTable, kSystemBoardCartridge);
+    if (board && board->ulCartID == 0 && board->ulNumModules != 0) {
+        sockets.cart_start = kSystemBoardCartridge;
+        sockets.carts = kSystemBoardCartridge + 1;
+    }
+    return sockets;
 }
 
-MemoryModules::Next MemoryModules::ReadNext(ModuleStatus& module) {
-    for (; cartridge_ < carts; ++cartridge_, socket_ = 0) {
-        while (socket_ < dimms) {
-            const int socket = socket_++;
-            const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge_, socket);
-            if (!config) {
-                carts = cartridge_;  // ends the walk
-                return Next::End;
-            }
-            if (config->ulPresent == 0) continue;
+ModuleRead ReadModule(const MemorySockets& sockets, int index, ModuleStatus& module) {
+    const int cartridge = sockets.cart_start + index / sockets.dimms;
+    const int socket = index % sockets.dimms;
+    const Reply<RESMEM_DIMM_CONFIG> config(kModuleConfigTable, cartridge, socket);
+    if (!config) return ModuleRead::ConfigFailed;
+    if (config->ulPresent == 0) return ModuleRead::Empty;
 
-            const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge_, socket);
-            if (!status) {
-                carts = cartridge_;
-                return Next::Failed;
-            }
-            module = StatusOf(*config, status->ulStatus);
-            return Next::Module;
-        }
-    }
-    return Next::End;
+    const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge, socket);
+    if (!status) return ModuleRead::StatusFailed;
+    module = StatusOf(*config, status->ulStatus);
+    return ModuleRead::Done;
 }
 
 int do_show_dimm(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    MemoryModules modules;
+    const MemorySockets sockets = ReadSockets();
     std::printf("\nDIMM Configuration");
     std::printf("\n------------------");
-    ModuleStatus module;
     int dimms_installed = 0;
-    auto next = modules.ReadNext(module);
-    for (; next == MemoryModules::Next::Module; next = modules.ReadNext(module)) {
+    for (int i = 0; i < sockets.Count(); ++i) {
+        ModuleStatus module;
+        const ModuleRead result = ReadModule(sockets, i, module);
+        if (result == ModuleRead::ConfigFailed) break;
+        if (result == ModuleRead::StatusFailed) return Fail("\nERROR: \"SHOW DIMM\" command failed.");
+        if (result == ModuleRead::Empty) continue;
         PrintModule(module);
         ++dimms_installed;
     }
-    if (next == MemoryModules::Next::Failed) return Fail("\nERROR: \"SHOW DIMM\" command failed.");
-
     if (dimms_installed == 0) get_dimminfo_smbios();
     return 0;
 }

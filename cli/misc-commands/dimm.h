@@ -1,4 +1,4 @@
-// Memory modules, in the order of the driver's cartridges and their sockets.
+// The memory modules that the driver's tables contain, and SHOW DIMM.
 #pragma once
 
 #include <cstdint>
@@ -7,44 +7,41 @@
 #include "include/memory_records.h"
 
 struct ModuleStatus {
-    int cartridge;  // as they are labelled
-    int module;
-    bool present;  // false: there is something in the socket, but not a module that the driver takes for one
-    uint32_t form_factor;  // as SMBIOS numbers them
-    uint32_t memory_type;
-    int size;                 // megabytes
-    int speed;                // MHz
-    uint32_t status;          // the driver's number
-    const char* status_text;  // null when the number isn't known
+    int cartridge;         // as labelled
+    int module;            // as labelled
+    bool present;          // false: the socket isn't empty, but the driver doesn't recognise a module in it
+    uint32_t form_factor;  // SMBIOS code
+    uint32_t memory_type;  // SMBIOS code
+    int size;              // megabytes
+    int speed;             // MHz
+    uint32_t status;       // the driver's code
+    const char* status_text;  // null if the code has no name
 };
 
-// The ranges that a walk of the memory modules covers; a count of 0 or below covers none.
-struct MemoryCounts {
-    int dimms;  // sockets of each cartridge
-    int carts;  // cartridges
+// The sockets for memory modules: `dimms` in each cartridge from `cart_start` to `carts` - 1. A count of 0 or
+// less means that there are none.
+struct MemorySockets {
+    int dimms;
+    int carts;
+    int cart_start = 0;
+
+    int Count() const;
 };
 
-// Returns the counts of `memory`, limited to what a request's index bytes can name. If `memory` is null,
-// because the driver has no such record, returns counts that are high enough for any server.
-MemoryCounts CountsOf(const RESMEM_CONFIG* memory);
+// Returns the sockets of the cartridges that `memory` describes, limited to what a request's index bytes can
+// name. If `memory` is null, because the driver has no such record, returns counts that are high enough for
+// any server.
+MemorySockets SocketsOf(const RESMEM_CONFIG* memory);
 
-class MemoryModules {
-  public:
-    enum class Next { Module, End, Failed };
+// Reads where the sockets are: in cartridges or on the system board. A message is printed only if memory runs
+// out (see generic_dtioctl).
+MemorySockets ReadSockets();
 
-    MemoryModules();  // reads the counts, and whether the memory is on the system board
+enum class ModuleRead { Done, Empty, ConfigFailed, StatusFailed };
 
-    // Reads the next socket that isn't empty. Returns End if there is none or the request for a socket
-    // failed, and Failed if the request for the module's status failed. After either, further calls return
-    // End and send no request.
-    Next ReadNext(ModuleStatus& module);
-
-  private:
-    int dimms;       // sockets of each cartridge
-    int carts;       // the walk ends before this cartridge
-    int cartridge_;  // the socket that is read next
-    int socket_ = 0;
-};
+// Reads socket `index`, from 0 to sockets.Count() - 1. ConfigFailed: this and all further sockets don't
+// exist. Prints as ReadSockets does.
+ModuleRead ReadModule(const MemorySockets& sockets, int index, ModuleStatus& module);
 
 // The command handler. Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_dimm(InputLineType* InputLine);

@@ -1,4 +1,3 @@
-// How each embedded NIC boots: not at all, by PXE (one NIC at most) or from an iSCSI disk.
 #include "cli/misc-commands/nic.h"
 
 #include <algorithm>
@@ -11,15 +10,15 @@
 
 namespace {
 
-// What the PXE commands read and write depends on how many NICs there are; the others know of ten.
+// The PXE commands read and write one byte per NIC; the other commands those of the first ten.
 constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable};
 constexpr RomVariable<NicBootSettings, kNicBootStates> kFirstBootSettings = {kNicBootVariable};
-constexpr RomVariable<NicPxeFlags, sizeof(NicPxeFlags), 1> kPxeFlags = {
-    kNicPxeVariable};  // on older firmware
+// On older firmware, instead of kBootSettings.
+constexpr RomVariable<NicPxeFlags, sizeof(NicPxeFlags), 1> kPxeFlags = {kNicPxeVariable};
 
 constexpr char kSettingsUnreadable[] = "\nERROR: Failed to read NIC status.";
 
-constexpr int kNamedNics = 5;  // NIC1 to NIC5: the words of the commands, and the flags of the older variable
+constexpr int kNamedNics = 5;  // NIC1 to NIC5: what the commands accept, and what NicPxeFlags contains
 constexpr uint8_t kAllPxeFlags = (1 << kNamedNics) - 1;
 
 constexpr CodeText kStates[] = {
@@ -28,77 +27,72 @@ constexpr CodeText kStates[] = {
     {kNicBootIscsi, "iSCSI enabled"},
 };
 
-// A NIC's place among the settings, from 0, by its word; -1 for a word that names none.
-int PlaceOf(const char* word) {
+// Returns the index of the NIC called `word`, from 0 for "NIC1", or -1 if `word` names none.
+int IndexOf(const char* word) {
     if (!StartsWith(word, "NIC") || word[3] == '\0' || word[4] != '\0') return -1;
-    const int place = word[3] - '1';
-    return place >= 0 && place < kNamedNics ? place : -1;
+    const int nic = word[3] - '1';
+    return nic >= 0 && nic < kNamedNics ? nic : -1;
 }
 
-// Whether the server has a NIC. False: the reason has been printed.
-bool HasNic(int place) {
-    if (embedded_nics_installed < 1) {
-        std::printf("\nERROR: brantcli didn't detect any embedded NICs.");
-        return false;
-    }
-    if (place >= embedded_nics_installed) {
-        std::printf("\nERROR: This sytem only has %d embedded NICs.", embedded_nics_installed);
-        return false;
-    }
-    return true;
+// Prints why a command can't use a NIC whose index is embedded_nics_installed or higher. Returns 1.
+int FailWithoutNic() {
+    if (embedded_nics_installed < 1) return Fail("\nERROR: brantcli didn't detect any embedded NICs.");
+    return Fail("\nERROR: This sytem only has %d embedded NICs.", embedded_nics_installed);
 }
 
-void SayPxeMoved(int place) {
-    std::printf("\nPXE boot was already enabled for NIC%d. It has now been disabled.", place + 1);
+void PrintPxeMoved(int nic) {
+    std::printf("\nPXE boot was already enabled for NIC%d. It has now been disabled.", nic + 1);
 }
 
-// One NIC at most boots by PXE: any other that did is switched off, with a note. nics: how many there are.
-void EnablePxe(NicBootSettings& settings, int place, size_t nics) {
+// Enables PXE for a NIC. Only one NIC can boot by PXE, so PXE is disabled for every other one of the `nics`
+// installed, and a note is printed for each.
+void EnablePxe(NicBootSettings& settings, int nic, size_t nics) {
     const int count = static_cast<int>(std::min(nics, sizeof settings.nic));
     for (int i = 0; i < count; ++i) {
-        if (settings.nic[i] != kNicBootPxe || i == place) continue;
-        SayPxeMoved(i);
+        if (settings.nic[i] != kNicBootPxe || i == nic) continue;
+        PrintPxeMoved(i);
         settings.nic[i] = kNicBootNone;
     }
-    settings.nic[place] = kNicBootPxe;
+    settings.nic[nic] = kNicBootPxe;
 }
 
-// As above. Where several flags are set, only the lowest one's NIC is named, and not when it is this one.
-void EnablePxe(NicPxeFlags& flags, int place) {
+// Does the same with the flags of older firmware, but prints at most one note: if several flags are set, only
+// the lowest counts, and there is no note if that is the flag of `nic`.
+void EnablePxe(NicPxeFlags& flags, int nic) {
     int first = 0;
     while (first < kNamedNics && (flags.nics >> first & 1) == 0) ++first;
-    if (first < kNamedNics && first != place) SayPxeMoved(first);
-    flags.nics = static_cast<uint8_t>((flags.nics & ~kAllPxeFlags) | 1 << place);
+    if (first < kNamedNics && first != nic) PrintPxeMoved(first);
+    flags.nics = static_cast<uint8_t>((flags.nics & ~kAllPxeFlags) | 1 << nic);
 }
 
-void DisablePxe(NicBootSettings& settings, int place) {
-    settings.nic[place] = kNicBootNone;
+void DisablePxe(NicBootSettings& settings, int nic) {
+    settings.nic[nic] = kNicBootNone;
 }
 
-void DisablePxe(NicPxeFlags& flags, int place) {
-    flags.nics = static_cast<uint8_t>(flags.nics & ~(1 << place));
+void DisablePxe(NicPxeFlags& flags, int nic) {
+    flags.nics = static_cast<uint8_t>(flags.nics & ~(1 << nic));
 }
 
-int SwitchPxe(InputLineType* line, bool enable) {
-    if (line->NumWords == 2) return ShowUsage();
-    if (line->NumWords != 3) return InvalidArguments();
-    const char* word = line->Words[2];
-    const int place = PlaceOf(word);
-    if (place < 0) {
+int SwitchPxe(const InputLineType& line, bool enable) {
+    if (line.NumWords == 2) return ShowUsage();
+    if (line.NumWords != 3) return InvalidArguments();
+    const char* word = line.Words[2];
+    const int nic = IndexOf(word);
+    if (nic < 0) {
         return Fail(enable ? "\nERROR: Failed to enable PXE. Please specify either NIC1, NIC2...NIC5"
                            : "\nERROR: Failed to disable PXE. Please specify either NIC, NIC2...NIC5");
     }
-    if (!HasNic(place)) return 1;
+    if (nic >= embedded_nics_installed) return FailWithoutNic();
 
     const auto nics = static_cast<size_t>(embedded_nics_installed);
     NicBootSettings settings;
     NicPxeFlags flags;
     bool written = false;
     if (ReadVariable(kBootSettings, settings, enable ? sizeof settings : nics)) {
-        enable ? EnablePxe(settings, place, nics) : DisablePxe(settings, place);
+        enable ? EnablePxe(settings, nic, nics) : DisablePxe(settings, nic);
         written = WriteVariable(kBootSettings, settings, nics);
     } else if (ReadVariable(kPxeFlags, flags)) {
-        enable ? EnablePxe(flags, place) : DisablePxe(flags, place);
+        enable ? EnablePxe(flags, nic) : DisablePxe(flags, nic);
         written = WriteVariable(kPxeFlags, flags);
     } else {
         return Fail("\nERROR: Failed to read PXE status.");
@@ -114,21 +108,21 @@ int SwitchPxe(InputLineType* line, bool enable) {
     return 0;
 }
 
-int SwitchIscsi(InputLineType* line, bool enable) {
-    if (line->NumWords == 2) return ShowUsage();
-    if (line->NumWords != 3) return InvalidArguments();
+int SwitchIscsi(const InputLineType& line, bool enable) {
+    if (line.NumWords == 2) return ShowUsage();
+    if (line.NumWords != 3) return InvalidArguments();
 
     NicBootSettings settings;
     if (!ReadVariable(kFirstBootSettings, settings)) return Fail(kSettingsUnreadable);
-    const char* word = line->Words[2];
-    const int place = PlaceOf(word);
-    if (place < 0) {
+    const char* word = line.Words[2];
+    const int nic = IndexOf(word);
+    if (nic < 0) {
         return Fail(enable ? "\nERROR: Failed to enable iSCSI. Please specify either NIC1, NIC2...NIC5"
                            : "\nERROR: Failed to disable iSCSI. Please specify either NIC, NIC2...NIC5");
     }
-    if (!HasNic(place)) return 1;
+    if (nic >= embedded_nics_installed) return FailWithoutNic();
 
-    settings.nic[place] = enable ? kNicBootIscsi : kNicBootNone;
+    settings.nic[nic] = enable ? kNicBootIscsi : kNicBootNone;
     if (!WriteVariable(kFirstBootSettings, settings)) {
         return Fail(enable ? "\nERROR: Failed to enable %s iSCSI support."
                            : "\nERROR: Failed to disable %s iSCSI support.",
@@ -142,20 +136,20 @@ int SwitchIscsi(InputLineType* line, bool enable) {
 
 }  // namespace
 
-const char* ReadNicBoot(NicBootStates& states) {
+bool ReadNicBoot(NicBootStates& states) {
     NicBootSettings settings;
-    if (!ReadVariable(kFirstBootSettings, settings)) return kSettingsUnreadable;
+    if (!ReadVariable(kFirstBootSettings, settings)) return false;
     for (int i = 0; i < kNicBootStates; ++i) {
         states.nic[i] = TextOfCode(kStates, settings.nic[i], "Unknown setting");
     }
-    return nullptr;
+    return true;
 }
 
 int do_show_nic(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
     NicBootStates states;
-    if (const char* error = ReadNicBoot(states)) return Fail("%s", error);
+    if (!ReadNicBoot(states)) return Fail(kSettingsUnreadable);
 
     const int nics = embedded_nics_installed;
     if (nics < 0) {
@@ -169,17 +163,17 @@ int do_show_nic(InputLineType* InputLine) {
 }
 
 int do_enable_nic_pxe(InputLineType* InputLine) {
-    return SwitchPxe(InputLine, true);
+    return SwitchPxe(*InputLine, true);
 }
 
 int do_disable_nic_pxe(InputLineType* InputLine) {
-    return SwitchPxe(InputLine, false);
+    return SwitchPxe(*InputLine, false);
 }
 
 int do_enable_nic_iscsi(InputLineType* InputLine) {
-    return SwitchIscsi(InputLine, true);
+    return SwitchIscsi(*InputLine, true);
 }
 
 int do_disable_nic_iscsi(InputLineType* InputLine) {
-    return SwitchIscsi(InputLine, false);
+    return SwitchIscsi(*InputLine, false);
 }

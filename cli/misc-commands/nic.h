@@ -3,11 +3,15 @@
 
 #include "cli/command/command.h"
 
-constexpr int kNicBootStates = 10;  // as many NICs as SHOW NIC knows of
+constexpr int kNicBootStates = 10;  // SHOW NIC lists the first 10 NICs
+
 struct NicBootStates {
-    const char* nic[kNicBootStates];
+    const char* nic[kNicBootStates];  // "PXE disabled", "PXE enabled", "iSCSI enabled" or "Unknown setting"
 };
-const char* ReadNicBoot(NicBootStates& states);
+
+// Reads how the first NICs boot, whether or not the server has that many. Returns false if the settings can't
+// be read. Prints nothing.
+bool ReadNicBoot(NicBootStates& states);
 
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
 int do_show_nic(InputLineType* InputLine);

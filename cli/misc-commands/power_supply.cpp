@@ -1,4 +1,4 @@
-// SHOW POWERSUPPLY: a block of lines for each bay, printed as soon as the bay has been read.
+// SHOW POWERSUPPLY prints each bay as soon as it has been read.
 
 #include "cli/misc-commands/power_supply.h"
 
@@ -26,23 +26,24 @@ void PrintSupply(const SupplyStatus& supply) {
 
 }  // namespace
 
-SupplyBays::SupplyBays() {
+SupplyCountRead ReadSupplyCount(int& num_ps) {
     const Reply<POWERSUPPLYHEADER> header(kSupplyHeaderTable, 0);
-    if (!header) return;
-    found_ = header->ucDataAvailable != 0 ? Found::Bays : Found::NoData;
-    if (found_ == Found::Bays) num_ps = header->ucNumSupportedByChassis;
+    if (!header) return SupplyCountRead::Failed;
+    if (header->ucDataAvailable == 0) return SupplyCountRead::NoData;
+    num_ps = header->ucNumSupportedByChassis;
+    return SupplyCountRead::Done;
 }
 
-bool SupplyBays::Read(int index, SupplyStatus& supply) {
+bool ReadSupply(int index, LegacySupplies& legacy_supplies, SupplyStatus& supply) {
     supply = {};
-    const std::optional<POWERSUPPLYNUMBERS> older = older_records_.Read(index);
-    if (older && older->ucPresent == 0) return true;
+    const std::optional<POWERSUPPLYNUMBERS> legacy = legacy_supplies.Read(index);
+    if (legacy && legacy->ucPresent == 0) return true;
 
     const Reply<COMMONFEATUREINFO> feature(kSupplyFeatureTable, index);
     if (!feature) return false;
     const DEVICE_STATE_FLAGS state = feature->DeviceState;
     supply.present = state.s1.bit_PhysicallyPresent != 0;
-    supply.installed = older || supply.present;
+    supply.installed = legacy || supply.present;
     if (!supply.installed) return true;
 
     const Reply<POWERSUPPLYBASIC> basic(kSupplyBasicTable, index);
@@ -53,20 +54,25 @@ bool SupplyBays::Read(int index, SupplyStatus& supply) {
     return true;
 }
 
-// Words behind the command are ignored.
+// Ignores further words of the line.
 int do_show_powersupply(InputLineType* /*InputLine*/) {
-    SupplyBays bays;
-    if (bays.What() == SupplyBays::Found::Refused) return Fail("\nNo powersupplies were detected.");
-    if (bays.What() == SupplyBays::Found::NoData) {
-        return Fail(
-            "\nNo Power Supply data found."
-            "\nThis system may not support powersupply health reporting.");
+    int num_ps = 0;
+    switch (ReadSupplyCount(num_ps)) {
+        case SupplyCountRead::Failed: return Fail("\nNo powersupplies were detected.");
+        case SupplyCountRead::NoData:
+            return Fail(
+                "\nNo Power Supply data found."
+                "\nThis system may not support powersupply health reporting.");
+        case SupplyCountRead::Done: break;
     }
 
-    for (int i = 0; i < bays.Count(); ++i) {
+    LegacySupplies legacy_supplies;
+    for (int i = 0; i < num_ps; ++i) {
         std::printf("\nPower supply #%d", i + 1);
         SupplyStatus supply;
-        if (!bays.Read(i, supply)) return Fail("\nERROR \"SHOW POWERSUPPLY\" command failed.");
+        if (!ReadSupply(i, legacy_supplies, supply)) {
+            return Fail("\nERROR \"SHOW POWERSUPPLY\" command failed.");
+        }
         PrintSupply(supply);
     }
     return 0;

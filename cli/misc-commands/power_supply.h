@@ -5,30 +5,24 @@
 #include "cli/health-table/health_table.h"
 #include "include/health_records.h"
 
+// Values that were not read are false or null.
 struct SupplyStatus {
-    bool installed;  // false: the bay is empty, and nothing else is known of it
-    bool present;    // by the common feature record, which may differ from what the older one says
+    bool installed;  // false: the bay is empty, and the members below have no values
+    bool present;    // as the common feature record states it, which may differ from the legacy record
     bool redundant;
-    const char* condition;  // "Ok", "DEGRADED" or "FAILED"; null
+    const char* condition;  // "Ok", "DEGRADED" or "FAILED"
     bool hot_pluggable;
 };
 
-class SupplyBays {
-  public:
-    enum class Found { Refused, NoData, Bays };
+using LegacySupplies = LegacyRecords<POWERSUPPLYNUMBERS, kSupplyNumbersTable>;
 
-    SupplyBays();  // reads the header
-    Found What() const { return found_; }
-    int Count() const { return num_ps; }  // 0 unless bays were found
+enum class SupplyCountRead { Done, Failed, NoData };
 
-    // Reads a bay, index from 0, in ascending order. False when the driver refuses a record of it.
-    bool Read(int index, SupplyStatus& supply);
+// Reads the number of bays. A message is printed only if memory runs out (see generic_dtioctl).
+SupplyCountRead ReadSupplyCount(int& num_ps);
 
-  private:
-    Found found_ = Found::Refused;
-    int num_ps = 0;
-    OlderRecords<POWERSUPPLYNUMBERS> older_records_{kSupplyNumbersTable};
-};
+// Reads bay `index`, from 0. Returns false if a record can't be read. Prints as ReadSupplyCount does.
+bool ReadSupply(int index, LegacySupplies& legacy_supplies, SupplyStatus& supply);
 
 // The command handler. Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_powersupply(InputLineType* InputLine);

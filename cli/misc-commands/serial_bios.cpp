@@ -1,4 +1,3 @@
-// The serial port of the BIOS console, and its baud rate.
 #include "cli/misc-commands/serial_bios.h"
 
 #include <cstdio>
@@ -51,7 +50,7 @@ bool WriteBaud(uint8_t code) {
     return WriteVariable(kBaud, BiosBaud{{code}, {}});
 }
 
-// with_baud: whether the command names a rate. It isn't looked at, but the variable is cleared.
+// `with_baud`: the command contains a baud rate. Its value is ignored, and the variable is cleared.
 int DisablePort(bool with_baud) {
     bool written = WritePort(kBiosPortDisabled);
     if (with_baud) written = WriteBaud(0) && written;
@@ -82,31 +81,35 @@ int do_set_bios_serial_port(InputLineType* InputLine) {
         return Fail("\nERROR: Invalid baud rate. Baud rate must be either 9600, 19200, 57600 or 115200.");
     }
     const bool port_written = WritePort(port->code);
-    const bool baud_written = WriteBaud(baud->code);  // whatever became of the port
+    const bool baud_written = WriteBaud(baud->code);  // even if the port could not be written
     if (!port_written || !baud_written) return Fail(kNotWritten);
 
     std::printf("\nSuccessfully set BIOS serial port to %s/%s.", port->word, baud->word);
     return 0;
 }
 
-const char* ReadBiosSerialPort(BiosSerialPort& shown) {
+BiosSerialPortRead ReadBiosSerialPort(BiosSerialPort& shown) {
     BiosBaud baud;
-    if (!ReadVariable(kBaud, baud)) return "\nERROR: Failed to read BIOS serial port baud.";
+    if (!ReadVariable(kBaud, baud)) return BiosSerialPortRead::BaudFailed;
     BiosPort port;
-    if (!ReadVariable(kPort, port)) return "\nERROR: Failed to read BIOS serial port status.";
+    if (!ReadVariable(kPort, port)) return BiosSerialPortRead::PortFailed;
 
     const Port* row = FindCode(kPorts, port.port);
     const Baud* rate = FindCode(kBauds, baud.baud.s.bits_Rate);
     shown.port = row != nullptr ? row->shown : nullptr;
     shown.baud = rate != nullptr ? rate->word : "UNKNOWN";
-    return nullptr;
+    return BiosSerialPortRead::Done;
 }
 
 int do_show_bios_serial_port(InputLineType* InputLine) {
     if (InputLine->NumWords > 3) return InvalidArguments();
 
     BiosSerialPort port{};
-    if (const char* error = ReadBiosSerialPort(port)) return Fail("%s", error);
+    switch (ReadBiosSerialPort(port)) {
+        case BiosSerialPortRead::BaudFailed: return Fail("\nERROR: Failed to read BIOS serial port baud.");
+        case BiosSerialPortRead::PortFailed: return Fail("\nERROR: Failed to read BIOS serial port status.");
+        case BiosSerialPortRead::Done: break;
+    }
     if (port.port == nullptr) return Fail("\nThe BIOS serial port is currently disabled.");
 
     std::printf("\nThe BIOS serial port is currently set to %s/%s.", port.port, port.baud);

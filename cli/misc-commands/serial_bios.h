@@ -5,9 +5,13 @@
 
 struct BiosSerialPort {
     const char* port;  // null: disabled
-    const char* baud;
+    const char* baud;  // "UNKNOWN" for a code that has no name
 };
-const char* ReadBiosSerialPort(BiosSerialPort& shown);
+
+enum class BiosSerialPortRead { Done, BaudFailed, PortFailed };
+
+// Reads the port and its baud rate. Prints nothing.
+BiosSerialPortRead ReadBiosSerialPort(BiosSerialPort& shown);
 
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
 int do_show_bios_serial_port(InputLineType* InputLine);

@@ -1,5 +1,5 @@
-// The embedded serial ports A and B and the management processor's virtual one. No two of them are to have
-// the same COM number: the one that is set takes it from the one that had it.
+// Two ports must not have the same COM number. So if a command assigns a number that another port has, it
+// disables the other port or assigns it another number.
 #include "cli/misc-commands/serial_ports.h"
 
 #include <cstdio>
@@ -18,8 +18,8 @@ SERIALPORT& EmbeddedPort(WOLEVREC& ztsbkt, int port) {
     return port == 0 ? ztsbkt.uart1 : ztsbkt.uart2;
 }
 
-// A choice's place in its table is its COM number; 0 disables the port. Its byte is the port's whole: the
-// number in the low bits and the interrupt line that goes with it in the high ones.
+// A table of choices is indexed by the COM number; 0 disables the port. `byte` is the new value of the port's
+// whole byte: the COM number in the low bits, and the number's interrupt line in the high bits.
 struct VirtualChoice {
     const char* word;
     uint8_t byte;
@@ -35,9 +35,9 @@ constexpr VirtualChoice kVirtualChoices[] = {
 struct EmbeddedChoice {
     const char* word;
     uint8_t byte;
-    uint8_t other_moves_to;  // the COM number that the other port gets when it had this one
-    const char* on_tr500k2;  // why the choice is refused there; null where it isn't
-    const char* elsewhere;
+    uint8_t other_moves_to;  // the new COM number of the other embedded port if it has this one
+    const char* on_tr500k2;  // the error message there, or null if the choice is valid
+    const char* elsewhere;   // the error message on other servers
 };
 
 constexpr char kTr500k2Range[] = "\nERROR: The Corvex TR500K2 only supports COM1, COM2, COM3 or DISABLED.";
@@ -63,20 +63,20 @@ constexpr EmbeddedChoice kEmbeddedChoices[2][5] = {
 };
 // clang-format on
 
-// Whether each choice's byte holds the COM number that is its place.
+// Returns whether each byte contains the COM number that is its index.
 template <typename Choice, size_t kCount>
-constexpr bool HoldItsPlace(const Choice (&choices)[kCount]) {
+constexpr bool ContainTheirIndexes(const Choice (&choices)[kCount]) {
     for (size_t com = 0; com < kCount; ++com) {
         if ((choices[com].byte & 7) != (com == 0 ? size_t{kUartDisabled} : com)) return false;
     }
     return true;
 }
-static_assert(HoldItsPlace(kVirtualChoices) && HoldItsPlace(kEmbeddedChoices[0]) &&
-                  HoldItsPlace(kEmbeddedChoices[1]),
-              "a port would get another number than the one asked for");
+static_assert(ContainTheirIndexes(kVirtualChoices) && ContainTheirIndexes(kEmbeddedChoices[0]) &&
+                  ContainTheirIndexes(kEmbeddedChoices[1]),
+              "a port would get another number than the requested one");
 
-// Gives the other embedded port another number when it has the one that this port is getting. Whether the
-// virtual port has that other number isn't asked.
+// Assigns the other embedded port another number if it has the number `com` that `port` gets. Doesn't check
+// whether the virtual port has that other number.
 void MoveOtherPort(WOLEVREC& ztsbkt, int port, int com) {
     const int other = 1 - port;
     SERIALPORT& moved = EmbeddedPort(ztsbkt, other);
@@ -90,7 +90,8 @@ void MoveOtherPort(WOLEVREC& ztsbkt, int port, int com) {
     moved.s.reserved_1 = reserved & 1;
 }
 
-// The two notes differ in case, and stay so: what is printed is an interface.
+// Disables the virtual port if its number is `com`. The two notes differ in case; they stay so because
+// scripts may compare them.
 void TakeFromVirtualPort(WOLEVREC& ztsbkt, int com) {
     if (ztsbkt.vsp.s.bits_UART1 != com) return;
 
@@ -101,7 +102,7 @@ void TakeFromVirtualPort(WOLEVREC& ztsbkt, int com) {
     ztsbkt.vsp.s.bits_UART1 = kUartDisabled;
 }
 
-// One embedded port at most: port A before port B.
+// Disables the first embedded port whose number is `com`.
 void TakeFromEmbeddedPort(WOLEVREC& ztsbkt, int com) {
     for (int port = 0; port < 2; ++port) {
         SERIALPORT& embedded = EmbeddedPort(ztsbkt, port);
@@ -116,38 +117,28 @@ void TakeFromEmbeddedPort(WOLEVREC& ztsbkt, int com) {
     }
 }
 
-// How a port's number is shown; null when it is none that the firmware should have.
-const char* UartText(unsigned uart) {
-    constexpr const char* kTexts[] = {nullptr, "COM1", "COM2", "COM3", "COM4", nullptr, nullptr, "disabled"};
-    return kTexts[uart & 7];
+// Returns the printed name of a COM number, or null if the number is invalid.
+const char* UartName(unsigned uart) {
+    constexpr const char* kNames[] = {nullptr, "COM1", "COM2", "COM3", "COM4", nullptr, nullptr, "disabled"};
+    return kNames[uart & 7];
 }
 
 }  // namespace
 
-const char* ReadVirtualPort(const char*& port) {
+VirtualPortRead ReadVirtualPort(const char*& port) {
     WOLEVREC ztsbkt;
-    if (!ReadVariable(kConfiguration, ztsbkt)) {
-        return "\nERROR: Failed to read Virtual serial port status.";
-    }
-    const char* text = UartText(ztsbkt.vsp.s.bits_UART1);
-    if (text == nullptr) {
-        return "\nERROR: Kelm Virtual serial port is in an unknown state."
-               "\nYou may have to upgrade the Kelm firmware to version 1.55 or later"
-               "\nor use KONF to set its initial configuration..";
-    }
-    port = text;
-    return nullptr;
+    if (!ReadVariable(kConfiguration, ztsbkt)) return VirtualPortRead::Failed;
+    port = UartName(ztsbkt.vsp.s.bits_UART1);
+    return port != nullptr ? VirtualPortRead::Done : VirtualPortRead::UnknownState;
 }
 
-const char* ReadEmbeddedPorts(EmbeddedPorts& ports) {
+bool ReadEmbeddedPorts(EmbeddedPorts& ports) {
     WOLEVREC ztsbkt;
-    if (!ReadVariable(kConfiguration, ztsbkt)) {
-        return "\nERROR: Failed to read embedded serial status.";
-    }
+    if (!ReadVariable(kConfiguration, ztsbkt)) return false;
     for (int port = 0; port < 2; ++port) {
-        ports.port[port] = UartText(EmbeddedPort(ztsbkt, port).s.bits_UART);
+        ports.port[port] = UartName(EmbeddedPort(ztsbkt, port).s.bits_UART);
     }
-    return nullptr;
+    return true;
 }
 
 int do_set_virtual_serial_port(InputLineType* InputLine) {
@@ -182,7 +173,15 @@ int do_show_vsp(InputLineType* InputLine) {
     if (InputLine->NumWords != 3) return InvalidArguments();
 
     const char* port = nullptr;
-    if (const char* error = ReadVirtualPort(port)) return Fail("%s", error);
+    switch (ReadVirtualPort(port)) {
+        case VirtualPortRead::Failed: return Fail("\nERROR: Failed to read Virtual serial port status.");
+        case VirtualPortRead::UnknownState:
+            return Fail(
+                "\nERROR: Kelm Virtual serial port is in an unknown state."
+                "\nYou may have to upgrade the Kelm firmware to version 1.55 or later"
+                "\nor use KONF to set its initial configuration..");
+        case VirtualPortRead::Done: break;
+    }
     std::printf("\nVirtual serial port is currently %s.", port);
     return 0;
 }
@@ -199,8 +198,8 @@ int do_set_embedded_serial_port(InputLineType* InputLine) {
         return Fail("\nERROR: Invalid argument %s. It must be either COM1, COM2, COM3, COM4 or DISABLED",
                     word);
     }
-    const char* refusal = is_tr500k2() ? choice->on_tr500k2 : choice->elsewhere;
-    if (refusal != nullptr) return Fail("%s", refusal);
+    const char* error = is_tr500k2() ? choice->on_tr500k2 : choice->elsewhere;
+    if (error != nullptr) return Fail("%s", error);
 
     EmbeddedPort(ztsbkt, port).ucData = choice->byte;
     const auto com = static_cast<int>(choice - kEmbeddedChoices[port]);
@@ -220,7 +219,7 @@ int do_show_embedded_serial_port(InputLineType* InputLine) {
     if (InputLine->NumWords > 3) return InvalidArguments();
 
     EmbeddedPorts ports{};
-    if (const char* error = ReadEmbeddedPorts(ports)) return Fail("%s", error);
+    if (!ReadEmbeddedPorts(ports)) return Fail("\nERROR: Failed to read embedded serial status.");
 
     for (int port = 0; port < 2; ++port) {
         const char* text = ports.port[port];

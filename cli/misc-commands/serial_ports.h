@@ -4,12 +4,16 @@
 #include "cli/command/command.h"
 
 struct EmbeddedPorts {
-    const char* port[2];  // A and B: a number, or disabled; null: unknown
+    const char* port[2];  // of A and B: "COM1" to "COM4" or "disabled"; null if the number is invalid
 };
-const char* ReadEmbeddedPorts(EmbeddedPorts& ports);
 
-// Only with the management processor.
-const char* ReadVirtualPort(const char*& port);
+// Returns false if the ports can't be read. Prints nothing.
+bool ReadEmbeddedPorts(EmbeddedPorts& ports);
+
+enum class VirtualPortRead { Done, Failed, UnknownState };
+
+// Reads the virtual serial port of the management processor: "COM1" to "COM4" or "disabled". Prints nothing.
+VirtualPortRead ReadVirtualPort(const char*& port);
 
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
 int do_show_embedded_serial_port(InputLineType* InputLine);

@@ -4,10 +4,11 @@
 
 #include "cli/command/command.h"
 
-const char* ReadShutdown(bool& enabled);
-const char* ReadWakeOnLan(bool& enabled);
-const char* ReadHyperThreading(bool& enabled);
-const char* ReadF1Prompt(const char*& state);
+// Return false if the setting can't be read. Print nothing.
+bool ReadShutdown(bool& enabled);  // automatic shutdown
+bool ReadWakeOnLan(bool& enabled);
+bool ReadHyperThreading(bool& enabled);
+bool ReadF1Prompt(const char*& state);  // "undefined", "enabled", "disabled" or "delayed"
 
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
 int do_show_eaas(InputLineType* InputLine);

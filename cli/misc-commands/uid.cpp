@@ -1,5 +1,3 @@
-// SHOW UID and SET UID: the unit identification light, by which a server is found in its rack.
-
 #include "cli/misc-commands/uid.h"
 
 #include <cstdio>
@@ -25,25 +23,22 @@ std::unique_ptr<INDCBASIC> NewReply() {
     return std::unique_ptr<INDCBASIC>(new (std::nothrow) INDCBASIC{});
 }
 
-// Sends a control request for the light; generic_dtioctl can't set the control fields. If the request
-// succeeds, stores the light's state in `reply`, which the caller has cleared. Returns the result of the
-// request.
-int ControlLight(IndicatorSubfunction subfunction, INDCBASIC* reply) {
+}  // namespace
+
+int ControlLight(IndicatorSubfunction subfunction, INDCBASIC& reply) {
     DT_IOCTL request{};
-    request.DtHdr.size = sizeof *reply;
+    request.DtHdr.size = sizeof reply;
     request.DtHdr.DT_Type = kIndicatorControlTable;
     request.DtHdr.CRUFunction = kIndicatorControl;
     request.DtHdr.CRUSubfunction = subfunction;
-    request.pData = reply;
+    request.pData = &reply;
     return vxIoctlRequest(cdt_fd, kDataTableRequest, &request);
 }
-
-}  // namespace
 
 LightRead ReadLight(const char*& state) {
     const auto reply = NewReply();
     if (!reply) return LightRead::NoMemory;
-    if (ControlLight(kReportState, reply.get()) != 0) return LightRead::Failed;
+    if (ControlLight(kReportState, *reply) != 0) return LightRead::Failed;
     state = TextOfCode(kStates, reply->ucCurrState, "in an unknown state");
     return LightRead::Done;
 }
@@ -81,7 +76,7 @@ int do_set_uid(InputLineType* InputLine) {
         const auto reply = NewReply();
         if (!reply) return Fail("\nERROR: Could not allocate memory for \"SET UID\" command.");
         // The result isn't examined: SHOW UID reads the state.
-        ControlLight(on ? kTurnOn : kTurnOff, reply.get());
+        ControlLight(on ? kTurnOn : kTurnOff, *reply);
     }
     std::printf("\nUID is now %s.", on ? "on" : "off");
     return 0;

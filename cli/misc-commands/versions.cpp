@@ -1,4 +1,3 @@
-// The versions of the firmware's components.
 #include "cli/misc-commands/versions.h"
 
 #include <algorithm>
@@ -30,7 +29,7 @@ constexpr Component kComponents[] = {
     {1, "KRL",         &VERSEVREC::krl_baseline,    &VERSEVREC::krl_current},
 };
 // clang-format on
-static_assert(std::size(kComponents) == std::size(ComponentVersions{}.component), "each has its place");
+static_assert(std::size(kComponents) == std::size(ComponentVersions{}.component), "each row has its element");
 
 bool AllZero(const VERSEVREC& versions) {
     const auto* bytes = reinterpret_cast<const uint8_t*>(&versions);
@@ -43,19 +42,19 @@ void PrintVersion(const char* which, const VERSION& version) {
 
 }  // namespace
 
-const char* ReadVersions(ComponentVersions& versions) {
+bool ReadVersions(ComponentVersions& versions) {
     VERSEVREC record;
-    if (!ReadVariable(kVersions, record)) return "\nERROR: Failed to read version information.";
-    versions.told = !AllZero(record);
+    if (!ReadVariable(kVersions, record)) return false;
+    versions.known = !AllZero(record);
     ComponentVersion* next = versions.component;
     for (const Component& row : kComponents) *next++ = {row.name, record.*row.baseline, record.*row.current};
-    return nullptr;
+    return true;
 }
 
 int do_show_versions(InputLineType* /*InputLine*/) {
     ComponentVersions versions;
-    if (const char* error = ReadVersions(versions)) return Fail("%s", error);
-    if (!versions.told) {
+    if (!ReadVersions(versions)) return Fail("\nERROR: Failed to read version information.");
+    if (!versions.known) {
         std::printf("\nNo version information available");
         return 0;
     }

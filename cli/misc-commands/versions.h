@@ -6,14 +6,17 @@
 
 struct ComponentVersion {
     const char* name;
-    VERSION baseline;  // that the server came with
+    VERSION baseline;  // the version that the server was delivered with
     VERSION current;
 };
+
 struct ComponentVersions {
-    bool told;  // false: all numbers are 0
+    bool known;  // false: the firmware has no version information; all numbers are 0
     ComponentVersion component[7];
 };
-const char* ReadVersions(ComponentVersions& versions);
+
+// Returns false if the versions can't be read. Prints nothing.
+bool ReadVersions(ComponentVersions& versions);
 
 // The command handler. Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_versions(InputLineType* InputLine);

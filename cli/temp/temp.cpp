@@ -7,27 +7,9 @@
 
 namespace {
 
-// Only the MAX1617 tells whether it is present; any other kind is taken to be.
+// Returns whether a sensor is present. Only the MAX1617 reports this; other kinds are always present.
 bool IsPresent(const COMMONFEATUREINFO& feature) {
     return feature.ucTypeOf != kMax1617 || feature.DeviceState.s1.bit_PhysicallyPresent != 0;
-}
-
-// index: the driver's, from -1 on (255 in the request). False when a record can't be read.
-bool ReadSensor(SensorStatus& sensor, int index) {
-    sensor = {};
-    {
-        const Reply<COMMONFEATUREINFO> feature(kTemperatureFeatureTable, index);
-        if (!feature) return false;
-        sensor.present = IsPresent(*feature);
-        if (!sensor.present) return true;
-        sensor.location = LocationName(feature->Location, ZoneNames::OfSensors);
-    }
-
-    const Reply<TEMPERATURENUMBERS> degrees(kTemperatureNumbersTable, index);
-    if (!degrees) return false;
-    if (degrees->ucTemperatureIsValid != 0) sensor.celsius = degrees->ucCelciusTemperature;
-    if (degrees->ucThresholdIsValid != 0) sensor.threshold = degrees->ucCelciusThreshold;
-    return true;
 }
 
 enum Cell { kLocation = 1, kTemp = 2, kThreshold = 3 };
@@ -42,7 +24,7 @@ void SetDegrees(field& cell, int celsius) {
     SetCell(cell, "%dC/%dF", celsius, Fahrenheit(celsius));
 }
 
-// What isn't known shows as " - ".
+// Formats a row of the table, except the sensor's number. Unknown values are printed as " - ".
 outdata RowOf(const SensorStatus& sensor) {
     outdata row;
     for (field& cell : row.tdata) SetCell(cell, " - ");
@@ -54,35 +36,51 @@ outdata RowOf(const SensorStatus& sensor) {
 
 }  // namespace
 
-SensorsRead ReadSensors(Sensors& sensors) {
+SensorCountRead ReadSensorCount(int& count) {
+    const Reply<TEMPERATUREHEADER> header(kTemperatureHeaderTable, 0);
+    if (!header) return SensorCountRead::Failed;
+    if (header->ucDataAvailable == 0) return SensorCountRead::NotFound;
+    count = header->ucNumSupportedByChassis + 1;
+    return SensorCountRead::Done;
+}
+
+bool ReadSensor(int index, SensorStatus& sensor) {
+    const int driver_index = index - 1;
+    sensor = {};
     {
-        const Reply<TEMPERATUREHEADER> header(kTemperatureHeaderTable, 0);
-        if (!header) return SensorsRead::Failed;
-        if (header->ucDataAvailable == 0) return SensorsRead::NotFound;
-        sensors.count = header->ucNumSupportedByChassis + 1;
+        const Reply<COMMONFEATUREINFO> feature(kTemperatureFeatureTable, driver_index);
+        if (!feature) return false;
+        sensor.present = IsPresent(*feature);
+        if (!sensor.present) return true;
+        sensor.location = LocationName(feature->Location, ZoneNames::OfSensors);
     }
 
-    for (int i = 0; i < sensors.count; ++i) {
-        if (!ReadSensor(sensors.sensors[i], i - 1)) return SensorsRead::Failed;
-    }
-    return SensorsRead::All;
+    const Reply<TEMPERATURENUMBERS> degrees(kTemperatureNumbersTable, driver_index);
+    if (!degrees) return false;
+    if (degrees->ucTemperatureIsValid != 0) sensor.celsius = degrees->ucCelciusTemperature;
+    if (degrees->ucThresholdIsValid != 0) sensor.threshold = degrees->ucCelciusThreshold;
+    return true;
 }
 
 int do_show_temp(InputLineType* InputLine) {
     if (InputLine->NumWords != 2) return InvalidArguments();
 
-    Sensors sensors;
-    switch (ReadSensors(sensors)) {
-        case SensorsRead::Failed: return Fail("\nERROR: \"SHOW TEMP\" command failed.");
-        case SensorsRead::NotFound: return Fail("\nINFO: No temperature sensors found.");
-        case SensorsRead::All: break;
+    int count = 0;
+    switch (ReadSensorCount(count)) {
+        case SensorCountRead::Failed: return Fail("\nERROR: \"SHOW TEMP\" command failed.");
+        case SensorCountRead::NotFound: return Fail("\nINFO: No temperature sensors found.");
+        case SensorCountRead::Done: break;
     }
 
     outdata out_array[kMaxSensors];
-    for (int i = 0; i < sensors.count; ++i) out_array[i] = RowOf(sensors.sensors[i]);
+    for (int i = 0; i < count; ++i) {
+        SensorStatus sensor;
+        if (!ReadSensor(i, sensor)) return Fail("\nERROR: \"SHOW TEMP\" command failed.");
+        out_array[i] = RowOf(sensor);
+    }
 
     std::fputs(kHeading, stdout);
-    for (int i = 0; i < sensors.count; ++i) {
+    for (int i = 0; i < count; ++i) {
         std::printf("#%-9d", i);
         PrintRow(out_array[i], kColumns);
     }

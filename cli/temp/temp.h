@@ -1,4 +1,4 @@
-// The temperature sensors: what the driver's records say of each, and SHOW TEMP, a table with a row for each.
+// The temperature sensors, and SHOW TEMP, which prints a table with one row for each.
 #pragma once
 
 #include <optional>
@@ -6,32 +6,30 @@
 #include "cli/command/command.h"
 #include "cli/health-table/health_table.h"
 
-// What is known of one sensor; of one that isn't present, nothing else.
+// The state of one sensor. If it isn't present, the other members have no values.
 struct SensorStatus {
     bool present;
     field location;
-    std::optional<int> celsius;    // its reading; none when there is no valid one
-    std::optional<int> threshold;  // degrees Celsius; likewise
+    std::optional<int> celsius;    // the reading; empty if there is no valid one
+    std::optional<int> threshold;  // degrees Celsius; empty if there is no valid one
 };
 
-constexpr int kMaxSensors = 1 + 255;  // sensor -1, and those that the header counts in a byte
+constexpr int kMaxSensors = 1 + 255;  // the driver's sensor -1, and those that its header counts in a byte
 
-struct Sensors {
-    int count = 0;
-    // The first is the driver's sensor -1, which the header's count doesn't include.
-    SensorStatus sensors[kMaxSensors];
-};
+enum class SensorCountRead { Done, Failed, NotFound };
 
-enum class SensorsRead { All, Failed, NotFound };
+// Reads the number of sensors, including the driver's sensor -1. A message is printed only if memory runs out
+// (see generic_dtioctl).
+SensorCountRead ReadSensorCount(int& count);
 
-// Reads the sensors. Failed: a record that the driver refused; NotFound: it knows of no sensors. The sensors
-// aren't to be used then.
-SensorsRead ReadSensors(Sensors& sensors);
+// Reads row `index` of the table, from 0; this is the driver's sensor `index` - 1. Returns false if a record
+// can't be read. Prints as ReadSensorCount does.
+bool ReadSensor(int index, SensorStatus& sensor);
 
-// Rounded down, which truncation does for 0 or more. 0 shows as 0, not as 32.
+// Converts degrees Celsius, 0 or more, and rounds down. 0 results in 0, not 32.
 constexpr int Fahrenheit(int celsius) {
     return celsius == 0 ? 0 : 9 * celsius / 5 + 32;
 }
 
-// Prints nothing of the table unless every sensor could be read. Result: 0, or 1 on failure.
+// Prints the table only if every sensor can be read. Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_temp(InputLineType* InputLine);

@@ -120,27 +120,29 @@ TEST(RequestBlocks, ARecordIsFreedBeforeTheNextOneIsRead) {
     records_held = 0;
     last_record = nullptr;
     calls.clear();
-    Fans fans;
-    EXPECT_EQ(ReadFans(fans), FansRead::All);
-    Sensors sensors;
-    EXPECT_EQ(ReadSensors(sensors), SensorsRead::All);
-    MemoryModules modules;
+    LegacyFans legacy_fans;
+    FanStatus fan;
+    int count = 0;
+    EXPECT_EQ(ReadFanCount(count), FanCountRead::Done);
+    EXPECT_EQ(ReadFan(0, legacy_fans, fan), FanRead::Done);
+    SensorStatus sensor;
+    EXPECT_EQ(ReadSensorCount(count), SensorCountRead::Done);
+    EXPECT_TRUE(ReadSensor(0, sensor) && ReadSensor(1, sensor));
+    ReadSockets();
     EXPECT_EQ(calls.size(), 4 + 5 + 2);
     EXPECT_EQ(records_held, 0);
 }
 
 TEST(RequestBlocks, NoneFollowsAFailedOneInAWalkOfMemoryModules) {
-    using Next = MemoryModules::Next;
+    InputLineType line{};
+    line.NumWords = 2;
     result = 0;
     record = 1;
     for (const DataTableType table : {kModuleConfigTable, kModuleStatusTable}) {
         failing_table = table;
-        MemoryModules modules;
-        ModuleStatus module;
-        EXPECT_EQ(modules.ReadNext(module), table == kModuleConfigTable ? Next::End : Next::Failed);
         calls.clear();
-        EXPECT_EQ(modules.ReadNext(module), Next::End);
-        EXPECT_TRUE(calls.empty()) << table;
+        EXPECT_EQ(do_show_dimm(&line), table == kModuleConfigTable ? 0 : 1);
+        EXPECT_EQ(calls.size(), table == kModuleConfigTable ? 3 : 4) << table;
     }
     failing_table = 0;
 }
