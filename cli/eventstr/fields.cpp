@@ -1,5 +1,7 @@
 #include "cli/eventstr/fields.h"
 
+#include "cli/eventstr/words.h"
+
 namespace eventstr {
 namespace {
 

@@ -12,6 +12,7 @@
 #include <type_traits>
 
 #include "cli/eventstr/fields.h"
+#include "cli/eventstr/words.h"
 
 namespace eventstr {
 
@@ -36,7 +37,7 @@ size_t OffsetOf() {
                                reinterpret_cast<const char*>(&kRecord));
 }
 
-// Prints a field of `payload` with `kPrint`, one of the functions of fields.h.
+// Prints a field of `payload` with `kPrint`, one of the functions of fields.h or words.h.
 template <auto kField, auto kPrint>
 void PrintField(Bytes payload, TextWriter& out) {
     using Type = TypeOf<kField>;

@@ -1,5 +1,4 @@
-// The names of the values that payloads contain.
-#include "cli/eventstr/fields.h"
+#include "cli/eventstr/words.h"
 
 #include <cstddef>
 
