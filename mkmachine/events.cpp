@@ -1,8 +1,15 @@
-// Builds the event log from the sample events of all families.
 #include "mkmachine/events.h"
 
 #include <algorithm>
 #include <ctime>
+
+#include "mkmachine/events_adapters.h"
+#include "mkmachine/events_hardware.h"
+#include "mkmachine/events_infrastructure.h"
+#include "mkmachine/events_machine.h"
+#include "mkmachine/events_memory.h"
+#include "mkmachine/events_power.h"
+#include "mkmachine/events_system.h"
 
 namespace {
 

@@ -1,5 +1,4 @@
-// Sample events of classes 17 to 19: network adapters, SCSI, drive arrays.
-#include "mkmachine/events.h"
+#include "mkmachine/events_adapters.h"
 
 namespace {
 

@@ -1,5 +1,4 @@
-// Sample events of classes 4 to 9: cache, processors, buses, expansion slots.
-#include "mkmachine/events.h"
+#include "mkmachine/events_hardware.h"
 
 namespace {
 

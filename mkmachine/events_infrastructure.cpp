@@ -1,5 +1,4 @@
-// Sample events of class 34: blade enclosures and power enclosures.
-#include "mkmachine/events.h"
+#include "mkmachine/events_infrastructure.h"
 
 namespace {
 

@@ -1,5 +1,4 @@
-// Sample events of class 2: heat, fans, side panels.
-#include "mkmachine/events.h"
+#include "mkmachine/events_machine.h"
 
 namespace {
 

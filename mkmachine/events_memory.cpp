@@ -1,5 +1,4 @@
-// Sample events of class 3: main memory.
-#include "mkmachine/events.h"
+#include "mkmachine/events_memory.h"
 
 namespace {
 

@@ -1,5 +1,4 @@
-// Sample events of class 11: the power subsystem.
-#include "mkmachine/events.h"
+#include "mkmachine/events_power.h"
 
 namespace {
 

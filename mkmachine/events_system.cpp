@@ -1,6 +1,4 @@
-// Sample events of classes 10, 13, 14, 20, 32 and 33: POST, server recovery, operating system, unrecoverable
-// errors, ROM flashes, maintenance notes.
-#include "mkmachine/events.h"
+#include "mkmachine/events_system.h"
 
 namespace {
 

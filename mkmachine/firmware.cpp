@@ -1,12 +1,9 @@
-// What a model's firmware leaves in memory, and what the system makes of its PCI bus.
-#include <string>
+#include "mkmachine/firmware.h"
 
 #include "include/smbios_records.h"
-#include "mkmachine/models.h"
 
 namespace {
 
-// With the management processor two bridges down, and without.
 constexpr char kPiclWithKelm[] =
     "picl\n"
     "  platform\n"
@@ -21,7 +18,8 @@ constexpr char kPiclWithoutKelm[] =
     "    obp-device vendor-id=0x8086 device-id=0x25d8\n"
     "      obp-device vendor-id=0x1002 device-id=0x515e\n";
 
-constexpr uint16_t kProcInfo = 0xC500;  // handles; of the first two, those of the first record
+// Handles of OEM records. kProcInfo and kDimmLocation are the first handles of their kind.
+constexpr uint16_t kProcInfo = 0xC500;
 constexpr uint16_t kDimmLocation = 0xCA00;
 constexpr uint16_t kRack = 0xCC00;
 constexpr uint16_t kNics = 0xD100;
@@ -37,20 +35,20 @@ void AddMemory(SmbiosTable& table, const Hardware& hardware) {
     table.Add(MappedAddressRecord(0x1300, hardware.array.handle, installedMiB * 1024));
 }
 
-void AddPlaces(SmbiosTable& table, const Hardware& hardware) {
+void AddLocations(SmbiosTable& table, const Hardware& hardware) {
     uint16_t handle = kProcInfo;
-    for (const ProcessorPlace& place : hardware.processor_places) {
-        table.Add(ProcInfoRecord(++handle, place.processor, place.socket));
+    for (const ProcessorLocation& location : hardware.processor_locations) {
+        table.Add(ProcInfoRecord(++handle, location.processor, location.socket));
     }
     handle = kDimmLocation;
-    for (const ModulePlace& place : hardware.module_places) {
-        table.Add(DimmLocationRecord(handle++, place.device, place.board, place.socket));
+    for (const ModuleLocation& location : hardware.module_locations) {
+        table.Add(DimmLocationRecord(handle++, location.device, location.board, location.socket));
     }
 }
 
-void AddMakersRecords(SmbiosTable& table, const Hardware& hardware) {
-    AddPlaces(table, hardware);
-    if (hardware.rack) table.Add(RackRecord(kRack, hardware.rack->enclosure, hardware.rack->bay));
+void AddOemRecords(SmbiosTable& table, const Hardware& hardware) {
+    AddLocations(table, hardware);
+    if (hardware.blade) table.Add(RackRecord(kRack, hardware.blade->enclosure, hardware.blade->bay));
     if (!hardware.nics.empty()) table.Add(NicRecord(kNics, hardware.nics));
     if (!hardware.ports.empty()) table.Add(PortMapRecord(kPortMap, hardware.ports));
 }
@@ -67,11 +65,10 @@ void AddPicl(MachineBuilder& machine, Kelm kelm) {
     machine.Write("picl", kelm == Kelm::Present ? kPiclWithKelm : kPiclWithoutKelm);
 }
 
-SmbiosTable TablesOf(const Model& model) {
-    const Hardware& hardware = model.hardware;
+SmbiosTable TablesOf(const std::string& product_name, const Hardware& hardware) {
     SmbiosTable table(hardware.smbios_minor_version);
     table.Add(BiosRecord(hardware.rom_version, hardware.rom_date));
-    table.Add(SystemRecord(model.product_name, hardware.serial));
+    table.Add(SystemRecord(product_name, hardware.serial));
     table.Add(ChassisRecord(hardware.chassis, hardware.serial));
     for (const Processor& processor : hardware.processors) {
         table.Add(ProcessorRecord(processor).CutTo(ProcessorLength(hardware.smbios_minor_version)));
@@ -79,7 +76,7 @@ SmbiosTable TablesOf(const Model& model) {
     for (const Cache& cache : hardware.caches) table.Add(CacheRecord(cache));
     AddMemory(table, hardware);
     table.Add(BootRecord(0x2000));
-    AddMakersRecords(table, hardware);
+    AddOemRecords(table, hardware);
     table.Add(EndRecord(0x7F00));
     return table;
 }

@@ -1,19 +1,17 @@
-// The driver's records of fans, temperature sensors, power supplies, the unit identification light and memory
-// modules.
-#include "include/health_records.h"
+#include "mkmachine/health_records.h"
+
 #include "include/memory_records.h"
-#include "mkmachine/models.h"
 
 namespace {
 
 void AddFan(MachineBuilder& machine, int index, const Fan& fan) {
     const bool redundant = (fan.state & kRedundant) != 0;
-    if (fan.older_record) {
-        FANDDATA older{};
-        older.ucPresent = (fan.state & kPresent) != 0;
-        older.ucRedundant = redundant;
-        older.ucRedundantPartner = static_cast<uint8_t>(fan.partner);
-        machine.Table(kFanDataTable, index, 0, older);
+    if (fan.legacy_record) {
+        FANDDATA legacy{};
+        legacy.ucPresent = (fan.state & kPresent) != 0;
+        legacy.ucRedundant = redundant;
+        legacy.ucRedundantPartner = static_cast<uint8_t>(fan.partner);
+        machine.Table(kFanDataTable, index, 0, legacy);
     }
 
     COMMONFEATUREINFO feature = Feature(index, fan.state, fan.zone, fan.instance);
@@ -47,10 +45,10 @@ void AddSensor(MachineBuilder& machine, int index, const Sensor& sensor) {
 }
 
 void AddSupply(MachineBuilder& machine, int index, const Supply& supply) {
-    if (supply.older != OlderRecord::None) {
-        POWERSUPPLYNUMBERS older{};
-        older.ucPresent = supply.older == OlderRecord::Present;
-        machine.Table(kSupplyNumbersTable, index, 0, older);
+    if (supply.legacy_record != LegacyRecord::None) {
+        POWERSUPPLYNUMBERS legacy{};
+        legacy.ucPresent = supply.legacy_record == LegacyRecord::Present;
+        machine.Table(kSupplyNumbersTable, index, 0, legacy);
     }
     machine.Table(kSupplyFeatureTable, index, 0, Feature(index, supply.state, kPowerSupplyZone));
 
@@ -94,11 +92,9 @@ void AddIndicators(MachineBuilder& machine, IndicatorState uid) {
     machine.Table(kIndicatorControlTable, 0, 0, light);
 }
 
-// The driver's records of memory modules.
-
 namespace {
 
-// index: the driver's. id: the label on the cartridge.
+// Adds the records of a cartridge. `index` is the driver's number, `id` the label on the cartridge.
 void AddCartridge(MachineBuilder& machine, int index, uint32_t id, const std::vector<Module>& modules) {
     RESMEM_CARTRIDGE_CONFIG cartridge{};
     cartridge.ulCartID = id;
@@ -125,7 +121,7 @@ void AddCartridge(MachineBuilder& machine, int index, uint32_t id, const std::ve
     }
 }
 
-// modules: of each cartridge.
+// Adds the record that counts the modules of each cartridge and the cartridges.
 void AddMemory(MachineBuilder& machine, size_t modules, size_t cartridges) {
     RESMEM_CONFIG memory{};
     memory.ulNumberModules = static_cast<uint32_t>(modules);

@@ -14,8 +14,12 @@ const Model* FindModel(const std::string& name) {
     return nullptr;
 }
 
+SmbiosTable TablesOf(const Model& model) {
+    return TablesOf(model.product_name, model.hardware);
+}
+
 void MakeMachine(const Model& model, const std::string& directory, std::optional<size_t> events) {
-    // The log comes first: when it is too large for memory, nothing is left behind.
+    // The log is built first: if memory runs out, the directory stays as it was.
     const std::string log = EventLog(events ? *events : EveryEvent().size());
 
     MachineBuilder machine(directory);

@@ -1,8 +1,7 @@
-// The firmware's settings as ROM variables, and the recovery timer's state.
+#include "mkmachine/rom_settings.h"
+
 #include <algorithm>
 #include <cstring>
-
-#include "mkmachine/models.h"
 
 namespace {
 
@@ -33,7 +32,7 @@ void AddBoot(MachineBuilder& machine, const RomSettings& settings) {
 }
 
 void AddNics(MachineBuilder& machine, const RomSettings& settings) {
-    std::string boot(10, '\0');  // a byte for each NIC, with room for more NICs than any model has
+    std::string boot(10, '\0');  // a byte per NIC; no model has more NICs
     NicPxeFlags flags{};
     for (size_t i = 0; i < settings.nics.size(); ++i) {
         boot[i] = static_cast<char>(settings.nics[i]);

@@ -1,11 +1,10 @@
-// The Corvex BX20: a blade, cooled and powered by its enclosure.
-#include "mkmachine/models.h"
+#include "mkmachine/models/bx20.h"
 
 namespace {
 
 // clang-format off
 const std::vector<Fan> kFans = {
-    // state, zone, instance, speed, percent, hot-plug, partner, older record
+    // state, zone, instance, speed, percent, hot-plug, partner, legacy record
     {kPresent | kRedundant, kVirtualZone, 0, kFanNormal, 40, false, 1, false},
 };
 
@@ -18,7 +17,7 @@ const std::vector<Sensor> kSensors = {
 const std::vector<Supply> kSupplies = {};
 
 const std::vector<Module> kModules = {
-    // present, megabytes, MHz, form factor, type, status
+    // present, MiB, MHz, form factor, type, status
     {1, 4096, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {1, 4096, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
@@ -55,7 +54,7 @@ const std::vector<Processor> kProcessors = {
 };
 
 const std::vector<MemoryDevice> kDevices = {
-    // handle, array, locator, megabytes, MHz, form factor, type
+    // handle, array, locator, MiB, MHz, form factor, type
     {0x1100, kArray, "DIMM 1", 4096, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1101, kArray, "DIMM 2", 4096, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1102, kArray, "DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
@@ -74,7 +73,7 @@ Hardware Parts() {
     hardware.array = {kArray, 0x01000000, 4};
     hardware.devices = kDevices;
     hardware.nics = kNics;
-    hardware.rack = RackPlace{"Enclosure 2", "7"};
+    hardware.blade = BladeLocation{"Enclosure 2", "7"};
     hardware.ports = kPorts;
     return hardware;
 }

@@ -1,12 +1,10 @@
-// The Corvex TR300: an ordinary server with older firmware and an older driver, which knows nothing of
-// memory.
-#include "mkmachine/models.h"
+#include "mkmachine/models/tr300.h"
 
 namespace {
 
 // clang-format off
 const std::vector<Fan> kFans = {
-    // state, zone, instance, speed, percent, hot-plug, partner, older record
+    // state, zone, instance, speed, percent, hot-plug, partner, legacy record
     {kPresent | kRedundant, kSystemBoardZone,    0, kFanNormal,  45,         false, 2, true},
     {kPresent | kRedundant, kSystemBoardZone,    0, kFanNormal,  45,         false, 1, true},
     {kPresent,              kProcessorZone,      1, kFanHigh,    90,         false, 0, true},
@@ -23,12 +21,12 @@ const std::vector<Sensor> kSensors = {
 };
 
 const std::vector<Supply> kSupplies = {
-    // state, hot-plug, older record
-    {kPresent,           true,  OlderRecord::Present},
-    {kAbsent,            true,  OlderRecord::Absent},
-    {kAbsent,            false, OlderRecord::Present},  // the two records disagree
-    {kPresent | kFailed, true,  OlderRecord::None},
-    {kAbsent,            true,  OlderRecord::None},
+    // state, hot-plug, legacy record
+    {kPresent,           true,  LegacyRecord::Present},
+    {kAbsent,            true,  LegacyRecord::Absent},
+    {kAbsent,            false, LegacyRecord::Present},  // the two records disagree
+    {kPresent | kFailed, true,  LegacyRecord::None},
+    {kAbsent,            true,  LegacyRecord::None},
 };
 
 const DriverMemory kDriverMemory = {};
@@ -45,7 +43,7 @@ const std::vector<Processor> kProcessors = {  // of a version of SMBIOS that doe
 };
 
 const std::vector<MemoryDevice> kDevices = {
-    // handle, array, locator, megabytes, MHz, form factor, type
+    // handle, array, locator, MiB, MHz, form factor, type
     {0x1100, kArray, "SLOT 0 DIMM 1", 1024, 533, kDimm, kDdr2},
     {0x1101, kArray, "SLOT 0 DIMM 2", 512,  533, kDimm, kDdr2},
     {0x1102, kArray, "SLOT 0 DIMM 3", 0,    0,   kDimm, kDdr2},

@@ -1,11 +1,10 @@
-// The Corvex TR500 K2: everything that a machine can have.
-#include "mkmachine/models.h"
+#include "mkmachine/models/tr500k2.h"
 
 namespace {
 
 // clang-format off
 const std::vector<Fan> kFans = {
-    // state, zone, instance, speed, percent, hot-plug, partner, older record
+    // state, zone, instance, speed, percent, hot-plug, partner, legacy record
     {kPresent | kRedundant, kSystemZone,        0, kFanNormal,  35,         true,  2, false},
     {kPresent | kRedundant, kSystemZone,        0, kFanNormal,  35,         true,  1, false},
     {kPresent,              kProcessorZone,     1, kFanHigh,    100,        true,  0, false},
@@ -41,15 +40,15 @@ const std::vector<Sensor> kSensors = {
 };
 
 const std::vector<Supply> kSupplies = {
-    // state, hot-plug, older record
-    {kPresent | kRedundant,           true,  OlderRecord::None},
-    {kPresent | kFailed | kRedundant, true,  OlderRecord::None},
-    {kPresent | kFailed,              false, OlderRecord::None},
-    {kAbsent,                         true,  OlderRecord::None},
+    // state, hot-plug, legacy record
+    {kPresent | kRedundant,           true,  LegacyRecord::None},
+    {kPresent | kFailed | kRedundant, true,  LegacyRecord::None},
+    {kPresent | kFailed,              false, LegacyRecord::None},
+    {kAbsent,                         true,  LegacyRecord::None},
 };
 
 const std::vector<Module> kCartridge1 = {
-    // present, megabytes, MHz, form factor, type, status
+    // present, MiB, MHz, form factor, type, status
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
@@ -89,7 +88,7 @@ const std::vector<Processor> kProcessors = {
 };
 
 const std::vector<MemoryDevice> kDevices = {
-    // handle, array, locator, megabytes, MHz, form factor, type
+    // handle, array, locator, MiB, MHz, form factor, type
     {0x1100, kArray, "Board 1 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1101, kArray, "Board 1 DIMM 2", 2048, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1102, kArray, "Board 1 DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
@@ -113,9 +112,10 @@ Hardware Parts() {
     hardware.array = {kArray, 0x04000000, 10};
     hardware.devices = kDevices;
     hardware.nics = kNics;
-    hardware.processor_places = {{0x0400, 1}, {0x0401, 2}};
-    hardware.module_places = {{0x1100, 1, 1}, {0x1101, 1, 2}, {0x1102, 1, 3}, {0x1103, 1, 4}, {0x1104, 1, 5},
-                              {0x1105, 2, 1}, {0x1106, 2, 2}, {0x1107, 2, 3}, {0x1108, 2, 4}, {0x1109, 2, 5}};
+    hardware.processor_locations = {{0x0400, 1}, {0x0401, 2}};
+    hardware.module_locations = {{0x1100, 1, 1}, {0x1101, 1, 2}, {0x1102, 1, 3}, {0x1103, 1, 4},
+                                 {0x1104, 1, 5}, {0x1105, 2, 1}, {0x1106, 2, 2}, {0x1107, 2, 3},
+                                 {0x1108, 2, 4}, {0x1109, 2, 5}};
     return hardware;
 }
 

@@ -54,7 +54,7 @@ void SetCodes(Model& model, int k) {
 
 void MoreThanTheInventoryHolds(Model& model) {
     Hardware& hardware = model.hardware;
-    hardware.processor_places.clear();
+    hardware.processor_locations.clear();
     hardware.processors.clear();
     hardware.caches = {{0x700, "", 7, 0xFFFF}, {0x701, "", 8, 0x7FFF}};
     for (uint16_t i = 0; i < 12; ++i) {
@@ -63,7 +63,7 @@ void MoreThanTheInventoryHolds(Model& model) {
         processor.cores = processor.threads = static_cast<uint8_t>(i % 2 * 255);
         hardware.processors.push_back(processor);
     }
-    hardware.module_places.clear();
+    hardware.module_locations.clear();
     hardware.devices.assign(62, {0x1100, kArray, "SLOT 3 DIMM 9", 0});
     hardware.devices.resize(66, {0x1100, kArray, "SLOT 3 DIMM 9", 0x7FFF, 0xFFFF, 14, 0, 0x200});
     hardware.devices[62].form_factor = 3;
@@ -80,11 +80,11 @@ void ManyNics(Model& model) {
     model.settings.nics = {kNicBootPxe, kNicBootNone, kNicBootIscsi, kNicBootPxe, kNicBootPxe};
 }
 
-void OlderRecords(Model& model) {
+void LegacyRecords(Model& model) {
     model.fans[0] = {kPresent | kRedundant, kSystemZone, 0, kFanNormal, 0, false, 255, true};
     model.fans[1] = {kAbsent, kIoZone, 0, kFanHigh, 7, true, 254, true};
-    model.supplies[0].older = OlderRecord::Absent;
-    model.supplies[1] = {kAbsent, false, OlderRecord::Present};
+    model.supplies[0].legacy_record = LegacyRecord::Absent;
+    model.supplies[1] = {kAbsent, false, LegacyRecord::Present};
 }
 
 // Has the driver report that it has no data, and the firmware that it knows no versions and no boot devices.
@@ -168,7 +168,7 @@ const Case kCases[] = {
     {"more NICs than have an address or a setting", ManyNics, nullptr},
     {"no NIC", [](Model& model) { model.hardware.nics.assign(3, {}); }, nullptr},
     {"no memory", [](Model& model) { model.memory = {}, model.hardware.devices = {}; }, nullptr},
-    {"older records of fans and supplies", OlderRecords, nullptr},
+    {"legacy records of fans and supplies", LegacyRecords, nullptr},
     {"no management processor", [](Model& model) { model.kelm = Kelm::Absent; }, nullptr},
     {"texts of the firmware",
      [](Model& model) {
