@@ -1,6 +1,6 @@
 // What the health displays show of every model, and what they say of a family that the server doesn't have
 // and of records that tell too little; that nothing can be asked for at all, or words are too many, is swept
-// for every command in tests/sweep.
+// for every command in tests/fault-injection.
 
 #include <gtest/gtest.h>
 

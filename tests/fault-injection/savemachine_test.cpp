@@ -9,8 +9,8 @@
 
 #include "mkmachine/events.h"
 #include "mkmachine/smbios_table.h"
+#include "tests/fault-injection/every_command.h"
 #include "tests/support/pattern.h"
-#include "tests/sweep/sweep.h"
 
 namespace {
 
@@ -22,7 +22,8 @@ class Saved : public testing::TestWithParam<std::string> {
 
     // Saves the machine and compares the copy with it. `what` describes the machine. Returns savemachine's
     // messages.
-    std::string Compare(const SweptMachine& machine, const std::string& what, Runs runs = kEachByItself) {
+    std::string Compare(const RestorableMachine& machine, const std::string& what,
+                        Runs runs = kEachByItself) {
         SCOPED_TRACE(what);
         const TestMachine parent;
         const std::string copy = parent.Directory() + "/copy";
@@ -57,7 +58,7 @@ class Saved : public testing::TestWithParam<std::string> {
 
 // The copy has all bytes of each variable, also those that no SHOW command prints.
 TEST_P(Saved, KeepsEveryVariableWhole) {
-    const SweptMachine machine(GetParam());
+    const RestorableMachine machine(GetParam());
     const TestMachine parent;
     RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
     for (const auto& [path, bytes] : machine.State()) {
@@ -69,7 +70,7 @@ TEST_P(Saved, KeepsEveryVariableWhole) {
 // Each file is missing, a directory, or truncated, in one of kMachines machines.
 TEST_P(Saved, TellsTheSameWithoutSomePieces) {
     constexpr size_t kMachines = 3;
-    SweptMachine machine(GetParam());
+    RestorableMachine machine(GetParam());
     EXPECT_EQ(Compare(machine, "whole"), "");
     const Files pieces = machine.State();
     const std::function<void(const std::string&)> damages[] = {
@@ -102,7 +103,7 @@ TEST_P(Saved, TellsTheSameWhereCallsFail) {
         "cdt 353.1.0 -5\ncdt 254.255.0 7\ncdt 1503.0.0 -5\ncasr 6 -5\ncrom read ZTSBKT -5\ncevt read 2 -5",
     };
     for (const std::string& faults : cases) {
-        SweptMachine machine(GetParam());
+        RestorableMachine machine(GetParam());
         machine.Fault(faults);
         EXPECT_NE(Compare(machine, faults, kAllInOne), "");
     }
@@ -115,7 +116,7 @@ TEST_P(Saved, TellsTheSameWhereCallsFail) {
 TEST_P(Saved, KeepsTheLogUpToThreeUnreadableEntriesInARow) {
     constexpr size_t kEvents = 11;
     const int unreadable[] = {2, 3, 5, 6, 8, 9, 10};
-    SweptMachine machine(GetParam());
+    RestorableMachine machine(GetParam());
     machine.Write("cevt/hlog", EventLog(kEvents));
     for (const int number : unreadable) machine.Fault("cevt read " + std::to_string(number) + " -5");
     Compare(machine, "unreadable", kAllInOne);
@@ -124,7 +125,7 @@ TEST_P(Saved, KeepsTheLogUpToThreeUnreadableEntriesInARow) {
 }
 
 TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
-    SweptMachine machine(GetParam());
+    RestorableMachine machine(GetParam());
     std::string entry(400, 'x');
     entry.replace(0, 6, {'\x90', 1, 4, 0, 0, 0});  // its length and its number
     machine.Append("cevt/hlog", entry);
@@ -133,7 +134,7 @@ TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
 
 // The last byte of the tables is the first of a page, and the file ends there unless it is filled.
 TEST_P(Saved, TellsTheSameOfTablesAboveTheBiosArea) {
-    SweptMachine machine(GetParam());
+    RestorableMachine machine(GetParam());
     const std::string memory = machine.Read("xsvc");
     SMBIOSEntryPoint entry;
     std::memcpy(&entry, memory.data() + kEntryPointAddress, sizeof entry);
@@ -147,7 +148,7 @@ TEST_P(Saved, TellsTheSameOfTablesAboveTheBiosArea) {
     EXPECT_NE(machine.Script("SHOW SERVER").output.find("Processor: 0"), std::string::npos);
 }
 
-INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(SweptModels()));
+INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(ModelNames()));
 
 struct Refusal {
     const char* catches;
@@ -271,7 +272,7 @@ TEST(SaveMachine, SyncsEachFileBeforeTheRename) {
 }
 
 TEST(SaveMachine, ShowsOnATerminalWhatItReads) {
-    SweptMachine machine("tr300");
+    RestorableMachine machine("tr300");
     machine.Fault("picl root 7");
     const TestMachine parent;
     const RunResult run = RunProgram(

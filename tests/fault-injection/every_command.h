@@ -14,7 +14,7 @@ extern const std::map<std::string, std::string> kArguments;
 std::vector<std::string> Commands();
 
 // The models by name.
-std::vector<std::string> SweptModels();
+std::vector<std::string> ModelNames();
 
 constexpr size_t kNone = 1000000;  // as the number of the request that fails
 
@@ -24,11 +24,11 @@ bool ChangesInSteps(const std::string& command);
 
 using Files = std::map<std::string, std::string>;  // by path below the machine's directory
 
-class SweptMachine : public TestMachine {
+class RestorableMachine : public TestMachine {
   public:
-    explicit SweptMachine(const std::string& model);  // with three events
-    Files State() const;                              // all that a command can change
-    Files Restore();                                  // the same; from then on it's as after construction
+    explicit RestorableMachine(const std::string& model);  // with three events
+    Files State() const;                                   // all that a command can change
+    Files Restore();  // the same; from then on it's as after construction
 
     // The requests of the devices since the trace was last taken, a line of it each.
     std::vector<std::string> TakeRequests();

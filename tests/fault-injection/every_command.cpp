@@ -1,4 +1,4 @@
-#include "tests/sweep/sweep.h"
+#include "tests/fault-injection/every_command.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -47,7 +47,7 @@ std::vector<std::string> Commands() {
     return commands;
 }
 
-std::vector<std::string> SweptModels() {
+std::vector<std::string> ModelNames() {
     std::vector<std::string> names;
     for (const Model& model : Models()) names.emplace_back(model.name);
     return names;
@@ -59,12 +59,12 @@ bool ChangesInSteps(const std::string& command) {
                        [&](const char* such) { return command.rfind(such, 0) == 0; });
 }
 
-SweptMachine::SweptMachine(const std::string& model) : TestMachine(model) {
+RestorableMachine::RestorableMachine(const std::string& model) : TestMachine(model) {
     Write("cevt/hlog", EventLog(3));
     made_ = State();
 }
 
-Files SweptMachine::State() const {
+Files RestorableMachine::State() const {
     Files files;
     for (const char* device : {"casr", "cdt", "cevt", "crom"}) {
         for (const auto& entry : std::filesystem::directory_iterator(Directory() + "/" + device)) {
@@ -75,7 +75,7 @@ Files SweptMachine::State() const {
     return files;
 }
 
-Files SweptMachine::Restore() {
+Files RestorableMachine::Restore() {
     Files left = State();
     for (const auto& [path, bytes] : left) {
         if (made_.count(path) == 0) Remove(path);
@@ -87,7 +87,7 @@ Files SweptMachine::Restore() {
     return left;
 }
 
-std::vector<std::string> SweptMachine::TakeRequests() {
+std::vector<std::string> RestorableMachine::TakeRequests() {
     std::vector<std::string> requests;
     std::istringstream trace(TakeTrace());
     for (std::string line; std::getline(trace, line);) {

@@ -1,11 +1,11 @@
-// Words too many and values left out, for every command of the tree: words.txt holds the status and the
+// Words too many and values left out, for every command of the tree: arguments.txt holds the status and the
 // output, and which commands take the words and ask the machine all the same.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "tests/fault-injection/every_command.h"
 #include "tests/support/golden.h"
-#include "tests/sweep/sweep.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ TEST(Words, TooManyOrTooFewAreRefusedBeforeAnyRequest) {
         listing +=
             line + " -> " + std::to_string(result.status) + (asks ? ", asks" : "") + "\n" + result.output;
     }
-    ExpectGolden("sweep/words.txt", listing);
+    ExpectGolden("fault-injection/arguments.txt", listing);
 }
 
 }  // namespace

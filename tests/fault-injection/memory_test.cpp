@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <map>
 
-#include "tests/sweep/sweep.h"
+#include "tests/fault-injection/every_command.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ const std::map<std::string, int> kMessages = {
 class ShortOfMemory : public testing::TestWithParam<std::string> {
   protected:
     // Fails the allocations of a script from one on. Result: the first one that it doesn't come to.
-    size_t Sweep(SweptMachine& machine, const std::string& script, size_t failing) {
+    size_t Sweep(RestorableMachine& machine, const std::string& script, size_t failing) {
         const Files as_made = machine.State();
         std::vector<Files> states;
         for (;; ++failing) {
@@ -54,14 +54,14 @@ class ShortOfMemory : public testing::TestWithParam<std::string> {
 };
 
 TEST_P(ShortOfMemory, EveryCommandComesToAKnownEnd) {
-    SweptMachine machine(GetParam());
+    RestorableMachine machine(GetParam());
     const size_t at_start = Sweep(machine, "", 1);
     for (const std::string& command : Commands()) Sweep(machine, command, at_start - 1);
     std::printf("%zu failed allocations\n", failures_);
     for (const auto& [message, status] : unseen_) ADD_FAILURE() << "never said: " << message;
 }
 
-INSTANTIATE_TEST_SUITE_P(Model, ShortOfMemory, testing::ValuesIn(SweptModels()));
+INSTANTIATE_TEST_SUITE_P(Model, ShortOfMemory, testing::ValuesIn(ModelNames()));
 
 // Memory runs out for good during a copy: the first time there is not even memory for an exception.
 TEST(SaveMachine, SaysThatMemoryHasRunOutAndLeavesNothingBehind) {
@@ -88,7 +88,7 @@ TEST(SaveMachine, SaysThatMemoryHasRunOutAndLeavesNothingBehind) {
 }
 
 // Result: what a process never gives back. failing: the request that fails, from 1.
-std::string BlocksKept(SweptMachine& machine, const std::string& script, size_t failing) {
+std::string BlocksKept(RestorableMachine& machine, const std::string& script, size_t failing) {
     machine.Write("faults", "request " + std::to_string(failing) + " -5\n");
     RunOptions options;
     options.environment = {"BRANT_COUNT_BLOCKS=1"};
@@ -99,7 +99,7 @@ std::string BlocksKept(SweptMachine& machine, const std::string& script, size_t 
 }
 
 TEST(Memory, IsGivenBackByEveryCommandWhicheverRequestFails) {
-    SweptMachine machine(SweptModels().front());
+    RestorableMachine machine(ModelNames().front());
     std::string all;
     for (const std::string& command : Commands()) {
         if (command != "EXIT" && command != "QUIT") all += command + ';';

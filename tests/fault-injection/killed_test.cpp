@@ -3,8 +3,8 @@
 
 #include <csignal>
 
+#include "tests/fault-injection/every_command.h"
 #include "tests/support/pattern.h"
-#include "tests/sweep/sweep.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ std::string InOrder(const Change& change) {
            "\nfsync " + change.device + "\n\\s*" + change.report;
 }
 
-RunResult Make(const SweptMachine& machine, const Change& change, size_t end_at) {
+RunResult Make(const RestorableMachine& machine, const Change& change, size_t end_at) {
     RunOptions options;
     options.environment = {"BRANT_END_AT=" + std::to_string(end_at)};
     return RunProgram(ProgramPath("brantcli_interposed"), {"-s", change.command}, machine.Directory(),
@@ -38,7 +38,7 @@ RunResult Make(const SweptMachine& machine, const Change& change, size_t end_at)
 }  // namespace
 
 TEST(Killed, AChangeIsCompleteOrAbsentAndCompleteOnceReported) {
-    SweptMachine machine("tr500k2");
+    RestorableMachine machine("tr500k2");
     const Files as_made = machine.State();
     size_t kills = 0;
     for (const Change& change : kChanges) {

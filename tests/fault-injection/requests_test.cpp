@@ -9,9 +9,9 @@
 #include <cstdio>
 #include <set>
 
+#include "tests/fault-injection/every_command.h"
 #include "tests/support/golden.h"
 #include "tests/support/pattern.h"
-#include "tests/sweep/sweep.h"
 
 namespace {
 
@@ -57,10 +57,10 @@ class FailingRequests : public testing::TestWithParam<std::string> {
         const bool ended = outcome.run.status == 0 || outcome.requests.size() == failed + 1;
         EXPECT_TRUE(ended) << "more asked for: " << what;
     }
-    SweptMachine machine_{GetParam()};
-    const bool first_ = GetParam() == SweptModels().front();
+    RestorableMachine machine_{GetParam()};
+    const bool first_ = GetParam() == ModelNames().front();
     const Files as_made_ = machine_.State();
-    const std::string stored_ = GoldenText("sweep/failures.txt");
+    const std::string stored_ = GoldenText("fault-injection/failures.txt");
     std::set<std::string> told_;  // kinds of failure
     std::string listing_;         // what came of them
     size_t failures_ = 0;
@@ -77,10 +77,10 @@ TEST_P(FailingRequests, EndEachCommandAsStoredWithNothingHalfDone) {
     for (const std::string& command : Commands()) Sweep(command, at_start);
     std::printf("%zu failed requests\n", failures_);
     if (!first_) return;
-    ExpectGolden("sweep/failures.txt", listing_);
+    ExpectGolden("fault-injection/failures.txt", listing_);
     EXPECT_GT(failures_, 80U) << "hardly a command has asked for anything";
 }
 
-INSTANTIATE_TEST_SUITE_P(Model, FailingRequests, testing::ValuesIn(SweptModels()));
+INSTANTIATE_TEST_SUITE_P(Model, FailingRequests, testing::ValuesIn(ModelNames()));
 
 }  // namespace
