@@ -15,7 +15,7 @@
 #include "mkmachine/events.h"
 #include "mkmachine/firmware_records.h"
 #include "mkmachine/models.h"
-#include "tests/fault-injection/every_command.h"
+#include "tests/support/every_command.h"
 
 namespace {
 

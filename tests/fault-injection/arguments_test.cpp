@@ -1,15 +1,15 @@
-// Words too many and values left out, for every command of the tree: arguments.txt holds the status and the
-// output, and which commands take the words and ask the machine all the same.
+// Runs every command with an argument too many, and without the arguments that it needs. arguments.txt
+// contains the status and the output, and marks the commands that make requests nevertheless.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "tests/fault-injection/every_command.h"
+#include "tests/support/every_command.h"
 #include "tests/support/golden.h"
 
 namespace {
 
-TEST(Words, TooManyOrTooFewAreRefusedBeforeAnyRequest) {
+TEST(Arguments, TooManyOrTooFewAreRejectedBeforeAnyRequest) {
     std::vector<std::string> lines;
     for (const std::string& command : Commands()) lines.push_back(command + " X");
     for (const auto& [command, arguments] : kArguments) lines.push_back(command);
@@ -20,18 +20,18 @@ TEST(Words, TooManyOrTooFewAreRefusedBeforeAnyRequest) {
     const auto run = [&](const std::string& line) {
         return RunProgram(ProgramPath("brantcli_interposed"), {"-s", line}, machine.Directory());
     };
-    const auto requests = [&] {
+    const auto take_request_count = [&] {
         const std::string trace = machine.TakeTrace("c");
         return std::count(trace.begin(), trace.end(), '\n');
     };
     run("HELP");
-    const auto at_start = requests();
+    const auto at_start = take_request_count();
     std::string listing;
     for (const std::string& line : lines) {
         const RunResult result = run(line);
-        const bool asks = requests() != at_start;
-        listing +=
-            line + " -> " + std::to_string(result.status) + (asks ? ", asks" : "") + "\n" + result.output;
+        const bool makes_requests = take_request_count() != at_start;
+        listing += line + " -> " + std::to_string(result.status) +
+                   (makes_requests ? ", makes requests" : "") + "\n" + result.output;
     }
     ExpectGolden("fault-injection/arguments.txt", listing);
 }

@@ -1,9 +1,10 @@
-// A change is killed before one of its system calls: the first, then the second, until it gets through.
+// Kills a modifying command before its first interposed system call, then before its second, and so on until
+// the command completes.
 #include <gtest/gtest.h>
 
 #include <csignal>
 
-#include "tests/fault-injection/every_command.h"
+#include "tests/support/every_command.h"
 #include "tests/support/pattern.h"
 
 namespace {
@@ -21,46 +22,54 @@ constexpr Change kChanges[] = {
     {"CLEAR HLOG", "cevt", "hlog", "HLOG Log successfully cleared."},
 };
 
-// A file is made beside the one it replaces, and is on disk before it does; what has replaced it is on disk
-// before the change is reported. A log that is cleared has no bytes to be written.
-std::string InOrder(const Change& change) {
+// Returns a pattern of a complete command's output: the system calls in order, then the report. The new file
+// is synced before it replaces the old one, and the directory is synced before the command reports success.
+// There is no write if the new file is empty.
+std::string CallsInOrder(const Change& change) {
     return std::string("unlink .new\nopen .new\n(write .new\n)*fsync .new\nrename ") + change.file +
            "\nfsync " + change.device + "\n\\s*" + change.report;
 }
 
-RunResult Make(const RestorableMachine& machine, const Change& change, size_t end_at) {
+// Runs the command. `kill_at`: the system call before which it is killed, from 1; 0: it isn't killed.
+RunResult RunChange(const RestorableMachine& machine, const Change& change, size_t kill_at) {
     RunOptions options;
-    options.environment = {"BRANT_END_AT=" + std::to_string(end_at)};
+    options.environment = {"BRANT_KILL_AT=" + std::to_string(kill_at)};
     return RunProgram(ProgramPath("brantcli_interposed"), {"-s", change.command}, machine.Directory(),
                       options);
 }
 
 }  // namespace
 
-TEST(Killed, AChangeIsCompleteOrAbsentAndCompleteOnceReported) {
+TEST(KilledCommand, LeavesACompleteChangeOrNone) {
     RestorableMachine machine("tr500k2");
-    const Files as_made = machine.State();
+    const Files original = machine.State();
     size_t kills = 0;
     for (const Change& change : kChanges) {
         SCOPED_TRACE(change.command);
-        const RunResult untouched = Make(machine, change, 0);
-        const Files made = machine.State();
-        EXPECT_TRUE(Contains(untouched.output, InOrder(change))) << untouched.output;
-        EXPECT_TRUE(made != as_made);
-        for (size_t end_at = 1;; ++end_at, ++kills) {
+        const RunResult baseline = RunChange(machine, change, 0);
+        const Files changed = machine.State();
+        EXPECT_TRUE(Contains(baseline.output, CallsInOrder(change)))
+            << "expected the calls\n"
+            << CallsInOrder(change) << "\nactual output:\n"
+            << baseline.output;
+        EXPECT_TRUE(changed != original) << "the command has changed no file";
+        for (size_t kill_at = 1;; ++kill_at, ++kills) {
             machine.Restore();
-            const RunResult killed = Make(machine, change, end_at);
+            const RunResult killed = RunChange(machine, change, kill_at);
             if (killed.status != 128 + SIGKILL) break;
 
+            SCOPED_TRACE("killed after this output:\n" + killed.output);
             Files left = machine.State();
             left.erase(std::string(change.device) + "/.new");
             const bool reported = killed.output.find(change.report) != std::string::npos;
-            EXPECT_TRUE(left == made || (left == as_made && !reported)) << "killed after\n" << killed.output;
-            Make(machine, change, 0);
-            EXPECT_TRUE(machine.State() == made) << "what a killed program left is in the way, or stays";
+            EXPECT_TRUE(left == changed || left == original) << "a part of the change is in the files";
+            EXPECT_TRUE(left == changed || !reported) << "the command reported success without the change";
+            RunChange(machine, change, 0);
+            EXPECT_TRUE(machine.State() == changed)
+                << "after the kill, the same command fails or leaves .new";
         }
         machine.Restore();
     }
-    EXPECT_GE(kills, 4u * 5);
+    EXPECT_GE(kills, 4u * 5) << "each of the 4 commands makes at least 5 system calls";
     std::printf("%zu kills\n", kills);
 }

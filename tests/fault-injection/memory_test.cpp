@@ -1,19 +1,19 @@
-// One allocation of the process fails: the first, then the second, until a command gets through untouched.
+// Fails one allocation of a process: the first, then the second, and so on until a run has none that fails.
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <filesystem>
 #include <map>
 
-#include "tests/fault-injection/every_command.h"
+#include "tests/support/every_command.h"
 
 namespace {
 
-constexpr int kAsForAFailedRequest = -1;  // 1, or 0 where the command does without
+constexpr int kAnyStatus = -1;  // 1, or 0 if the command doesn't need the request for which memory ran out
 
-// What is said when there is no memory, and the status then.
+// Messages that report a lack of memory, and the exit status of the command that prints it.
 const std::map<std::string, int> kMessages = {
-    {"ERROR: Could not allocate memory for command.", kAsForAFailedRequest},
+    {"ERROR: Could not allocate memory for command.", kAnyStatus},
     {"ERROR: Could not allocate memory for \"SHOW UID\" command.", 1},
     {"ERROR: Could not allocate memory for \"SET UID\" command.", 1},
     {"ERROR: Could not allocate memory for \"SHOW HLOG\" command.", 1},
@@ -21,11 +21,12 @@ const std::map<std::string, int> kMessages = {
     {"Failed to allocate memory for command history.", 0},
 };
 
-class ShortOfMemory : public testing::TestWithParam<std::string> {
+class FailingAllocations : public testing::TestWithParam<std::string> {
   protected:
-    // Fails the allocations of a script from one on. Result: the first one that it doesn't come to.
-    size_t Sweep(RestorableMachine& machine, const std::string& script, size_t failing) {
-        const Files as_made = machine.State();
+    // Fails each allocation of a script in turn, from number `failing` on. Returns the first number that the
+    // script doesn't reach.
+    size_t FailEach(RestorableMachine& machine, const std::string& script, size_t failing) {
+        const Files original = machine.State();
         std::vector<Files> states;
         for (;; ++failing) {
             RunOptions options;
@@ -36,16 +37,19 @@ class ShortOfMemory : public testing::TestWithParam<std::string> {
             if (run.errors.empty()) break;
             ++failures_;
 
-            EXPECT_EQ(run.errors, "allocation failed\n") << script << failing;
-            EXPECT_LE(run.status, 1) << script << failing;
+            SCOPED_TRACE(script + ", allocation " + std::to_string(failing));
+            EXPECT_EQ(run.errors, "allocation failed\n");
+            EXPECT_LE(run.status, 1);
             for (const auto& [message, status] : kMessages) {
                 if (run.output.find(message) == std::string::npos) continue;
-                EXPECT_TRUE(status == kAsForAFailedRequest || run.status == status) << message;
+                EXPECT_TRUE(status == kAnyStatus || run.status == status)
+                    << "status " << run.status << " instead of " << status << " after: " << message;
                 unseen_.erase(message);
             }
         }
         for (const Files& state : states) {
-            EXPECT_TRUE(state == as_made || state == states.back() || ChangesInSteps(script)) << script;
+            EXPECT_TRUE(state == original || state == states.back() || MayChangePartially(script))
+                << script << ": a failed allocation left a part of the change in the files";
         }
         return failing;
     }
@@ -53,21 +57,25 @@ class ShortOfMemory : public testing::TestWithParam<std::string> {
     size_t failures_ = 0;
 };
 
-TEST_P(ShortOfMemory, EveryCommandComesToAKnownEnd) {
+TEST_P(FailingAllocations, AreReportedByEveryCommand) {
     RestorableMachine machine(GetParam());
-    const size_t at_start = Sweep(machine, "", 1);
-    for (const std::string& command : Commands()) Sweep(machine, command, at_start - 1);
+    const size_t at_start = FailEach(machine, "", 1);
+    for (const std::string& command : Commands()) FailEach(machine, command, at_start - 1);
     std::printf("%zu failed allocations\n", failures_);
-    for (const auto& [message, status] : unseen_) ADD_FAILURE() << "never said: " << message;
+    for (const auto& [message, status] : unseen_) {
+        ADD_FAILURE() << "no failed allocation of any command printed: " << message;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Model, ShortOfMemory, testing::ValuesIn(ModelNames()));
+INSTANTIATE_TEST_SUITE_P(Model, FailingAllocations, testing::ValuesIn(ModelNames()));
 
-// Memory runs out for good during a copy: the first time there is not even memory for an exception.
-TEST(SaveMachine, SaysThatMemoryHasRunOutAndLeavesNothingBehind) {
+// From one allocation on, all allocations fail. If that is the first one, there is no memory even for an
+// exception.
+TEST(SaveMachine, ReportsALackOfMemoryAndRemovesTheCopy) {
     const TestMachine machine("tr300");
     constexpr size_t kStep = 3;
     for (size_t first = 1;; first += kStep) {
+        SCOPED_TRACE("all allocations fail from number " + std::to_string(first));
         const TestMachine parent;
         const std::string folder = parent.Directory() + "/casr";
         RunOptions options;
@@ -75,20 +83,22 @@ TEST(SaveMachine, SaysThatMemoryHasRunOutAndLeavesNothingBehind) {
         const RunResult run = RunProgram(ProgramPath("savemachine_interposed"), {folder + "/copy"},
                                          machine.Directory(), options);
         if (run.status == 0) {
-            EXPECT_GT(first, 100U) << "hardly anything was allocated";
+            EXPECT_GT(first, 100U) << "savemachine made fewer allocations than a copy needs";
             break;
         }
-        EXPECT_EQ(run.status, 1) << first;
+        EXPECT_EQ(run.status, 1);
         const char* const message = first == 1 ? "ERROR: out of memory.\n" : "savemachine: out of memory\n";
-        EXPECT_NE(run.errors.find(message), run.errors.npos) << run.errors;
+        EXPECT_NE(run.errors.find(message), run.errors.npos)
+            << "expected: " << message << "actual: " << run.errors;
         if (first > 1) {
-            EXPECT_TRUE(std::filesystem::is_empty(folder)) << first;
+            EXPECT_TRUE(std::filesystem::is_empty(folder)) << "the incomplete copy is left in " << folder;
         }
     }
 }
 
-// Result: what a process never gives back. failing: the request that fails, from 1.
-std::string BlocksKept(RestorableMachine& machine, const std::string& script, size_t failing) {
+// Returns the number of blocks that a script leaves allocated, as the interposed allocator reports it.
+// `failing`: the request that fails, from 1.
+std::string LeakedBlocks(RestorableMachine& machine, const std::string& script, size_t failing) {
     machine.Write("faults", "request " + std::to_string(failing) + " -5\n");
     RunOptions options;
     options.environment = {"BRANT_COUNT_BLOCKS=1"};
@@ -98,22 +108,22 @@ std::string BlocksKept(RestorableMachine& machine, const std::string& script, si
     return run.errors;
 }
 
-TEST(Memory, IsGivenBackByEveryCommandWhicheverRequestFails) {
+TEST(Memory, IsFreedByEveryCommandWhicheverRequestFails) {
     RestorableMachine machine(ModelNames().front());
     std::string all;
     for (const std::string& command : Commands()) {
         if (command != "EXIT" && command != "QUIT") all += command + ';';
     }
-    const std::string by_none = BlocksKept(machine, "", kNone);
-    ASSERT_NE(by_none.find(" blocks"), by_none.npos);
+    const std::string baseline = LeakedBlocks(machine, "", kNoRequest);
+    ASSERT_NE(baseline.find(" blocks"), baseline.npos) << "the allocator reported: " << baseline;
 
     machine.StartTrace();
-    EXPECT_EQ(BlocksKept(machine, all, kNone), by_none);
+    EXPECT_EQ(LeakedBlocks(machine, all, kNoRequest), baseline) << "without a failing request";
     const size_t requests = machine.TakeRequests().size();
     machine.Remove("trace");
-    EXPECT_GT(requests, 150U) << "hardly a command has asked for anything";
+    EXPECT_GT(requests, 150U) << "all commands together make more requests than this";
     for (size_t failing = 1; failing <= requests; ++failing) {
-        EXPECT_EQ(BlocksKept(machine, all, failing), by_none) << failing;
+        EXPECT_EQ(LeakedBlocks(machine, all, failing), baseline) << "request " << failing << " failed";
     }
 }
 

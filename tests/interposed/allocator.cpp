@@ -1,7 +1,7 @@
-// An allocator for the whole process. If BRANT_FAIL_ALLOCATION is N, the N-th allocation fails; if it is N+,
-// all from the N-th on. A failure is reported on standard error, so that the test knows whether the process
-// got that far. If BRANT_COUNT_BLOCKS is set, the number of blocks that were never freed is reported at the
-// end.
+// Replaces the C library's allocator. If BRANT_FAIL_ALLOCATION is N, the N-th allocation of the process
+// fails; if it is N+, all from the N-th on fail. Each failure is reported on standard error, so that the test
+// knows whether the process got that far. If BRANT_COUNT_BLOCKS is set, the process reports at its end how
+// many blocks it has not freed.
 #include <unistd.h>
 
 #include <cerrno>
@@ -19,13 +19,13 @@ void __libc_free(void* block);
 namespace {
 
 bool Fails() {
-    static unsigned long made = 0;
+    static unsigned long allocations = 0;
     const char* const failing = getenv("BRANT_FAIL_ALLOCATION");
     if (failing == nullptr) return false;
     char* end;
     const unsigned long first = strtoul(failing, &end, 10);
-    ++made;
-    if (made < first || (made > first && *end != '+')) return false;
+    ++allocations;
+    if (allocations < first || (allocations > first && *end != '+')) return false;
     errno = ENOMEM;
     constexpr char kNotice[] = "allocation failed\n";
     return write(STDERR_FILENO, kNotice, sizeof kNotice - 1) > 0;
@@ -38,13 +38,13 @@ void* Counted(void* block) {
     return block;
 }
 
-__attribute__((destructor)) void TellBlocks() {
+__attribute__((destructor)) void ReportBlocks() {
     if (getenv("BRANT_COUNT_BLOCKS") != nullptr) dprintf(STDERR_FILENO, "%ld blocks", blocks);
 }
 
 }  // namespace
 
-// operator new comes here too.
+// operator new calls malloc.
 extern "C" void* malloc(size_t size) {
     return Fails() ? nullptr : Counted(__libc_malloc(size));
 }

@@ -1,9 +1,9 @@
-// The system calls that change a machine's files. What has been reported is let out before each, and a write
-// takes half of its bytes. A line of the trace is written as it is, after all that was printed before its
-// call. With BRANT_END_AT=N each call is named on standard output once it is reached, and the process ends,
-// as if by kill -9, before the N-th. After each directory that the process makes, it runs the shell command
-// BRANT_AFTER_MKDIR, with the directory's name as MADE. With BRANT_NO_NULL
-// there is no /dev/null.
+// Replaces the system calls with which a program changes the files of a machine directory:
+// - Each call first flushes standard output, so that the output printed before a kill is complete.
+// - A write of a file writes only half of the bytes, except to the trace.
+// - BRANT_KILL_AT=N: each call is printed on standard output, and SIGKILL ends the process before the N-th.
+// - BRANT_AFTER_MKDIR: a shell command that runs after the process has created a directory; MADE is its path.
+// - BRANT_NO_NULL: opening /dev/null fails.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -17,12 +17,13 @@
 
 namespace {
 
+// Runs before each call that changes a file.
 void Before(const char* call, const char* file) {
     std::fflush(stdout);
-    const char* const end_at = std::getenv("BRANT_END_AT");
-    if (end_at == nullptr) return;
-    static unsigned long reached = 0;
-    if (++reached == std::strtoul(end_at, nullptr, 10)) std::raise(SIGKILL);
+    const char* const kill_at = std::getenv("BRANT_KILL_AT");
+    if (kill_at == nullptr) return;
+    static unsigned long calls = 0;
+    if (++calls == std::strtoul(kill_at, nullptr, 10)) std::raise(SIGKILL);
     const char* const slash = std::strrchr(file, '/');
     dprintf(STDOUT_FILENO, "%s %s\n", call, slash == nullptr ? file : slash + 1);
 }
@@ -37,7 +38,7 @@ void Before(const char* call, int fd) {
 
 }  // namespace
 
-// Each stands in the place of the C library's function of the name behind it.
+// Each function replaces the C library's function that the asm label names.
 extern "C" {
 int Open(const char* path, int flags, ...) asm("open64");
 int OpenAt(int directory, const char* path, int flags, ...) asm("openat64");
@@ -48,13 +49,13 @@ int UnlinkAt(int directory, const char* path, int flags) asm("unlinkat");
 int MakeDirectory(const char* path, mode_t mode) asm("mkdir");
 }
 
-// No caller creates a file by its path.
+// The programs create files only with openat, so the mode argument isn't passed on.
 int Open(const char* path, int flags, ...) {
     if (std::getenv("BRANT_NO_NULL") != nullptr && std::strcmp(path, "/dev/null") == 0) path = "";  // ENOENT
     return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags | O_LARGEFILE));
 }
 
-// The one caller that makes a file asks for these permissions.
+// The only caller that creates a file passes the mode 0600.
 int OpenAt(int directory, const char* path, int flags, ...) {
     if ((flags & O_ACCMODE) != O_RDONLY) Before("open", path);
     return static_cast<int>(syscall(SYS_openat, directory, path, flags | O_LARGEFILE, 0600));

@@ -1,6 +1,6 @@
-// A terminal for a process that has none, at first with seven bits and a parity bit, which no pseudo-terminal
-// has. Each call that sets it or waits for a key is a line of the machine's trace, among those of the
-// devices.
+// Simulates a terminal for a process that has none. Its initial settings are seven bits and parity, which a
+// pseudo-terminal doesn't support. Each call that changes the settings or waits for a key appends a line to
+// the machine's trace, so that the order of these calls and the device requests can be compared.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/select.h>
@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr tcflag_t kFound = CS7 | PARENB;
+constexpr tcflag_t kInitialFlags = CS7 | PARENB;
 
-// Allocates nothing: a test may have counted the allocations. The line is written with the interposed write.
+// Appends a line to the trace. Doesn't allocate memory, because tests number the allocations.
 __attribute__((format(printf, 1, 2))) void AppendToTrace(const char* format, ...) {
     char text[4096];
     std::snprintf(text, sizeof text, "%s/trace", std::getenv("BRANT_MACHINE"));
@@ -32,7 +32,7 @@ __attribute__((format(printf, 1, 2))) void AppendToTrace(const char* format, ...
 
 }  // namespace
 
-// Each replaces the C library's function of the name at its end.
+// Each function replaces the C library's function that the asm label names.
 extern "C" {
 int GetSettings(int fd, termios* settings) asm("tcgetattr");
 int SetSettings(int fd, int when, const termios* settings) asm("tcsetattr");
@@ -41,15 +41,15 @@ int Select(int count, fd_set* in, fd_set* out, fd_set* other, timeval* longest) 
 
 int GetSettings(int /*fd*/, termios* settings) {
     *settings = {};
-    settings->c_cflag = kFound;
+    settings->c_cflag = kInitialFlags;
     return 0;
 }
 
 int SetSettings(int fd, int when, const termios* settings) {
-    const bool as_found = settings->c_cc[VTIME] == 0 && settings->c_cflag == kFound;
+    const bool is_initial = settings->c_cc[VTIME] == 0 && settings->c_cflag == kInitialFlags;
     const bool character_mode = settings->c_cc[VTIME] == 1 && settings->c_cflag == CS8;
     AppendToTrace("tcsetattr %d %s, %s\n", fd, when == TCSANOW ? "TCSANOW" : "later",
-                  as_found         ? "as found"
+                  is_initial       ? "as found"
                   : character_mode ? "character mode"
                                    : "neither");
     return 0;

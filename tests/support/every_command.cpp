@@ -1,4 +1,4 @@
-#include "tests/fault-injection/every_command.h"
+#include "tests/support/every_command.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -8,7 +8,6 @@
 #include "cli/parse/command_tree.h"
 #include "mkmachine/events.h"
 #include "mkmachine/models.h"
-#include "tests/support/pattern.h"
 
 const std::map<std::string, std::string> kArguments = {
     {"DISABLE ISCSI", "NIC1"},
@@ -53,15 +52,15 @@ std::vector<std::string> ModelNames() {
     return names;
 }
 
-bool ChangesInSteps(const std::string& command) {
-    const char* const kSuch[] = {"SET SERIAL BIOS", "ENABLE PXE", "DISABLE PXE"};
-    return std::any_of(std::begin(kSuch), std::end(kSuch),
-                       [&](const char* such) { return command.rfind(such, 0) == 0; });
+bool MayChangePartially(const std::string& command) {
+    const char* const kCommands[] = {"SET SERIAL BIOS", "ENABLE PXE", "DISABLE PXE"};
+    return std::any_of(std::begin(kCommands), std::end(kCommands),
+                       [&](const char* beginning) { return command.rfind(beginning, 0) == 0; });
 }
 
 RestorableMachine::RestorableMachine(const std::string& model) : TestMachine(model) {
     Write("cevt/hlog", EventLog(3));
-    made_ = State();
+    original_ = State();
 }
 
 Files RestorableMachine::State() const {
@@ -76,22 +75,24 @@ Files RestorableMachine::State() const {
 }
 
 Files RestorableMachine::Restore() {
-    Files left = State();
-    for (const auto& [path, bytes] : left) {
-        if (made_.count(path) == 0) Remove(path);
+    Files before = State();
+    for (const auto& [path, bytes] : before) {
+        if (original_.count(path) == 0) Remove(path);
     }
-    for (const auto& [path, bytes] : made_) {
-        const auto same = left.find(path);
-        if (same == left.end() || same->second != bytes) Write(path, bytes);
+    for (const auto& [path, bytes] : original_) {
+        const auto same = before.find(path);
+        if (same == before.end() || same->second != bytes) Write(path, bytes);
     }
-    return left;
+    return before;
 }
 
 std::vector<std::string> RestorableMachine::TakeRequests() {
     std::vector<std::string> requests;
     std::istringstream trace(TakeTrace());
     for (std::string line; std::getline(trace, line);) {
-        if (Contains(line, "^(casr|cdt|cevt|crom) ")) requests.push_back(line);
+        const bool is_request =
+            line.rfind('c', 0) == 0 && line.rfind("close ", 0) != 0;  // casr, cdt, cevt, crom
+        if (is_request) requests.push_back(line);
     }
     return requests;
 }

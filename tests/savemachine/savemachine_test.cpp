@@ -1,5 +1,5 @@
-// Tests of savemachine: every SHOW command prints the same bytes with the same status on a machine and on its
-// copy.
+// Tests of savemachine: on a machine and on its copy, every SHOW command prints the same bytes and has the
+// same status.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -9,21 +9,21 @@
 
 #include "mkmachine/events.h"
 #include "mkmachine/smbios_table.h"
-#include "tests/fault-injection/every_command.h"
+#include "tests/support/every_command.h"
 #include "tests/support/pattern.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-class Saved : public testing::TestWithParam<std::string> {
+class MachineCopies : public testing::TestWithParam<std::string> {
   protected:
-    enum Runs { kEachByItself, kAllInOne };  // the SHOW commands; kEachByItself compares each status
+    enum Scripts { kOnePerCommand, kOneForAll };  // of SHOW commands; kOnePerCommand compares each status
 
-    // Saves the machine and compares the copy with it. `what` describes the machine. Returns savemachine's
-    // messages.
+    // Copies the machine and compares the output of SHOW commands on the copy with that on the machine.
+    // `what` describes the machine. Returns savemachine's messages.
     std::string Compare(const RestorableMachine& machine, const std::string& what,
-                        Runs runs = kEachByItself) {
+                        Scripts scripts = kOnePerCommand) {
         SCOPED_TRACE(what);
         const TestMachine parent;
         const std::string copy = parent.Directory() + "/copy";
@@ -32,19 +32,19 @@ class Saved : public testing::TestWithParam<std::string> {
         const RunResult saved = RunProgram(ProgramPath("savemachine"), {copy}, machine.Directory(), options);
         EXPECT_EQ(saved.status, 0) << saved.errors;
         EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_all);
-        for (const std::string& script : Scripts(runs)) {
-            const RunResult there = machine.Script(script);
-            const RunResult here = RunProgram(ProgramPath("brantcli"), {"-s", script}, copy);
-            EXPECT_EQ(here.output, there.output) << script;
-            EXPECT_EQ(here.status, there.status) << script;
+        for (const std::string& script : ShowScripts(scripts)) {
+            const RunResult on_machine = machine.Script(script);
+            const RunResult on_copy = RunProgram(ProgramPath("brantcli"), {"-s", script}, copy);
+            EXPECT_EQ(on_copy.output, on_machine.output) << script;
+            EXPECT_EQ(on_copy.status, on_machine.status) << script;
         }
         log_ = parent.Read("copy/cevt/hlog");
         return saved.errors;
     }
-    std::string log_;  // of the last copy
+    std::string log_;  // the event log of the last copy
 
   private:
-    static std::vector<std::string> Scripts(Runs runs) {
+    static std::vector<std::string> ShowScripts(Scripts scripts) {
         std::vector<std::string> each;
         std::string all;
         for (const std::string& command : Commands()) {
@@ -52,12 +52,12 @@ class Saved : public testing::TestWithParam<std::string> {
             each.push_back(command);
             all += command + ';';
         }
-        return runs == kEachByItself ? each : std::vector<std::string>{all};
+        return scripts == kOnePerCommand ? each : std::vector<std::string>{all};
     }
 };
 
 // The copy has all bytes of each variable, also those that no SHOW command prints.
-TEST_P(Saved, KeepsEveryVariableWhole) {
+TEST_P(MachineCopies, HaveAllBytesOfEachVariable) {
     const RestorableMachine machine(GetParam());
     const TestMachine parent;
     RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
@@ -67,12 +67,13 @@ TEST_P(Saved, KeepsEveryVariableWhole) {
     }
 }
 
-// Each file is missing, a directory, or truncated, in one of kMachines machines.
-TEST_P(Saved, TellsTheSameWithoutSomePieces) {
+// Every file is damaged in one of kMachines machines. The test is repeated for each kind of damage: the file
+// is missing, a directory, or truncated.
+TEST_P(MachineCopies, OfDamagedMachinesShowTheSame) {
     constexpr size_t kMachines = 3;
     RestorableMachine machine(GetParam());
     EXPECT_EQ(Compare(machine, "whole"), "");
-    const Files pieces = machine.State();
+    const Files original = machine.State();
     const std::function<void(const std::string&)> damages[] = {
         [&](const std::string& path) { machine.Remove(path); },
         [&](const std::string& path) {
@@ -80,21 +81,21 @@ TEST_P(Saved, TellsTheSameWithoutSomePieces) {
             fs::create_directory(machine.Directory() + "/" + path);
         },
         [&](const std::string& path) {
-            machine.Write(path, pieces.at(path).substr(0, pieces.at(path).size() / 2));
+            machine.Write(path, original.at(path).substr(0, original.at(path).size() / 2));
         },
     };
     for (size_t i = 0; i < kMachines * std::size(damages); ++i) {
-        size_t place = 0;
-        for (const auto& [path, bytes] : pieces) {
-            if (place++ % kMachines == i % kMachines) damages[i / kMachines](path);
+        size_t index = 0;
+        for (const auto& [path, bytes] : original) {
+            if (index++ % kMachines == i % kMachines) damages[i / kMachines](path);
         }
-        Compare(machine, "damage " + std::to_string(i), kAllInOne);
-        for (const auto& [path, bytes] : pieces) machine.Remove(path);
+        Compare(machine, "damage " + std::to_string(i), kOneForAll);
+        for (const auto& [path, bytes] : original) machine.Remove(path);
         machine.Restore();
     }
 }
 
-TEST_P(Saved, TellsTheSameWhereCallsFail) {
+TEST_P(MachineCopies, OfMachinesWithFaultsShowTheSame) {
     const std::string cases[] = {
         "open casr -13",
         "open cdt -5\nopen crom -5\npicl initialize 1",
@@ -105,35 +106,36 @@ TEST_P(Saved, TellsTheSameWhereCallsFail) {
     for (const std::string& faults : cases) {
         RestorableMachine machine(GetParam());
         machine.Fault(faults);
-        EXPECT_NE(Compare(machine, faults, kAllInOne), "");
+        EXPECT_NE(Compare(machine, faults, kOneForAll), "")
+            << "no message about the failed calls: " << faults;
     }
     const std::string third = EventLog(3).substr(EventLog(2).size());
-    EXPECT_EQ(log_, EventLog(1) + third) << "an unreadable entry ended the log";
+    EXPECT_EQ(log_, EventLog(1) + third) << "an unreadable entry ended the copied log";
 }
 
 // The copy ends at the third unreadable entry in a row; entries in between that can be read start the count
 // again.
-TEST_P(Saved, KeepsTheLogUpToThreeUnreadableEntriesInARow) {
+TEST_P(MachineCopies, HaveTheLogUpToThreeUnreadableEntriesInARow) {
     constexpr size_t kEvents = 11;
     const int unreadable[] = {2, 3, 5, 6, 8, 9, 10};
     RestorableMachine machine(GetParam());
     machine.Write("cevt/hlog", EventLog(kEvents));
     for (const int number : unreadable) machine.Fault("cevt read " + std::to_string(number) + " -5");
-    Compare(machine, "unreadable", kAllInOne);
+    Compare(machine, "unreadable", kOneForAll);
     const auto entry = [](size_t number) { return EventLog(number).substr(EventLog(number - 1).size()); };
     EXPECT_EQ(log_, entry(1) + entry(4) + entry(7));
 }
 
-TEST_P(Saved, TellsTheSameOfAnEntryTooLongForAListing) {
+TEST_P(MachineCopies, OfALogWithAnEntryTooLongToListShowTheSame) {
     RestorableMachine machine(GetParam());
     std::string entry(400, 'x');
     entry.replace(0, 6, {'\x90', 1, 4, 0, 0, 0});  // its length and its number
     machine.Append("cevt/hlog", entry);
-    EXPECT_EQ(Compare(machine, "long", kAllInOne), "");
+    EXPECT_EQ(Compare(machine, "long", kOneForAll), "");
 }
 
 // The last byte of the tables is the first of a page, and the file ends there unless it is filled.
-TEST_P(Saved, TellsTheSameOfTablesAboveTheBiosArea) {
+TEST_P(MachineCopies, OfTablesAboveTheBiosAreaPrintTheSame) {
     RestorableMachine machine(GetParam());
     const std::string memory = machine.Read("xsvc");
     SMBIOSEntryPoint entry;
@@ -148,12 +150,12 @@ TEST_P(Saved, TellsTheSameOfTablesAboveTheBiosArea) {
     EXPECT_NE(machine.Script("SHOW SERVER").output.find("Processor: 0"), std::string::npos);
 }
 
-INSTANTIATE_TEST_SUITE_P(Model, Saved, testing::ValuesIn(ModelNames()));
+INSTANTIATE_TEST_SUITE_P(Model, MachineCopies, testing::ValuesIn(ModelNames()));
 
-struct Refusal {
-    const char* catches;
-    std::string command;  // $1: the program, $2: an empty folder
-    std::string errors;   // $2 as well
+struct CommandCase {
+    const char* what;
+    std::string command;  // $1: the program; $2: an empty directory
+    std::string errors;   // with $2
     int status;
 };
 
@@ -163,40 +165,40 @@ std::string Replaced(std::string text, const std::string& word, const std::strin
     return text;
 }
 
-TEST(SaveMachine, RefusesAndLeavesNothingBehind) {
-    const Refusal cases[] = {
-        {"no place", "$1", "usage: savemachine DIR\n", 2},
-        {"an option taken for a place", "$1 -x", "usage: savemachine DIR\n", 2},
-        {"a place that is taken", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
+TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
+    const CommandCase cases[] = {
+        {"no argument", "$1", "usage: savemachine DIR\n", 2},
+        {"an option", "$1 -x", "usage: savemachine DIR\n", 2},
+        {"an existing name", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
          "savemachine: $2/a: File exists\n", 1},
-        {"a folder that isn't there", "$1 $2/a/b", "savemachine: $2/a/b: No such file or directory\n", 1},
-        {"the root directory taken for a place", "$1 //", "savemachine: /: File exists\n", 1},
+        {"a parent directory that doesn't exist", "$1 $2/a/b",
+         "savemachine: $2/a/b: No such file or directory\n", 1},
+        {"the root directory", "$1 //", "savemachine: /: File exists\n", 1},
         {"a full disk", "ulimit -f 1000; $1 $2/a", "savemachine: $2/a: File too large\n", 1},
         {"foreign hardware", "BRANT_MACHINE=/ $1 $2/a", "ERROR: savemachine only runs on VX hardware.\n", 1},
         {"another user", "setpriv --reuid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
-        // Copies that are made; the command removes them.
-        {"files left open", "ulimit -n 32; $1 $2/a && rm -r $2/a", "", 0},
-        {"a path without a folder", "cd $2; $1 a && rm -r a", "", 0},
-        {"a relative path of the machine", "cd $BRANT_MACHINE; BRANT_MACHINE=. $1 $2/a && rm -r $2/a", "", 0},
-        {"a killed run's directory in the way",
+        // The copy succeeds, and the command removes it.
+        {"few descriptors", "ulimit -n 32; $1 $2/a && rm -r $2/a", "", 0},
+        {"a path without a directory", "cd $2; $1 a && rm -r a", "", 0},
+        {"a relative BRANT_MACHINE", "cd $BRANT_MACHINE; BRANT_MACHINE=. $1 $2/a && rm -r $2/a", "", 0},
+        {"the temporary directory of a killed run",
          "sh -c \"mkdir $2/a.\\$\\$; exec $1 $2/a\" && rm -r $2/a $2/a.*", "", 0},
-        {"modes that the umask takes away", "umask 777; $1 $2/a && rm -r $2/a", "", 0},
+        {"a umask that removes all permissions", "umask 777; $1 $2/a && rm -r $2/a", "", 0},
     };
     const TestMachine machine("tr300");
     const TestMachine parent;
     const std::string folder = parent.Directory() + "/casr";
-    for (const Refusal& c : cases) {
+    for (const CommandCase& c : cases) {
         const std::string command = Replaced(Replaced(c.command, "$1", InShell("savemachine")), "$2", folder);
         const RunResult run = RunProgram("/bin/sh", {"-c", command}, machine.Directory());
-        EXPECT_EQ(run.errors, Replaced(c.errors, "$2", folder)) << c.catches;
-        EXPECT_EQ(run.status, c.status) << c.catches;
-        EXPECT_TRUE(fs::is_empty(folder)) << c.catches;
+        EXPECT_EQ(run.errors, Replaced(c.errors, "$2", folder)) << c.what;
+        EXPECT_EQ(run.status, c.status) << c.what;
+        EXPECT_TRUE(fs::is_empty(folder)) << c.what << ": the copy or its temporary directory is left";
     }
 }
 
-// A record that is missing is reported and missing on the copy; any other failed call also gets a fault
-// there.
-TEST(SaveMachine, ReportsFailedCallsAndKeepsTheirResults) {
+// The copy lacks a record that the machine lacks. Any other failed call is a fault of the copy.
+TEST(SaveMachine, ReportsFailedCallsAndCopiesThemAsFaults) {
     TestMachine machine("tr500k2");
     const char* const faults[] = {"cdt 351.0.0 1",      "cdt 1702.255.0 -5",  "cdt 1503.0.0 1",
                                   "crom read ZTSBKT 1", "crom read ZTHMAC 1", "crom read ZTHIPL -5",
@@ -302,14 +304,14 @@ TEST(SaveMachine, RemovesTheCopyIfASignalInterruptsIt) {
     }
 }
 
-// The parent directory's owner can replace the new directory at any moment. The program then fails, leaves
-// all files of the replacement unchanged and removes what it has written elsewhere.
-TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesItsOwn) {
+// The owner of the parent directory can replace the new directory at any moment. The program then fails,
+// changes no file of the replacement, and removes what it has written into its own directory.
+TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesTheNewOne) {
     const std::string replaced = "the new directory was replaced by another user";
     struct Attack {
         const char* replacement;
-        const char* after;  // the directory after whose creation it happens
-        const char* by;     // the shell command that makes the replacement, $d
+        const char* after;    // the new directory is replaced after savemachine creates this directory
+        const char* command;  // creates the replacement, $d
         std::string error;
     };
     const Attack attacks[] = {
@@ -325,23 +327,24 @@ TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesItsOwn) {
         SCOPED_TRACE(attack.replacement);
         const TestMachine machine("tr300");
         TestMachine parent;
-        const std::string place = parent.Directory() + "/a";
+        const std::string copy = parent.Directory() + "/a";
         fs::create_directory(parent.Directory() + "/victim");
         for (const char* const file : {"victim/xsvc", "victim/picl"}) parent.Write(file, "kept");
         RunOptions options;
         options.environment = {"BRANT_AFTER_MKDIR=cd " + parent.Directory() +
                                "; d=$(echo a.*); case ${MADE##*/} in " + attack.after + ") mv $d moved; " +
-                               attack.by + ";; esac"};
+                               attack.command + ";; esac"};
         const RunResult run =
-            RunProgram(ProgramPath("savemachine_interposed"), {place}, machine.Directory(), options);
+            RunProgram(ProgramPath("savemachine_interposed"), {copy}, machine.Directory(), options);
         for (const char* const file : {"victim/xsvc", "victim/picl"}) {
-            EXPECT_TRUE(parent.Read(file) == "kept") << file;
+            EXPECT_TRUE(parent.Read(file) == "kept") << file << " was changed";
         }
-        EXPECT_EQ(run.errors.rfind("savemachine: not removed: " + place + ".", 0), 0U) << run.errors;
-        EXPECT_NE(run.errors.find("\nsavemachine: " + place + ": " + attack.error + "\n"), run.errors.npos)
-            << run.errors;
+        const std::string expected =
+            "savemachine: not removed: " + copy + "\\..*\nsavemachine: " + copy + ": " + attack.error + "\n";
+        EXPECT_FALSE(MatchWhole(run.errors, expected).empty())
+            << "expected: " << expected << "actual: " << run.errors;
         EXPECT_EQ(run.status, 1);
-        EXPECT_TRUE(fs::is_empty(parent.Directory() + "/moved"));
+        EXPECT_TRUE(fs::is_empty(parent.Directory() + "/moved")) << "files are left in the new directory";
     }
 }
 
