@@ -1,4 +1,4 @@
-// The replies of the four devices of the health driver, and the contents of the machine afterwards.
+// Tests of the four devices of the health driver: their replies, and the files of the machine afterwards.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,7 +13,7 @@
 
 namespace {
 
-// Builds an entry of the log: a header, then bytes that depend on its number.
+// Builds an event log entry: a header, then bytes that depend on its number.
 std::string Entry(uint32_t number, unsigned length) {
     EVT_HEADER header{};
     header.wEvtLength = static_cast<uint16_t>(length);
@@ -25,17 +25,17 @@ std::string Entry(uint32_t number, unsigned length) {
 
 }  // namespace
 
-TEST(Devices, OpenWhereTheMachineHasThem) {
+TEST(Devices, OpenIfTheMachineHasTheirDirectories) {
     TestMachine machine;
     machine.Remove("cevt");
     machine.Remove("xsvc");
     machine.Remove("crom");
     machine.Write("crom", "");
-    ExpectCalls(machine, R"(open cevt -> -1 errno=2 # a device that isn't there
+    ExpectCalls(machine, R"(open cevt -> -1 errno=2 # a missing device
         xsvc open -> -1 errno=2
         picl initialize -> 1
         open crom -> -1 errno=20                    # a file instead of a directory
-        open /dev/zethealth/cdt2 -> -1 errno=2      # a path taken by its beginning
+        open /dev/zethealth/cdt2 -> -1 errno=2      # a path compared by its beginning
         open casr -> 0
         casr 69 -> -1 errno=22                      # another device's code
         fd=1 code=6 -> -1 errno=9                   # a descriptor that was never open
@@ -47,7 +47,7 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
         << "hardware that the machine doesn't have, reported";
     InChild(machine, [] {
         setenv("BRANT_MACHINE", "/nowhere", 1);
-        EXPECT_EQ(Make("open casr"), "-1 errno=2") << "a machine that isn't there";
+        EXPECT_EQ(Make("open casr"), "-1 errno=2") << "a missing machine directory";
     });
     TestMachine going;
     InChild(going, [&] {
@@ -65,7 +65,7 @@ TEST(Devices, OpenWhereTheMachineHasThem) {
     });
 }
 
-TEST(Devices, ReportDataTables) {
+TEST(Devices, ReturnDataTables) {
     TestMachine machine;
     machine.Write("cdt/351.0.0", "\1\2\3\4");
     machine.Write("cdt/1702.255.7", "\5");
@@ -75,16 +75,16 @@ TEST(Devices, ReportDataTables) {
     machine.Write("cdt/1503.3.0", std::string(65537, '\0'));
     ExpectCalls(machine, R"(open cdt -> 0
         cdt 351.0.0 size=3 cru=0.0 -> 0 = 010203       # bytes past the caller's size
-        cdt 351.0.0 size=9 cru=0.0 -> 0 = 01020304     # bytes made up after the record
+        cdt 351.0.0 size=9 cru=0.0 -> 0 = 01020304     # bytes invented after the record
         cdt 1702.255.7 size=4 cru=0.0 -> 0 = 05        # indexes mixed up, or signed
-        cdt 351.0.1 size=4 cru=0.0 -> 1                # a record that isn't there
-        cdt 351.0.0 size=1 cru=9.2 -> 0 = 01           # the control bytes of a plain table
+        cdt 351.0.1 size=4 cru=0.0 -> 1                # a missing record
+        cdt 351.0.0 size=1 cru=9.2 -> 0 = 01           # control bytes used for a plain table
         cdt 1503.0.0 size=5 cru=1.4 -> 0 = 0107030405  # a report that changes the state
         cdt 1503.0.0 size=5 cru=0.1 -> 1               # an indicator without its function
         cdt 1503.0.0 size=5 cru=1.3 -> 1               # a control that doesn't exist
-        cdt 1503.9.0 size=5 cru=1.1 -> 1               # an indicator that isn't there
+        cdt 1503.9.0 size=5 cru=1.1 -> 1               # a missing indicator
         cdt 1503.0.0 size=5 cru=1.2 -> 0 = 0100030405  # the old state reported
-        cdt 1503.0.0 size=1 cru=1.1 -> 0 = 01          # a change cut to the caller's size
+        cdt 1503.0.0 size=1 cru=1.1 -> 0 = 01          # a change truncated to the caller's size
         cdt 1503.1.0 size=5 cru=1.1 -> 0 = 0001        # a short record not lengthened
         cdt 1503.2.0 size=2 cru=1.1 -> 0 = 0001        # the largest record
         cdt 1503.3.0 size=2 cru=1.1 -> -1 errno=27     # one that is larger)");
@@ -92,9 +92,9 @@ TEST(Devices, ReportDataTables) {
     EXPECT_EQ(machine.Read("cdt/1503.1.0"), std::string("\0\1", 2));
 }
 
-TEST(Devices, SwitchTheRecoveryTimer) {
+TEST(Devices, EnableAndDisableTheRecoveryTimer) {
     TestMachine machine;
-    ExpectCalls(machine, "open casr -> 0; casr 6 -> 1; casr 4 -> 1; casr 3 -> 1 # a timer that isn't there");
+    ExpectCalls(machine, "open casr -> 0; casr 6 -> 1; casr 4 -> 1; casr 3 -> 1 # no timer");
     machine.Asr(false);
     ExpectCalls(machine, "open casr -> 0; casr 6 -> 0 = 00000000; casr 4 -> 0; casr 6 -> 0 = 01000000");
     EXPECT_EQ(machine.Read("casr/enabled"), "1\n");
@@ -103,7 +103,7 @@ TEST(Devices, SwitchTheRecoveryTimer) {
     EXPECT_EQ(machine.Read("casr/enabled"), "0\n");
 }
 
-TEST(Devices, KeepRomVariables) {
+TEST(Devices, ReadAndWriteRomVariables) {
     TestMachine machine;
     machine.Remove("crom/ZTHMAC");
     machine.Variable("ZTHCPR", std::string("\1\2\3\4"));
@@ -113,26 +113,26 @@ TEST(Devices, KeepRomVariables) {
     const std::string longest(255, 'N'), every_byte(256, '\x5a');
     ExpectCalls(machine, R"(open crom -> 0
         crom read ZTHCPR length=3 -> 0 = 010203        # bytes past the length
-        crom read ZTHCPR length=256 -> 0 = 01020304    # bytes made up after the value
+        crom read ZTHCPR length=256 -> 0 = 01020304    # bytes invented after the value
         crom read ZTHCPR length=257 -> 1               # a length above the block's
-        crom read ZTHLS1 length=4 -> 1                 # a variable that isn't there
+        crom read ZTHLS1 length=4 -> 1                 # a missing variable
         crom write ZTHCPR length=2 data=aabb -> 0      # the bytes after the length lost
-        crom write AZ_az-09 length=3 data=00ff10 -> 0  # a variable that isn't there yet
-        crom read ../cdt/351.0.0 length=6 -> 1         # a way out of the directory
+        crom write AZ_az-09 length=3 data=00ff10 -> 0  # a new variable
+        crom read ../cdt/351.0.0 length=6 -> 1         # a path outside the directory
         crom read . length=6 -> 1                      # the directory itself
         crom write  length=1 data=07 -> 1              # an empty name
-        crom write A B length=1 data=07 -> 1           # a letter that no name has
+        crom write A B length=1 data=07 -> 1           # an invalid character
         )" +
                              ("crom write " + longest + " length=256 data=" + Hexadecimal(every_byte) +
                               " -> 0 # the longest name, the longest value;") +
-                             ("crom read " + longest + "N length=1 -> 1 # a name without its end"));
+                             ("crom read " + longest + "N length=1 -> 1 # a name without NUL"));
     EXPECT_EQ(machine.Read("crom/ZTHCPR"), "\xaa\xbb\3\4");
     EXPECT_EQ(machine.Read("crom/" + longest), every_byte);
     const auto mode = [](const std::string& path) {
         return static_cast<unsigned>(std::filesystem::status(path).permissions());
     };
-    EXPECT_EQ(mode(changed), 0444u) << "the mode of a new file, or bits with which others could run it";
-    EXPECT_EQ(mode(machine.Directory() + "/crom/AZ_az-09"), 0644u) << "another file's mode";
+    EXPECT_EQ(mode(changed), 0444u) << "the file's own read and write bits, and no others";
+    EXPECT_EQ(mode(machine.Directory() + "/crom/AZ_az-09"), 0644u) << "the mode of a new file";
     EXPECT_EQ(machine.Read("crom/AZ_az-09"), std::string("\0\xff\x10", 3));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
 }
@@ -151,52 +151,40 @@ TEST(Devices, ReadTheEventLog) {
         cevt read -2147483647 length=312 -> 1      # numbers taken as signed
         cevt choice=7 length=56 -> -1 errno=22     # a choice that doesn't exist
         cevt clear length=56 -> 0
-        cevt read 0 length=312 -> 1                # an index of the log as it was)");
+        cevt read 0 length=312 -> 1                # an entry of the cleared log)");
     EXPECT_EQ(machine.Read("cevt/hlog"), "");
     machine.Write("cevt/hlog", Entry(4, 40) + Entry(5, 30).substr(0, 29));
-    ExpectCalls(machine, "open cevt -> 0; cevt read 5 length=312 -> 1 # an entry that the file's end cuts");
+    ExpectCalls(machine, "open cevt -> 0; cevt read 5 length=312 -> 1 # a truncated entry");
     machine.Remove("cevt/hlog");
     ExpectCalls(machine, "open cevt -> 0; cevt read 0 length=312 -> 1 # no log at all");
     std::filesystem::create_directory(machine.Directory() + "/cevt/hlog");
     ExpectCalls(machine, "open cevt -> 0; cevt clear length=56 -> -1 errno=21");
-    EXPECT_FALSE(std::filesystem::exists(machine.Directory() + "/cevt/.new")) << "left of a failed change";
+    EXPECT_FALSE(std::filesystem::exists(machine.Directory() + "/cevt/.new"))
+        << "a failed change has left its new file";
 }
 
-// Ways to replace a log while a listing reads it.
+// Ways to replace the log while a listing reads it. `catches`: the log that must not be listed.
 const struct {
     const char* catches;
     void (*replace)(TestMachine& machine, const std::string& log);
 } kReplacements[] = {
-    {"a file that was overwritten, with its old contents",
+    {"the old contents of a file that was overwritten",
      [](TestMachine& machine, const std::string& log) { machine.Write("cevt/hlog", log); }},
-    {"a file that has been replaced",
+    {"a file that was replaced",
      [](TestMachine& machine, const std::string& log) {
          machine.Write("cevt/.new", log);
          std::filesystem::rename(machine.Directory() + "/cevt/.new", machine.Directory() + "/cevt/hlog");
      }},
-    {"a file in a directory that has been replaced",
-     [](TestMachine& machine, const std::string& log) {
-         std::filesystem::rename(machine.Directory() + "/cevt", machine.Directory() + "/before" + log[2]);
-         std::filesystem::create_directory(machine.Directory() + "/cevt");
-         machine.Write("cevt/hlog", log);
-     }},
-    {"a file of a machine that has been replaced",
-     [](TestMachine& machine, const std::string& log) {
-         std::filesystem::rename(machine.Directory(), machine.Directory() + ".before");
-         std::filesystem::create_directories(machine.Directory() + "/cevt");
-         std::filesystem::rename(machine.Directory() + ".before", machine.Directory() + "/before");
-         machine.Write("cevt/hlog", log);
-     }},
 };
 
-TEST(Devices, ListTheLogThatIsThere) {
+TEST(Devices, ListTheCurrentLog) {
     const auto log = [](uint32_t first) {
         return Entry(first, 40) + Entry(first + 1, 40) + Entry(first + 2, 40);
     };
     TestMachine machine;
     InChild(machine, [&] {
         Make("open cevt");
-        uint32_t next = 1;  // number; each log has other numbers
+        uint32_t next = 1;  // each log begins with another number
         machine.Write("cevt/hlog", log(next));
         const auto expect_next = [&next](const char* catches) {
             const std::string call = "cevt read " + std::to_string(next) + " length=56";
@@ -204,19 +192,19 @@ TEST(Devices, ListTheLogThatIsThere) {
             ++next;
         };
         for (const auto& [catches, replace] : kReplacements) {
-            usleep(60000);  // until the index of the file is kept
+            usleep(60000);  // until the file is old enough for its index to be reused
             expect_next(catches);
             expect_next(catches);
             replace(machine, log(++next));
             expect_next(catches);
         }
         for (int i = 0; i < 20; ++i) {
-            for (int entries = 0; entries < 2; ++entries) expect_next("the log before a change");
+            for (int entries = 0; entries < 2; ++entries) expect_next("an old log");
             kReplacements[0].replace(machine, log(++next));
-            expect_next("a change within the same clock tick as the one before");
+            expect_next("the log before a change in the same clock tick as the previous change");
         }
         machine.Remove("cevt/hlog");
-        EXPECT_EQ(Make("cevt read 1 length=56"), "1") << "a file that is removed";
+        EXPECT_EQ(Make("cevt read 1 length=56"), "1") << "a removed log";
     });
 }
 
@@ -241,16 +229,16 @@ TEST(Devices, ListALongLogInOnePass) {
         log += entry;
     }
     TestMachine machine;
-    machine.Write("cevt/hlog",
-                  log + "\x1d" + std::string(27, '\0'));  // at the end, an entry that lacks a byte
-    usleep(60000);                                        // until the index of the file is kept
+    machine.Write("cevt/hlog", log + "\x1d" + std::string(27, '\0'));  // the last entry lacks a byte
+    usleep(60000);  // until the file is old enough for its index to be reused
     InChild(machine, [&] {
         Make("open cevt");
         const size_t before = BytesRead();
         for (const auto& [number, entry] : first_of) {
-            const std::string answer = Make("cevt read " + std::to_string(number) + " length=344");
-            ASSERT_EQ(answer, "0 = " + Hexadecimal(entry)) << number;
+            const std::string result = Make("cevt read " + std::to_string(number) + " length=344");
+            ASSERT_EQ(result, "0 = " + Hexadecimal(entry)) << number;
         }
-        EXPECT_LT(BytesRead() - before, 3 * log.size()) << "the log is indexed again for each entry";
+        EXPECT_LT(BytesRead() - before, 3 * log.size())
+            << "the log of " << log.size() << " bytes is read again for each entry";
     });
 }

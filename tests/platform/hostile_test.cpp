@@ -1,5 +1,5 @@
-// Machine directories that somebody else has made: links, special files and huge files. A request fails, and
-// nothing outside the directory is read or written.
+// Tests of machine directories with links, special files and huge files, as another user may create them.
+// Requests fail, and nothing outside the directory is read or written.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -11,12 +11,12 @@
 
 namespace {
 
-// Something other than a file, and the result of each request that needs the file.
+// Things other than a regular file, and the result of each request that needs the file.
 const struct {
     const char* name;
-    void (*put)(const std::string& path);
+    void (*create)(const std::string& path);
     const char* result;
-} kNonsense[] = {
+} kOtherTypes[] = {
     {"a directory", [](const std::string& path) { mkdir(path.c_str(), 0755); }, "-1 errno=21"},
     {"a FIFO", [](const std::string& path) { mkfifo(path.c_str(), 0644); }, "-1 errno=19"},
     {"a link to a file that every request accepts",
@@ -33,12 +33,12 @@ constexpr char kOpens[] = "open cdt -> 0; open casr -> 0; open crom -> 0; open c
 }  // namespace
 
 TEST(Hostile, OnlyRegularFilesAreReadOrWritten) {
-    for (const auto& [name, put, result] : kNonsense) {
+    for (const auto& [name, create, result] : kOtherTypes) {
         SCOPED_TRACE(name);
         TestMachine machine;
         for (const char* file : kFiles) {
             machine.Remove(file);
-            put(machine.Directory() + "/" + file);
+            create(machine.Directory() + "/" + file);
         }
         const std::string calls = R"(cdt 351.0.0 size=4 cru=0.0 -> R
             cdt 1503.0.0 size=5 cru=1.1 -> R; casr 6 -> R; casr 3 -> R
@@ -51,10 +51,10 @@ TEST(Hostile, OnlyRegularFilesAreReadOrWritten) {
             is_regular_file(symlink_status(std::filesystem::path(machine.Directory()) / "cevt/hlog")));
 
         machine.Remove("trace");
-        put(machine.Directory() + "/trace");
+        create(machine.Directory() + "/trace");
         InChild(machine, [] { EXPECT_EQ(Make("open casr"), "0"); });
         const std::string target = machine.Read("trace.target");
-        EXPECT_TRUE(target.empty() || target == "1\n") << "a trace that is a link was followed";
+        EXPECT_TRUE(target.empty() || target == "1\n") << "the link was followed";
     }
 }
 
@@ -74,7 +74,8 @@ TEST(Hostile, NoLinkToADeviceDirectoryIsFollowed) {
             EXPECT_EQ(Make("open " + device), "0");
             std::filesystem::rename(path, path + ".real");
             std::filesystem::create_directory_symlink(path + ".real", path);
-            EXPECT_EQ(Make(request), "-1 errno=20") << "a directory that was replaced after it was opened";
+            EXPECT_EQ(Make(request), "-1 errno=20")
+                << "the directory was replaced by a link after it was opened";
             EXPECT_EQ(Make("open " + device), "-1 errno=20") << device;
             std::filesystem::remove(path);
             std::filesystem::rename(path + ".real", path);
@@ -82,10 +83,11 @@ TEST(Hostile, NoLinkToADeviceDirectoryIsFollowed) {
     }
     EXPECT_EQ(machine.Read("cdt/1503.0.0") + machine.Read("casr/enabled") + machine.Read("crom/A"),
               "\1\1"
-              "1\nA");
+              "1\nA")
+        << "a request has changed a file of the linked directory";
 }
 
-// Another name of the trace may be somebody's file, to which every run would append.
+// The second name may be a file of another user, to which every run would append.
 TEST(Hostile, ATraceWithASecondNameIsNotWritten) {
     TestMachine machine;
     machine.Write("kept", "kept\n");
@@ -95,7 +97,7 @@ TEST(Hostile, ATraceWithASecondNameIsNotWritten) {
     EXPECT_EQ(machine.Read("stderr"), "simulated machine: trace: Too many links\n");
 }
 
-TEST(Hostile, HugeFilesAreReadNoFurtherThanNeeded) {
+TEST(Hostile, HugeFilesAreNotReadWhole) {
     TestMachine machine;
     for (const char* file : kFiles) {
         machine.Write(file, "");

@@ -1,4 +1,4 @@
-// A device that another program has locked: a command waits, and the wait can be ended.
+// Tests of a command on a device that another program has locked: the command waits, and ^C ends the wait.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// Holds the lock of the ROM variables.
+// Holds the lock of crom, the device of the ROM variables.
 class Lock {
   public:
     explicit Lock(const TestMachine& machine)
@@ -35,7 +35,7 @@ constexpr char kPrompt[] = "\nbrantcli> ";
 
 }  // namespace
 
-TEST(Lock, ControlCEndsTheWaitAndTheScriptGoesOn) {
+TEST(Lock, ControlCEndsTheWaitAndTheScriptContinues) {
     const TestMachine machine("tr500k2");
     Lock lock(machine);
     TerminalSession session(machine, {"-s", "SET ASSET web7;SHOW UID"});
@@ -43,7 +43,7 @@ TEST(Lock, ControlCEndsTheWaitAndTheScriptGoesOn) {
               "simulated machine: waiting for another program, which has locked " + machine.Directory() +
                   kReported);
     session.StopAndContinue();
-    usleep(200000);  // until the wait has enabled the key again
+    usleep(200000);  // until the program has made ^C a signal again
     session.Type("\3");
     EXPECT_EQ(session.ReceiveUntil(kFailed), kFailed);
     EXPECT_EQ(session.ReceiveUntil("off.\n"), "\nUID is currently off.\n");
@@ -52,13 +52,13 @@ TEST(Lock, ControlCEndsTheWaitAndTheScriptGoesOn) {
     EXPECT_TRUE(session.Settings() == session.found);
 }
 
-TEST(Lock, TheWaitKeepsTheKeysTypedAheadAndTheTerminalMode) {
+TEST(Lock, TheWaitKeepsTypedKeysAndTheTerminalMode) {
     const TestMachine machine("tr500k2");
     Lock lock(machine);
     TerminalSession session(machine);
     session.ReceiveUntil(kPrompt);
     termios character_mode = session.Settings();
-    character_mode.c_lflag &= ~tcflag_t{NOFLSH};  // or ^C would keep the keys anyway
+    character_mode.c_lflag &= ~tcflag_t{NOFLSH};  // NOFLSH would keep the keys at ^C anyway
     tcsetattr(session.terminal, TCSANOW, &character_mode);
 
     session.Type("set asset web7\r");

@@ -19,8 +19,8 @@
 
 namespace {
 
-constexpr char kUntouched = '\xEE';
-constexpr size_t kGuard = 64;  // bytes after a buffer, which no call may change
+constexpr char kUnwritten = '\xEE';  // fills a buffer before the call
+constexpr size_t kGuard = 64;        // bytes after a buffer, in which Answer() shows a write beyond its end
 
 using Words = const Match&;  // a call, and the groups that its pattern captures
 
@@ -41,7 +41,7 @@ struct Number {
 
 // Formats the result of a call, and the bytes of its buffer up to the last one that was written.
 std::string Answer(int result, std::string buffer = "") {
-    buffer.resize(buffer.find_last_not_of(kUntouched) + 1);
+    buffer.resize(buffer.find_last_not_of(kUnwritten) + 1);
     return std::to_string(result) + (result < 0 ? " errno=" + std::to_string(errno) : "") +
            (buffer.empty() ? "" : " = " + Hexadecimal(buffer));
 }
@@ -57,14 +57,14 @@ std::string Close(Words words) {
 }
 
 std::string RequestCasr(int fd, Number code) {
-    std::string state(4, kUntouched);
+    std::string state(4, kUnwritten);
     const int result = vxIoctlRequest(fd, code, state.data());
     return Answer(result, state);
 }
 
 std::string RequestCdt(Words words) {
     const Number type(words[1]), index(words[2]), index2(words[3]), size(words[4]);
-    std::string reply(size_t{size} + kGuard, kUntouched);
+    std::string reply(size_t{size} + kGuard, kUnwritten);
     DT_IOCTL block = {{size, type, index, index2, Number(words[5]), Number(words[6]), {}}, reply.data()};
     const int result = vxIoctlRequest(descriptors["cdt"], kDataTableRequest, &block);
     return Answer(result, reply);
@@ -74,7 +74,7 @@ std::string RequestCrom(int code, const std::string& name, Number length, const 
     EV_IOCTL_STRUCT block{};
     name.copy(block.EvName, sizeof block.EvName);
     block.DataLength = length;
-    std::fill(block.DataBuffer, std::end(block.DataBuffer), static_cast<uint8_t>(kUntouched));
+    std::fill(block.DataBuffer, std::end(block.DataBuffer), static_cast<uint8_t>(kUnwritten));
     for (size_t i = 0; i < data.size() / 2; ++i) block.DataBuffer[i] = Number("0x" + data.substr(2 * i, 2));
     const int result = vxIoctlRequest(descriptors["crom"], code, &block);
     return Answer(result, data.empty() ? std::string(block.DataBuffer, std::end(block.DataBuffer)) : "");
@@ -82,7 +82,7 @@ std::string RequestCrom(int code, const std::string& name, Number length, const 
 
 std::string RequestCevt(int choice, Number number, Number length) {
     std::string block = MachineBuilder::Plain(LOG_INFO{length, choice, 0, number});
-    block.resize(std::max(size_t{length}, sizeof(LOG_INFO)) + kGuard, kUntouched);
+    block.resize(std::max(size_t{length}, sizeof(LOG_INFO)) + kGuard, kUnwritten);
     const int result = vxIoctlRequest(descriptors["cevt"], kEventLogRequest, block.data());
     return Answer(result, block.substr(sizeof(LOG_INFO)));
 }
@@ -92,7 +92,7 @@ std::string OpenMemory(Words) {
     return Answer(std::min(memory, 0));
 }
 
-// Shows the first and the last byte of the mapping.
+// Returns the first and the last byte of the mapping as the reply.
 std::string MapMemory(Words words) {
     const Number address(words[1]), length(words[2]);
     mapping = static_cast<char*>(xsvc_map(memory, address, length));
@@ -109,16 +109,16 @@ std::string CloseMemory(Words) {
     return "";
 }
 
-// Shows one byte of each node's property "id", or ff.
+// Returns as the reply one byte of each node's property "id", or ff if it has none.
 std::string WalkPicl(Words words) {
     std::string ids;
-    const auto note = [](picl_nodehdl_t node, void* arg) -> int {
+    const auto add_id = [](picl_nodehdl_t node, void* arg) -> int {
         uint32_t id = 0xFF;
         picl_get_propval_by_name(node, "id", &id, sizeof id);
         *static_cast<std::string*>(arg) += static_cast<char>(id);
         return PICL_WALK_CONTINUE;
     };
-    const int result = picl_walk_tree_by_class(root, words[1].c_str(), &ids, note);
+    const int result = picl_walk_tree_by_class(root, words[1].c_str(), &ids, add_id);
     return Answer(result, ids);
 }
 
@@ -154,7 +154,7 @@ std::string Make(const std::string& call) {
         const Match words = MatchWhole(call, pattern);
         if (!words.empty()) return make(words);
     }
-    return "no such call";
+    return "not a call of kCalls: " + call;
 }
 
 void InChild(const TestMachine& machine, const std::function<void()>& body) {

@@ -1,5 +1,5 @@
-// What the driver gets, byte for byte, and what is made of its answers: this program has a request library of
-// its own, which records each call and answers it as a test says.
+// Compares the driver's requests byte for byte, and tests how replies are used. This test program replaces
+// the request library: its functions record each call and return the reply that a test has set.
 
 #include <gtest/gtest.h>
 
@@ -23,14 +23,14 @@
 
 namespace {
 
-std::vector<std::string> calls;  // a request: its code and the bytes of its block
-int result;                      // of each request; the reply is filled in whatever it is
-int32_t timer_state;             // a reply
-EV_IOCTL_STRUCT variable;        // a reply
-int record;                      // a reply: each byte of a data table's record
-DataTableType failing_table;     // whose requests fail
-void* last_record;               // where the last record went
-int records_held;                // requests during which the record before wasn't freed
+std::vector<std::string> calls;  // each request's code and the bytes of its block
+int result;                      // of each request; the reply is stored even if this is a failure
+int32_t timer_state;             // reply of the ASR timer
+EV_IOCTL_STRUCT variable;        // reply to a read of a ROM variable
+int record;                      // reply of the data tables: each byte of the record
+DataTableType failing_table;     // requests of this table fail
+void* last_record;               // the address of the last record
+int records_held;                // the number of requests at which the previous record wasn't freed yet
 
 bool IsFreed([[maybe_unused]] const void* block) {
 #ifdef __SANITIZE_ADDRESS__
@@ -75,24 +75,25 @@ int vxIoctlRequest(int, int code, void* arg) {
 
 namespace {
 
-// The one call since the last time; in front of it, what a block that isn't cleared would hold is prepared.
+// Runs an action that makes one call, and returns the call. Fills the stack before, so that the call shows
+// whether the block was cleared.
 template <typename Action>
 std::string CallOf(const Action& action) {
     volatile char stack[4096];
     for (volatile char& byte : stack) byte = 0x5A;
     calls.clear();
     action();
-    return calls.size() == 1 ? calls[0] : "not one call";
+    return calls.size() == 1 ? calls[0] : std::to_string(calls.size()) + " calls instead of one";
 }
 
-// A request whose bytes are all zero but for some.
+// Returns the expected call: a request whose block contains these bytes, and otherwise zeros.
 struct Byte {
-    size_t place;
+    size_t offset;
     int value;
 };
 std::string Request(int code, size_t size, std::initializer_list<Byte> bytes) {
     std::string block(size, '\0');
-    for (const Byte& byte : bytes) block[byte.place] = static_cast<char>(byte.value);
+    for (const Byte& byte : bytes) block[byte.offset] = static_cast<char>(byte.value);
     return std::to_string(code) + ":" + block;
 }
 
@@ -102,7 +103,7 @@ TEST(RequestBlocks, ADeviceIsOpenedForReadingAndWriting) {
     for (const std::string& call : calls) EXPECT_NE(call.find(" mode 2"), call.npos) << call;
 }
 
-TEST(RequestBlocks, ARecordIsAskedForWithZerosInAllThatHasNoMeaning) {
+TEST(RequestBlocks, UnusedBytesOfADataTableRequestAreZero) {
     EXPECT_EQ(CallOf([] { std::free(generic_dtioctl(0x06AA, -1, 0x102, 5, 0)); }),
               Request(69, 17, {{0, 5}, {4, 0xAA}, {5, 6}, {6, 255}, {7, 2}}));
     const char* state;
@@ -147,7 +148,7 @@ TEST(RequestBlocks, NoneFollowsAFailedOneInAWalkOfMemoryModules) {
     failing_table = 0;
 }
 
-TEST(RequestBlocks, AVariableIsItsNameItsLengthAndItsBytes) {
+TEST(RequestBlocks, AVariableIsTransferredWithItsNameAndLength) {
     std::memset(&variable, 0xEE, sizeof variable);
     unsigned char bytes[] = "\1\2\3\4";
     const std::string written = Request(2, 520, {{0, 'A'}, {1, 'B'}, {260, 3}, {264, 1}, {265, 2}, {266, 3}});
@@ -162,13 +163,13 @@ TEST(RequestBlocks, AVariableIsItsNameItsLengthAndItsBytes) {
     }
 }
 
-TEST(RequestBlocks, TheLogIsClearedWithZerosInAllButLengthAndChoice) {
+TEST(RequestBlocks, UnusedBytesOfTheRequestToClearTheLogAreZero) {
     InputLineType line{};
     line.NumWords = 2;
     EXPECT_EQ(CallOf([&] { do_clear_hlog(&line); }), Request(81, 56, {{0, 56}, {4, 5}}));
 }
 
-TEST(RequestBlocks, TheTimerIsSwitchedWithoutABlockAndRunsWithAnyStateButZero) {
+TEST(RequestBlocks, TheTimerIsSwitchedWithoutABlockAndEnabledInAnyStateBut0) {
     InputLineType line{};
     line.NumWords = 2;
     result = 1;
