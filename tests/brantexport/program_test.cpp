@@ -60,7 +60,7 @@ TEST(Program, OpensAndClosesEachDeviceAndChangesNothing) {
         TestMachine machine(model.name);
         machine.StartTrace();
         RunOptions options;
-        options.looks_for_leaks = true;
+        options.detect_leaks = true;
         const RunResult run = RunProgram(ProgramPath("brantexport"), {}, machine.Directory(), options);
         EXPECT_EQ(run.errors, "");
         const std::string trace = machine.TakeTrace();

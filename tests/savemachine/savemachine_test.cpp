@@ -28,7 +28,7 @@ class MachineCopies : public testing::TestWithParam<std::string> {
         const TestMachine parent;
         const std::string copy = parent.Directory() + "/copy";
         RunOptions options;
-        options.looks_for_leaks = true;
+        options.detect_leaks = true;
         const RunResult saved = RunProgram(ProgramPath("savemachine"), {copy}, machine.Directory(), options);
         EXPECT_EQ(saved.status, 0) << saved.errors;
         EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_all);

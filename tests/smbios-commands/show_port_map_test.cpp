@@ -23,7 +23,7 @@ std::string Map(const SmbiosRecord& record) {
     return bytes;
 }
 
-// Uses the last port of the record; the bits that aren't printed are set.
+// The map has only the last port of the record. All bits that aren't printed are set.
 const std::string kMap = Map(PortMapRecord(2, {{3, 7, {2, 3, 15, 31, 3, 1}}}));
 
 struct Case {
@@ -35,11 +35,12 @@ struct Case {
 const Case kCases[] = {
     {"neither record", "", "\n       Port mapping information is not available on this server\n\n"},
     {"bay 0, no port map", Rack("0"), kNoBay},
-    {"no number", Rack("five") + kMap, kNoBay},
-    {"no string", Rack("") + kMap, kNoBay},
+    {"a bay that isn't a number", Rack("five") + kMap, kNoBay},
+    {"an empty bay string", Rack("") + kMap, kNoBay},
     {"a rack record without the field", RackRecord(1, "", "5").CutTo(7).Bytes() + kMap, kNoBay},
     {"no port map", Rack("5"), "\nERROR: Failed to get SMBIOS system data.\n\n"},
-    {"a neighbour's bits", Rack("5") + kMap, kHeading + "0         2         8         36        \n\n\n"},
+    {"bits of a neighbouring field", Rack("5") + kMap,
+     kHeading + "0         2         8         36        \n\n\n"},
     {"a sum that wraps", Rack(" 99999999999") + kMap,
      kHeading + "0         2         8         2147483647\n\n\n"},
     {"a port beyond the record", Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).CutTo(68)),
@@ -48,7 +49,7 @@ const Case kCases[] = {
 
 }  // namespace
 
-TEST(ShowPortMap, ReadsEachFieldAndSaysWhatIsMissing) {
+TEST(ShowPortMap, PrintsEachFieldOrReportsTheMissingRecord) {
     for (const Case& c : kCases) {
         LoadedTables tables(SystemRecord("Corvex", "").Bytes() + c.tables);
         const RunResult result = tables.Machine().Script("SHOW PORTMAP PLEASE");

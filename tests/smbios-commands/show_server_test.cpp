@@ -7,12 +7,12 @@
 #include "tests/support/golden.h"
 #include "tests/support/loaded_tables.h"
 
-TEST(ShowServer, TellsEachModelInFull) {
+TEST(ShowServer, MatchesTheGoldenFileOfEachModel) {
     ExpectGoldenModels("smbios-commands");
 }
 
 // Values that no model has: other processor states, a size that isn't whole MiB, a form factor above 9.
-TEST(ShowServer, NamesTheStateAndRoundsDown) {
+TEST(ShowServer, NamesProcessorStatesAndRoundsSizesDown) {
     std::string records = SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes();
     records += MemoryArrayRecord({1}).Bytes();
     for (const unsigned state : {0x45, 0x42, 0x40}) {
@@ -24,9 +24,9 @@ TEST(ShowServer, NamesTheStateAndRoundsDown) {
     const std::string output = tables.Machine().Script("SHOW SERVER;SHOW DIMM").output;
     for (const char* text :
          {": Failed\n", ": Disabled\n", ": Unknown\n", ": 1 MBytes\n", ":           1 MB\n", ":    ah\n"}) {
-        EXPECT_NE(output.find(text), output.npos) << text;
+        EXPECT_NE(output.find(text), output.npos) << "expected: " << text << "actual:\n" << output;
     }
 
     EXPECT_TRUE(tables.Load(SystemRecord("Corvex", "").Bytes()));
-    EXPECT_EQ(get_dimminfo_smbios(), 1) << "no sockets";
+    EXPECT_EQ(get_dimminfo_smbios(), 1) << "tables without memory sockets";
 }

@@ -22,23 +22,23 @@ struct Case {
     End end;
 };
 
-constexpr Case kGood = {"a valid one rejected", 0xF5000, 0x206, 31, 0, 6, kTablesAddress, kLoaded};
+constexpr Case kGood = {"a valid entry point rejected", 0xF5000, 0x206, 31, 0, 6, kTablesAddress, kLoaded};
 
 // clang-format off
 constexpr Case kCases[] = {
     kGood,
-    {"version 2.0",             0xF5000, 0x200, 31, 0, 6, kTablesAddress, kRejected},
+    {"version 2.0 accepted",             0xF5000, 0x200, 31, 0, 6, kTablesAddress, kRejected},
     {"version 2.1 rejected",    0xF5000, 0x201, 31, 0, 6, kTablesAddress, kLoaded},
-    {"version 1.9",             0xF5000, 0x109, 31, 0, 6, kTablesAddress, kRejected},
+    {"version 1.9 accepted",             0xF5000, 0x109, 31, 0, 6, kTablesAddress, kRejected},
     {"30 bytes rejected",       0xF5000, 0x206, 30, 0, 6, kTablesAddress, kLoaded},
-    {"a minor number alone",    0xF5000, 0x300, 31, 0, 6, kTablesAddress, kLoaded},
-    {"a bad checksum",          0xF5000, 0x206, 31, 1, 6, kTablesAddress, kRejected},
-    {"off its boundary",        0xF5008, 0x206, 31, 0, 6, kTablesAddress, kRejected},
+    {"minor number 0 rejected",    0xF5000, 0x300, 31, 0, 6, kTablesAddress, kLoaded},
+    {"a bad checksum accepted",          0xF5000, 0x206, 31, 1, 6, kTablesAddress, kRejected},
+    {"an unaligned offset accepted",        0xF5008, 0x206, 31, 0, 6, kTablesAddress, kRejected},
     {"the first offset missed", 0xF0000, 0x206, 31, 0, 6, kTablesAddress, kLoaded},
     {"the last offset missed",  0xFFFE0, 0x206, 31, 0, 6, kTablesAddress, kLoaded},
-    {"truncated by the area",  0xFFFF0, 0x206, 16, 0, 6, kTablesAddress, kRejected},
-    {"no bytes of tables",      0xF5000, 0x206, 31, 0, 0, 0xFFFFFFFF,     kEmpty},
-    {"tables out of reach",     0xF5000, 0x206, 31, 0, 6, 0xFFFFFFFF,     kUnreadable},
+    {"a truncated one accepted",  0xFFFF0, 0x206, 16, 0, 6, kTablesAddress, kRejected},
+    {"empty tables loaded",      0xF5000, 0x206, 31, 0, 0, 0xFFFFFFFF,     kEmpty},
+    {"a failed mapping ignored",     0xF5000, 0x206, 31, 0, 6, 0xFFFFFFFF,     kUnreadable},
 };
 // clang-format on
 
@@ -55,7 +55,7 @@ SMBIOSEntryPoint Entry(const Case& c) {
 
 }  // namespace
 
-TEST(EntryPoint, IsFoundOnlyWhereItIsWholeAndRight) {
+TEST(EntryPoint, IsFoundOnlyIfItIsCompleteAndValid) {
     for (const Case& c : kCases) {
         LoadedTables tables;
         tables.Machine().PhysicalMemory(c.address, MachineBuilder::Plain(Entry(c)));
@@ -70,17 +70,18 @@ TEST(EntryPoint, IsFoundOnlyWhereItIsWholeAndRight) {
     }
 }
 
-// One of the sums would be right if the bytes after the area counted, whatever they are.
-TEST(EntryPoint, IsNotSummedBeyondTheArea) {
+// The entry point's length extends beyond the search area. If the bytes after the area were summed, too, one
+// of the 256 checksums would be right.
+TEST(EntryPoint, IsNotSummedBeyondTheSearchArea) {
     LoadedTables tables;
     Case c = {"", 0xFFFC0, 0x206, 255, 0, 6, kTablesAddress, kRejected};
     do {
         tables.Machine().PhysicalMemory(c.address, MachineBuilder::Plain(Entry(c)));
-        EXPECT_FALSE(tables.Load()) << +c.checksum_error;
+        EXPECT_FALSE(tables.Load()) << "accepted with checksum error " << +c.checksum_error;
     } while (++c.checksum_error != 0);
 }
 
-TEST(EntryPoint, IsTheFirstThatChecksWhateverItsOtherChecksum) {
+TEST(EntryPoint, IsTheFirstWithAValidChecksumIfTheIntermediateOneIsInvalid) {
     LoadedTables tables;
     Case first = kGood, last = kGood;
     first.checksum_error = 1;
@@ -94,13 +95,14 @@ TEST(EntryPoint, IsTheFirstThatChecksWhateverItsOtherChecksum) {
     EXPECT_TRUE(tables.Load());
 }
 
-TEST(EntryPoint, InAnAreaThatCannotBeReadIsReported) {
+TEST(EntryPoint, InAnUnreadableAreaIsReported) {
     LoadedTables tables;
     tables.Machine().Remove("xsvc");
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(tables.Load());
     EXPECT_EQ(smbios_get_systemname(), 1);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "ReadPhysMem failed\n") << "or its tables asked for";
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "ReadPhysMem failed\n")
+        << "no system name is looked up without tables";
     EXPECT_EQ(testing::internal::GetCapturedStderr(), kMapFailed);
 }

@@ -33,7 +33,7 @@ struct WalkCase {
 const WalkCase kWalks[] = {
     // the offset of the next record
     {"two NULs without strings not skipped", Raw("\1\4a\0\0\0\2\4b\0\0\0"), "ab"},
-    {"zeros in the formatted area taken for the end of the strings", Raw("\1\6a\0\0\0\0\0\2\4b\0\0\0"), "ab"},
+    {"NULs in the formatted area taken for the end of the strings", Raw("\1\6a\0\0\0\0\0\2\4b\0\0\0"), "ab"},
     {"the end of a string taken for the end of the strings", Raw("\1\4a\0x\0y\0\0\2\4b\0\0\0"), "ab"},
     {"strings that begin with an empty one", Raw("\1\4a\0\0x\0\0\2\4b\0\0\0"), "ab"},
     {"the end-of-table record taken for the end", Raw("\177\4a\0\0\0\2\4b\0\0\0"), "ab"},
@@ -43,38 +43,38 @@ const WalkCase kWalks[] = {
     {"a truncated formatted area accepted", Raw("\1\4a\0\0\0\2\6b\0\0"), "a"},
     {"a truncated header accepted", Raw("\1\4a\0\0\0\2\4b"), "a"},
     {"a length of 3 accepted", Raw("\1\4a\0\0\0\2\3b\0\0\0\3\4c\0\0\0"), "a"},
-    {"an endless walk at length 0", Raw("\2\0b\0\0\0"), ""},
+    {"length 0 accepted, an endless walk", Raw("\2\0b\0\0\0"), ""},
 };
 
 struct StringCase {
     const char* catches;
     std::string record;
     unsigned short number;
-    const char* text;  // null: none
+    const char* text;  // null: no string
 };
 
 const StringCase kStrings[] = {
     {"number 0", Raw("\1\4a\0one\0two\0\0"), 0, nullptr},
     {"the first", Raw("\1\4a\0one\0two\0\0"), 1, "one"},
     {"the last", Raw("\1\4a\0one\0two\0\0"), 2, "two"},
-    {"one too many", Raw("\1\4a\0one\0two\0\0next\0"), 3, ""},
+    {"a number above the last", Raw("\1\4a\0one\0two\0\0next\0"), 3, ""},
     {"no strings", Raw("\1\4a\0\0\0next\0"), 1, ""},
     {"after an empty first string", Raw("\1\4a\0\0two\0\0next\0"), 2, "two"},
     {"truncated by the end of the tables", Raw("\1\4a\0one\0tw"), 2, "tw"},
-    {"after a truncated one", Raw("\1\4a\0one\0tw"), 3, ""},
+    {"after a truncated string", Raw("\1\4a\0one\0tw"), 3, ""},
     {"no strings before the end of the tables", Raw("\1\4a\0"), 1, ""},
 };
 
 }  // namespace
 
-TEST(Records, AreWalkedFromTheFirstToTheLastThatIsWhole) {
+TEST(Records, AreWalkedUpToTheLastWithACompleteFormattedArea) {
     for (const WalkCase& c : kWalks) {
         LoadedTables tables(c.tables);
         EXPECT_EQ(Handles(), c.handles) << c.catches;
     }
 }
 
-TEST(Records, HaveTheirStringsByNumberAndNoOthers) {
+TEST(Records, ReturnTheirStringsByNumber) {
     for (const StringCase& c : kStrings) {
         LoadedTables tables(c.record);
         void* record = nullptr;
@@ -89,17 +89,17 @@ TEST(Records, AreFoundByTypeAndByHandle) {
     table.Add(SmbiosRecord(1, 0x1234).Byte(2)).Add(SmbiosRecord(1, 0x7856));
     LoadedTables tables(table.Bytes());
     void* found = nullptr;
-    EXPECT_EQ(SmbGetRecordByType(1, 2, &found), TRUE) << "the last copy not found";
-    EXPECT_EQ(ReadField<uint16_t>(SmbFormattedArea(found), 2), 0x7856) << "other types counted as copies";
-    void* untouched = &table;
-    EXPECT_EQ(SmbGetRecordByType(1, 3, &untouched), FALSE) << "a copy too many";
-    EXPECT_EQ(SmbGetRecordByHandle(0x0034, &untouched), FALSE) << "one byte of the handle compared";
-    EXPECT_EQ(untouched, &table);
+    EXPECT_EQ(SmbGetRecordByType(1, 2, &found), TRUE) << "the third record of type 1 not found";
+    EXPECT_EQ(ReadField<uint16_t>(SmbFormattedArea(found), 2), 0x7856) << "records of other types counted";
+    void* unchanged = &table;
+    EXPECT_EQ(SmbGetRecordByType(1, 3, &unchanged), FALSE) << "a fourth record found";
+    EXPECT_EQ(SmbGetRecordByHandle(0x0034, &unchanged), FALSE) << "one byte of the handle compared";
+    EXPECT_EQ(unchanged, &table) << "the pointer was changed by a failed search";
     EXPECT_EQ(SmbGetRecordByHandle(0x1234, &found), TRUE);
-    EXPECT_EQ(SmbFormattedArea(found).data[4], 1) << "not the first of a handle";
+    EXPECT_EQ(SmbFormattedArea(found).data[4], 1) << "not the first record of a handle";
 
     DeinitSMBIOS();
     EXPECT_EQ(IsSMBIOSAvailable(), FALSE);
-    EXPECT_EQ(EPS.wSTLength, table.Bytes().size()) << "the entry point cleared";
-    EXPECT_EQ(SmbGetRecordByType(1, 0, &untouched), FALSE) << "a record of freed tables";
+    EXPECT_EQ(EPS.wSTLength, table.Bytes().size()) << "the entry point was cleared";
+    EXPECT_EQ(SmbGetRecordByType(1, 0, &unchanged), FALSE) << "a record of freed tables";
 }

@@ -29,7 +29,7 @@ SmbiosRecord Array(uint16_t handle, uint8_t use = smbios::MemoryArray::kSystemMe
     return MemoryArrayRecord({handle, 0, 0, correction, use});
 }
 
-// Devices of the array, of 1 MiB and 1 MHz unless stated otherwise.
+// Memory devices of the array kHandle, with a size of 1 MiB and a speed of 1 MHz unless stated otherwise.
 SmbiosRecord Sized(uint16_t size) {
     return MemoryDeviceRecord({0x11, kHandle, "", size, 1});
 }
@@ -46,7 +46,8 @@ std::string Of(uint16_t array, uint16_t size) {
     return MemoryDeviceRecord({0x21, array, "", size}).Bytes();
 }
 
-// Flash memory of 8 MiB, system memory of 5 MiB without error correction and of 2 MiB with it, devices mixed.
+// Three arrays with mixed devices: 8 MiB of flash memory, 5 MiB of system memory without error correction,
+// and 2 MiB of system memory with it.
 const std::string kSeveral = Array(0x20, 5).Bytes() + Of(0x30, 1) + Of(0x20, 8) + Of(0x40, 2) +
                              Array(0x30, 3, 3).Bytes() + Array(0x40).Bytes() + Of(0x30, 4);
 
@@ -75,10 +76,10 @@ const Case kCases[] = {
          DimmLocationRecord(3, 0x11, 7, 8).Bytes(),
      "5.6 1024 1 8/5\n"},
     // short records
-    {"one byte of the speed", At("").CutTo(22).Bytes(), "0.1 1024 0 8/5\n"},
-    {"one byte of the type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
+    {"a truncated speed", At("").CutTo(22).Bytes(), "0.1 1024 0 8/5\n"},
+    {"a truncated type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
     {"a locator beyond the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
-    {"one byte of the array handle", At("").CutTo(5).Bytes(), ""},
+    {"a truncated array handle", At("").CutTo(5).Bytes(), ""},
     // several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
      "1.1 1024 0 8/5\n1.4 4096 0 8/5\n2.3 2048 0 8/5\n"},
@@ -86,7 +87,7 @@ const Case kCases[] = {
 
 }  // namespace
 
-TEST(MemoryModules, AreRecordedByTheRules) {
+TEST(MemoryModules, AreRecordedFromTheirSmbiosRecords) {
     for (const Case& c : kCases) {
         LoadedTables tables(c.records + Array(kHandle).Bytes());
         EXPECT_EQ(Inventory(), c.inventory) << c.catches;
@@ -96,23 +97,23 @@ TEST(MemoryModules, AreRecordedByTheRules) {
     EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size));
     LoadedTables several(kSeveral + ProcessorRecord({1, ""}).Bytes());
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
-    EXPECT_EQ(size, 7168U) << "flash memory counted, or only one array";
-    EXPECT_EQ(SmbChkForECCSupported(), TRUE) << "only the first array checked";
+    EXPECT_EQ(size, 7168U) << "KiB; flash memory was counted, or only one array";
+    EXPECT_EQ(SmbChkForECCSupported(), TRUE) << "only the first array was checked";
     fSMBiosInited = FALSE;
     EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size) ||
                  SmbChkForECCSupported())
-        << "tables that aren't available";
+        << "tables that aren't available were used";
 }
 
-TEST(MemoryModules, BeyondTheTableAreCountedAndLeftOutWithANote) {
+TEST(MemoryModules, BeyondTheTableAreCountedInANote) {
     std::string records = Array(kHandle).Bytes();
-    for (int i = 0; i < 140; ++i) records += Sized(0x7FFF).Bytes();  // more than one page
+    for (int i = 0; i < 140; ++i) records += Sized(0x7FFF).Bytes();  // more than a page of memory
     LoadedTables tables(records + Sized(0).Bytes());
     ASSERT_NE(gMemoryMod[63], nullptr);
     EXPECT_EQ(gMemoryMod[63]->memModuleIndex, 64);
     unsigned int size = 0;
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
-    EXPECT_EQ(size, UINT_MAX) << "a sum that wraps";
+    EXPECT_EQ(size, UINT_MAX) << "the sum of the sizes has wrapped";
     testing::internal::CaptureStdout();
     EXPECT_EQ(get_dimminfo_smbios(), 0);
     const std::string listing = testing::internal::GetCapturedStdout();
@@ -120,13 +121,13 @@ TEST(MemoryModules, BeyondTheTableAreCountedAndLeftOutWithANote) {
     EXPECT_EQ(listing.substr(listing.rfind("N/A")), kEnd);
 }
 
-TEST(MemoryArrays, TellWhetherErrorsAreCorrected) {
+TEST(MemoryArrays, CorrectErrorsIfTheirRecordStatesIt) {
     LoadedTables tables;
     const auto corrects = [&](const SmbiosRecord& array) {
         return tables.Load(array.Bytes()) && SmbChkForECCSupported() == TRUE;
     };
-    EXPECT_FALSE(corrects(Array(kHandle, 3, 3))) << "none";
-    EXPECT_TRUE(corrects(Array(kHandle, 3, 4))) << "parity";
+    EXPECT_FALSE(corrects(Array(kHandle, 3, 3))) << "a system memory array without correction";
+    EXPECT_TRUE(corrects(Array(kHandle, 3, 4))) << "parity bits";
     EXPECT_FALSE(corrects(Array(kHandle, 5, 6))) << "flash memory";
     EXPECT_FALSE(corrects(Array(kHandle).CutTo(6))) << "a record without the field";
 }

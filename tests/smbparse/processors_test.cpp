@@ -25,7 +25,7 @@ std::string Inventory() {
     return text;
 }
 
-// Processors of 1 MHz; other fields are zero or none unless stated otherwise.
+// Records of processors with a speed of 1 MHz. Other fields are 0 or empty unless stated otherwise.
 std::string Status(uint8_t status, uint8_t type = smbios::Processor::kCentral) {
     Processor part = {1, "", 1};
     part.status = status;
@@ -57,7 +57,7 @@ struct Case {
 
 const Case kCases[] = {
     // selection and order of records
-    {"the first record first", ProcessorRecord({2, "", 7}).Bytes() + Socket(""),
+    {"records in the wrong order", ProcessorRecord({2, "", 7}).Bytes() + Socket(""),
      "1 #1 s2 0/0\n7 #2 s2 0/0\n"},
     {"an empty socket", Status(0x41) + Status(0x01), "1 #1 s2 0/0\n"},
     {"a coprocessor", Status(0x41, 4), ""},
@@ -70,18 +70,18 @@ const Case kCases[] = {
     // socket numbers
     {"the designation ignored", Socket("PROC 7"), "1 #7 s2 0/0\n"},
     {"letter case, signs, TABs", Socket("\t \tA\tpROC\t \t#12b3"), "1 #12 s2 0/0\n"},
-    {"no word after it", Socket("A Proc"), "1 #1 s2 0/0\n"},
+    {"no word after \"Proc\"", Socket("A Proc"), "1 #1 s2 0/0\n"},
     {"a search that continues", Socket("Proc A Proc 7"), "1 #1 s2 0/0\n"},
     {"a longer word", Socket("Processor 7"), "1 #1 s2 0/0\n"},
     {"a shorter word", Socket("Pro 7"), "1 #1 s2 0/0\n"},
-    {"a number that wraps", Socket("Proc 4294967303"), "1 #2147483647 s2 0/0\n"},
+    {"a number that exceeds an int", Socket("Proc 4294967303"), "1 #2147483647 s2 0/0\n"},
     {"characters after the 255th", Socket(std::string(250, ' ') + "Proc 72"), "1 #1 s2 0/0\n"},
     {"an OEM record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7"), "1 #1 s2 0/0\n"},
     {"an OEM record of another processor", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7"),
      "1 #7 s2 0/0\n"},
     // cores and threads
     {"cores without threads", FourCores().CutTo(37).Bytes(), "1 #1 s2 0/0\n"},
-    {"the last byte missed", FourCores().CutTo(38).Bytes(), "1 #1 s2 4/8\n"},
+    {"the last byte of the record ignored", FourCores().CutTo(38).Bytes(), "1 #1 s2 4/8\n"},
     {"128 threads, which a signed byte can't hold", ProcessorRecord({1, "", 1, 4, 128}).Bytes(),
      "1 #1 s2 4/-128\n"},
     // caches
@@ -93,22 +93,24 @@ const Case kCases[] = {
     {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).CutTo(28).Bytes(), "1 #1 s2 0/0\n"},
     {"a record that isn't a cache, or a later one",
      BiosRecord("", "").Bytes() + Cached(0, 2, 8) + Caches(0).Bytes(), "1 #1 s2 0/0\n"},
-    {"a shared cache counted once", Cached(0x72, 8, 8) + Caches(0x72).Bytes() + Caches(0x72).Bytes(),
+    {"a shared cache shown for one processor only",
+     Cached(0x72, 8, 8) + Caches(0x72).Bytes() + Caches(0x72).Bytes(),
      "1 #1 s2 0/0 L8:8\n1 #2 s2 0/0 L8:8\n"},
 };
 
 }  // namespace
 
-TEST(Processors, AreRecordedByTheRules) {
+TEST(Processors, AreRecordedFromTheirSmbiosRecords) {
     for (const Case& c : kCases) {
         LoadedTables tables(c.tables);
         EXPECT_EQ(Inventory(), c.inventory) << c.catches;
     }
 }
 
-// One line for each code: the name of the processor family, the form factor and (codes 0 to 15: the number of
-// a bit) the memory technology, unless all three are the defaults.
-TEST(Processors, AndModulesAreNamedByTheirCodes) {
+// codes.txt has one line for each code: the name of the processor family, the form factor, and the memory
+// technology if the bit with this number is set (0 to 15). Codes for which all three are the defaults are
+// left out.
+TEST(Processors, AndModulesAreNamedAsInTheGoldenFile) {
     std::string listing;
     LoadedTables tables;
     for (unsigned code = 0; code < 256; ++code) {
@@ -126,7 +128,7 @@ TEST(Processors, AndModulesAreNamedByTheirCodes) {
     ExpectGolden("smbparse/codes.txt", listing);
 }
 
-TEST(Processors, BeyondTheTablesAreLeftOutWithANote) {
+TEST(Processors, BeyondTheTableAreCountedInANote) {
     std::string records =
         SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes() + Cached(0x72, 2, 8);
     for (int i = 0; i < 13; ++i) records += Status(0x01) + Caches(0x72, 0x72).Bytes();

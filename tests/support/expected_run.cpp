@@ -17,16 +17,16 @@ std::string Requests(const std::string& trace) {
     return requests;
 }
 
-void ExpectRuns(TestMachine& machine, const std::vector<Step>& steps, const std::string& row) {
+void ExpectRuns(TestMachine& machine, const std::vector<Step>& steps, const std::string& name) {
     for (const Step& step : steps) {
-        SCOPED_TRACE(row + ": " + step.command);
+        SCOPED_TRACE(name + ": " + step.command);
         machine.StartTrace();
         RunResult run = machine.Script(step.command);
         std::replace(run.output.begin(), run.output.end(), '\0', '~');
-        EXPECT_EQ(step.says + "\n\n", run.output);
+        EXPECT_EQ(step.output + "\n\n", run.output);
         EXPECT_EQ("", run.errors);
         EXPECT_EQ(step.status, run.status);
-        if (step.asks == kAnything) continue;
-        EXPECT_EQ(step.asks, Requests(machine.TakeTrace()));
+        if (step.requests == kAnything) continue;
+        EXPECT_EQ(step.requests, Requests(machine.TakeTrace()));
     }
 }

@@ -1,4 +1,4 @@
-// What the commands of a test's row are expected to do: the one way in which rows say it.
+// Runs the commands of a test case and compares output, requests and status with the expected ones.
 #pragma once
 
 #include <string>
@@ -6,22 +6,23 @@
 
 #include "tests/support/test_machine.h"
 
-// One command line, run as a script of its own.
+// A command that is run as a script, and its expected results.
 struct Step {
     std::string command;
-    std::string says;  // to the letter, but for the two newlines that end a run; '~' stands for a zero byte
-    std::string asks = "";  // of the driver, as Requests gives it; kAnything where that isn't the point
+    std::string output;         // without the two newlines that end a run, and with '~' for each NUL
+    std::string requests = "";  // as Requests() returns them; kAnything: not compared
     int status = 0;
 };
 constexpr char kAnything[] = "...";
 
-inline Step Fails(const std::string& command, const std::string& says, const std::string& asks = "") {
-    return {command, says, asks, 1};
+// Returns a step whose status is 1.
+inline Step Fails(const std::string& command, const std::string& output, const std::string& requests = "") {
+    return {command, output, requests, 1};
 }
 
-// Runs the steps one after the other. row: named by what fails.
-void ExpectRuns(TestMachine& machine, const std::vector<Step>& steps, const std::string& row);
+// Runs the steps one after another. `name`: of the test case, for failure messages.
+void ExpectRuns(TestMachine& machine, const std::vector<Step>& steps, const std::string& name);
 
-// The requests of a trace, separated by "; ", without those of start-up and without what goes without saying:
+// Returns the requests of a trace in a short form, separated by "; ": without those of start-up, and without
 // "crom", "length=", "data=" and a result of 0.
 std::string Requests(const std::string& trace);

@@ -29,8 +29,8 @@ void ExpectGolden(const std::string& path, const std::string& text) {
 void ExpectGoldenModels(const std::string& folder) {
     for (const Model& model : Models()) {
         const std::string path = folder + "/models/" + std::string(model.name) + ".txt";
-        const std::string stored = GoldenText(path);
-        const std::string commands = stored.substr(0, stored.find('\n'));
+        const std::string golden = GoldenText(path);
+        const std::string commands = golden.substr(0, golden.find('\n'));
         TestMachine machine(model.name);
         machine.StartTrace();
         const RunResult run = machine.Script(commands);

@@ -1,4 +1,4 @@
-// SMBIOS tables loaded into the test's own process, for tests of the functions that read them.
+// Loads SMBIOS tables in the test's own process, for tests of the functions that read them.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@
 
 class LoadedTables {
   public:
-    // A machine of their own, in whose memory the tables are put; nothing is loaded yet.
+    // Creates a simulated machine for the tables. Nothing is loaded yet.
     LoadedTables();
     explicit LoadedTables(const std::string& records) : LoadedTables() { Load(records); }
     ~LoadedTables();
 
-    // Puts records, as they stand in memory, in place of those before, and starts up from them as far as the
-    // inventory. Result: whether there are tables then.
+    // Writes the records to the machine's memory, replacing earlier ones, and runs the start-up steps up to
+    // the inventory. Returns whether tables are available.
     bool Load(const std::string& records);
-    // The same with whatever is in the machine's memory by now.
+    // Does the same with the current contents of the machine's memory.
     bool Load();
 
     TestMachine& Machine() { return machine_; }

@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-// A match: the whole match, then the groups of the pattern; "" for a group that took no part.
+// The text that matches the pattern, then the text of each group; "" for a group that matches nothing.
 using Match = std::vector<std::string>;
 
-// Matches the whole of `text`. Returns an empty Match if it doesn't.
+// Matches the whole of `text`. Returns an empty Match if the pattern doesn't match.
 Match MatchWhole(const std::string& text, const std::string& pattern);
 
-// Returns whether any part of `text` matches.
+// Returns whether the pattern matches any part of `text`.
 bool Contains(const std::string& text, const std::string& pattern);
 
 // Returns all matches in `text`, from left to right.

@@ -1,4 +1,4 @@
-// What a person at a terminal sees: libvterm keeps the screen.
+// A terminal emulator (libvterm), and a program that runs on a pseudo-terminal with its screen.
 #pragma once
 
 #include <poll.h>
@@ -22,12 +22,12 @@ class Screen {
   public:
     explicit Screen(int columns) : columns_(columns), terminal_(vterm_new(24, columns), vterm_free) {
         vterm_screen_reset(vterm_obtain_screen(terminal_.get()), 1);
-        Show("\33[20h");  // a newline returns the cursor too
+        Show("\33[20h");  // a newline also moves the cursor to column 0
     }
     void Show(const std::string& written) {
         vterm_input_write(terminal_.get(), written.data(), written.size());
     }
-    // The row that the cursor stands in, blanks at its end left out.
+    // Returns the text of the row in which the cursor is, without trailing spaces.
     std::string CursorLine() const {
         const VTermRect row = {Cursor().row, Cursor().row + 1, 0, columns_};
         char text[512];
@@ -51,8 +51,8 @@ inline bool operator==(const termios& one, const termios& other) {
     return std::memcmp(&one, &other, sizeof one) == 0;
 }
 
-// brantcli, or what starts it, on a pseudo-terminal of 80 columns, on which at first everything is set
-// otherwise than in character mode.
+// brantcli, or the program at `path`, on a pseudo-terminal of 80 columns. Each initial setting of the
+// terminal differs from that of character mode.
 struct TerminalSession {
     explicit TerminalSession(const TestMachine& machine, const std::vector<std::string>& arguments = {},
                              const std::string& path = ProgramPath("brantcli")) {
@@ -79,15 +79,16 @@ struct TerminalSession {
     void Type(const std::string& keys) const {
         if (write(terminal, keys.data(), keys.size()) < 0) std::abort();
     }
-    // Stops the program, as nothing can prevent, uses the terminal for something else, and has it go on.
+    // Stops the program with SIGSTOP, which it can't catch, resets the terminal settings and continues the
+    // program.
     void StopAndContinue() const {
         kill(program, SIGSTOP);
         waitpid(program, nullptr, WUNTRACED);
         tcsetattr(terminal, TCSANOW, &found);
         kill(program, SIGCONT);
     }
-    // What the program writes until it ends so, or the program is over or has been silent for 20 seconds;
-    // carriage returns left out.
+    // Returns the output, without carriage returns, up to and including `end`. Returns what it has if the
+    // program ends or writes nothing for 20 seconds.
     std::string ReceiveUntil(const std::string& end) {
         std::string received;
         while (received.size() < end.size() || received.substr(received.size() - end.size()) != end) {
@@ -114,19 +115,19 @@ struct TerminalSession {
         }
         return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     }
-    // The terminal's settings as they are now.
+    // Returns the terminal's current settings.
     termios Settings() const {
         termios settings{};
         tcgetattr(terminal, &settings);
         return settings;
     }
 
-    // What character mode clears.
+    // Flags that character mode clears.
     static constexpr tcflag_t kInputFlags = IGNBRK | BRKINT | PARMRK | ISTRIP | INLCR | IGNCR | ICRNL | IXON;
     static constexpr tcflag_t kLocalFlags = ECHO | ECHONL | ICANON | ISIG | IEXTEN;
 
     Screen screen{80};
-    int terminal = -1;  // the person's end
+    int terminal = -1;  // descriptor of the pseudo-terminal's controlling end
     pid_t program = -1;
     termios found{};  // Settings() before the program started
 };

@@ -16,7 +16,7 @@
 
 namespace {
 
-// In memory where the system has such a place: a machine's changes are flushed to disk one by one.
+// Creates a temporary directory, in memory if possible: each change of a machine is flushed to disk.
 std::string NewDirectory() {
     const std::filesystem::path memory = "/dev/shm";
     const bool has_memory = access(memory.c_str(), W_OK) == 0;
@@ -29,17 +29,18 @@ std::string NewDirectory() {
 
 std::string ReadWhole(const std::string& path) {
     std::ifstream file;
-    file.rdbuf()->pubsetbuf(nullptr, 0);  // thousands of files are read, most of them of a few bytes
+    file.rdbuf()->pubsetbuf(nullptr, 0);  // saves a buffer of 8 KiB for each of thousands of small files
     file.open(path, std::ios::binary);
     std::string bytes;
-    char piece[4096];
-    while (file.read(piece, sizeof piece), file.gcount() > 0) {
-        bytes.append(piece, static_cast<size_t>(file.gcount()));
+    char chunk[4096];
+    while (file.read(chunk, sizeof chunk), file.gcount() > 0) {
+        bytes.append(chunk, static_cast<size_t>(file.gcount()));
     }
     return bytes;
 }
 
-// A file without a name, for what a program reads or writes: no pipe that could fill up, and no reader.
+// A file in memory, for the standard streams of a program. Unlike a pipe, it can't fill up and needs no
+// reader.
 class MemoryFile {
   public:
     explicit MemoryFile(const std::string& bytes = {}) : fd_(memfd_create("", MFD_CLOEXEC)) {
@@ -56,7 +57,7 @@ class MemoryFile {
     int fd_;
 };
 
-// A command line, with the emulator in front where the machine needs one for the programs that were built.
+// Returns a command line. It begins with the emulator if the built programs need one.
 std::vector<std::string> Words(const std::string& program, const std::vector<std::string>& arguments) {
     std::vector<std::string> words = {BRANT_EMULATOR, program};
     if (words[0].empty() || program.rfind(BRANT_BIN_DIR, 0) != 0) words.erase(words.begin());
@@ -64,8 +65,8 @@ std::vector<std::string> Words(const std::string& program, const std::vector<std
     return words;
 }
 
-// Adds this process's variables, but for those that have a value already: of two with one name a program
-// takes the first or, as shells do, the last.
+// Adds the variables of this process whose names aren't in `environment` yet. Of two variables with the same
+// name, some programs use the first, others the last.
 void AddOwnVariables(std::vector<std::string>& environment) {
     std::set<std::string> names;
     for (const std::string& variable : environment) names.insert(variable.substr(0, variable.find('=')));
@@ -75,7 +76,8 @@ void AddOwnVariables(std::vector<std::string>& environment) {
     }
 }
 
-// As the system's calls take a list of texts, which stay the list's.
+// Returns pointers to the strings, then a null pointer, as exec takes them. They are valid as long as `texts`
+// is.
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
     for (std::string& text : texts) pointers.push_back(text.data());
@@ -117,7 +119,7 @@ RunResult RunProgram(const std::string& program, const std::vector<std::string>&
     if (!options.as_root) words.insert(words.begin(), {"setpriv", "--reuid=65534"});
     std::vector<std::string> environment = options.environment;
     environment.push_back("BRANT_MACHINE=" + machine);
-    if (!options.looks_for_leaks) environment.push_back("ASAN_OPTIONS=detect_leaks=0");
+    if (!options.detect_leaks) environment.push_back("ASAN_OPTIONS=detect_leaks=0");
     AddOwnVariables(environment);
 
     const MemoryFile input(options.input), output, errors;
@@ -127,12 +129,12 @@ RunResult RunProgram(const std::string& program, const std::vector<std::string>&
     posix_spawn_file_actions_adddup2(&streams, output.Descriptor(), STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&streams, errors.Descriptor(), STDERR_FILENO);
     pid_t child = -1;
-    const int refused = posix_spawnp(&child, words[0].c_str(), &streams, nullptr, Pointers(words).data(),
-                                     Pointers(environment).data());
+    const int error = posix_spawnp(&child, words[0].c_str(), &streams, nullptr, Pointers(words).data(),
+                                   Pointers(environment).data());
     posix_spawn_file_actions_destroy(&streams);
 
     int status = 0;
-    if (refused != 0 || waitpid(child, &status, 0) != child) throw std::runtime_error("can't run " + program);
+    if (error != 0 || waitpid(child, &status, 0) != child) throw std::runtime_error("can't run " + program);
     return {output.Read(), errors.Read(), WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status)};
 }
 
@@ -156,7 +158,7 @@ RunResult TestMachine::Script(const std::string& commands, const RunOptions& opt
 RunResult TestMachine::Type(const std::string& input) const {
     RunOptions options;
     options.input = input;
-    options.looks_for_leaks = true;
+    options.detect_leaks = true;
     return RunProgram(ProgramPath("brantcli"), {}, Directory(), options);
 }
 

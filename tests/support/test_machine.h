@@ -1,4 +1,4 @@
-// A simulated machine for one test, and the real program run on it.
+// A simulated machine for one test, and functions that run the programs on it.
 #pragma once
 
 #include <string>
@@ -6,62 +6,62 @@
 
 #include "mkmachine/machine_builder.h"
 
-// Whether the programs run in an emulator, where a signal that stops a process stops even the first one of a
+// Returns whether the programs run in an emulator. There, a stop signal also stops the first process of a
 // session.
 bool Emulated();
 
 struct RunResult {
     std::string output;  // standard output
     std::string errors;  // standard error
-    int status = 0;      // exit status; 128 + N when signal N ended it
+    int status = 0;      // exit status; 128 + N if signal N ended it
 };
 
 struct RunOptions {
-    std::string input = {};  // standard input, all there at once and then at its end
+    std::string input = {};  // standard input; then end of file
     bool as_root = true;
-    std::vector<std::string> environment = {};  // NAME=VALUE, beside the test's own
-    // Under the sanitizers, where the search takes as long as the rest of a run; so not in every run.
-    bool looks_for_leaks = false;
+    std::vector<std::string> environment = {};  // NAME=VALUE, in addition to the test's own
+    // Detect leaks, under the sanitizers. This takes as long as the rest of a run, so it is optional.
+    bool detect_leaks = false;
 };
 
-// Bytes as the trace shows them: two lower-case digits each.
+// Returns bytes in hexadecimal as in the trace: two lower-case digits each.
 std::string Hexadecimal(const std::string& bytes);
 
-// The path of a program that was built beside the tests.
+// Returns the path of a built program.
 std::string ProgramPath(const char* name);
 
-// The same as words of a shell command.
+// Returns the command that runs a built program in a shell.
 std::string InShell(const char* name);
 
-// In a child process: becomes a program.
+// Replaces this process, a child, by a program.
 [[noreturn]] void ExecProgram(const std::string& program, const std::vector<std::string>& arguments);
 
-// Runs a program to its end. program: its path. BRANT_MACHINE is machine.
+// Runs the program at the path `program`, with BRANT_MACHINE set to `machine`, and waits for its end.
 RunResult RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      const std::string& machine, const RunOptions& options = {});
 
 class TestMachine : public MachineBuilder {
   public:
-    // In a directory of its own: the least on which the program starts, the maker's ROM and no embedded NIC.
+    // Creates a machine with the minimum that brantcli needs to start: a ROM signature, and no embedded NIC.
     TestMachine();
-    explicit TestMachine(const std::string& model);  // a machine as mkmachine makes it
-    ~TestMachine();                                  // removes it
+    explicit TestMachine(const std::string& model);  // a machine as mkmachine creates it
+    ~TestMachine();                                  // removes the directory
     TestMachine(const TestMachine&) = delete;
     TestMachine& operator=(const TestMachine&) = delete;
 
-    // brantcli -s commands.
+    // Runs brantcli -s `commands`.
     RunResult Script(const std::string& commands, const RunOptions& options = {}) const;
-    // brantcli at the prompt, fed with input.
+    // Runs brantcli with `input` at its prompt.
     RunResult Type(const std::string& input) const;
 
-    // A file of the machine, by its path below the directory; "" when it isn't there.
+    // Returns the contents of a file of the machine; "" if there is no such file.
     std::string Read(const std::string& path) const;
 
-    // A line of `faults`.
+    // Adds a line to `faults`.
     void Fault(const std::string& line) { Append("faults", line + "\n"); }
 
-    // Has the requests of every following run recorded, and tells what they were since the last call; only
-    // the lines that begin with a text where one is given.
+    // Starts the trace, or empties it.
     void StartTrace() { Write("trace", ""); }
+    // Returns the lines of the trace that begin with `beginning`, and empties the trace.
     std::string TakeTrace(const std::string& beginning = "");
 };
