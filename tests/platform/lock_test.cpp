@@ -4,7 +4,6 @@
 #include <sys/file.h>
 
 #include <csignal>
-#include <thread>
 
 #include "tests/support/screen.h"
 
@@ -98,16 +97,4 @@ TEST(Lock, ASignalFromOutsideStillEndsTheProcess) {
     lock.Release();
     EXPECT_EQ(session.End(), 128 + SIGINT);
     EXPECT_TRUE(session.Settings() == session.found);
-}
-
-TEST(Lock, AShortWaitIsNotReported) {
-    const TestMachine machine("tr500k2");
-    Lock lock(machine);
-    std::thread unlock([&] {
-        usleep(300000);
-        lock.Release();
-    });
-    const RunResult run = machine.Script("SET ASSET web7");
-    unlock.join();
-    EXPECT_EQ(run.output + run.errors, "\nSuccessfully set Asset Text.\n\n");
 }
