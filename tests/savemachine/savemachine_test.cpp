@@ -259,7 +259,7 @@ TEST(SaveMachine, HasARandomTemporaryName) {
 TEST(SaveMachine, SyncsEachFileBeforeTheRename) {
     const TestMachine machine("tr300"), parent;
     RunOptions options;
-    options.environment = {"BRANT_END_AT=0"};  // which lists the calls
+    options.environment = {"BRANT_KILL_AT=0"};  // which lists the calls
     const std::string calls = RunProgram(ProgramPath("savemachine_interposed"),
                                          {parent.Directory() + "/copy"}, machine.Directory(), options)
                                   .errors;
