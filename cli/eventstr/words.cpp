@@ -11,6 +11,9 @@ const char szUnknown[] = "Unknown";
 
 namespace {
 
+// The size of the longest name with its NUL. The names are stored in their tables for the same reason as RowText.
+constexpr size_t kNameSize = 44;
+
 // clang-format off
 constexpr CodeText szLocations[] = {
     {kZoneSystem,          "System"},
@@ -30,7 +33,7 @@ constexpr CodeText szLocations[] = {
     {kZoneBladeSlot,       "Blade Slot"},
     {kZoneVirtual,         "Virtual"},
 };
-constexpr const char* szRedundancy[] = {
+constexpr char szRedundancy[][kNameSize] = {
     "",
     "Enclosure",
     "Power Module",
@@ -38,7 +41,7 @@ constexpr const char* szRedundancy[] = {
     "Breaker",
     "Power Subsystem",
 };
-constexpr const char* szACProblem[] = {
+constexpr char szACProblem[][kNameSize] = {
     "",
     "Line Over Voltage",
     "Line Under Voltage",
@@ -46,26 +49,26 @@ constexpr const char* szACProblem[] = {
     "Brown Out",
     "AC Power Loss",
 };
-constexpr const char* szInadequatePowerReason[] = {
+constexpr char szInadequatePowerReason[][kNameSize] = {
     "",
     "Lost Redundant Power",
     "Not Enough Power",
     "Denied By Server Enclosure Management Board",
     "Denied By Power Enclosure Management Board",
 };
-constexpr const char* szImproperPowerReason[] = {
+constexpr char szImproperPowerReason[][kNameSize] = {
     "",
     "Load Balancing Wire Missing",
     "Too Many Power Enclosures",
     "Improperly Populated Power Bank",
     "DC-to-DC Configuration Invalid",
 };
-constexpr const char* szRackSide[] = {
+constexpr char szRackSide[][kNameSize] = {
     "Unknown Location",
     "Left Side",
     "Right Side",
 };
-constexpr const char* szEthSwErr[] = {
+constexpr char szEthSwErr[][kNameSize] = {
     "Unknown",                          // 0
     "Powering up",
     "Micro-controller fault",
@@ -77,18 +80,18 @@ constexpr const char* szEthSwErr[] = {
     "RJ45 module missing",              // 8
     "Fan 2 failed or removed",
 };
-constexpr const char* szPwrBus[] = {
+constexpr char szPwrBus[][kNameSize] = {
     "Unknown Location",
     "Power Bus A",
     "Power Bus B",
 };
-constexpr const char* szFailedPowerModule[] = {
+constexpr char szFailedPowerModule[][kNameSize] = {
     "A Power Module has Failed",
     "A CPU Power Module has Failed",
     "A PCI Power Module has Failed",
     "An I/O Power Module has Failed",
 };
-constexpr const char* szInfMainLocation[] = {
+constexpr char szInfMainLocation[][kNameSize] = {
     "Chassis Slot 1",                   // 0
     "Chassis Slot 2",
     "Chassis Slot 3",
@@ -109,7 +112,7 @@ constexpr const char* szInfMainLocation[] = {
     "RJ45 6 West",
     "Unknown",
 };
-constexpr const char* szInfSubLocation[] = {
+constexpr char szInfSubLocation[][kNameSize] = {
     "Kelm Management Controller",       // 0
     "FRU EEPROM",
     "Memory",
@@ -128,7 +131,7 @@ constexpr const char* szInfSubLocation[] = {
     "9555 IO Expander",
     "9555 Mux",                         // 16
 };
-constexpr const char* szInfError[] = {
+constexpr char szInfError[][kNameSize] = {
     "I2C Error",                        // 0
     "Interrupt Error",
     "Invalid FRU Data",
@@ -157,7 +160,7 @@ constexpr CodeText kPSErrors[] = {
 
 // Returns the name at `index`, or `other` if the table is shorter.
 template <size_t N>
-const char* NameAt(const char* const (&names)[N], uint8_t index, const char* other = szUnknown) {
+const char* NameAt(const char (&names)[N][kNameSize], uint8_t index, const char* other = szUnknown) {
     return index < N ? names[index] : other;
 }
 

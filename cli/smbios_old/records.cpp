@@ -27,10 +27,11 @@ unsigned char* StringsOf(unsigned char* record) {
 // set extends to the end of the tables, where InitSMBIOS appended a NUL; so a NUL always follows.
 size_t SizeOfStrings(const unsigned char* strings) {
     const size_t left = BytesFrom(strings);
-    for (size_t size = 1; size < left; ++size) {
-        if (strings[size - 1] == 0 && strings[size] == 0) return size;
-    }
-    return left;
+    size_t size = 0;
+    do {
+        size += std::strlen(reinterpret_cast<const char*>(strings) + size) + 1;
+    } while (size < left && strings[size] != 0);
+    return std::min(size, left);
 }
 
 // Returns the size of a record with its string set: the distance to the next record.

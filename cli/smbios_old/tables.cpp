@@ -39,9 +39,15 @@ bool IsEntryPoint(Bytes bytes) {
 // Copies the first valid entry point of the BIOS area into EPS. Returns false, with EPS unchanged, if there
 // is none. `area`: kBiosAreaSize bytes.
 bool FindEntryPoint(const unsigned char* area) {
-    for (unsigned int offset = 0; offset < kBiosAreaSize; offset += kEntryPointAlignment) {
-        if (!IsEntryPoint({area + offset, kBiosAreaSize - offset})) continue;
-        std::memcpy(&EPS, area + offset, sizeof EPS);
+    const unsigned char* const end = area + kBiosAreaSize;
+    const auto find_from = [=](const unsigned char* start) {
+        const void* found = std::memchr(start, kEntryPointAnchor[0], static_cast<size_t>(end - start));
+        return static_cast<const unsigned char*>(found);
+    };
+    for (const unsigned char* next = find_from(area); next != nullptr; next = find_from(next + 1)) {
+        if ((next - area) % kEntryPointAlignment != 0) continue;
+        if (!IsEntryPoint({next, static_cast<size_t>(end - next)})) continue;
+        std::memcpy(&EPS, next, sizeof EPS);
         return true;
     }
     return false;
