@@ -1,4 +1,12 @@
-// What start-up finds out once and commands read: every variable that outlives a command, in one place.
+// The variables that start-up fills and commands read, and the command history.
+//
+// Only these modules keep other state from one command to the next:
+// - cli/command/command.h: the command line and its node
+// - cli/parse/command_tree: the tree, which doesn't change after start-up
+// - cli/terminal: the terminal settings to restore, and whether the next TAB or ESC can be the second of a
+// pair
+// - src/utils: the page size, and the process that copies the output
+// The tests' ResetState() resets all of this except the process that copies the output.
 #pragma once
 
 #include "include/smbios_records.h"
@@ -10,13 +18,14 @@ struct ZET_MemModule;
 extern int script_mode;  // 1: the commands come from the command line
 extern int got_kelm;     // 1: the management processor is on the PCI bus
 
-// The health driver's four devices, open from start-up to the end of the run; -1 when one isn't.
+// The health driver's four devices, open from start-up to the end of the run; -1 if closed.
 extern int cdt_fd;   // data tables
 extern int cevt_fd;  // the event log
 extern int casr_fd;  // the automatic server recovery timer
 extern int crom_fd;  // ROM variables
 
-// The embedded NICs: how many there are, and the entries of the first eight, as their ROM variable has them.
+// The embedded NICs: their number, and the entries of the first eight in the format of the ROM variable
+// ZTHMAC.
 constexpr int kMaxEmbeddedNics = 8;
 extern int embedded_nics_installed;  // -1: unknown
 extern unsigned char zthmac[kMaxEmbeddedNics * sizeof(smbios_nic)];
@@ -26,25 +35,25 @@ smbios_nic EmbeddedNic(int index);
 // The private copy of the SMBIOS tables.
 extern unsigned char fSMBiosInited;  // TRUE: there is a copy
 extern SMBIOSEntryPoint EPS;         // the entry point that was found last
-extern unsigned char* pSMBTables;    // EPS.wSTLength bytes, then one more that is 0; null without a copy
-extern uint16_t* smb_record_sizes;   // by the record's place in the copy; behind the last record a 0
+extern unsigned char* pSMBTables;    // EPS.wSTLength bytes and a NUL; null if there is no copy
+extern uint16_t* smb_record_sizes;   // in bytes, in table order; ends with a 0
 
-// The inventory taken from it. A table is filled from its first entry on, without gaps; the first null ends
-// its used part.
+// The inventory that was read from the SMBIOS tables. Each array is used from its first element on, up to the
+// first null pointer.
 extern int smbios_available;  // nonzero: the SMBIOS tables were found
 extern char system_name[64];  // the product name of the system record; empty when there is none
 extern ZET_CPU* gCpu_tbl[11];
-extern ZET_CACHE* gCache_tbl[21];  // processor by processor, L2 before L3
+extern ZET_CACHE* gCache_tbl[21];  // in the order of the processors, L2 before L3
 extern ZET_MemModule* gMemoryMod[64];
-extern int processors_left_out;      // populated, but not in gCpu_tbl: it was full, or memory was short
-extern int memory_modules_left_out;  // installed, but not in gMemoryMod, as above
+extern int processors_left_out;      // populated, but not in gCpu_tbl because the array or memory was full
+extern int memory_modules_left_out;  // installed, but not in gMemoryMod for the same reasons
 
-// Whether system_name is that of the one server that can boot from a USB key. It numbers its boot devices and
-// restricts its embedded serial ports in ways of its own.
+// Returns whether system_name is "Corvex TR500 K2". This server can boot from a USB key, numbers its boot
+// devices differently, and restricts its embedded serial ports more than others.
 bool is_tr500k2();
 
-// The command history: a ring of buffers in one block of memory, which begins at the first, and the slot that
-// the next command goes into. What is done with it is in cli/terminal/history.h.
+// The command history, a ring of buffers; cli/terminal/history.h declares its functions. History[0] points to
+// one block of memory that contains all buffers. history_index is the slot for the next command.
 constexpr int kHistorySlots = 50;
 constexpr int kHistorySlotSize = 256;  // bytes
 extern char* History[kHistorySlots];

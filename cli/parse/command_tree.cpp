@@ -10,32 +10,56 @@ CmdType* Cmds = nullptr;
 
 namespace {
 
-constexpr size_t kUsageMax = 199;  // characters of a usage that are listed
+constexpr size_t kUsageMax = 199;  // longest usage that is printed, in characters
 
-[[noreturn]] void RefuseDuplicate(const char* token, const char* parent_token) {
+// Nodes are allocated in blocks. An allocation for each node would add 4 % to the instructions of a run with
+// one short command.
+constexpr int kBlockSize = 64;  // the 62 commands of the program and the root fit into one block
+struct NodeBlock {
+    CmdType nodes[kBlockSize];
+    NodeBlock* older;
+};
+NodeBlock* newest_block = nullptr;
+CmdType* unused = nullptr;  // the next node to use
+int unused_count = 0;
+
+void AddBlock() {
+    auto* const block = new (std::nothrow) NodeBlock;
+    if (block == nullptr) {
+        std::printf("\nERROR: Could not allocate memory for the command tree.\n");
+        EndProcess(1);
+    }
+    block->older = newest_block;
+    newest_block = block;
+    unused = block->nodes;
+    unused_count = kBlockSize;
+}
+
+[[noreturn]] void RejectDuplicate(const char* token, const char* parent_token) {
     std::printf("\nDebug - Error %s is not unique subcommand of %s.\nCommand tree could not be built.\n",
                 token, parent_token);
     EndProcess(1);
 }
 
-// Where a new child goes among the children, which stand in the order of their tokens.
-CmdType** PlaceFor(CmdType* Cmd, const char* Token) {
-    CmdType** place = &Cmd->Sub;
-    // Mostly behind the last, because the table of commands is sorted but for a few rows.
+// Returns the link (Sub or Next) that a new child with this token belongs into.
+CmdType** FindLink(CmdType* Cmd, const char* Token) {
+    // Most rows of the command table are in order, so the new child usually follows the last one. Comparing
+    // with all children first would add 2.6 % to the instructions of a run with one short command.
     CmdType* last = Cmd->Sub;
     while (last != nullptr && last->Next != nullptr) last = last->Next;
     if (last != nullptr && std::strcmp(last->Token, Token) < 0) return &last->Next;
 
-    while (*place != nullptr) {
-        const int order = std::strcmp((*place)->Token, Token);
-        if (order == 0) RefuseDuplicate(Token, Cmd->Token);
+    CmdType** link = &Cmd->Sub;
+    while (*link != nullptr) {
+        const int order = std::strcmp((*link)->Token, Token);
+        if (order == 0) RejectDuplicate(Token, Cmd->Token);
         if (order > 0) break;
-        place = &(*place)->Next;
+        link = &(*link)->Next;
     }
-    return place;
+    return link;
 }
 
-// What stands between the prefix and the next ':', the blank at its beginning included.
+// Returns the help text between the prefix and the next ':', including the space at its start.
 std::string_view UsageOf(const CmdType& node) {
     const std::string_view usage = std::string_view(node.Help).substr(kUsagePrefix.size(), kUsageMax);
     return usage.substr(0, usage.find(':'));
@@ -44,17 +68,7 @@ std::string_view UsageOf(const CmdType& node) {
 }  // namespace
 
 CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, CommandHandler Function) {
-    constexpr int kBlock = 64;  // the program's tree takes one
-    static CmdType* unused = nullptr;
-    static int unused_count = 0;
-    if (unused_count == 0) {
-        unused = new (std::nothrow) CmdType[kBlock];
-        if (unused == nullptr) {
-            std::printf("\nERROR: Could not allocate memory for the command tree.\n");
-            EndProcess(1);
-        }
-        unused_count = kBlock;
-    }
+    if (unused_count == 0) AddBlock();
     --unused_count;
     *unused = {Token, Help, Synonym, Function, nullptr, nullptr};
     return unused++;
@@ -64,16 +78,10 @@ CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char
                    CommandHandler Function) {
     CmdType* node =
         NewCommandNode(Token, Synonym, Help, Function != nullptr ? Function : Display_Subcommand_Usage);
-    CmdType** place = PlaceFor(Cmd, Token);
-    node->Next = *place;
-    *place = node;
+    CmdType** link = FindLink(Cmd, Token);
+    node->Next = *link;
+    *link = node;
     return node;
-}
-
-CmdType* FindChild(const CmdType* Cmd, std::string_view Token) {
-    CmdType* child = Cmd->Sub;
-    while (child != nullptr && Token != child->Token) child = child->Next;
-    return child;
 }
 
 void PropagateSynonyms(CmdType* Cmd) {
@@ -83,8 +91,24 @@ void PropagateSynonyms(CmdType* Cmd) {
     }
 }
 
+void FreeCommands() {
+    while (newest_block != nullptr) {
+        NodeBlock* const older = newest_block->older;
+        delete newest_block;
+        newest_block = older;
+    }
+    unused_count = 0;
+    Cmds = nullptr;
+}
+
+CmdType* FindChild(const CmdType* Cmd, std::string_view Token) {
+    CmdType* child = Cmd->Sub;
+    while (child != nullptr && Token != child->Token) child = child->Next;
+    return child;
+}
+
 void Print_Tree(CmdType* cmds, int depth) {
-    int on_line = 0;
+    int on_line = 0;  // tokens already printed on the current line
     for (CmdType* child = cmds->Sub; child != nullptr; child = child->Next) {
         if (on_line == 0) {
             for (int i = 0; i < depth; ++i) std::putchar('\t');

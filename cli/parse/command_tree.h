@@ -1,32 +1,40 @@
-// The tree of keywords: a command is the path of tokens from the top level down to a node. Built once at
-// start-up, then only read; its nodes are never freed.
+// The tree of keywords. A command is a path of tokens from the top level down to a node. Start-up builds the
+// tree; afterwards the program only reads it, and never frees it.
 #pragma once
 
 #include <string_view>
 
 #include "cli/command/command.h"
 
-// The root, above the top-level commands.
+// The root. Its children are the top-level commands.
 extern CmdType* Cmds;
 
-// What the help text of every command begins with; the listings of usages leave it out.
+// Every help text except the root's begins with this prefix.
 constexpr std::string_view kUsagePrefix = "USAGE:";
 
-// A node outside any tree, without children. The texts aren't copied. When memory runs out, the process
-// ends with status 1.
+// Creates a node without children or siblings that is in no tree yet. Doesn't copy the texts. Ends the
+// process with status 1 if memory runs out.
 CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, CommandHandler Function);
 
-// Adds a child in its sorted place. Cmd: the parent. Synonym: the node that the new one stands for, or null.
-// Function: null for an inner node, which then lists its children.
-// Result: the new node. A token that the parent already has, or no memory, ends the process with status 1.
+// Creates a child of `Cmd` and inserts it in the order of the tokens. `Synonym`: the node whose synonym the
+// new one is, or null. `Function`: null for an inner node, which gets Display_Subcommand_Usage. Returns the
+// new node. Ends the process with status 1 if `Cmd` already has a child with this token, or if memory runs
+// out.
 CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char* Help,
                    CommandHandler Function);
 
-// The child with exactly this token; null when Cmd has none.
+// Gives every synonym below `Cmd` the children of its `Synonym`.
+void PropagateSynonyms(CmdType* Cmd);
+
+// Frees all nodes and sets Cmds to null, so that a test can start without a tree.
+void FreeCommands();
+
+// Returns the child of `Cmd` with exactly this token, or null if there is none.
 CmdType* FindChild(const CmdType* Cmd, std::string_view Token);
 
-// The deepest node to which the words lead, from the top level down; the root when the first word is no
-// command. Word: char* or std::string_view, already upper case.
+// Follows the words from the top level down, up to the first word that matches no child. Returns the last
+// node reached, which is the root if the first word matches nothing. The words (char* or std::string_view)
+// must be in upper case.
 template <typename Word>
 CmdType* FollowWords(const Word* words, int count) {
     CmdType* node = Cmds;
@@ -38,12 +46,9 @@ CmdType* FollowWords(const Word* words, int count) {
     return node;
 }
 
-// Gives every synonym below Cmd the children of the node that it stands for.
-void PropagateSynonyms(CmdType* Cmd);
-
-// Prints the tree below cmds, one line per token, depth TABs deep; siblings that share one help text and
-// follow each other stand on one line, joined by " | ".
+// Prints the tree below `cmds`, one token on a line, indented by `depth` TABs. Adjacent siblings that share a
+// help text are on one line, joined by " | ".
 void Print_Tree(CmdType* cmds, int depth);
 
-// The handler of every inner node: lists the usage of current_command's children. Result: 1.
+// The handler of inner nodes: prints the usage of each child of current_command. Returns 1.
 int Display_Subcommand_Usage(InputLineType* InputLine);

@@ -3,18 +3,24 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "cli/command/command.h"
 #include "cli/command/state.h"
+#include "cli/parse/command_tree.h"
+#include "cli/terminal/keys.h"
+#include "cli/terminal/terminal.h"
+#include "src/utils/map_physical.h"
 
 namespace {
 
 struct Variable {
     template <typename Value>
-    constexpr Variable(Value& value) : place(&value), size(sizeof value) {}
+    constexpr Variable(Value& value) : address(&value), size(sizeof value) {}
 
-    void* place;
+    void* address;
     size_t size;
 };
 
+// All variables of cli/command/state.h.
 // clang-format off
 constexpr Variable kVariables[] = {
     script_mode, got_kelm,
@@ -34,20 +40,27 @@ void FreeAll(Record* (&table)[kEntries]) {
 }  // namespace
 
 void ResetState() {
+    RestoreTerminal();
+    GetChar(1);
+    FreeCommands();
+    current_command = nullptr;
+    std::memset(&CurrentCommandLine, 0, sizeof CurrentCommandLine);
+    __brantcli_pgsz = 0;
+
     std::free(pSMBTables);
     std::free(smb_record_sizes);
     FreeAll(gCpu_tbl);
     FreeAll(gCache_tbl);
     FreeAll(gMemoryMod);
     std::free(History[0]);
-    for (const Variable& variable : kVariables) std::memset(variable.place, 0, variable.size);
+    for (const Variable& variable : kVariables) std::memset(variable.address, 0, variable.size);
     cdt_fd = cevt_fd = casr_fd = crom_fd = -1;
 }
 
 std::string StateNow() {
     std::string state;
     for (const Variable& variable : kVariables) {
-        state.append(static_cast<const char*>(variable.place), variable.size);
+        state.append(static_cast<const char*>(variable.address), variable.size);
     }
     return state;
 }
@@ -55,7 +68,7 @@ std::string StateNow() {
 void ReturnToState(const std::string& state) {
     const char* next = state.data();
     for (const Variable& variable : kVariables) {
-        std::memcpy(variable.place, next, variable.size);
+        std::memcpy(variable.address, next, variable.size);
         next += variable.size;
     }
 }

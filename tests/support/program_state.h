@@ -1,14 +1,22 @@
-// All that start-up fills (cli/command/state.h), for tests and fuzz targets, which start up more than once in
-// one process. A variable that is added there has its place in the table of the source file.
+// Resets and saves the program's state (cli/command/state.h lists it), for tests and fuzz targets, which
+// start the program's code more than once in a process.
 #pragma once
 
 #include <string>
 
-// Frees what start-up allocated and puts every variable back to what it is before start-up. The devices
-// aren't closed.
+// Frees the memory of the state and sets every variable to its value before start-up. Doesn't close the
+// devices.
 void ResetState();
 
-// All variables as one value, with which to return to one start-up after another. What they point to isn't
-// copied: it is freed once, by ResetState, while they are in place.
+// Resets the state at the beginning and at the end of a scope.
+struct FreshState {
+    FreshState() { ResetState(); }
+    ~FreshState() { ResetState(); }
+    FreshState(const FreshState&) = delete;
+    FreshState& operator=(const FreshState&) = delete;
+};
+
+// Returns the variables that start-up fills, so that ReturnToState can restore them. The memory that they
+// point to isn't copied; only ResetState frees it.
 std::string StateNow();
 void ReturnToState(const std::string& state);
