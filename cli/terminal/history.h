@@ -1,22 +1,25 @@
-// The commands entered so far: a ring of slots, of which the one that the next command goes into is empty, so
-// that it holds one command fewer than it has slots. Nothing is kept between runs.
+// The command history: a ring of slots. The slot for the next command is always empty, so the ring holds one
+// command fewer than it has slots. It isn't saved when the program ends.
 #pragma once
 
-// Gives each slot of History a buffer filled with zeros and sets history_index to 0. Returns false if there
-// is not enough memory.
+// Allocates a zeroed buffer for each slot of History and sets history_index to 0. Returns false if memory
+// runs out.
 bool AllocateHistory();
 
-// Frees the buffers, if there are any.
+// Frees the buffers and sets the slots to null.
 void FreeHistory();
 
-// Adds a line as the newest command; the oldest goes once the ring is full. At most 255 characters are kept.
+// Stores a line of at most 255 characters as the newest command. Removes the oldest one if the ring is full.
 void StoreInHistory(const char* line);
 
-// Whether the line is the newest command, to the letter.
+// Returns whether the line is equal to the newest command.
 bool RepeatsNewest(const char* line);
 
-// A browse position is a slot and begins at history_index, the empty one.
-// Moves to the next older command. False, without moving, when there is none.
+// Browsing starts at `position` = history_index, the empty slot.
+
+// Moves `position` to the next older command. Returns false if there is none.
 bool BrowseOlder(int& position);
-// Moves to the next newer command, or past the newest to the empty slot. False when it is there already.
+
+// Moves `position` to the next newer command, or from the newest to the empty slot. Returns false if it is at
+// the empty slot.
 bool BrowseNewer(int& position);

@@ -8,11 +8,11 @@
 namespace {
 
 struct Sequence {
-    char bytes[4];  // after ESC and '['; none begins another
+    char bytes[4];  // after ESC and '['; no sequence is the prefix of another
     Key key;
 };
 
-// Keys without a function are here too, so that their bytes don't arrive as text.
+// This table includes keys without a function, so that their bytes aren't inserted as text.
 // clang-format off
 constexpr Sequence kSequences[] = {
     {"A",   kUp},     {"B",   kDown},   {"C",   kRight},  {"D",   kLeft},
@@ -31,14 +31,17 @@ constexpr size_t LongestSequence() {
     return longest;
 }
 
-int LastKey = 0;           // the last key that can be doubled, TAB or ESC; or 0
-int MultiKeySequence = 0;  // 0 idle, 1 that key was just returned, 2 the key after it is being read
+// The state of the search for double keys: the second of two TABs or ESCs in a row is kDoubleTab or
+// kDoubleEscape.
+int LastKey = 0;           // the last TAB or ESC; 0 if there is none
+int MultiKeySequence = 0;  // 1: LastKey was the last key; 2: the next key is being read; 0: neither
 
-void AgeDoubling() {
+void BeginKey() {
     if (MultiKeySequence == 2) LastKey = 0;
     MultiKeySequence = MultiKeySequence == 1 ? 2 : 0;
 }
 
+// Returns `twice` if `key` is the second of a pair, else `key`.
 int Doubled(Key key, Key twice) {
     if (MultiKeySequence == 2 && LastKey == key) return twice;
     LastKey = key;
@@ -51,20 +54,20 @@ int UnknownSequence() {
     return kUnknownKey;
 }
 
-// The key of what follows ESC and '['. Reads only as long as the bytes can still become a key, and never
-// waits: a byte that isn't there reads as -1, which begins nothing.
+// Returns the key whose sequence follows ESC and '['. Reads only while the bytes are the prefix of a
+// sequence. A missing byte reads as -1, which is in no sequence.
 int ReadSequence() {
     char bytes[LongestSequence()];
     for (size_t length = 1; length <= sizeof bytes; ++length) {
         bytes[length - 1] = ReadChar(0);
         const std::string_view read(bytes, length);
-        bool begins_one = false;
+        bool is_prefix = false;
         for (const Sequence& sequence : kSequences) {
             const std::string_view whole = sequence.bytes;
             if (whole == read) return sequence.key;
-            begins_one = begins_one || whole.substr(0, length) == read;
+            is_prefix = is_prefix || whole.substr(0, length) == read;
         }
-        if (!begins_one) break;
+        if (!is_prefix) break;
     }
     return UnknownSequence();
 }
@@ -83,10 +86,12 @@ int GetChar(int Clear_MultiKey) {
         MultiKeySequence = 0;
         return kNoKey;
     }
-    AgeDoubling();
-    const auto byte = static_cast<signed char>(ReadChar(1));
-    if (InputHasEnded()) return kEndOfInput;
-    if (WasContinued()) return kContinued;
+    BeginKey();
+    char read = 0;
+    const ReadResult result = ReadByte(1, read);
+    if (result == ReadResult::Ended) return kEndOfInput;
+    if (result == ReadResult::Continued) return kContinued;
+    const auto byte = static_cast<signed char>(read);
     if (byte < 0) return kUnknownKey;
     if (byte == kTab) return Doubled(kTab, kDoubleTab);
     return byte == kEscape ? ReadAfterEscape() : byte;

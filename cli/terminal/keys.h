@@ -1,12 +1,12 @@
-// The keys that the bytes from the keyboard stand for.
+// The key decoder: turns the bytes from the keyboard into keys.
 #pragma once
 
-// What GetChar returns beside the printable characters and control characters, which stand for themselves.
+// The return values of GetChar. Printable characters and other control characters are returned unchanged.
 // clang-format off
 enum Key : int {
     kNoKey       = 0,
-    kEndOfInput  = -1,     // no key: there will be no more
-    kContinued   = -2,     // no key: the process was stopped, and has the terminal again
+    kEndOfInput  = -1,     // no key: the input has ended
+    kContinued   = -2,     // no key: the process was stopped and is in the foreground again
     kCtrlC       = 3,
     kBackspace   = 8,
     kTab         = 9,
@@ -15,7 +15,7 @@ enum Key : int {
     kCtrlU       = 21,
     kEscape      = 27,
     kRubout      = 127,    // what most terminals send for Backspace
-    kUnknownKey  = 255,    // a byte from 0x80 up, or an escape sequence that isn't known
+    kUnknownKey  = 255,    // a byte of 0x80 or above, or an unknown escape sequence
     kDoubleEscape = -5, kDoubleTab = -6,    // the same key twice in a row
     kInsert = -10, kDelete = -11, kHome = -12, kEnd = -13, kPageDown = -14, kPageUp = -15,
     kDown = -20, kUp = -21, kLeft = -22, kRight = -23,
@@ -24,7 +24,8 @@ enum Key : int {
 };
 // clang-format on
 
-// The next key. It waits for the first byte only: the rest of an escape sequence has to be there. For a
-// sequence that isn't known the bell rings, and those of its bytes that weren't read arrive as keys of their
-// own. Clear_MultiKey: nonzero to read nothing, but have the next TAB or ESC count as a first one; then 0.
+// Waits for a key and returns it. Doesn't wait for the other bytes of an escape sequence, which terminals
+// send together. Rings the bell at the first byte that makes a sequence unknown; later calls return the bytes
+// after it as keys. `Clear_MultiKey`: nonzero to only forget the last key, so that the next TAB or ESC isn't
+// the second of a pair, and return 0.
 int GetChar(int Clear_MultiKey);

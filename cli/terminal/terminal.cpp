@@ -4,10 +4,11 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <cstring>  // memset, which the server's FD_ZERO is made of
+#include <cstring>  // FD_ZERO calls memset on some systems
 
 namespace {
 
@@ -15,17 +16,12 @@ constexpr int kKeyboard = STDIN_FILENO;
 constexpr suseconds_t kEscapeWait = 10;  // microseconds
 constexpr int kEndOrStop[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP};
 
-termios TTY;      // as found
-termios TTYTEMP;  // character mode
-
-// What the signal handlers read and set.
-volatile std::sig_atomic_t terminal_wanted = 0;  // from get_terminfo to RestoreTerminal
-volatile std::sig_atomic_t terminal_taken = 0;   // TTY holds what was found, TTYTEMP may be in force
-volatile std::sig_atomic_t continued = 0;        // a SIGCONT has come since this was last looked at
-
-// How the last ReadChar ended.
-bool input_ended = false;
-bool was_continued = false;
+// The signal handlers use these settings and flags, too.
+termios TTY;                                    // the settings to restore
+termios TTYTEMP;                                // the same in character mode
+volatile std::sig_atomic_t mode_wanted = 0;     // 1 from get_terminfo to RestoreTerminal
+volatile std::sig_atomic_t settings_saved = 0;  // 1: TTY and TTYTEMP are valid, and TTYTEMP may be in force
+volatile std::sig_atomic_t continued = 0;       // 1: SIGCONT has arrived since the last check
 
 termios CharacterMode(const termios& found) {
     termios settings = found;
@@ -35,36 +31,41 @@ termios CharacterMode(const termios& found) {
     settings.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB);
     settings.c_cflag |= CS8;
     settings.c_oflag |= OPOST;
-    settings.c_cc[VMIN] = 1;  // each key arrives at once
+    settings.c_cc[VMIN] = 1;  // read() returns after each byte
     settings.c_cc[VTIME] = 1;
     return settings;
 }
 
-// Whether the process runs in the background of the terminal: touching it would take it away from whoever
-// has it now, and the system stops a process that tries.
-bool AnotherHasTerminal() {
+// Returns whether the process is in the background of the terminal. The settings then belong to the
+// foreground process, and the system stops a background process that changes them.
+bool IsInBackground() {
     const pid_t foreground = tcgetpgrp(kKeyboard);
     return foreground >= 0 && foreground != getpgrp();
 }
 
-// These two are safe in a signal handler.
-void TakeTerminal() {
-    if (terminal_wanted == 0 || AnotherHasTerminal()) return;
-    if (terminal_taken == 0) {
+// Saves the terminal settings and switches to character mode. Safe in a signal handler.
+void EnterCharacterMode() {
+    if (mode_wanted == 0 || IsInBackground()) return;
+    if (settings_saved == 0) {
         if (tcgetattr(kKeyboard, &TTY) != 0) return;
         TTYTEMP = CharacterMode(TTY);
-        terminal_taken = 1;
+        // A signal handler that reads 1 must find both settings stored.
+        std::atomic_signal_fence(std::memory_order_release);
+        settings_saved = 1;
     }
     tcsetattr(kKeyboard, TCSANOW, &TTYTEMP);
 }
 
-void GiveTerminalBack() {
-    if (terminal_taken == 0 || AnotherHasTerminal()) return;
+// Restores the saved settings. Safe in a signal handler.
+void LeaveCharacterMode() {
+    if (settings_saved == 0 || IsInBackground()) return;
+    std::atomic_signal_fence(std::memory_order_acquire);
     tcsetattr(kKeyboard, TCSANOW, &TTY);
-    terminal_taken = 0;
+    settings_saved = 0;
 }
 
-// A signal that was ignored at start, as nohup has it, stays so.
+// Installs a handler. A signal that was ignored when the program started, such as SIGHUP under nohup, stays
+// ignored.
 void Catch(int signal, void (*handler)(int), int flags) {
     struct sigaction action {};
     sigaction(signal, nullptr, &action);
@@ -73,13 +74,13 @@ void Catch(int signal, void (*handler)(int), int flags) {
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART | flags;
     sigemptyset(&action.sa_mask);
-    sigaddset(&action.sa_mask, SIGCONT);  // which would take the terminal while it is being given back
+    sigaddset(&action.sa_mask, SIGCONT);  // OnContinued must not interrupt LeaveCharacterMode
     sigaction(signal, &action, nullptr);
 }
 
 extern "C" void OnContinued(int /*signal*/) {
     const int saved_errno = errno;
-    TakeTerminal();
+    EnterCharacterMode();
     continued = 1;
     errno = saved_errno;
 }
@@ -91,67 +92,73 @@ void CatchEndOrStop(int signal) {
     Catch(signal, OnEndOrStop, kOnce);
 }
 
-// raise() has the signal's own action follow at once: the handler is no longer in place (SA_RESETHAND), the
-// signal isn't held back (SA_NODEFER). Only a process that was stopped gets past it, when it continues.
+// Restores the terminal settings and then ends or stops the process: the first delivery has reset the signal
+// to its default action (SA_RESETHAND) and has not blocked it (SA_NODEFER), so raise() acts immediately. It
+// returns only in a process that was stopped and has been continued.
 extern "C" void OnEndOrStop(int signal) {
     const int saved_errno = errno;
-    GiveTerminalBack();
+    LeaveCharacterMode();
     raise(signal);
     CatchEndOrStop(signal);
-    TakeTerminal();
+    EnterCharacterMode();
     errno = saved_errno;
 }
 
-// Whether a byte, or the end of the input, is there or comes in a moment.
+fd_set KeyboardSet() {
+    fd_set keyboard;
+    FD_ZERO(&keyboard);
+    FD_SET(kKeyboard, &keyboard);
+    return keyboard;
+}
+
+// Waits up to kEscapeWait. Returns whether read() would return immediately, with a byte or at the end of the
+// input.
 bool InputIsReady() {
     for (;;) {
-        timeval moment = {0, kEscapeWait};
-        fd_set keyboard;
-        FD_ZERO(&keyboard);
-        FD_SET(kKeyboard, &keyboard);
-        const int ready = select(kKeyboard + 1, &keyboard, nullptr, nullptr, &moment);
+        timeval timeout = {0, kEscapeWait};
+        fd_set keyboard = KeyboardSet();
+        const int ready = select(kKeyboard + 1, &keyboard, nullptr, nullptr, &timeout);
         if (ready >= 0) return ready > 0;
         if (errno != EINTR) return false;
     }
 }
 
-// The system stops a process in the background when it reads the terminal. Once the process continues, the
-// same read goes on, and nothing shows that it was stopped. So it stops itself before it reads. False when
-// the signal didn't stop it; the read will then tell why.
+// Stops the process group, as the system does when a background process reads the terminal. But the system
+// then restarts the read without a notification, so the prompt wouldn't be drawn again. Returns false if the
+// signal didn't stop the process; read() will then fail with the reason.
 bool StopUntilContinued() {
     continued = 0;
     kill(0, SIGTTIN);
     return continued != 0;
 }
 
-// Waits until the keyboard can be read, or a signal's handler has run; false for the latter. SIGCONT is
-// blocked except while the process waits, so that none is missed.
+// Waits until the keyboard can be read. Returns false if a signal handler has run. SIGCONT is blocked except
+// during the wait, so that none arrives unnoticed between the check and the wait.
 bool WaitUnlessContinued() {
-    sigset_t held_back, found;
-    sigemptyset(&held_back);
-    sigaddset(&held_back, SIGCONT);
-    sigprocmask(SIG_BLOCK, &held_back, &found);
-    fd_set keyboard;
-    FD_ZERO(&keyboard);
-    FD_SET(kKeyboard, &keyboard);
+    sigset_t blocked, original;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGCONT);
+    sigprocmask(SIG_BLOCK, &blocked, &original);
+    fd_set keyboard = KeyboardSet();
     const bool interrupted =
         continued != 0 ||
-        (pselect(kKeyboard + 1, &keyboard, nullptr, nullptr, nullptr, &found) < 0 && errno == EINTR);
-    sigprocmask(SIG_SETMASK, &found, nullptr);
+        (pselect(kKeyboard + 1, &keyboard, nullptr, nullptr, nullptr, &original) < 0 && errno == EINTR);
+    sigprocmask(SIG_SETMASK, &original, nullptr);
     return !interrupted;
 }
 
-// Waits until the keyboard can be read. False when the process has its terminal again after it was stopped.
+// Waits until the keyboard can be read. Returns false if the process was stopped and is in the foreground
+// again.
 bool WaitForByte() {
     for (;;) {
-        if (AnotherHasTerminal()) {
+        if (IsInBackground()) {
             if (!StopUntilContinued()) return true;
         } else if (WaitUnlessContinued()) {
             return true;
         }
-        if (continued == 0 || AnotherHasTerminal()) continue;
+        if (continued == 0 || IsInBackground()) continue;
         continued = 0;
-        if (terminal_taken != 0) return false;
+        if (settings_saved != 0) return false;
     }
 }
 
@@ -160,49 +167,36 @@ bool WaitForByte() {
 void get_terminfo() {
     for (const int signal : kEndOrStop) CatchEndOrStop(signal);
     Catch(SIGCONT, OnContinued, 0);
-    terminal_wanted = 1;
-    TakeTerminal();
+    mode_wanted = 1;
+    EnterCharacterMode();
 }
 
 void RestoreTerminal() {
-    terminal_wanted = 0;
-    GiveTerminalBack();
+    mode_wanted = 0;
+    LeaveCharacterMode();
 }
 
-char ReadChar(int wait) {
-    input_ended = was_continued = false;
-    if (wait == 0 && !InputIsReady()) return -1;
+ReadResult ReadByte(int wait, char& byte) {
+    if (wait == 0 && !InputIsReady()) return ReadResult::None;
     for (;;) {
-        if (wait != 0 && !WaitForByte()) {
-            was_continued = true;
-            return -1;
-        }
-        char byte = 0;
+        if (wait != 0 && !WaitForByte()) return ReadResult::Continued;
         const ssize_t count = read(kKeyboard, &byte, 1);
-        if (count == 1) return byte;
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0 && errno == EAGAIN) {  // a descriptor that doesn't block
-            if (wait == 0) return -1;
-            continue;
-        }
-        input_ended = true;
-        return -1;
+        if (count == 1) return ReadResult::Byte;
+        if (count == 0 || (errno != EINTR && errno != EAGAIN)) return ReadResult::Ended;
+        if (errno == EAGAIN && wait == 0) return ReadResult::None;  // a non-blocking descriptor
     }
 }
 
-bool InputHasEnded() {
-    return input_ended;
-}
-
-bool WasContinued() {
-    return was_continued;
+char ReadChar(int wait) {
+    char byte = 0;
+    return ReadByte(wait, byte) == ReadResult::Byte ? byte : static_cast<char>(-1);
 }
 
 void DropRestOfLine() {
-    const bool typed_ahead_only = isatty(kKeyboard) != 0;
-    for (char byte = 0; byte != '\n' && byte != '\r' && !input_ended;) {
-        if (typed_ahead_only && !InputIsReady()) return;
-        byte = ReadChar(1);
+    const bool on_terminal = isatty(kKeyboard) != 0;
+    for (char byte = 0; byte != '\n' && byte != '\r';) {
+        if (on_terminal && !InputIsReady()) return;
+        if (ReadByte(1, byte) == ReadResult::Ended) return;
     }
 }
 

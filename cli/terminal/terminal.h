@@ -1,26 +1,32 @@
-// The terminal: character mode for the length of the run, single bytes from the keyboard, and the bell.
+// The terminal: character mode, reading single bytes, the bell.
 #pragma once
 
-// Switches descriptor 0 to character mode: no echo, no line editing and no signals by keys. From then
-// on the terminal is given back before a signal ends or stops the process. If descriptor 0 isn't a terminal,
-// or the process runs in the background, the settings stay as they are.
+// Switches descriptor 0 to character mode: no echo, no line editing and no signals by keys. Installs signal
+// handlers that restore the settings before a signal ends or stops the process, and switch to character mode
+// again when the process continues. If descriptor 0 isn't a terminal, no settings change. A background
+// process changes them when it gets to the foreground.
 void get_terminfo();
 
-// Gives the terminal back as get_terminfo found it. Does nothing when there was none, or the second time.
+// Restores the settings that were saved before the switch to character mode. Does nothing if there are none.
 void RestoreTerminal();
 
-// One byte of descriptor 0, as a signed char. wait: nonzero to wait for it; 0 to take a byte only when it is
-// there already or comes within 10 microseconds. -1 when there is none (0xFF reads the same).
+enum class ReadResult {
+    Byte,
+    None,       // no byte arrived in time
+    Ended,      // the input has ended, or can't be read
+    Continued,  // the process was stopped and is in the foreground again, so the screen may have changed
+};
+
+// Reads a byte from descriptor 0. `wait`: nonzero to wait for a byte, 0 to wait at most 10 microseconds.
+ReadResult ReadByte(int wait, char& byte);
+
+// Reads a byte like ReadByte. Returns the byte as a signed char, or -1 if there is none; the byte 0xFF also
+// reads as -1.
 char ReadChar(int wait);
 
-// Why the last ReadChar returned no byte: the input has ended, or can't be read any more; or the process was
-// stopped and has its terminal again, which may show other things by now.
-bool InputHasEnded();
-bool WasContinued();
-
-// Reads the rest of a line that isn't wanted, up to and including the next Enter. From a terminal it takes
-// only what has been typed already; from anything else it waits for the rest.
+// Discards the input up to and including the next Enter: on a terminal only what has already been typed,
+// otherwise all of it, even if it has to wait.
 void DropRestOfLine();
 
-// Writes the bell at once.
+// Writes the bell character and flushes the output.
 void RingBell();
