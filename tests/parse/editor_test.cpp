@@ -1,5 +1,5 @@
-// The editor, fed with keys that are all there at once: what it writes, byte for byte, what that looks like
-// on a screen, and the line that Enter hands over.
+// Tests of the line editor. All keys of a test are typed in advance. The tests check the bytes that the
+// editor writes, their effect on a screen, and the line that Enter returns.
 #include "cli/parse/editor.h"
 
 #include <gtest/gtest.h>
@@ -9,72 +9,110 @@
 
 #include "cli/brantcli/command_table.h"
 #include "cli/command/state.h"
-#include "cli/parse/command_tree.h"
 #include "cli/terminal/history.h"
 #include "tests/support/program_state.h"
 #include "tests/support/screen.h"
 
 namespace {
 
-// clang-format off
-const std::string kUp = "\33[A", kDown = "\33[B", kRight = "\33[C", kLeft = "\33[D", kF1 = "\33[11~",
-                  kHome = "\33[1~", kInsert = "\33[2~", kDelete = "\33[3~", kEnd = "\33[4~", kClear = "\3";
-const std::string kPrompt = "brantcli> ", k25Words = "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 y ";
+const std::string kPrompt = "brantcli> ";
 
-std::string Erased(size_t columns) { return columns == 0 ? "" : "\b \b" + Erased(columns - 1); }
-std::string Trimmed(const std::string& text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
+std::string Erased(size_t columns) {
+    return columns == 0 ? "" : "\b \b" + Erased(columns - 1);
+}
+
+std::string Trimmed(const std::string& text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+// Returns the bytes of a name in angle brackets: of a key, or of something that the editor writes.
+std::string BytesOfName(const std::string& name) {
+    // clang-format off
+    static const std::pair<const char*, const char*> names[] = {
+        {"Up", "\33[A"}, {"Down", "\33[B"}, {"Right", "\33[C"}, {"Left", "\33[D"}, {"Home", "\33[1~"},
+        {"Insert", "\33[2~"}, {"Delete", "\33[3~"}, {"End", "\33[4~"}, {"F1", "\33[11~"}, {"F3", "\33[13~"},
+        {"Esc", "\33"}, {"Tab", "\t"}, {"BS", "\b"}, {"Rubout", "\177"}, {"^C", "\3"}, {"^U", "\25"},
+        {"Enter", "\r"}, {"NL", "\n"}, {"Bell", "\a"}, {"24Words", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4"},
+    };
+    // clang-format on
+    for (const auto& [known, bytes] : names) {
+        if (name == known) return bytes;
+    }
+    if (name.rfind("Erase ", 0) == 0) return Erased(std::stoul(name.substr(6)));
+    return {static_cast<char>(std::stoi(name, nullptr, 16))};  // two digits: the byte itself
+}
+
+// Replaces each name in angle brackets with its bytes.
+std::string Bytes(const std::string& notation) {
+    std::string bytes;
+    for (size_t i = 0; i < notation.size(); ++i) {
+        if (notation[i] == '<') {
+            const size_t end = notation.find('>', i);
+            bytes += BytesOfName(notation.substr(i + 1, end - i - 1));
+            i = end;
+        } else {
+            bytes += notation[i];
+        }
+    }
+    return bytes;
+}
 
 struct KeyCase {
     const char* catches;
-    std::string keys;
-    std::string written;  // after the prompt
-    std::string line;
-    int column;  // of the cursor, from the line's start
+    const char* keys;     // as Bytes() takes them, like the next two
+    const char* written;  // after the prompt
+    const char* line;
+    int column;  // of the cursor, from the start of the line
 };
-const KeyCase kKeys[] = {
-    // editing in mid-line
-    {"the rest of the line overwritten",      "ac" + kLeft + "b",         "ac\bbc\b",             "abc", 2},
-    {"the last character left on the screen", "abc" + kLeft + "\x7f",     "abc\b\bc \b\b",        "ac", 1},
-    {"Backspace at the start",                "abc" + kHome + "\b",       "abc\b\b\b",            "abc", 0},
-    {"Delete taking what is left of it",      "abc" + kHome + kDelete,    "abc\b\b\bbc \b\b\b",   "bc", 0},
-    {"Insert moving the cursor",              "ab" + kLeft + kInsert,     "ab\b b\b\b",           "a b", 1},
-    {"moves past the ends", kLeft + kHome + "a" + kRight + kEnd + kDelete, "\a\aa\a\a\a", "a", 1},
-    {"End from the wrong place",     "abc" + kHome + kRight + kEnd,       "abc\b\b\b" "abc",      "abc", 3},
-    {"cleared from the cursor only", "ab" + kLeft + kClear + "c",         "ab\bb\b \b\b \bc",     "c", 1},
-    // two of a kind
-    {"two ESCs that aren't a pair", "a\33\33b\33\33\200\33\33\377\33\33", "a\ab\a\a\a\a\a",           "ab", 2},
-    {"a double ESC, and Ctrl-U",          "a\33\33\33\33b\x15",           "a\a\b \bb\b \b",       "", 0},
-    {"0xFF after ESC left in the input",  "a\33\377",                     "a\a",                  "a", 1},
-    {"a pair across what is no key", "s\t" + std::string(1, '\0') + "\t\200\t\377\t", "s\a\b \bs\a\b \bs\a\a\b \bs\a\a\b \bs", "s", 1},
-    {"a TAB and an ESC taken for a pair",     "z\t\33\377",                "z\a\a",                "z", 1},
-    // bytes that are no keys, sequences that aren't known: what was read of them is gone, the rest is typed
-    {"a high byte taken for a key code",  "a\353\370",                    "a\a\a",                "a", 1},
-    {"a control character inserted",      "\1\4\32",                      "\a\a\a",               "", 0},
-    {"a sequence read too far",           "\33[22~\33[16~\33[7~\33[1x~",  "\a\a~\a\a~\a\a~\a\a~", "~~~~", 4},
-    {"a sequence not read far enough",    "\33OP\33[Z\33x\33[[A",         "\a\aP\a\a\a\a\a\aA",   "PA", 2},
-    {"two bells for a known key", "\33[5~\33[6~\33[12~\33[14~\33[15~\33[17~\33[18~\33[19~\33[20~\33[21~\33[23~\33[24~",
-                                                                          std::string(12, '\a'),  "", 0},
-    // TAB: the line read anew against the tree
-    {"a synonym making a word ambiguous", "show fa\t",           "show fa" + Erased(7) + "SHOW FAN ",        "SHOW FAN ", 9},
-    {"a synonym written as another word", "show fans Xy\t",      "show fans Xy" + Erased(12) + "SHOW FANS Xy ", "SHOW FANS Xy ", 13},
-    {"a beginning taken for a word",      "sho x\t",             "sho x\a",                                  "sho x", 5},
-    {"blanks kept, quotes heeded",        " set  name \"My  b\t", " set  name \"My  b" + Erased(17) + "SET NAME \"My b ", "SET NAME \"My b ", 15},
-    {"a bell for an empty line",          " \t",                 " ",                                        " ", 1},
-    {"the 25th word lost",                k25Words + "\t",       k25Words + Erased(50) + k25Words,              k25Words, 50},
-    {"the 26th word lost",                k25Words + "z\t",      k25Words + "z\a",                              k25Words + "z", 51},
+// clang-format off
+constexpr KeyCase kKeys[] = {
+    // editing before the end of the line
+    {"the rest of the line is overwritten",        "ac<Left>b",                "ac<BS>bc<BS>",                   "abc", 2},
+    {"the last character stays on the screen",     "abc<Left><Rubout>",        "abc<BS><BS>c <BS><BS>",          "ac",  1},
+    {"Backspace at the start has an effect",       "abc<Home><BS>",            "abc<BS><BS><BS>",                "abc", 0},
+    {"Delete removes the character to the left",   "abc<Home><Delete>",        "abc<BS><BS><BS>bc <BS><BS><BS>", "bc",  0},
+    {"Insert moves the cursor",                    "ab<Left><Insert>",         "ab<BS> b<BS><BS>",               "a b", 1},
+    {"the cursor moves past the ends",             "<Left><Home>a<Right><End><Delete>", "<Bell><Bell>a<Bell><Bell><Bell>", "a", 1},
+    {"End prints from the wrong column",           "abc<Home><Right><End>",    "abc<BS><BS><BS>abc",             "abc", 3},
+    {"the line is cleared from the cursor only",   "ab<Left><^C>c",            "ab<BS>b<Erase 2>c",              "c",   1},
+    // double keys
+    {"two ESCs that aren't a pair clear the line", "a<Esc><Esc>b<Esc><Esc><80><Esc><Esc><FF><Esc><Esc>", "a<Bell>b<Bell><Bell><Bell><Bell><Bell>", "ab", 2},
+    {"a double ESC or Ctrl-U doesn't clear",       "a<Esc><Esc><Esc><Esc>b<^U>", "a<Bell><Erase 1>b<Erase 1>",   "",    0},
+    {"0xFF after ESC stays in the input",          "a<Esc><FF>",               "a<Bell>",                        "a",   1},
+    {"two TABs make a pair in spite of a byte between them", "s<Tab><00><Tab><80><Tab><FF><Tab>",
+        "s<Bell><Erase 1>s<Bell><Erase 1>s<Bell><Bell><Erase 1>s<Bell><Bell><Erase 1>s", "s", 1},
+    {"a TAB and an ESC make a pair",               "z<Tab><Esc><FF>",          "z<Bell><Bell>",                  "z",   1},
+    // bytes that aren't keys, and unknown sequences; the bytes after the first unknown one are typed
+    {"a byte of 0x80 or above is a key code",      "a<EB><F8>",                "a<Bell><Bell>",                  "a",   1},
+    {"a control character is inserted",            "<01><04><1A>",             "<Bell><Bell><Bell>",             "",    0},
+    {"too much of a sequence is read", "<Esc>[22~<Esc>[16~<Esc>[7~<Esc>[1x~",  "<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~", "~~~~", 4},
+    {"too little of a sequence is read", "<Esc>OP<Esc>[Z<Esc>x<Esc>[[A", "<Bell><Bell>P<Bell><Bell><Bell><Bell><Bell><Bell>A", "PA", 2},
+    {"a key without a function rings twice",
+        "<Esc>[5~<Esc>[6~<Esc>[12~<Esc>[14~<Esc>[15~<Esc>[17~<Esc>[18~<Esc>[19~<Esc>[20~<Esc>[21~<Esc>[23~<Esc>[24~",
+        "<Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell>", "", 0},
+    // the line that TAB makes
+    {"a synonym makes a word ambiguous",           "show fa<Tab>",             "show fa<Erase 7>SHOW FAN ",      "SHOW FAN ", 9},
+    {"a synonym is replaced with its command",     "show fans Xy<Tab>",        "show fans Xy<Erase 12>SHOW FANS Xy ", "SHOW FANS Xy ", 13},
+    {"a prefix that isn't the last word matches",  "sho x<Tab>",               "sho x<Bell>",                    "sho x", 5},
+    {"extra spaces stay, or quotes have a meaning", " set  name \"My  b<Tab>", " set  name \"My  b<Erase 17>SET NAME \"My b ", "SET NAME \"My b ", 15},
+    {"an empty line rings the bell",               " <Tab>",                   " ",                              " ",   1},
+    {"the 25th word is lost",                      "<24Words> y <Tab>",        "<24Words> y <Erase 50><24Words> y ", "<24Words> y ", 50},
+    {"the 26th word is lost",                      "<24Words> y z<Tab>",       "<24Words> y z<Bell>",            "<24Words> y z", 51},
     // TAB and F1 on the screen
-    {"the cursor left inside the word",   "sh" + kLeft + "\t",   "sh\b\b \bSHOW ",                           "SHOW ", 5},
-    {"the TAB after a longer word counted as its second", "sh\t\t", "sh" + Erased(2) + "SHOW " + Erased(5) + "SHOW ", "SHOW ", 5},
-    {"the TAB after a longer beginning counted as its second", "show s\t\t", "show s\a" + Erased(6) + "SHOW SER\a" + Erased(8) + "SHOW SER", "SHOW SER", 8},
-    {"one word listed",                   "SHOW \t\t",          "SHOW " + Erased(5) + "SHOW ",               "SHOW ", 5},
-    {"a synonym listed", "show f\t\t", "show f\a" + Erased(6) + "SHOW f\a\n[ F1 | FAN ]\nbrantcli> SHOW f", "SHOW f", 6},
-    {"the third TAB counted as one more", "s\t\t\t",             "s\a\b \bs\a\n[ SET | SHOW ]\nbrantcli> s\a\b \bs", "s", 1},
-    {"F1 without a line",                 kF1,                   Erased(10) +
-        "\n\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command.\nbrantcli> ", "", 0},
-    {"F1 losing the cursor's place",      "show fa" + kLeft + kF1, "show fa\ba" + Erased(17) +
-        "\nUSAGE: SHOW FANS: Shows info on installed fans.\nbrantcli> SHOW FAN \b\b\b",                      "SHOW FAN ", 6},
-    {"F1 keeping it beside a list",       "show s" + kHome + kF1, "show s\b\b\b\b\b\bshow s" + Erased(16) +
-        "\a\a\n[ SERIAL | SERVER ]\nbrantcli> SHOW SER",                                                     "SHOW SER", 8},
+    {"the cursor stays inside the word",           "sh<Left><Tab>",            "sh<BS><Erase 1>SHOW ",           "SHOW ", 5},
+    {"the TAB after a completed word is the second of a pair", "sh<Tab><Tab>", "sh<Erase 2>SHOW <Erase 5>SHOW ", "SHOW ", 5},
+    {"the TAB after a completed prefix is the second of a pair", "show s<Tab><Tab>",
+        "show s<Bell><Erase 6>SHOW SER<Bell><Erase 8>SHOW SER", "SHOW SER", 8},
+    {"a single candidate is listed",               "SHOW <Tab><Tab>",          "SHOW <Erase 5>SHOW ",            "SHOW ", 5},
+    {"a synonym is listed",                        "show f<Tab><Tab>",
+        "show f<Bell><Erase 6>SHOW f<Bell><NL>[ F1 | FAN ]<NL>brantcli> SHOW f", "SHOW f", 6},
+    {"the third TAB makes a pair with the second", "s<Tab><Tab><Tab>", "s<Bell><Erase 1>s<Bell><NL>[ SET | SHOW ]<NL>brantcli> s<Bell><Erase 1>s", "s", 1},
+    {"F1 on an empty line",                        "<F1>", "<Erase 10><NL><NL>Invalid or Incomplete Command - "
+        "No help available. Try using Tab Completion or the HELP command.<NL>brantcli> ", "", 0},
+    {"F1 moves the cursor to the end",             "show fa<Left><F1>",
+        "show fa<BS>a<Erase 17><NL>USAGE: SHOW FANS: Shows info on installed fans.<NL>brantcli> SHOW FAN <BS><BS><BS>", "SHOW FAN ", 6},
+    {"F1 doesn't move the cursor to the end after a list", "show s<Home><F1>",
+        "show s<BS><BS><BS><BS><BS><BS>show s<Erase 16><Bell><Bell><NL>[ SERIAL | SERVER ]<NL>brantcli> SHOW SER", "SHOW SER", 8},
 };
 // clang-format on
 
@@ -82,22 +120,25 @@ InputLineType line;
 
 bool at_prompt = false;
 
-void StartShell() {
-    // The end of the input ends the process with status 0, which would look like success.
-    static const int registered = std::atexit([] {
-        if (at_prompt) std::abort();
-    });
-    ASSERT_EQ(registered, 0);
-    ResetState();
-    ASSERT_TRUE(AllocateHistory());
-    if (Cmds == nullptr) CreateCommands();
-}
+// The state of a shell after start-up, without a terminal.
+struct Shell : FreshState {
+    Shell() {
+        // The end of the input would end the process with status 0, which looks like success.
+        static const int registered = std::atexit([] {
+            if (at_prompt) std::abort();
+        });
+        EXPECT_EQ(registered, 0);
+        EXPECT_TRUE(AllocateHistory());
+        CreateCommands();
+    }
+};
 
-// Reads the line from these keys. Result: what was written, the prompt included.
+// Reads `line` from these keys. Returns the output, including the prompt.
 std::string Type(const std::string& keys) {
+    const std::string bytes = Bytes(keys);
     int keyboard[2];
     EXPECT_EQ(pipe(keyboard), 0);
-    EXPECT_EQ(write(keyboard[1], keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+    EXPECT_EQ(write(keyboard[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
     EXPECT_EQ(dup2(keyboard[0], STDIN_FILENO), 0);
     for (const int end : keyboard) close(end);
     ::testing::internal::CaptureStdout();
@@ -109,48 +150,53 @@ std::string Type(const std::string& keys) {
 
 TEST(Editor, BeginsWithAnEmptyHistory) {
     constexpr size_t kBytes = kHistorySlots * kHistorySlotSize;
-    StartShell();
+    const Shell shell;
     std::memset(History[0], 'x', kBytes);
     history_index = 7;
     FreeHistory();
     ASSERT_TRUE(AllocateHistory() && history_index == 0);
-    EXPECT_EQ(std::count(History[0], History[0] + kBytes, '\0'), kBytes);
+    EXPECT_EQ(std::count(History[0], History[0] + kBytes, '\0'), kBytes) << "the buffers aren't zeroed";
     StoreInHistory("aa");
-    EXPECT_TRUE(RepeatsNewest("aa") && !RepeatsNewest("a") && !RepeatsNewest("aaa"));
+    EXPECT_TRUE(RepeatsNewest("aa"));
+    EXPECT_FALSE(RepeatsNewest("a"));
+    EXPECT_FALSE(RepeatsNewest("aaa"));
 }
 
-TEST(Editor, WritesWhatAKeyShows) {
-    StartShell();
+TEST(Editor, WritesTheRightBytesForEachKey) {
+    const Shell shell;
     for (const KeyCase& c : kKeys) {
-        EXPECT_EQ(Type(c.keys + "\r"), kPrompt + c.written) << c.catches;
-        EXPECT_EQ(line.CmdLine, c.line) << c.catches;
+        SCOPED_TRACE(std::string(c.keys) + ": " + c.catches);
+        EXPECT_EQ(Type(c.keys + std::string("<Enter>")), kPrompt + Bytes(c.written));
+        EXPECT_EQ(line.CmdLine, Bytes(c.line));
     }
 }
 
-TEST(Editor, LooksRightOnATerminal) {
+TEST(Editor, ShowsLineAndCursorOnATerminal) {
     const TestMachine machine("tr500k2");
     TerminalSession session(machine);
     session.ReceiveUntil("\n" + kPrompt);
     for (const KeyCase& c : kKeys) {
-        session.Type(c.keys);
-        ASSERT_EQ(session.ReceiveUntil(c.written), c.written) << c.catches;
-        EXPECT_EQ(session.screen.CursorLine(), Trimmed(kPrompt + c.line)) << c.catches;
-        EXPECT_EQ(session.screen.Cursor().col, static_cast<int>(kPrompt.size()) + c.column) << c.catches;
-        session.Type(kClear);
-        session.ReceiveUntil(c.line.substr(static_cast<size_t>(c.column)) + Erased(c.line.size()));
+        SCOPED_TRACE(std::string(c.keys) + ": " + c.catches);
+        const std::string written = Bytes(c.written), text = Bytes(c.line);
+        session.Type(Bytes(c.keys));
+        ASSERT_EQ(session.ReceiveUntil(written), written);
+        EXPECT_EQ(session.screen.CursorLine(), Trimmed(kPrompt + text));
+        EXPECT_EQ(session.screen.Cursor().col, static_cast<int>(kPrompt.size()) + c.column) << "the cursor";
+        session.Type(Bytes("<^C>"));
+        session.ReceiveUntil(text.substr(static_cast<size_t>(c.column)) + Erased(text.size()));
     }
 }
 
-TEST(Editor, KeepsToTheRoomOfALine) {
-    StartShell();
-    const std::string most = "help " + std::string(246, 'x'), completed = "HELP" + most.substr(4) + " ";
-    EXPECT_EQ(Type(most + "\t\r"), kPrompt + most + Erased(251) + completed);
+TEST(Editor, LimitsTheLengthOfALine) {
+    const Shell shell;
+    const std::string longest = "help " + std::string(246, 'x'), completed = "HELP" + longest.substr(4) + " ";
+    EXPECT_EQ(Type(longest + "<Tab><Enter>"), kPrompt + longest + Erased(251) + completed);
     EXPECT_EQ(line.CmdLine, completed);
-    EXPECT_EQ(Type(most + "x\t\r"), kPrompt + most + "x\a");
-    EXPECT_EQ(line.CmdLine, most + "x");
-    const std::string middle = most + "x" + kHome + kRight;
-    Type(middle + "123" + kDelete + "\r");  // the third is one too many
-    EXPECT_EQ(line.CmdLine, "h12" + most.substr(2) + "x");
+    EXPECT_EQ(Type(longest + "x<Tab><Enter>"), kPrompt + longest + "x\a") << "completed beyond the limit";
+    EXPECT_EQ(line.CmdLine, longest + "x");
+    Type(longest + "x<Home><Right>123<Delete><Enter>");
+    EXPECT_EQ(line.CmdLine, "h12" + longest.substr(2) + "x")
+        << "only two more characters fit into the buffer";
 
     std::string full(254, 'a');
     EXPECT_EQ(InsertChar(0, 'b', full.data()), -1);
@@ -160,73 +206,74 @@ TEST(Editor, KeepsToTheRoomOfALine) {
     EXPECT_EQ(full.c_str(), std::string(253, 'a'));
 }
 
-// What stands behind a line that is too long must not run: all of it up to Enter, or at a terminal what has
-// been typed.
-TEST(Editor, RefusesALineThatIsTooLongAndItsRest) {
+// The rest of a line that is too long must not run as a command. From a pipe the editor discards it up to
+// Enter, on a terminal only the part that has been typed already.
+TEST(Editor, DiscardsALineThatIsTooLongAndItsRest) {
     const TestMachine machine("tr500k2");
     const std::string too_long = "SET ASSET " + std::string(243, 'x'), log = machine.Read("cevt/hlog"),
-                      refusal =
+                      rejection =
                           kPrompt + too_long + "\a\nInvalid Command - command line too long.\n" + kPrompt;
     const std::string script = "{ printf 'HELP EXIT\\n" + too_long + "CLEAR'; sleep .1; " +
                                "printf ' HLOG\\t\\377\\rHELP QUIT\\n'; } | " + InShell("brantcli");
-    const std::string shown = RunProgram("/bin/sh", {"-c", script}, machine.Directory()).output;
-    EXPECT_EQ(shown.substr(shown.find(refusal)),
-              refusal + "HELP QUIT\nUSAGE: QUIT: Exit brantcli.\n" + kPrompt + "\n");
-    EXPECT_EQ(machine.Type(too_long).status, 0);
+    const std::string output = RunProgram("/bin/sh", {"-c", script}, machine.Directory()).output;
+    ASSERT_NE(output.find(rejection), output.npos) << output;
+    EXPECT_EQ(output.substr(output.find(rejection)),
+              rejection + "HELP QUIT\nUSAGE: QUIT: Exit brantcli.\n" + kPrompt + "\n");
+    EXPECT_EQ(machine.Type(too_long).status, 0) << "the input ends inside the discarded line";
 
     TerminalSession session(machine);
     session.ReceiveUntil("\n" + kPrompt);
     session.Type(too_long + "CLEAR HLOG");
-    EXPECT_EQ(kPrompt + session.ReceiveUntil("\n" + kPrompt), refusal);
+    EXPECT_EQ(kPrompt + session.ReceiveUntil("\n" + kPrompt), rejection);
     session.Type(too_long + "CLEAR HLOG\rexit\r");
     EXPECT_EQ(session.End(), 0);
-    EXPECT_EQ(machine.Read("cevt/hlog"), log);
+    EXPECT_EQ(machine.Read("cevt/hlog"), log) << "CLEAR HLOG ran";
 }
 
 // clang-format off
-// The editor's simpler twin: a string and an index. Capital letters are keys, everything else is typed.
+// A simple model of the editor: a string and an index. Each capital letter is a key; other characters are typed.
 struct Model {
-    std::vector<std::string> entered;  // of which the last 49 can be recalled
+    std::vector<std::string> entered;  // the last 49 can be recalled
     std::string line;
-    size_t at = 0, shown = 0;
-    int bells = 0;  // of keys that can do nothing
+    size_t cursor = 0, recalled = 0;
+    int bells = 0;  // expected bells
 
-    void Show(size_t index) {
-        shown = index;
+    void Recall(size_t index) {
+        recalled = index;
         line = index < entered.size() ? entered[index] : "";
-        at = line.size();
+        cursor = line.size();
     }
-    std::string Press(char key) {  // what the key sends
-        if (std::string(at == 0 ? "LH" : "").find(key) != std::string::npos) ++bells;
-        if (std::string(at == line.size() ? "RED" : "").find(key) != std::string::npos) ++bells;
-        const bool older = shown > 0 && shown + 49 > entered.size();
-        if (key == 'U' && !older) ++bells;
+    std::string Press(char key) {  // returns the key's name for Bytes()
+        if (std::string(cursor == 0 ? "LH" : "").find(key) != std::string::npos) ++bells;
+        if (std::string(cursor == line.size() ? "RED" : "").find(key) != std::string::npos) ++bells;
+        const bool has_older = recalled > 0 && recalled + 49 > entered.size();
+        if (key == 'U' && !has_older) ++bells;
         switch (key) {
-            case 'L': at -= at > 0;                                                   return kLeft;
-            case 'R': at += at < line.size();                                         return kRight;
-            case 'H': at = 0;                                                         return kHome;
-            case 'E': at = line.size();                                               return kEnd;
-            case 'D': line.erase(at, 1);                                              return kDelete;
-            case 'I': if (line.size() < 254) line.insert(at, 1, ' ');                 return kInsert;
-            case 'B': if (at > 0) line.erase(--at, 1);                                return "\b";
-            case 'C': Show(entered.size());                                           return kClear;
-            case 'U': if (older) Show(shown - 1);                                     return kUp;
-            case 'P': Press('U');                                                     return "\33[13~";
-            case 'N': if (shown < entered.size()) Show(shown + 1);                    return kDown;
-            default:  if (line.size() < 254) line.insert(at++, 1, key);               return {key};
+            case 'L': cursor -= cursor > 0;                                           return "<Left>";
+            case 'R': cursor += cursor < line.size();                                 return "<Right>";
+            case 'H': cursor = 0;                                                     return "<Home>";
+            case 'E': cursor = line.size();                                           return "<End>";
+            case 'D': line.erase(cursor, 1);                                          return "<Delete>";
+            case 'I': if (line.size() < 254) line.insert(cursor, 1, ' ');             return "<Insert>";
+            case 'B': if (cursor > 0) line.erase(--cursor, 1);                        return "<BS>";
+            case 'C': Recall(entered.size());                                         return "<^C>";
+            case 'U': if (has_older) Recall(recalled - 1);                            return "<Up>";
+            case 'P': Press('U');                                                     return "<F3>";
+            case 'N': if (recalled < entered.size()) Recall(recalled + 1);            return "<Down>";
+            default:  if (line.size() < 254) line.insert(cursor++, 1, key);           return {key};
         }
     }
-    bool TooLong() const { return at > 252; }
+    bool TooLong() const { return cursor > 252; }
     bool HasWords() const { return !TooLong() && line.find_first_not_of(' ') != line.npos; }
     void Enter() {
         if (HasWords() && (entered.empty() || entered.back() != line)) entered.push_back(line);
-        Show(entered.size());
+        Recall(entered.size());
     }
 };
 // clang-format on
 
-RC_GTEST_PROP(Editor, KeepsTheLineThatAStringAndAnIndexKeep, ()) {
-    StartShell();
+RC_GTEST_PROP(Editor, AgreesWithASimpleModel, ()) {
+    const Shell shell;
     Model model;
     for (int i = *rc::gen::inRange(0, 110); i > 0; --i) {
         model.line = std::to_string(i);
@@ -241,14 +288,15 @@ RC_GTEST_PROP(Editor, KeepsTheLineThatAStringAndAnIndexKeep, ()) {
         for (const auto& [times, key] : *rc::gen::container<std::vector<std::pair<int, char>>>(stroke)) {
             for (int i = 0; i < times && !model.TooLong(); ++i) keys += model.Press(key);
         }
-        const std::string written = Type(keys + "\n");
+        const std::string written = Type(keys + "<NL>");
+        RC_LOG() << "keys: " << keys << "\nwritten: " << written << "\n";
         RC_ASSERT(std::count(written.begin(), written.end(), '\a') == model.bells + model.TooLong());
         RC_ASSERT(line.CmdLine == model.line);
         RC_ASSERT((line.Words[0] != nullptr) == model.HasWords());
         Screen screen(300);
         screen.Show(written.substr(0, written.find('\n')));
         RC_ASSERT(screen.CursorLine() == Trimmed(kPrompt + model.line));
-        RC_ASSERT(screen.Cursor().col == static_cast<int>(kPrompt.size() + model.at));
+        RC_ASSERT(screen.Cursor().col == static_cast<int>(kPrompt.size() + model.cursor));
         model.Enter();
     }
 }
