@@ -1,4 +1,4 @@
-// The command language, as one table: every command with its help text and its handler.
+// The table of all commands, and its compile-time constraints.
 #include "cli/brantcli/command_table.h"
 
 #include <array>
@@ -28,7 +28,7 @@
 
 namespace {
 
-// What stands between "USAGE:" and the next ':' is the usage that inner nodes list.
+// The part between "USAGE:" and the next ':' is the usage, which the parent command prints.
 constexpr char HelpHelp[] =
     "USAGE: HELP <command>: Show help messages for <command> or list the toplevel\ncommands if no "
     "arguments are provided.";
@@ -122,13 +122,13 @@ constexpr char HelpRoot[] =
     "\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command.";
 
 struct CommandRow {
-    char path[28];  // the tokens, one blank between them; its last one is the node's own
+    char path[28];  // the tokens from the top level down, separated by spaces
     const char* help;
-    CommandHandler function;  // null: an inner node
-    const char* synonym_of = nullptr;
+    CommandHandler function;           // null for an inner node
+    const char* synonym_of = nullptr;  // a path
 };
 
-// A parent stands before its children, a command before its synonym.
+// A parent precedes its children, a command its synonym.
 // clang-format off
 constexpr CommandRow kCommands[] = {
     {"?",                         HelpHelp,                   do_help},
@@ -197,10 +197,10 @@ constexpr CommandRow kCommands[] = {
 // clang-format on
 constexpr size_t kCommandCount = std::size(kCommands);
 
-// The path without its last token; "" for a top-level command.
+// Returns the path without its last token: "" for a top-level command.
 constexpr std::string_view ParentOf(std::string_view path) {
-    const size_t blank = path.rfind(' ');
-    return path.substr(0, blank != path.npos ? blank : 0);
+    const size_t space = path.rfind(' ');
+    return path.substr(0, space != path.npos ? space : 0);
 }
 
 constexpr size_t kNoRow = SIZE_MAX;
@@ -213,73 +213,80 @@ constexpr size_t RowOf(std::string_view path) {
     return kNoRow;
 }
 
-// Whether a help text contains `token` at the beginning of a word; SHOW names FAN by its synonym FANS.
+// Returns whether a word of the help text begins with `token`. (The help text of SHOW contains FANS, not
+// FAN.)
 constexpr bool Names(std::string_view help, std::string_view token) {
     size_t found = help.find(token);
     while (found != help.npos && (found == 0 || help[found - 1] != ' ')) found = help.find(token, found + 1);
     return found != help.npos;
 }
 
-// The rules of the table. If a row breaks one, Accept() makes the compiler name the rule and the row.
-enum class Rule { None, UsagePrefix, PathOnce, ParentFirst, SynonymFirst, NamedByParent };
+// The constraints on a row. If a row violates one, the failing static_assert in Accept() names the constraint
+// and the template argument is the row.
+enum class Constraint { None, UsagePrefix, PathOnce, ParentFirst, SynonymFirst, NamedByParent };
 
-// The first row, counted from 0, that breaks a rule.
 struct Violation {
-    Rule rule;
-    size_t row;
+    Constraint constraint;
+    size_t row;  // index in kCommands
 };
 
-template <Rule kRule, size_t kRow>
+template <Constraint kConstraint, size_t kRow>
 constexpr bool Accept() {
-    static_assert(kRule != Rule::UsagePrefix, "a help text begins with \"USAGE:\"");
-    static_assert(kRule != Rule::PathOnce, "no two rows have the same path");
-    static_assert(kRule != Rule::ParentFirst, "the row of a command's parent precedes the command's row");
-    static_assert(kRule != Rule::SynonymFirst, "the row of a synonym's command precedes the synonym's row");
-    static_assert(kRule != Rule::NamedByParent, "the help text of a command's parent names the command");
-    return kRule == Rule::None;
+    static_assert(kConstraint != Constraint::UsagePrefix, "a help text begins with \"USAGE:\"");
+    static_assert(kConstraint != Constraint::PathOnce, "no two rows have the same path");
+    static_assert(kConstraint != Constraint::ParentFirst,
+                  "the row of a command's parent precedes the command's row");
+    static_assert(kConstraint != Constraint::SynonymFirst,
+                  "the row of a synonym's command precedes the synonym's row");
+    static_assert(kConstraint != Constraint::NamedByParent,
+                  "the help text of a command's parent names the command");
+    return kConstraint == Constraint::None;
 }
 
-constexpr Rule BrokenBy(size_t row) {
+// Returns the first constraint that the row violates, or None.
+constexpr Constraint ViolatedBy(size_t row) {
     const auto& [path, help, function, synonym_of] = kCommands[row];
     const std::string_view parent = ParentOf(path);
-    if (std::string_view(help).substr(0, kUsagePrefix.size()) != kUsagePrefix) return Rule::UsagePrefix;
-    if (RowOf(path) != row) return Rule::PathOnce;
-    if (synonym_of != nullptr && RowOf(synonym_of) >= row) return Rule::SynonymFirst;
-    if (parent.empty()) return Rule::None;
-    if (RowOf(parent) >= row) return Rule::ParentFirst;
+    if (std::string_view(help).substr(0, kUsagePrefix.size()) != kUsagePrefix) return Constraint::UsagePrefix;
+    if (RowOf(path) != row) return Constraint::PathOnce;
+    if (synonym_of != nullptr && RowOf(synonym_of) >= row) return Constraint::SynonymFirst;
+    if (parent.empty()) return Constraint::None;
+    if (RowOf(parent) >= row) return Constraint::ParentFirst;
     const std::string_view token = std::string_view(path).substr(parent.size() + 1);
-    return Names(kCommands[RowOf(parent)].help, token) ? Rule::None : Rule::NamedByParent;
+    return Names(kCommands[RowOf(parent)].help, token) ? Constraint::None : Constraint::NamedByParent;
 }
 
 constexpr Violation FirstViolation() {
     for (size_t row = 0; row < kCommandCount; ++row) {
-        if (BrokenBy(row) != Rule::None) return {BrokenBy(row), row};
+        if (ViolatedBy(row) != Constraint::None) return {ViolatedBy(row), row};
     }
-    return {Rule::None, 0};
+    return {Constraint::None, 0};
 }
 constexpr Violation kViolation = FirstViolation();
-static_assert(Accept<kViolation.rule, kViolation.row>());
+static_assert(Accept<kViolation.constraint, kViolation.row>());
 
-// Where the node of a row belongs in the tree: the rows of its parent and of the command that it is a synonym
-// of, or kNoRow for the root or no synonym.
-struct Place {
-    size_t parent = kNoRow, synonym_of = kNoRow;
-    size_t token = 0;  // the offset of the node's own token in the path
+// The position of a row's node in the tree.
+struct Links {
+    size_t parent = kNoRow;      // row of the parent; kNoRow: the root
+    size_t synonym_of = kNoRow;  // row of the command; kNoRow: not a synonym
+    size_t token = 0;            // offset of the last token in the path
 };
 
-constexpr Place PlaceOf(const CommandRow& row) {
+constexpr Links LinksOf(const CommandRow& row) {
     const std::string_view parent = ParentOf(row.path);
     return {RowOf(parent), row.synonym_of != nullptr ? RowOf(row.synonym_of) : kNoRow,
             parent.empty() ? 0 : parent.size() + 1};
 }
 
-constexpr std::array<Place, kCommandCount> Places() {
-    std::array<Place, kCommandCount> places{};
-    for (size_t i = 0; i < kCommandCount; ++i) places[i] = PlaceOf(kCommands[i]);
-    return places;
+constexpr std::array<Links, kCommandCount> AllLinks() {
+    std::array<Links, kCommandCount> links{};
+    for (size_t i = 0; i < kCommandCount; ++i) links[i] = LinksOf(kCommands[i]);
+    return links;
 }
 
-constexpr std::array<Place, kCommandCount> kPlaces = Places();
+// Constant, because looking the rows up at start-up would add 20 % to the instructions of a run with one
+// short command.
+constexpr std::array<Links, kCommandCount> kLinks = AllLinks();
 
 }  // namespace
 
@@ -287,7 +294,7 @@ void CreateCommands() {
     Cmds = NewCommandNode("Top Level of Command Tree", nullptr, HelpRoot, nullptr);
     CmdType* nodes[kCommandCount];
     for (size_t i = 0; i < kCommandCount; ++i) {
-        const auto& [parent, synonym_of, token] = kPlaces[i];
+        const auto& [parent, synonym_of, token] = kLinks[i];
         nodes[i] = AppendCmd(parent != kNoRow ? nodes[parent] : Cmds, kCommands[i].path + token,
                              synonym_of != kNoRow ? nodes[synonym_of] : nullptr, kCommands[i].help,
                              kCommands[i].function);

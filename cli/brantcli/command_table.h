@@ -1,6 +1,5 @@
-// The command language.
+// The table of all commands, their help texts and their handlers.
 #pragma once
 
-// Builds the tree Cmds from the table of commands. Ends the process with status 1 when there is no memory for
-// it.
+// Builds the tree Cmds from the table. Ends the process with status 1 if memory runs out.
 void CreateCommands();

@@ -1,4 +1,4 @@
-// The program: start-up checks, then the commands of the command line or of the keyboard.
+// The program: checks and start-up, then a script or the prompt.
 
 #include <unistd.h>
 
@@ -22,10 +22,10 @@
 namespace {
 
 constexpr char kDashes[] = "--------------------------------------------------------------------------";
-static_assert(sizeof kDashes - 1 == 74, "the banner's width");
+static_assert(sizeof kDashes - 1 == 74, "width of the banner");
 
-// A write to a closed pipe must fail and be noticed, not end the process; and stdio must not read ahead,
-// because the line editor reads descriptor 0 itself.
+// Makes a write to a closed pipe fail instead of ending the process, and disables buffering of standard
+// input, because the line editor reads descriptor 0 directly.
 void PrepareStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     std::setvbuf(stdin, nullptr, _IONBF, 0);
@@ -36,13 +36,13 @@ void show_usage() {
     std::printf("\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n");
 }
 
-// The first word that is no option ends the options. Some systems' getopt would go on behind it, and move the
-// words: so it isn't called there.
+// Returns whether the next argument is an option. The options end at the first argument that isn't one; there
+// getopt() must not be called, because some systems' getopt() skips and reorders such arguments.
 bool AtOption(int argc, char** argv) {
     return optind < argc && argv[optind][0] == '-' && argv[optind][1] != '\0';
 }
 
-// False for an option that isn't known, or one that lacks its value.
+// Sets script_mode. Returns false if an option is unknown or lacks its value; getopt() prints a message.
 bool ReadOptions(int argc, char** argv) {
     while (AtOption(argc, argv)) {
         const int option = getopt(argc, argv, "sS:");
@@ -68,7 +68,8 @@ int RunScript(char* commands) {
     return do_scripted_command(commands);
 }
 
-// False, with a message and nothing left open, when the program can't run here.
+// Runs the start-up steps. Returns false if the program can't run on this server, after printing a message
+// and releasing everything.
 bool StartUp() {
     if (!CheckRom() || !ReadFirmwareTables()) return false;
     if (script_mode == 0) PrintBanner();
@@ -81,23 +82,23 @@ bool StartUp() {
     get_terminfo();
     if (!AllocateHistory()) {
         std::printf("Failed to allocate memory for command history.");
-        do_exit(nullptr);  // ends the process with status 0, as EXIT does
+        do_exit(nullptr);  // status 0, as after EXIT
     }
     got_kelm = find_kelm();
     CreateCommands();
     return true;
 }
 
-// Prints the newline that ends every run of main. Returns FinalStatus(status).
+// Prints the newline that ends the output whenever main() returns. Returns FinalStatus(status).
 int CommonEnd(int status) {
     std::printf("\n");
     return FinalStatus(status);
 }
 
-// Ends a script: restores the terminal settings, frees the history, closes the devices, the one opened last
-// first, and frees the SMBIOS copy. Returns CommonEnd(status).
+// Restores the terminal settings, frees the history, closes the devices in reverse order and frees the SMBIOS
+// copy. Returns CommonEnd(status).
 int EndScript(int status) {
-    RestoreTerminal();  // first, so that a device that hangs does not keep the terminal in character mode
+    RestoreTerminal();  // before the devices, because closing one may hang
     FreeHistory();
     CloseDevicesLastFirst();
     DeinitSMBIOS();
@@ -112,11 +113,11 @@ int main(int argc, char** argv) {
     if (!CheckUser()) return CommonEnd(1);
     if (!ReadOptions(argc, argv)) {
         show_usage();
-        return 0;  // even where nobody can read it
+        return 0;  // even if the output is lost
     }
     if (!StartUp()) return CommonEnd(1);
     if (script_mode == 0) RunPrompt();
 
-    // -s is an option without a value: the commands are the second argument, whatever the first.
+    // The option -s has no value: the commands are always the second argument.
     return EndScript(RunScript(argc > 2 ? argv[2] : nullptr));
 }

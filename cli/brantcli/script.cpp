@@ -14,10 +14,9 @@ int do_scripted_command(char* command) {
         char* const separator = std::find(segment, end, ';');
         *separator = '\0';
 
-        InputLineType& line = CurrentCommandLine;
-        ClearLine(&line);
-        TextWriter(line.CmdLine, sizeof line.CmdLine).Text(segment);
-        result = Command(&line, 1);
+        ClearLine(&CurrentCommandLine);
+        TextWriter(CurrentCommandLine.CmdLine, sizeof CurrentCommandLine.CmdLine).Text(segment);
+        result = Command(&CurrentCommandLine, 1);
 
         segment = separator + 1;
     }

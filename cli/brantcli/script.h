@@ -1,9 +1,9 @@
-// The two ways in which commands come to be run.
+// The two modes: running a script and running what is typed at the prompt.
 #pragma once
 
-// Runs each command of a string, separated by ';' (quotes don't protect one). command: zeros are written
-// over its separators. Result: the last command's result; 1 when there is none.
+// Runs the commands in `command`, which are separated by ';', also inside quotes. Overwrites the separators
+// with NULs. Returns the result of the last command, or 1 if there is no command.
 int do_scripted_command(char* command);
 
-// Runs what is typed at the prompt. EXIT, or the end of the input, ends the process.
+// Reads and runs commands until EXIT or the end of the input ends the process.
 [[noreturn]] void RunPrompt();

@@ -1,57 +1,57 @@
-// What the shell hands to a command, the typed line as words and the node of the command tree that they name;
-// and what commands say in the same way.
+// The interface between the shell and the commands: the command line as words, the node of the command tree
+// that they name, and the messages that all commands share.
 #pragma once
 
-constexpr int kLineSize = 255;  // bytes of a line, its terminating zero included
+constexpr int kLineSize = 255;  // bytes of a line, including its NUL terminator
 constexpr int kMaxWords = 25;
 
-// The longest line that can be entered with the cursor at its end: the editor refuses a line whose cursor
-// gets further. What is inserted in mid-line may make a line longer.
+// The editor rejects a line once the cursor is beyond this column, so this is the longest line that can be
+// typed at its end. Insertions before the end can make a line longer, up to the size of the buffer.
 constexpr int kLongestEntered = 252;
 
-// One command line, typed at the prompt or taken from the script argument, and its words.
+// A command line from the prompt or the script argument, and its words.
 struct InputLineType {
     char CmdLine[kLineSize];                   // the line as typed or scripted
-    char ParseLine[kLineSize];                 // a copy, cut into words by zeros
-    char* Words[kMaxWords];                    // into ParseLine; upper case unless quoted
+    char ParseLine[kLineSize];                 // a copy with a NUL after each word
+    char* Words[kMaxWords];                    // pointers into ParseLine; in upper case unless quoted
     char OrigCaseWords[kMaxWords][kLineSize];  // the words as typed
     char Quote[kMaxWords];                     // 1: the word began inside double quotes and keeps its case
     int NumWords;
 };
 
-// A command: reads the line's words, prints its own messages and results; 0 for success, 1 for failure.
+// Runs a command: reads the line's words and prints results and messages. Returns 0 for success, 1 for
+// failure.
 using CommandHandler = int (*)(InputLineType* InputLine);
 
-// One keyword of the command tree: a command is the path of tokens from the top level down to a node.
+// A node of the command tree. A command is the path of tokens from the top level down to a node.
 struct CmdType {
-    const char* Token;  // upper case
-    const char* Help;  // begins with "USAGE:" (the root's doesn't); nodes that share a text share the pointer
-    CmdType* Synonym;  // the node that this one stands for, or null
+    const char* Token;        // upper case
+    const char* Help;         // nodes with the same help text share the pointer
+    CmdType* Synonym;         // the node whose synonym this one is, or null
     CommandHandler Function;  // runs when a line ends at this node; null at the root only
     CmdType* Sub;             // first child, in ascending order of the tokens' bytes
     CmdType* Next;            // next sibling
 };
 
-// The one line that both modes use.
+// The command line of both modes.
 extern InputLineType CurrentCommandLine;
 
-// Empties a line before the next command: zeros in CmdLine and ParseLine, null for each of the Words. The
-// other members are as they were until Parse fills them.
+// Clears CmdLine, ParseLine and Words before the next command. Parse overwrites the other members.
 void ClearLine(InputLineType* InputLine);
 
-// The node that the last dispatch reached; null when nothing matched. A handler reads its help text here.
+// The node of the command that runs, or ran last; null if the line named no command. Handlers print its help
+// text.
 extern CmdType* current_command;
 
-// What commands say in the same way. The refusals return 1, the result of a command that failed, so that a
-// handler can refuse in one line.
+// These three functions print an error message and return 1, so that a handler can fail in one line.
 
-// "Invalid argument(s)" and the current command's help text.
+// Prints "Invalid argument(s)" and the help text of current_command.
 int InvalidArguments();
 
-// The current command's help text alone: a command given without its value.
+// Prints the help text of current_command: the message for a command that lacks its value.
 int ShowUsage();
 
-// A message of the handler's own, as printf prints it.
+// Prints the handler's own message like printf.
 __attribute__((format(printf, 1, 2))) int Fail(const char* format, ...);
 
 constexpr const char* YesNo(bool yes) {

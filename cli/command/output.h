@@ -1,7 +1,7 @@
-// Whether everything that was printed has been written.
+// Checks that all output has been written.
 #pragma once
 
-// Flushes standard output. Returns false if something could not be written to it, now or before.
+// Flushes standard output. Returns false if this or an earlier write failed.
 bool OutputIsWritten();
 
 // Flushes standard output and returns the exit status: `status`, or 1 instead of 0 if output was lost.

@@ -1,12 +1,13 @@
-// How a run ends from within a command: EXIT, QUIT and fatal errors.
+// The end of the process from within a command: EXIT, QUIT and fatal errors. A script that ends by itself
+// returns from main().
 #pragma once
 
 #include "cli/command/command.h"
 
-// Leaving the shell. Never returns; the argument is ignored and may be null.
+// Handles EXIT and QUIT: ends the process with status 0. Ignores its argument, which may be null.
 int do_exit(InputLineType* InputLine);
 
-// Ends the process from within a command: closes the devices in the order in which they were opened, restores
-// the terminal settings, frees the history and the SMBIOS copy, prints `last_output`, and exits with
-// FinalStatus(status). A fatal error has already printed its whole message, so it prints nothing more.
+// Closes the devices in the order in which they were opened, restores the terminal settings, frees the
+// history and the SMBIOS copy, prints `last_output` and exits with FinalStatus(status). After a fatal error
+// `last_output` is empty, because the error message is complete.
 [[noreturn]] void EndProcess(int status, const char* last_output = "");

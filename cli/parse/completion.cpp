@@ -11,30 +11,29 @@
 
 namespace {
 
-// Whether a token fits a word of the line, whatever the word's case. last: only the last word may be the
-// beginning of a token.
-bool Fits(std::string_view token, std::string_view word, bool last) {
+// Returns whether a word of the line matches a token. `last`: whether it is the last word of the line, which
+// may be a prefix of the token.
+bool Matches(std::string_view token, std::string_view word, bool last) {
     if (word.size() > token.size() || (!last && word.size() < token.size())) return false;
     return strcmpi(word, token.substr(0, word.size())) == 0;
 }
 
 struct Candidates {
     CmdType* first = nullptr;
-    int count = 0;  // 1 also if all candidates but one are synonyms: `first` then represents them all
+    int count = 0;            // synonyms don't count if exactly one candidate is a command
     std::string_view common;  // the longest common prefix of their tokens
 };
 
 enum class Synonyms { Accepted, Skipped };
 
-// Returns the children of `parent` whose token matches `word`. last: whether `word` is the last of the line,
-// so that a prefix of a token matches.
+// Returns the children of `parent` that match a word. `last`: whether it is the last word of the line.
 Candidates FindCandidates(const CmdType& parent, std::string_view word, bool last, Synonyms synonyms) {
     Candidates found;
     int commands = 0;  // candidates that aren't synonyms
     for (CmdType* child = parent.Sub; child != nullptr; child = child->Next) {
         if (synonyms == Synonyms::Skipped && child->Synonym != nullptr) continue;
         const std::string_view token = child->Token;
-        if (!Fits(token, word, last)) continue;
+        if (!Matches(token, word, last)) continue;
         if (found.count++ == 0) {
             found.first = child;
             found.common = token;
@@ -48,9 +47,9 @@ Candidates FindCandidates(const CmdType& parent, std::string_view word, bool las
     return found;
 }
 
-// Replaces each word by the token that it matches, down to a leaf of the tree, and an ambiguous last word by
-// its candidates' longest common prefix. Returns the number of candidates for the last word that was looked
-// up.
+// Replaces each word with the token that it matches, down to a leaf of the tree, and an ambiguous last word
+// with the longest common prefix of its candidates. Returns the number of candidates for the last word that
+// was looked up.
 int CompleteWords(const CmdType* tree, WordsOfLine& line) {
     int candidates = 0;
     const CmdType* node = tree;
@@ -69,11 +68,11 @@ int CompleteWords(const CmdType* tree, WordsOfLine& line) {
     return candidates;
 }
 
-// Prints the tokens of the commands below `parent` that match an ambiguous last word.
+// Prints the tokens of all commands below `parent` that match the last word of the line.
 void PrintAlternatives(const CmdType& parent, std::string_view word) {
     const char* separator = "\n[ ";
     for (const CmdType* child = parent.Sub; child != nullptr; child = child->Next) {
-        if (child->Synonym != nullptr || !Fits(child->Token, word, true)) continue;
+        if (child->Synonym != nullptr || !Matches(child->Token, word, true)) continue;
         std::printf("%s%s", separator, child->Token);
         separator = " | ";
     }
@@ -82,7 +81,7 @@ void PrintAlternatives(const CmdType& parent, std::string_view word) {
 
 }  // namespace
 
-WordsOfLine SplitAtBlanks(std::string_view line) {
+WordsOfLine SplitAtSpaces(std::string_view line) {
     WordsOfLine found;
     size_t begin = line.find_first_not_of(' ');
     for (; begin != line.npos && found.count < kMaxWords; begin = line.find_first_not_of(' ', begin)) {
@@ -96,7 +95,7 @@ WordsOfLine SplitAtBlanks(std::string_view line) {
 
 Completion CompleteLine(std::string_view line, const CmdType* tree) {
     Completion completion;
-    WordsOfLine words = SplitAtBlanks(line);
+    WordsOfLine words = SplitAtSpaces(line);
     if (words.count == 0) return completion;
 
     const size_t typed = words.Last().size();
@@ -106,9 +105,9 @@ Completion CompleteLine(std::string_view line, const CmdType* tree) {
         if (i > 0) text.Letter(' ');
         text.Text(words.words[i]);
     }
-    if (candidates == 1) text.Letter(' ');  // the next word may begin
+    if (candidates == 1) text.Letter(' ');  // so that the next word can be typed
 
-    const bool fits = words.all && !text.Cut();
+    const bool fits = words.all && !text.Truncated();
     completion.rings = candidates != 1 || !fits;
     completion.candidates = fits ? candidates : 0;
     completion.last_word_grew = completion.candidates > 0 && words.Last().size() > typed;
@@ -126,7 +125,7 @@ int TabComplete(char* CmdLine) {
 int DoubleTabComplete(char* CmdLine) {
     if (TabComplete(CmdLine) <= 1) return 0;
 
-    const WordsOfLine line = SplitAtBlanks(CmdLine);
+    const WordsOfLine line = SplitAtSpaces(CmdLine);
     const CmdType* node = Cmds;
     for (int i = 0; i < line.count; ++i) {
         const Candidates found = FindCandidates(*node, line.words[i], i == line.count - 1, Synonyms::Skipped);

@@ -1,39 +1,38 @@
-// Completes a line against the command tree. Words end at blanks only, and upper and lower case are the
-// same; quotes mean nothing here.
+// Completes a partly typed line from the command tree. Only spaces separate words here, quotes have no
+// meaning, and upper and lower case match each other.
 #pragma once
 
 #include <string_view>
 
 #include "cli/command/command.h"
 
-// A line cut at its blanks.
+// A line, split at its spaces.
 struct WordsOfLine {
     std::string_view words[kMaxWords];  // parts of the line
     int count = 0;
-    bool all = true;  // false: the line has more words than there is room for
+    bool all = true;  // false: the line has more than kMaxWords words
 
-    std::string_view Last() const { return words[count - 1]; }  // only when there are words
+    std::string_view Last() const { return words[count - 1]; }  // requires count > 0
 };
-WordsOfLine SplitAtBlanks(std::string_view line);
+WordsOfLine SplitAtSpaces(std::string_view line);
 
-// What TAB makes of a line.
+// The effect of TAB on a line.
 struct Completion {
-    int candidates = 0;           // of the word that it ended at; 0: the line stays as it is
-    bool rings = false;           // the last word is ambiguous, or nothing can be done
-    bool last_word_grew = false;  // so that the next TAB isn't the second of a pair
-    char line[kLineSize] = {};    // the line in its normal form: known keywords in upper case, single blanks
+    int candidates = 0;           // for the last word that was looked up; 0: the line stays unchanged
+    bool rings = false;           // the last word is ambiguous, or the line can't be completed
+    bool last_word_grew = false;  // the next TAB then isn't the second of a pair
+    char line[kLineSize] = {};    // completed: keywords in upper case, single spaces
 };
 
-// Completes a line as far as the tree knows its words. Nothing can be done when a word is no command, when
-// the line has more than 25 words, and when the completed line couldn't be entered any more.
+// Completes the words of a line that are in `tree`. A line can't be completed if one of its words matches no
+// command, if it has more than kMaxWords words, or if the result is longer than kLongestEntered.
 Completion CompleteLine(std::string_view line, const CmdType* tree);
 
-// Completes the line that is being edited, kLineSize bytes, in place, and rings the bell where it is due.
-// Result: 0 when the line stays as it was (also, without the bell, when it has no words); 1 when it names one
-// command; else the number of candidates for its last word.
+// Completes `CmdLine`, a buffer of kLineSize bytes, in place. Rings the bell if the last word is ambiguous or
+// the line can't be completed. Returns the number of candidates for the last word: 1 if the line names one
+// command, 0 if the line is unchanged because it has no words or can't be completed.
 int TabComplete(char* CmdLine);
 
-// Completes the line as TabComplete does. If the last word is ambiguous, prints its candidates on a line of
-// their own; synonyms are no candidates, and no words lead through one. Returns 1 if it printed candidates,
-// else 0.
+// Completes the line like TabComplete. If the last word is ambiguous, prints its candidates on a separate
+// line. Ignores synonyms. Returns 1 if it printed candidates, else 0.
 int DoubleTabComplete(char* CmdLine);

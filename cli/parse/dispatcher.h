@@ -1,9 +1,9 @@
-// Runs a command line.
+// Finds the command that a line names and runs it.
 #pragma once
 
 #include "cli/command/command.h"
 
-// Gets one line, runs the command that its words name and prints the closing newline. scriptFlag: nonzero
-// when CmdLine is already filled; 0 to read it from the keyboard. Result: in script mode the command's
-// result, else 1; 1 for an empty line.
+// Runs the command that a line names and prints a newline. `scriptFlag`: nonzero if CmdLine contains the
+// line, 0 to read it from the keyboard first. In script mode returns the command's result, and 1 if the line
+// is empty or names no command; otherwise returns 1.
 int Command(InputLineType* InputLine, int scriptFlag);

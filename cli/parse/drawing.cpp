@@ -24,25 +24,26 @@ void EraseAll(Shown& shown) {
     Erase(shown);
 }
 
-// Shows the line from the screen's cursor on. blanks: to print behind it, over what was there.
-void ShowRest(Shown& shown, const Line& line, int blanks) {
+// Prints the line from the screen's cursor on, then `spaces` spaces, which overwrite the end of a longer
+// line.
+void PrintRest(Shown& shown, const Line& line, int spaces) {
     std::memcpy(shown.text, line.text, kLineSize);
     MoveTo(shown, line.Length());
-    for (int i = 0; i < blanks; ++i) std::putchar(' ');
-    shown.column = BackupCursor(line.Length() + blanks, line.currentpos, 0);
+    for (int i = 0; i < spaces; ++i) std::putchar(' ');
+    shown.column = BackupCursor(line.Length() + spaces, line.currentpos, 0);
 }
 
 }  // namespace
 
 void Draw(Shown& shown, const Line& line, Change change) {
-    const int shorter = static_cast<int>(std::strlen(shown.text)) - line.Length();
+    const int removed = static_cast<int>(std::strlen(shown.text)) - line.Length();
     switch (change) {
         case Change::None: return;
-        case Change::Refused: return RingBell();
+        case Change::Rejected: return RingBell();
         case Change::Cursor: return MoveTo(shown, line.currentpos);
         case Change::Tail:
             MoveTo(shown, std::min(shown.column, line.currentpos));
-            return ShowRest(shown, line, std::max(shorter, 0));
+            return PrintRest(shown, line, std::max(removed, 0));
         case Change::Replaced: EraseAll(shown); break;
         case Change::Completed: Erase(shown); break;
         case Change::ScreenLost: std::putchar('\r'); [[fallthrough]];
@@ -51,7 +52,7 @@ void Draw(Shown& shown, const Line& line, Change change) {
             shown.column = 0;
             break;
     }
-    ShowRest(shown, line, 0);
+    PrintRest(shown, line, 0);
 }
 
 void EraseRow(Shown& shown) {

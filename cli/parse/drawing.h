@@ -1,8 +1,8 @@
-// What the editor shows of the line, brought up to date in one place after each key.
+// Updates the screen after each key of the line editor.
 //
-// All that is written is text, bells and two movements: a backspace moves the cursor left, and printing the
-// character that is there already moves it right. Only what is drawn again, after the program was stopped,
-// begins with a carriage return.
+// The editor writes only text, bells, and backspaces to move the cursor left. To move it right, it prints the
+// characters under the cursor again. A carriage return is written only when the process continues after a
+// stop.
 #pragma once
 
 #include <cstring>
@@ -11,39 +11,39 @@
 
 // The line that is being edited.
 struct Line {
-    char* text;              // the CmdLine that is being read
-    int currentpos;          // the cursor's column, 0 to the line's length
-    int temp_history_index;  // the slot of the history that was recalled, history_index when none was
-    bool entered;            // Enter was pressed
+    char* text;              // CmdLine; all bytes after the text are NUL
+    int currentpos;          // column of the cursor, 0 to the line's length
+    int temp_history_index;  // slot of the history entry that was recalled; history_index if none was
+    bool entered;            // whether Enter was pressed
 
     int Length() const { return static_cast<int>(std::strlen(text)); }
     bool AtEnd() const { return text[currentpos] == '\0'; }
 };
 
-// What the terminal shows of the line, behind the prompt.
+// The line as it is on the screen, after the prompt.
 struct Shown {
     char text[kLineSize];
-    int column;  // the cursor's
+    int column;  // of the cursor
 };
 
-// What a key has done to the line, and so what is to be drawn.
+// The effect of a key on the line.
 enum class Change {
     None,
-    Refused,     // the key can do nothing here
-    Cursor,      // it moved
-    Tail,        // the text differs from where the cursor was or is, whichever is further left
-    Replaced,    // another line stands in its place
-    Completed,   // the same, and of the old one what is right of the cursor isn't erased
-    PromptGone,  // what was printed stands in its place, and the cursor at the start of a row
-    ScreenLost,  // the same, but the cursor may stand anywhere in a row
+    Rejected,    // the key has no function here: the bell rings
+    Cursor,      // the cursor moved
+    Tail,        // the text changed, but not left of the old and the new cursor
+    Replaced,    // the whole text changed
+    Completed,   // as Replaced, but the old text right of the cursor isn't erased
+    PromptGone,  // other output replaced the prompt; the screen's cursor is at the start of a row
+    ScreenLost,  // as PromptGone, but the screen's cursor may be anywhere
 };
 
-// Draws what a key has changed. shown: what the terminal has shown so far, and shows then.
+// Updates the screen after a change of the line. `shown`: the line on the screen, before and after the call.
 void Draw(Shown& shown, const Line& line, Change change);
 
-// Takes the prompt and what is shown of the line off the screen; the cursor stands where the prompt did.
+// Erases the prompt and the line from the screen. The cursor is then at the start of the erased prompt.
 void EraseRow(Shown& shown);
 
-// Moves the screen's cursor left from currpos; never right. erase: nonzero to blank what is passed.
-// Result: newpos.
+// Moves the screen's cursor left from column `currpos` to `newpos`; never moves it right. `erase`: nonzero to
+// overwrite the characters with spaces. Returns `newpos`.
 int BackupCursor(int currpos, int newpos, int erase);

@@ -18,7 +18,7 @@
 
 namespace {
 
-// What the keys do to the line, each as the table below says.
+// The functions of the keys; kBindings assigns them.
 
 Change Nothing(Line&, int) {
     return Change::None;
@@ -31,7 +31,7 @@ Change InsertTyped(Line& line, int key) {
     return Change::Tail;
 }
 
-Change InsertBlank(Line& line, int) {
+Change InsertSpace(Line& line, int) {
     return InsertChar(line.currentpos, ' ', line.text) < 0 ? Change::None : Change::Tail;
 }
 
@@ -42,31 +42,31 @@ Change DeleteLeft(Line& line, int) {
 }
 
 Change DeleteUnder(Line& line, int) {
-    if (line.AtEnd()) return Change::Refused;
+    if (line.AtEnd()) return Change::Rejected;
     DeleteChar(line.currentpos, line.text);
     return Change::Tail;
 }
 
 Change Left(Line& line, int) {
-    if (line.currentpos == 0) return Change::Refused;
+    if (line.currentpos == 0) return Change::Rejected;
     --line.currentpos;
     return Change::Cursor;
 }
 
 Change Right(Line& line, int) {
-    if (line.AtEnd()) return Change::Refused;
+    if (line.AtEnd()) return Change::Rejected;
     ++line.currentpos;
     return Change::Cursor;
 }
 
 Change ToStart(Line& line, int) {
-    if (line.currentpos == 0) return Change::Refused;
+    if (line.currentpos == 0) return Change::Rejected;
     line.currentpos = 0;
     return Change::Cursor;
 }
 
 Change ToEnd(Line& line, int) {
-    if (line.AtEnd()) return Change::Refused;
+    if (line.AtEnd()) return Change::Rejected;
     line.currentpos = line.Length();
     return Change::Cursor;
 }
@@ -78,14 +78,14 @@ Change Recall(Line& line, int slot) {
     return Change::Replaced;
 }
 
-// The slot at history_index is empty.
+// Clears the line: the slot at history_index is empty.
 Change Clear(Line& line, int) {
     line.temp_history_index = history_index;
     return Recall(line, history_index);
 }
 
 Change Older(Line& line, int) {
-    if (!BrowseOlder(line.temp_history_index)) return Change::Refused;
+    if (!BrowseOlder(line.temp_history_index)) return Change::Rejected;
     return Recall(line, line.temp_history_index);
 }
 
@@ -129,16 +129,16 @@ Change Leave(Line&, int) {
 struct Binding {
     int key;
     Change (*action)(Line& line, int key);
-    bool clears_row = false;  // first, prompt and line leave the screen
+    bool erases_row = false;  // whether the prompt and the line are erased before the action
 };
 
 constexpr Binding kTyped = {kNoKey, InsertTyped};
-constexpr Binding kOther = {kNoKey, [](Line&, int) { return Change::Refused; }};
+constexpr Binding kOther = {kNoKey, [](Line&, int) { return Change::Rejected; }};
 constexpr Binding kBindings[] = {
     {kBackspace, DeleteLeft},
     {kRubout, DeleteLeft},
     {kDelete, DeleteUnder},
-    {kInsert, InsertBlank},
+    {kInsert, InsertSpace},
     {kLeft, Left},
     {kRight, Right},
     {kHome, ToStart},
@@ -169,13 +169,13 @@ const Binding& BindingOf(int key) {
 
 void Act(Line& line, Shown& shown, int key) {
     const Binding& binding = BindingOf(key);
-    if (binding.clears_row) EraseRow(shown);
+    if (binding.erases_row) EraseRow(shown);
     const Change change = binding.action(line, key);
     Draw(shown, line, change);
     std::fflush(stdout);
 }
 
-void RefuseTooLong() {
+void RejectTooLong() {
     RingBell();
     std::printf("\nInvalid Command - command line too long.");
     std::fflush(stdout);
@@ -186,16 +186,16 @@ void RefuseTooLong() {
 
 int InsertChar(int pos, char ch, char* string) {
     if (string[kLineSize - 2] != '\0') return -1;
-    char* place = string + pos;
-    std::memmove(place + 1, place, std::strlen(place) + 1);
-    *place = ch;
+    char* tail = string + pos;
+    std::memmove(tail + 1, tail, std::strlen(tail) + 1);
+    *tail = ch;
     return pos + 1;
 }
 
 int DeleteChar(int pos, char* string) {
     if (pos < 0 || pos > kLineSize - 2) return -1;
-    char* place = string + pos;
-    std::memmove(place, place + 1, std::strlen(place));
+    char* tail = string + pos;
+    std::memmove(tail, tail + 1, std::strlen(tail));
     return pos;
 }
 
@@ -204,10 +204,10 @@ void GetCmd(InputLineType* InputLine) {
     Line line = {InputLine->CmdLine, 0, history_index, false};
     Shown shown = {};
     Draw(shown, line, Change::PromptGone);
-    if (!OutputIsWritten()) do_exit(nullptr);  // nobody can see what is asked
+    if (!OutputIsWritten()) do_exit(nullptr);  // nobody sees the prompt
 
     while (!line.entered && line.currentpos <= kLongestEntered) Act(line, shown, GetChar(0));
-    if (!line.entered) return RefuseTooLong();
+    if (!line.entered) return RejectTooLong();
 
     const bool repeated = RepeatsNewest(line.text);
     Parse(InputLine);

@@ -1,21 +1,19 @@
-// The line editor: keys edit a line of at most 254 characters in place on the screen. A key changes the line
-// first; what that comes to on the screen is then drawn in one place, and written at once.
-//
-// A line's buffer is zero behind its last character.
+// The line editor: edits a line of at most 254 characters in place on the screen. Each key first changes the
+// line; then Draw() updates the screen.
 #pragma once
 
 #include "cli/command/command.h"
 
-// Reads one line: shows the prompt, acts on the keys up to Enter, stores the line in the history and cuts it
-// into words. A line whose cursor passes column 252 is refused with a message, and has no words; what is
-// typed behind it up to the next Enter goes with it. The end of the input ends the process as EXIT does, and
-// so does a prompt that can't be written.
+// Prints the prompt, reads a line up to Enter, splits it into words and stores it in the history. Once the
+// cursor is beyond kLongestEntered, rejects the line with a message: it has no words, and the rest of the
+// input up to Enter is discarded. Ends the process like EXIT at the end of the input, and if the prompt can't
+// be written.
 void GetCmd(InputLineType* InputLine);
 
-// What edits consist of. string: the line. pos: a column of it, from 0.
-
-// Inserts ch before pos. Result: the column behind it; -1, with nothing done, when the line is full.
+// Inserts `ch` before column `pos` (from 0) of `string`, a line's buffer. Returns the column after it.
+// Returns -1 and changes nothing if the line is full.
 int InsertChar(int pos, char ch, char* string);
 
-// Removes the character at pos. Result: pos; -1, with nothing done, when it is no column of a line.
+// Removes the character at column `pos`. Returns `pos`. Returns -1 and changes nothing if `pos` can't be a
+// column.
 int DeleteChar(int pos, char* string);

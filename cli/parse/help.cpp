@@ -8,14 +8,14 @@
 
 namespace {
 
-constexpr int kColumns = 80;  // of the list of commands
+constexpr int kColumns = 80;  // width of the list of commands
 
 const char* HelpOf(const CmdType* node) {
     return node->Help != nullptr ? node->Help : "(No help available)";
 }
 
 void ListCommands() {
-    int column = kColumns + 20;  // so that the first token opens a line
+    int column = kColumns + 20;  // so that the first token begins a line
     for (const CmdType* node = Cmds->Sub; node != nullptr; node = node->Next) {
         const int length = static_cast<int>(std::strlen(node->Token));
         column += length + 2;
@@ -50,7 +50,7 @@ int FindHelp(char* CmdLine) {
 
     const CmdType* node = Cmds;
     if (candidates == 1) {
-        const WordsOfLine line = SplitAtBlanks(CmdLine);
+        const WordsOfLine line = SplitAtSpaces(CmdLine);
         node = FollowWords(line.words, line.count);
     }
     std::printf("\n%s\n", HelpOf(node));

@@ -1,12 +1,12 @@
-// How the shell explains itself from the tree's help texts.
+// Prints the help texts of the command tree.
 #pragma once
 
 #include "cli/command/command.h"
 
-// HELP and ?. Result: 1 for HELP TREE, else 0.
+// Handles HELP and ?. Returns 1 for HELP TREE, else 0.
 int do_help(InputLineType* InputLine);
 
-// Help on a partly typed line of kLineSize bytes, which is completed in place as by TAB. Prints the help text
-// of the command that it names, the alternatives for its last word, or the root's text when it names nothing.
-// Result: 1 when it printed alternatives, else 0.
+// Completes the partly typed line `CmdLine`, a buffer of kLineSize bytes, like TabComplete, and prints help:
+// the help text of the command that it names, the candidates for an ambiguous last word, or the root's help
+// text if no command matches. Returns 1 if it printed candidates, else 0.
 int FindHelp(char* CmdLine);

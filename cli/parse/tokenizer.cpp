@@ -1,7 +1,7 @@
 // Parse() tokenizes a copy of the line in place, with a NUL for each separator and quote.
 //
-// A quote where a word could begin opens quotes: the word starts after it and extends to the closing quote,
-// or to the end of the line if there is none. Two quotes in a row there are an empty word, which counts as
+// A quote at the start of a word opens quotes: the word is the text up to the closing quote, or up to the end
+// of the line if there is none. Two quotes in a row at the start of a word are an empty word, which counts as
 // unquoted.
 //
 // A quote inside a word ends its text and toggles quoting, so that in an unquoted word it opens quotes. The
@@ -18,23 +18,24 @@
 
 namespace {
 
-// Blanks and control characters, but neither TAB nor the zero that ends the line; and, since a byte is signed
-// here, everything from 0x80 up.
+// Returns whether a byte is a separator: a space, a control character except TAB and NUL, or a byte of 0x80
+// or above, which is negative as a signed char.
 bool IsSeparator(char byte) {
     return static_cast<signed char>(byte) <= 0x20 && byte != '\t' && byte != '\0';
 }
 
-// Result: the first byte that is no separator.
+// Overwrites the separators at `byte` with NULs. Returns the address of the first other byte.
 char* EraseSeparators(char* byte) {
     for (; IsSeparator(*byte); ++byte) *byte = '\0';
     return byte;
 }
 
-// Records the word that begins at byte, or behind the quote there. Result: from where to look for its end.
+// Records the word that begins at `byte`, or after a quote there. Returns the address at which the search for
+// the end of the word starts.
 char* BeginWord(InputLineType& line, char* byte) {
     bool quoted = *byte == '"';
     if (quoted) *byte++ = '\0';
-    if (*byte == '"') {  // two in a row
+    if (*byte == '"') {  // two quotes in a row
         *byte = '\0';
         quoted = false;
     }
@@ -44,7 +45,8 @@ char* BeginWord(InputLineType& line, char* byte) {
     return quoted ? byte : byte + 1;
 }
 
-// Ends the text of a word, and skips what is dropped behind it. Result: the separator or the zero behind it.
+// Ends a word at its first quote and skips the discarded rest. Returns the address of the separator or NUL
+// after it.
 char* EndWord(char* byte, bool in_quotes) {
     for (; *byte != '\0' && (in_quotes || !IsSeparator(*byte)); ++byte) {
         if (*byte != '"') continue;
@@ -55,7 +57,7 @@ char* EndWord(char* byte, bool in_quotes) {
     return byte;
 }
 
-void CutIntoWords(InputLineType& line) {
+void Split(InputLineType& line) {
     char* byte = EraseSeparators(line.ParseLine);
     while (*byte != '\0') {
         byte = BeginWord(line, byte);
@@ -77,7 +79,7 @@ void Parse(InputLineType* InputLine) {
     InputLine->NumWords = 0;
     std::memcpy(InputLine->ParseLine, InputLine->CmdLine, kLineSize);
     InputLine->ParseLine[kLineSize - 1] = '\0';
-    CutIntoWords(*InputLine);
+    Split(*InputLine);
 
     for (int i = 0; i < InputLine->NumWords; ++i) {
         TextWriter(InputLine->OrigCaseWords[i], kLineSize).Text(InputLine->Words[i]);

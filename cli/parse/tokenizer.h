@@ -1,10 +1,10 @@
-// Cuts a command line into words.
+// Splits a command line into words.
 #pragma once
 
 #include "cli/command/command.h"
 
-// Fills ParseLine, Words, OrigCaseWords, Quote and NumWords from CmdLine.
+// Splits CmdLine into words: fills ParseLine, Words, OrigCaseWords, Quote and NumWords.
 void Parse(InputLineType* InputLine);
 
-// Upper-cases a zero-terminated string in place; a null pointer is ignored.
+// Converts a string to upper case in place. Ignores a null pointer.
 void MakeUpper(char* String);

@@ -2,7 +2,7 @@
 
 namespace {
 
-// False for a node that has no such property.
+// Reads a property of a node. Returns false if the node doesn't have it.
 bool ReadNumber(picl_nodehdl_t node, const char* property, uint32_t& value) {
     return picl_get_propval_by_name(node, property, &value, sizeof value) == PICL_SUCCESS;
 }

@@ -28,7 +28,7 @@ int CountNicsOfRom() {
 }  // namespace
 
 int detect_zet_rom() {
-    // One byte short of the area, which the rounding to whole pages makes up for.
+    // The mapping is rounded up to whole pages, so it contains the whole area.
     constexpr unsigned int kMapped = kBiosAreaSize - 1;
     auto* area = static_cast<unsigned char*>(zetMapPhys32UnCache(kBiosArea, kMapped));
     if (area == nullptr) return 1;

@@ -1,22 +1,25 @@
-// The start-up steps that the shell, savemachine and brantexport share: whether the program may run here, and
-// what is in this server. `program` is the program's name, for the messages.
+// The start-up steps that brantcli, savemachine and brantexport share. `program` is the name of the program,
+// for the messages.
 #pragma once
 
-// Looks for the maker's signature in the BIOS area. Result: 0 when it is there, 1 when it isn't or when the
+// Searches the BIOS area for the maker's signature. Returns 0 if it is there; returns 1 if it isn't or if the
 // area can't be mapped. Prints nothing.
 int detect_zet_rom();
 
-// False, with a message, when the user isn't root.
+// Checks that the user is root. Otherwise prints a message and returns false.
 bool CheckUser(const char* program = "brantcli");
 
-// False, with a message, when the ROM isn't the maker's.
+// Checks that the server has the maker's ROM. Otherwise prints a message and returns false.
 bool CheckRom(const char* program = "brantcli");
 
-// Copies the SMBIOS tables, if there are any, into smbios_available, the inventory and system_name.
-// False, with a message and the copy released, when they are those of another line of servers.
+// Copies the SMBIOS tables and fills smbios_available, the inventory and system_name. Returns true if there
+// are no tables. If the tables belong to another line of servers, frees the copy, prints a message and
+// returns false.
 bool ReadFirmwareTables(const char* program = "brantcli");
 
-// Both fill embedded_nics_installed and zthmac, from SMBIOS or else from the ROM. CountEmbeddedNics also says
-// so when neither knows the NICs.
+// Fills embedded_nics_installed and zthmac from the SMBIOS tables, or from the ROM variable if the tables
+// don't contain the NICs.
 void FindEmbeddedNics();
+
+// Calls FindEmbeddedNics, and prints a message if the number of NICs is unknown.
 void CountEmbeddedNics();

@@ -1,4 +1,4 @@
-// Bytes from outside, with their count, and the one way of reading numbers and texts from them.
+// Reads numbers and strings from external bytes, within the bytes' bounds.
 #pragma once
 
 #include <algorithm>
@@ -13,29 +13,27 @@ struct Bytes {
     size_t size;
 };
 
-// A little-endian field of 1, 2 or 4 bytes; `missing` unless all of it lies within the bytes.
+// Returns the little-endian field of 1, 2 or 4 bytes at `offset`. Bytes after the end count as 0, so a
+// truncated field is read as far as it goes.
+template <typename Unsigned>
+constexpr Unsigned ReadPaddedField(Bytes bytes, size_t offset) {
+    size_t available = offset < bytes.size ? std::min(bytes.size - offset, sizeof(Unsigned)) : 0;
+    Unsigned value = 0;
+    while (available-- > 0) {
+        value = static_cast<Unsigned>(static_cast<uint64_t>(value) << 8 | bytes.data[offset + available]);
+    }
+    return value;
+}
+
+// Returns the little-endian field of 1, 2 or 4 bytes at `offset`, or `missing` if the bytes don't contain all
+// of it.
 template <typename Unsigned>
 constexpr Unsigned ReadField(Bytes bytes, size_t offset, Unsigned missing = 0) {
     if (offset > bytes.size || bytes.size - offset < sizeof(Unsigned)) return missing;
-    Unsigned value = 0;
-    for (size_t i = sizeof(Unsigned); i-- > 0;) {
-        value = static_cast<Unsigned>(static_cast<uint64_t>(value) << 8 | bytes.data[offset + i]);
-    }
-    return value;
+    return ReadPaddedField<Unsigned>(bytes, offset);
 }
 
-// The same, of bytes that count as zero past their end: what there is of a field that is cut is read.
-template <typename Unsigned>
-constexpr Unsigned ReadPaddedField(Bytes bytes, size_t offset) {
-    size_t there = offset < bytes.size ? std::min(bytes.size - offset, sizeof(Unsigned)) : 0;
-    Unsigned value = 0;
-    while (there-- > 0) {
-        value = static_cast<Unsigned>(static_cast<uint64_t>(value) << 8 | bytes.data[offset + there]);
-    }
-    return value;
-}
-
-// Copies the packed record that begins at `bytes`, which contain all of it.
+// Returns a copy of the packed record at `bytes`, which must contain all of it.
 template <typename Record>
 Record CopyOf(const uint8_t* bytes) {
     static_assert(std::is_trivially_copyable_v<Record>, "a record is plain bytes");
@@ -44,12 +42,12 @@ Record CopyOf(const uint8_t* bytes) {
     return record;
 }
 
-// The text that begins at an offset: up to its terminating zero or, when it has none, to the end of the
-// bytes. Empty past the end. Looks at nothing behind the zero.
+// Returns the string at `offset`: up to its NUL terminator, or up to the end of the bytes if there is none.
+// Returns an empty string if `offset` is at or after the end.
 inline std::string_view ReadText(Bytes bytes, size_t offset) {
     if (offset >= bytes.size) return {};
     const char* text = reinterpret_cast<const char*>(bytes.data + offset);
-    const size_t room = bytes.size - offset;
-    const void* end = std::memchr(text, 0, room);
-    return {text, end != nullptr ? static_cast<size_t>(static_cast<const char*>(end) - text) : room};
+    const size_t available = bytes.size - offset;
+    const void* end = std::memchr(text, 0, available);
+    return {text, end != nullptr ? static_cast<size_t>(static_cast<const char*>(end) - text) : available};
 }

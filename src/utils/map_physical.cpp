@@ -10,7 +10,7 @@ long __brantcli_pgsz = 0;
 
 namespace {
 
-// The pages that contain a range. 64 bits on every ABI, so that a range at the end of 4 GiB doesn't wrap.
+// The pages that contain a range, in 64 bits on every ABI, so that a range at the end of 4 GiB doesn't wrap.
 struct Pages {
     uint64_t start;
     uint64_t length;  // bytes

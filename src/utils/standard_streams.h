@@ -1,4 +1,4 @@
-// The three standard streams of a program, in whatever state the caller left them.
+// Prepares the three standard streams, which the caller may have closed or made non-blocking.
 #pragma once
 
 #include <string_view>

@@ -7,15 +7,15 @@ TextWriter::TextWriter(char* buffer, size_t size) : begin_(buffer), next_(buffer
 }
 
 int strcmpi(std::string_view a, std::string_view b) {
-    const auto small = [](char letter) {
+    const auto lower = [](char letter) {
         const int byte = static_cast<unsigned char>(letter);
         return byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte;
     };
     const size_t shared = std::min(a.size(), b.size());
     for (size_t i = 0; i < shared; ++i) {
-        if (small(a[i]) != small(b[i])) return small(a[i]) - small(b[i]);
+        if (lower(a[i]) != lower(b[i])) return lower(a[i]) - lower(b[i]);
     }
-    return (a.size() > shared ? small(a[shared]) : 0) - (b.size() > shared ? small(b[shared]) : 0);
+    return (a.size() > shared ? lower(a[shared]) : 0) - (b.size() > shared ? lower(b[shared]) : 0);
 }
 
 void TextWriter::Letter(char letter) {
@@ -23,9 +23,9 @@ void TextWriter::Letter(char letter) {
 }
 
 void TextWriter::Text(std::string_view text) {
-    const size_t room = static_cast<size_t>(last_ - next_);
-    const size_t length = text.copy(next_, room);
-    cut_ = cut_ || length < text.size();
+    const size_t available = static_cast<size_t>(last_ - next_);
+    const size_t length = text.copy(next_, available);
+    truncated_ = truncated_ || length < text.size();
     next_ += length;
     *next_ = '\0';
 }
@@ -39,7 +39,7 @@ void TextWriter::Hex(uint32_t value, int digits) {
 }
 
 void TextWriter::Digits(uint32_t value, uint32_t base, int least) {
-    char digits[10];  // as many as a value has in decimal
+    char digits[10];  // the largest number of decimal digits
     char* const end = std::end(digits);
     char* first = end;
     for (; value != 0 || end - first < least; value /= base) *--first = "0123456789ABCDEF"[value % base];

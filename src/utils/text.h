@@ -1,4 +1,4 @@
-// Texts: written, read as numbers, and looked up in tables.
+// Writes strings within a buffer, compares them, parses numbers, and looks codes and names up in tables.
 #pragma once
 
 #include <algorithm>
@@ -9,53 +9,56 @@
 #include <cstring>
 #include <string_view>
 
-// Builds a text in its caller's buffer: never past it, always terminated; once full, what came first stays.
+// Appends strings and numbers to a string in the caller's buffer. Never writes past the buffer, and always
+// ends the string with a NUL. If the buffer is full, it keeps the beginning and drops the rest.
 class TextWriter {
   public:
-    // size: bytes of the buffer, the terminator included; 1 or more. The text starts empty.
+    // `size`: bytes of the buffer including the NUL, at least 1. The string starts empty.
     TextWriter(char* buffer, size_t size);
     TextWriter(const TextWriter&) = delete;
     TextWriter& operator=(const TextWriter&) = delete;
 
     void Letter(char letter);
     void Text(std::string_view text);
-    // Each with zeros in front up to so many digits, at most 10.
-    void Number(uint32_t value, int digits = 1);  // decimal
-    void Hex(uint32_t value, int digits);         // hexadecimal, upper case
+    // Append a decimal or upper-case hexadecimal number, with leading zeros up to `digits` digits (at most
+    // 10).
+    void Number(uint32_t value, int digits = 1);
+    void Hex(uint32_t value, int digits);
 
     bool Empty() const { return next_ == begin_; }
-    bool Cut() const { return cut_; }  // whether anything was dropped
+    bool Truncated() const { return truncated_; }  // whether text was dropped
     size_t Length() const { return static_cast<size_t>(next_ - begin_); }
 
   private:
     void Digits(uint32_t value, uint32_t base, int least);
 
     char* begin_;
-    char* next_;  // the terminator's place
-    char* last_;  // the buffer's last byte
-    bool cut_ = false;
+    char* next_;  // address of the NUL
+    char* last_;  // last byte of the buffer
+    bool truncated_ = false;
 };
 
-// Whether a text begins with another, letter by letter.
+// Returns whether `text` begins with `beginning`. Case matters.
 inline bool StartsWith(std::string_view text, std::string_view beginning) {
     return text.substr(0, beginning.size()) == beginning;
 }
 
-// Compares as strcmp does, ASCII letters in either case being equal. Result: 0, or the difference of the
-// first two bytes that differ, capitals taken as small letters and the end of a text as 0.
+// Compares like strcmp, but ignores the case of ASCII letters. Returns 0 if the strings are equal, else the
+// difference of the first two bytes that differ, after converting capitals to small letters. The end of a
+// string counts as 0.
 int strcmpi(std::string_view a, std::string_view b);
 
-// The decimal number that a text begins with, behind any white space and a sign; 0 when there is none. What
-// an int can't hold becomes the largest or the smallest int.
+// Parses a decimal number at the beginning of `text`, after optional white space and an optional sign.
+// Returns 0 if there is none. Clamps numbers out of range to INT_MIN or INT_MAX.
 inline int DecimalNumber(const char* text) {
     const long number = std::strtol(text, nullptr, 10);
     return static_cast<int>(std::clamp(number, long{INT_MIN}, long{INT_MAX}));
 }
 
-// Tables in which a value has a number for the firmware and a word for the user.
+// Tables that assign a name for the user (`word`) to a code of the firmware (`code`).
 
-// The row whose `word` is exactly the one given; null when there is none. A row without a word is never
-// found.
+// Returns the row whose `word` is equal to the argument, or null if there is none. Ignores rows whose `word`
+// is null.
 template <typename Row, size_t kCount>
 const Row* FindWord(const Row (&rows)[kCount], const char* word) {
     for (const Row& row : rows) {
@@ -64,7 +67,7 @@ const Row* FindWord(const Row (&rows)[kCount], const char* word) {
     return nullptr;
 }
 
-// The row whose `code` is the one given; null when there is none.
+// Returns the row with this `code`, or null if there is none.
 template <typename Row, size_t kCount>
 constexpr const Row* FindCode(const Row (&rows)[kCount], unsigned code) {
     for (const Row& row : rows) {
@@ -73,14 +76,14 @@ constexpr const Row* FindCode(const Row (&rows)[kCount], unsigned code) {
     return nullptr;
 }
 
-// A row that has nothing but the code and the text that stands for it. The text is in the row: a pointer to
-// it would have to be set by the loader whenever the program starts.
+// A row that contains only a code and its text. The text is an array, because the dynamic loader would have
+// to set a pointer at each start.
 struct CodeText {
     unsigned code;
     char text[28];
 };
 
-// The text of a code; the one given for a code that has no row.
+// Returns the text of a code, or `without_row` if the code has no row.
 template <size_t kCount>
 constexpr const char* TextOfCode(const CodeText (&rows)[kCount], unsigned code, const char* without_row) {
     const CodeText* const row = FindCode(rows, code);

@@ -69,15 +69,15 @@ TEST(TextWriter, CutsTheEndAndKeepsTheStart) {
     out.Text("ab");
     EXPECT_STREQ(buffer, "ab");
     out.Number(712);
-    EXPECT_FALSE(out.Cut()) << "a text that fits exactly";
+    EXPECT_FALSE(out.Truncated()) << "a text that fits exactly";
     out.Number(3);
-    EXPECT_TRUE(out.Cut());
+    EXPECT_TRUE(out.Truncated());
     out.Letter('x');
     EXPECT_EQ(std::string(buffer, sizeof buffer), std::string("ab712\0#\0", 8));
 
     TextWriter none(buffer, 1);
     none.Letter('a');
-    EXPECT_TRUE(none.Cut() && none.Empty());
+    EXPECT_TRUE(none.Truncated() && none.Empty());
 }
 
 }  // namespace
