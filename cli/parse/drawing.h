@@ -31,7 +31,7 @@ enum class Change {
     None,
     Rejected,    // the key has no function here: the bell rings
     Cursor,      // the cursor moved
-    Tail,        // the text changed, but not left of the old and the new cursor
+    Tail,        // the text changed right of the old or the new cursor, whichever is further left
     Replaced,    // the whole text changed
     Completed,   // as Replaced, but the old text right of the cursor isn't erased
     PromptGone,  // other output replaced the prompt; the screen's cursor is at the start of a row

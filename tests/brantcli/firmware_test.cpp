@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr char kForeign[] = "ERROR: brantcli only runs on VX hardware.\n\n";
+constexpr char kOtherMaker[] = "ERROR: brantcli only runs on VX hardware.\n\n";
 const std::string kOtherLine = "ERROR: brantcli only runs on VX Corvex Servers.\n\n";
 
 struct SignatureCase {
@@ -23,11 +23,11 @@ struct SignatureCase {
 };
 
 constexpr SignatureCase kSignatures[] = {
-    {"the right one rejected", 0xFFEA, "ZETRIX", true},
-    {"bytes after it compared", 0xFFEA, "ZETRIXZETRIX", true},
-    {"one byte early", 0xFFE9, "ZETRIX", false},
-    {"one byte late", 0xFFEB, "ZETRIX", false},
-    {"only the first bytes compared", 0xFFEA, "ZETRIY", false},
+    {"the right signature is rejected", 0xFFEA, "ZETRIX", true},
+    {"the bytes after the signature are compared", 0xFFEA, "ZETRIXZETRIX", true},
+    {"a signature one byte early is accepted", 0xFFE9, "ZETRIX", false},
+    {"a signature one byte late is accepted", 0xFFEB, "ZETRIX", false},
+    {"only the first bytes are compared", 0xFFEA, "ZETRIY", false},
 };
 
 const std::string kRom = BiosRecord("", "").Bytes();
@@ -40,25 +40,27 @@ std::string System(const char* product) {
 struct ServerCase {
     const char* catches;
     std::string tables;
-    std::string output;  // the beginning of the output of SHOW SERVER
+    std::string output;  // the output of SHOW SERVER begins with it
 };
 
 const ServerCase kServers[] = {
-    // the server line
-    {"the name looked for anywhere", System("Vertex Corvex"), kOtherLine},
-    {"a shorter name accepted", System("Corve"), kOtherLine},
-    {"letter case compared", System("cORVEX9") + kRom + kArray, "\nSystem        : cORVEX9\n"},
-    {"no product name", System(""), kOtherLine},
-    {"no system record", kRom,
+    // the server line, which a product name must begin with
+    {"the name is accepted anywhere in the product name", System("Vertex Corvex"), kOtherLine},
+    {"a part of the name is accepted", System("Corve"), kOtherLine},
+    {"the case of letters matters", System("cORVEX9") + kRom + kArray, "\nSystem        : cORVEX9\n"},
+    {"an empty product name is accepted", System(""), kOtherLine},
+    {"a missing system record is accepted", kRom,
      "\nERROR: Failed to get SMBIOS system data.\nThis does not seem to be a VX Corvex Server." + kOtherLine},
     // the records that the command requires
-    {"no tables", "", "\nThis command requires an SMBIOS which is not available on this sytem.\n\n"},
-    {"the ROM record checked before the memory", System("Corvex"),
+    {"the command runs without tables", "",
+     "\nThis command requires an SMBIOS which is not available on this sytem.\n\n"},
+    {"the ROM record is checked before the memory", System("Corvex"),
      "\nERROR: Failed to get SMBIOS memory data.\n\n"},
-    {"no ROM record", System("Corvex") + kArray, "\nERROR: Failed to get SMBIOS ROM data.\n\n"},
+    {"the command runs without a ROM record", System("Corvex") + kArray,
+     "\nERROR: Failed to get SMBIOS ROM data.\n\n"},
 };
 
-constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};  // present by its bus number alone
+constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};  // present because its bus number isn't 0
 constexpr smbios_nic kOther = {8, 0, {6, 7, 8, 9, 10, 11}};
 constexpr smbios_nic kNone = {0, 0, {9, 9, 9, 9, 9, 9}};
 const std::string kMac1 = "\n\tNIC1 MAC: 00:01:02:03:04:ff";
@@ -72,19 +74,19 @@ std::string ManyNics() {
 
 struct NicCase {
     const char* catches;
-    std::vector<smbios_nic> rom;  // the ROM variable; none if empty
+    std::vector<smbios_nic> rom;  // the entries of the ROM variable; if empty, there is no variable
     std::string record;           // the OEM NIC record
     std::string lines;
 };
 
 // clang-format off
 const NicCase kNics[] = {
-    {"an empty entry of the ROM variable counted, the eighth not", {kNic, kNone, kNone, kNone, kNone, kNone, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
-    {"0 taken for unknown", {kNone}, "", "0"},
-    {"neither", {}, "", "UNKNOWN"},
-    {"the ROM variable preferred, empty entries stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
-    {"entries after the eighth NIC read, an empty one before counted", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes(), ManyNics()},
-    {"half an entry", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
+    {"an empty entry of the ROM variable counts, or the eighth doesn't", {kNic, kNone, kNone, kNone, kNone, kNone, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
+    {"0 NICs are reported as unknown", {kNone}, "", "0"},
+    {"neither the record nor the variable exists", {}, "", "UNKNOWN"},
+    {"the ROM variable is preferred to the record, or empty entries are stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
+    {"entries after the eighth NIC are stored, or an empty one counts", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes(), ManyNics()},
+    {"a truncated entry counts", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
 };
 // clang-format on
 
@@ -95,25 +97,25 @@ struct TreeCase {
 };
 
 constexpr TreeCase kTrees[] = {
-    {"another device of the vendor, or of another vendor",
+    {"another device of the vendor, or the device of another vendor, is accepted",
      "p\n  obp-device vendor-id=0x1c4e device-id=0x6d18\n  obp-device vendor-id=0x1c4f device-id=0x6d19\n",
      false},
-    {"a node with one of the two properties",
+    {"a node with one of the two properties is accepted",
      "p\n  obp-device vendor-id=0x1c4e\n  obp-device device-id=0x6d19\n", false},
-    {"another class of node", "p\n  fru vendor-id=0x1c4e device-id=0x6d19\n", false},
-    {"a search that ends too early",
+    {"a node of another class is accepted", "p\n  fru vendor-id=0x1c4e device-id=0x6d19\n", false},
+    {"the search ends before a nested node",
      "p\n  obp-device\n    obp-device vendor-id=1\n      obp-device vendor-id=0x1c4e device-id=0x6d19\n",
      true},
 };
 
-int visited = 0;  // nodes that the search has looked at
+int visited = 0;  // nodes for which the callback ran
 
 int CountedIsKelm(picl_nodehdl_t node, void* found) {
     ++visited;
     return is_kelm(node, found);
 }
 
-// Returns the output of SHOW SERVER between two strings.
+// Returns the part of the output of SHOW SERVER between two strings.
 std::string ServerText(const TestMachine& machine, const std::string& from, const char* to) {
     const std::string output = machine.Script("SHOW SERVER").output;
     const size_t start = output.find(from) + from.size();
@@ -128,21 +130,21 @@ TEST(RomSignature, DecidesWhetherTheProgramRuns) {
         machine.PhysicalMemory(kBiosArea, std::string(kBiosAreaSize, '\0'));
         machine.PhysicalMemory(kBiosArea + c.offset, c.bytes);
         const RunResult result = machine.Script("EXIT");
-        EXPECT_EQ(result.output, c.ours ? "\n" : kForeign) << c.catches;
+        EXPECT_EQ(result.output, c.ours ? "\n" : kOtherMaker) << c.catches;
         EXPECT_EQ(result.status, c.ours ? 0 : 1) << c.catches;
     }
 }
 
-TEST(RomSignature, ThatCannotBeReadIsForeignAndNothingElseIsTouched) {
+TEST(RomSignature, EndsTheProgramIfItCannotBeMapped) {
     TestMachine machine;
     machine.Fault("xsvc map 0x000f0000 -6");
     machine.StartTrace();
     const RunResult result = machine.Script("EXIT");
-    EXPECT_EQ(result.output + result.errors, kForeign);
+    EXPECT_EQ(result.output + result.errors, kOtherMaker);
     EXPECT_EQ(machine.TakeTrace(), "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> -1 errno=6\nxsvc close\n");
 }
 
-TEST(FirmwareTables, AreCopiedAndNoMappingIsKept) {
+TEST(FirmwareTables, AreCopiedAndUnmapped) {
     LoadedTables tables(System("Corvex"));
     TestMachine& machine = tables.Machine();
     machine.StartTrace();
@@ -152,7 +154,7 @@ TEST(FirmwareTables, AreCopiedAndNoMappingIsKept) {
               area + area + "xsvc open -> 0\nxsvc map 0x000e8000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n");
 }
 
-TEST(FirmwareTables, DecideWhatTheProgramKnows) {
+TEST(FirmwareTables, DecideWhetherTheProgramAndShowServerRun) {
     for (const ServerCase& c : kServers) {
         LoadedTables tables(c.tables);
         const RunResult result = tables.Machine().Script("SHOW SERVER");
@@ -165,7 +167,7 @@ TEST(FirmwareTables, DecideWhatTheProgramKnows) {
     EXPECT_EQ(system_name, std::string(63, 'x'));
 }
 
-TEST(EmbeddedNics, AreThoseOfTheMakersRecordElseOfTheRom) {
+TEST(EmbeddedNics, AreReadFromTheOemRecordOrElseFromTheRomVariable) {
     for (const NicCase& c : kNics) {
         LoadedTables tables(kRom + System("Corvex") + kArray + c.record);
         TestMachine& machine = tables.Machine();
@@ -182,16 +184,17 @@ TEST(EmbeddedNics, AreThoseOfTheMakersRecordElseOfTheRom) {
         std::memset(zthmac, 0xEE, sizeof zthmac);
         get_embedded_nics_smbios();
         for (size_t i = 0; i < sizeof zthmac; i += sizeof(smbios_nic)) {
-            EXPECT_EQ(zthmac[i] << 8 | zthmac[i + 1], 0xEEEE) << c.catches << ": PCI address " << i;
+            EXPECT_EQ(zthmac[i] << 8 | zthmac[i + 1], 0xEEEE)
+                << c.catches << ": the PCI address at byte " << i << " was written";
         }
     }
 }
 
-TEST(ManagementProcessor, IsLookedForAmongTheDevices) {
+TEST(ManagementProcessor, IsSearchedForInThePiclTree) {
     LoadedTables tables(kRom + System("Corvex") + kArray);
     TestMachine& machine = tables.Machine();
     const auto present = [&] { return ServerText(machine, "Kelm present  : ", "\n") == "Yes"; };
-    EXPECT_FALSE(present()) << "no service";
+    EXPECT_FALSE(present()) << "without a PICL service";
     for (const TreeCase& c : kTrees) {
         machine.Write("picl", c.picl);
         EXPECT_EQ(present(), c.present) << c.catches;
@@ -201,12 +204,13 @@ TEST(ManagementProcessor, IsLookedForAmongTheDevices) {
     int found = 0;
     ASSERT_TRUE(picl_initialize() == PICL_SUCCESS && picl_get_root(&root) == PICL_SUCCESS);
     picl_walk_tree_by_class(root, kPciFunctionClass, &found, CountedIsKelm);
-    EXPECT_TRUE(found == 1 && visited == 3) << visited;
+    EXPECT_EQ(found, 1);
+    EXPECT_EQ(visited, 3) << "the search must end at the management processor";
     machine.Fault("picl root 1");
-    EXPECT_FALSE(present()) << "a service that fails";
+    EXPECT_FALSE(present()) << "with a failing PICL service";
 }
 
-// The number of blocks that a script leaves allocated when its process ends.
+// Runs a script and returns the number of memory blocks that are allocated when the process ends.
 int BlocksKept(const TestMachine& machine, const char* commands) {
     RunOptions options;
     options.environment = {"BRANT_COUNT_BLOCKS=1"};
@@ -215,15 +219,15 @@ int BlocksKept(const TestMachine& machine, const char* commands) {
     return std::stoi(run.errors);
 }
 
-TEST(StartUp, IsUndoneHoweverARunEnds) {
+TEST(StartUp, FreesItsMemoryOnEveryExitPath) {
     TestMachine nothing_started;
     nothing_started.Remove("cdt");
     const int kept = BlocksKept(nothing_started, "HELP");
-    LoadedTables foreign(System("Vertex")), ours(System("Corvex"));
-    EXPECT_EQ(BlocksKept(foreign.Machine(), "HELP"), kept) << "a foreign server";
-    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), kept + 1)
-        << "the end of a script";  // the tree is never freed
-    EXPECT_EQ(BlocksKept(ours.Machine(), "EXIT"), kept + 1) << "EXIT";
+    LoadedTables other(System("Vertex")), ours(System("Corvex"));
+    EXPECT_EQ(BlocksKept(other.Machine(), "HELP"), kept) << "another line of servers";
+    const int with_tree = kept + 1;  // the command tree is never freed
+    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), with_tree) << "the end of a script";
+    EXPECT_EQ(BlocksKept(ours.Machine(), "EXIT"), with_tree) << "EXIT";
     ours.Machine().Remove("cdt");
-    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), kept) << "a device that does not open";
+    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), kept) << "a device that can't be opened";
 }

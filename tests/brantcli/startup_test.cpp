@@ -1,3 +1,4 @@
+// Tests of a run as a whole: the order of its steps, its options and its exit status.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -15,8 +16,8 @@ const std::string kBanner = "VX management CLI for Solaris (v1.1)\n" + kRule +
                             "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" +
                             kRule + "\n";
 
-// Runs the program with its output and the machine's trace in one file. Returns that file from the beginning
-// of `first` on, and the exit status.
+// Runs the program and lets it append its output to the trace of the machine. Returns this file from the
+// first occurrence of `first` on, and the exit status.
 std::string RunInOrder(TestMachine& machine, const std::string& words, const char* first = "open cdt",
                        const RunOptions& options = {}) {
     machine.StartTrace();
@@ -26,7 +27,8 @@ std::string RunInOrder(TestMachine& machine, const std::string& words, const cha
     return "\nbrantcli" + words + "\n" + all.substr(std::min(all.find(first), all.size()));
 }
 
-// Fails one allocation after the other until the program prints the message.
+// Runs the program again and again, each time failing a later allocation, until it prints the message.
+// Returns the output of that run.
 std::string RunOutOfMemory(TestMachine& machine, const std::string& message) {
     for (int failing = 1; failing < 1000; ++failing) {
         RunOptions options;
@@ -37,7 +39,7 @@ std::string RunOutOfMemory(TestMachine& machine, const std::string& message) {
     return "never printed: " + message;
 }
 
-TEST(StartUp, AndTheEndOfARunKeepTheirOrder) {
+TEST(StartUp, RunsItsStepsInOrder) {
     TestMachine machine;
     RunOptions keys;
     keys.input = "\33\33\33[A\3exit\r";
@@ -56,21 +58,21 @@ struct OptionCase {
     std::vector<std::string> arguments;
     std::string output;
     int status;
-    bool touches_the_machine;
+    bool reads_machine;  // whether it makes calls of the platform layer
 };
 
 constexpr char kUsage[] = "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n";
 
 // clang-format off
 const OptionCase kOptionCases[] = {
-    {"an unknown option run",                   {"-x"},                  kUsage,                  0, false},
-    {"-S without its value run",                {"-S"},                  kUsage,                  0, false},
-    {"no command taken for success",            {"-s", ""},              "\n",                    1, true},
-    {"-S not the same as -s",                   {"-S", "nonsense"},      "\nInvalid Command\n\n", 1, true},
-    {"a final ';' taken for an empty command",  {"-s", "HELP EXIT;"},    "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
-    {"options behind another word read, no end at the end of the input", {"SET UID ON", "-s"}, kBanner + "brantcli> \n", 0, true},
-    {"options behind the commands read",        {"-s", "HELP EXIT", "-x"}, "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
-    {"words behind \"--\" taken for options",   {"--", "-x"},            kBanner + "brantcli> \n", 0, true},
+    {"an unknown option is ignored",                   {"-x"},                  kUsage,                  0, false},
+    {"-S without its value is accepted",                {"-S"},                  kUsage,                  0, false},
+    {"an empty script succeeds",            {"-s", ""},              "\n",                    1, true},
+    {"-S isn't equivalent to -s",                   {"-S", "nonsense"},      "\nInvalid Command\n\n", 1, true},
+    {"an empty command follows a final ';'",  {"-s", "HELP EXIT;"},    "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
+    {"an option after another argument is read, or the end of the input doesn't end the run", {"SET UID ON", "-s"}, kBanner + "brantcli> \n", 0, true},
+    {"an option after the commands is read",        {"-s", "HELP EXIT", "-x"}, "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
+    {"an argument after \"--\" is an option",   {"--", "-x"},            kBanner + "brantcli> \n", 0, true},
 };
 // clang-format on
 
@@ -81,11 +83,11 @@ TEST(StartUp, ReadsItsOptions) {
         const RunResult run = RunProgram(ProgramPath("brantcli"), c.arguments, machine.Directory());
         EXPECT_EQ(run.output, c.output) << c.catches;
         EXPECT_EQ(run.status, c.status) << c.catches;
-        EXPECT_EQ(!machine.TakeTrace().empty(), c.touches_the_machine) << c.catches;
+        EXPECT_EQ(!machine.TakeTrace().empty(), c.reads_machine) << c.catches;
     }
 }
 
-TEST(StartUp, RefusesEveryoneButRoot) {
+TEST(StartUp, RequiresRoot) {
     TestMachine machine("tr500k2");
     RunOptions as_nobody;
     as_nobody.as_root = false;
@@ -99,7 +101,7 @@ TEST(StartUp, RefusesEveryoneButRoot) {
     }
 }
 
-TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
+TEST(StartUp, ReturnsStatus1IfOutputIsLost) {
     TestMachine machine("tr500k2");
     const auto status = [&](const std::string& words, const std::string& with = "timeout 20 ") {
         return RunProgram("/bin/sh", {"-c", with + InShell("brantcli") + words}, machine.Directory()).status;
@@ -108,16 +110,18 @@ TEST(StartUp, ReportsOutputThatCanNotBeWritten) {
     EXPECT_EQ(status(" -s 'EXIT' > /dev/full"), 1);
     EXPECT_EQ(status(" -s 'SHOW FANS' > /dev/null"), 0);
     EXPECT_EQ(status(" -x > /dev/full"), 0);
-    EXPECT_EQ(status(" < /dev/zero > /dev/full"), 1);  // keys that do nothing, without end
+    EXPECT_EQ(status(" < /dev/zero > /dev/full"), 1);  // an endless input of keys without effect
     machine.StartTrace();
-    EXPECT_EQ(status(" -s HELP <&- >&-"), 1) << "written to the trace, which is opened early";
+    EXPECT_EQ(status(" -s HELP <&- >&-"), 1)
+        << "with standard output closed, HELP may have been written to the trace";
     int pipe_ends[2];
     ASSERT_EQ(pipe(pipe_ends), 0);
     close(pipe_ends[0]);
-    EXPECT_EQ(status(" -s HELP >&" + std::to_string(pipe_ends[1])), 1) << "ended by SIGPIPE";
+    EXPECT_EQ(status(" -s HELP >&" + std::to_string(pipe_ends[1])), 1)
+        << "with a closed pipe, SIGPIPE may have ended the program";
     close(pipe_ends[1]);
     const std::string help =
-        " -s '" + std::string(100, ';') + "HELP EXIT' > $BRANT_MACHINE/out";  // 129 bytes, and one
+        " -s '" + std::string(100, ';') + "HELP EXIT' > $BRANT_MACHINE/out";  // prints 130 bytes
     EXPECT_EQ(status(help, "trap '' XFSZ; prlimit --fsize=129 "), 1);
     EXPECT_EQ(status(help, "trap '' XFSZ; prlimit --fsize=130 "), 0);
 }

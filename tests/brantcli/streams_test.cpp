@@ -1,4 +1,4 @@
-// The standard streams as a caller may leave them: closed, or non-blocking with a slow reader.
+// Tests with standard streams that the caller has closed or made non-blocking.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -16,15 +16,15 @@ namespace {
 struct StreamCase {
     const char* program;
     const char* words;
-    const char* streams;  // closed by the caller
+    const char* streams;  // shell redirections that close a stream
     const char* errors;
 };
 
 constexpr char kNoNull[] = "ERROR: Could not open /dev/null: No such file or directory.\n";
 
-// A stream that can't be replaced ends the program before it opens anything: what it prints would be written
-// into the first file that it opens.
-TEST(Streams, EndTheProgramIfOneIsMissing) {
+// If a closed stream can't be replaced, the program must end before it opens anything. Otherwise its output
+// would be written into the first file that it opens.
+TEST(Streams, EndTheProgramIfAClosedOneCannotBeReplaced) {
     const StreamCase cases[] = {
         {"brantcli_interposed", "-s 'SET UID ON'", "<&-", kNoNull},
         {"brantcli_interposed", "-s 'SET UID ON'", ">&-", kNoNull},
@@ -45,8 +45,8 @@ TEST(Streams, EndTheProgramIfOneIsMissing) {
     }
 }
 
-// Runs a program whose standard output is a small non-blocking pipe. Reads it after a pause, up to `limit`
-// bytes.
+// Runs a program whose standard output is a small non-blocking pipe. After a pause, reads up to `limit` bytes
+// of the output.
 RunResult RunNonBlocking(const char* program, const std::vector<std::string>& arguments,
                          const TestMachine& machine, size_t limit) {
     int ends[2];
@@ -75,7 +75,7 @@ RunResult RunNonBlocking(const char* program, const std::vector<std::string>& ar
     return run;
 }
 
-TEST(Streams, WaitForASlowReaderIfOutputIsNonBlocking) {
+TEST(Streams, LoseNoOutputIfItIsNonBlockingAndTheReaderSlow) {
     const TestMachine machine("tr500k2");
     const std::vector<std::string> commands = {"-s", "HELP TREE;SHOW HLOG;SHOW FANS"};
     for (const auto& [program, arguments] : {std::pair{"brantcli", commands}, {"brantexport", {}}}) {

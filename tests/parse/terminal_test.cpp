@@ -1,3 +1,5 @@
+// Tests of the terminal settings, which must be restored however the program ends or stops, and of reading
+// from the terminal.
 #include "cli/terminal/terminal.h"
 
 #include <fcntl.h>
@@ -10,24 +12,24 @@
 
 namespace {
 
-struct WayOut {
-    const char* of;
+struct ExitPath {
+    const char* name;
     std::vector<std::string> arguments;
-    const char* asks;     // how the output ends when it waits for keys
-    int signal;           // sent then; 0 for none
-    void (*action)(int);  // the signal's when the program starts
-    std::string keys;
+    const char* prompt;      // the end of the output when the program waits for a key
+    int signal;              // sent at this prompt; 0: none
+    void (*inherited)(int);  // the action for SIGTERM when the program starts
+    std::string keys;        // typed at this prompt
     int status;
 };
 constexpr char kAtPrompt[] = "\nbrantcli> ";
 // clang-format off
-const WayOut kWaysOut[] = {
+const ExitPath kExitPaths[] = {
     {"EXIT",                      {},                  kAtPrompt,     0,       SIG_DFL, "exit\r", 0},
     {"a hang-up",                 {},                  kAtPrompt,     SIGHUP,  SIG_DFL, "",       128 + SIGHUP},
     {"an interrupt",              {},                  kAtPrompt,     SIGINT,  SIG_DFL, "",       128 + SIGINT},
     {"a quit",                    {},                  kAtPrompt,     SIGQUIT, SIG_DFL, "",       128 + SIGQUIT},
     {"a termination",             {},                  kAtPrompt,     SIGTERM, SIG_DFL, "",       128 + SIGTERM},
-    {"EXIT, after nohup's start", {},                  kAtPrompt,     SIGTERM, SIG_IGN, "exit\r", 0},
+    {"EXIT, SIGTERM being ignored", {},                  kAtPrompt,     SIGTERM, SIG_IGN, "exit\r", 0},
     {"a script",                  {"-s", "SHOW HLOG"}, "screen.: ",   0,       SIG_DFL, "q",      0},
 };
 // clang-format on
@@ -40,32 +42,34 @@ termios CharacterMode(termios settings) {
     return settings;
 }
 
-TEST(Terminal, IsInCharacterModeAndHandedBackAsFound) {
+TEST(Terminal, RestoresTheSettingsOnEveryExitPath) {
     const TestMachine machine("tr500k2");
-    for (const WayOut& way : kWaysOut) {
-        std::signal(SIGTERM, way.action);
-        TerminalSession session(machine, way.arguments);
+    for (const ExitPath& path : kExitPaths) {
+        SCOPED_TRACE(path.name);
+        std::signal(SIGTERM, path.inherited);
+        TerminalSession session(machine, path.arguments);
         std::signal(SIGTERM, SIG_DFL);
-        session.ReceiveUntil(way.asks);
-        EXPECT_TRUE(session.Settings() == CharacterMode(session.found)) << way.of;
-        if (way.signal != 0) kill(session.program, way.signal);
-        session.Type(way.keys);
-        EXPECT_EQ(session.End(), way.status) << way.of;
-        EXPECT_TRUE(session.Settings() == session.found) << way.of;
+        session.ReceiveUntil(path.prompt);
+        EXPECT_TRUE(session.Settings() == CharacterMode(session.found))
+            << "not in character mode at the prompt";
+        if (path.signal != 0) kill(session.program, path.signal);
+        session.Type(path.keys);
+        EXPECT_EQ(session.End(), path.status);
+        EXPECT_TRUE(session.Settings() == session.found) << "settings not restored";
     }
 }
 
-TEST(Terminal, ThatIsHungUpIsTheEndOfTheInput) {
+TEST(Terminal, EndsTheInputWhenItIsHungUp) {
     const TestMachine machine("tr500k2");
     std::signal(SIGHUP, SIG_IGN);
     TerminalSession session(machine);
     std::signal(SIGHUP, SIG_DFL);
     session.ReceiveUntil(kAtPrompt);
     session.HangUp();
-    EXPECT_EQ(session.End(), 1);  // and its output is lost
+    EXPECT_EQ(session.End(), 1) << "the output can't be written, so the status isn't 0";
 }
 
-TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramGoesOn) {
+TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramContinues) {
     const TestMachine machine("tr500k2");
     TerminalSession session(machine);
     session.ReceiveUntil(kAtPrompt);
@@ -75,13 +79,13 @@ TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramGoesOn) {
     EXPECT_EQ(session.ReceiveUntil("\b\b"), "brantcli> show\b\b");
     EXPECT_EQ(session.screen.CursorLine(), "brantcli> show");
     EXPECT_TRUE(session.Settings() == CharacterMode(session.found));
-    if (!Emulated()) kill(session.program, SIGTSTP);  // which can't stop the first process of a session
+    if (!Emulated()) kill(session.program, SIGTSTP);  // has no effect on a session leader
     session.Type("x");
     EXPECT_EQ(session.ReceiveUntil("\b\b"), "xow\b\b");
     EXPECT_EQ(session.screen.CursorLine(), "brantcli> shxow");
 }
 
-TEST(Terminal, IsLeftToTheForeground) {
+TEST(Terminal, StopsABackgroundProgramUntilItIsInTheForeground) {
     const TestMachine machine("tr500k2");
     const std::string script = "set -m; " + InShell("brantcli") + " & sleep .5; jobs; fg >/dev/null";
     TerminalSession session(machine, {"-c", script}, "/bin/sh");
@@ -93,7 +97,7 @@ TEST(Terminal, IsLeftToTheForeground) {
     EXPECT_TRUE(session.Settings() == session.found);
 }
 
-TEST(Terminal, IsHandedBackAsItWasLastSetDuringAStop) {
+TEST(Terminal, RestoresTheSettingsThatWereChangedDuringAStop) {
     const TestMachine machine("tr500k2");
     const std::string script =
         "set -m; sh -c 'echo $$; exec \"$@\"' sh " + InShell("brantcli") + "; stty susp ^A; fg >/dev/null";
@@ -105,7 +109,7 @@ TEST(Terminal, IsHandedBackAsItWasLastSetDuringAStop) {
     EXPECT_EQ(session.Settings().c_cc[VSUSP], 1);
 }
 
-TEST(Terminal, InTheBackgroundIsTheEndOfTheInputForAProgramThatCannotStop) {
+TEST(Terminal, EndsTheInputOfABackgroundProgramThatIgnoresSigttin) {
     const TestMachine machine("tr500k2");
     const std::string script = "set -m; trap '' TTIN; ulimit -t 2; " + InShell("brantcli") + " & wait $!";
     TerminalSession session(machine, {"-c", script}, "/bin/sh");
@@ -113,7 +117,7 @@ TEST(Terminal, InTheBackgroundIsTheEndOfTheInputForAProgramThatCannotStop) {
     EXPECT_EQ(session.End(), 0);
 }
 
-TEST(Terminal, OfAnotherIsNotHandedBack) {
+TEST(Terminal, IsNotChangedByABackgroundProgramThatEnds) {
     const TestMachine machine("tr500k2");
     const std::string script = "set -m; sh -c 'echo $$; exec \"$@\"' sh " + InShell("brantcli") +
                                "; kill %1; kill -CONT %1; sleep .5; jobs";
@@ -130,7 +134,7 @@ extern "C" void Tick(int /*signal*/) {
 }
 
 TEST(Terminal, WaitsForAKeyThroughInterruptions) {
-    struct sigaction action {};  // without SA_RESTART
+    struct sigaction action {};  // no SA_RESTART, so that system calls fail with EINTR
     action.sa_handler = Tick;
     sigaction(SIGALRM, &action, nullptr);
     const itimerval every_millisecond = {{0, 1000}, {0, 1000}}, never = {};

@@ -1,3 +1,4 @@
+// Tests of the command tree, help, completion and the dispatcher.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -12,6 +13,7 @@
 #include "cli/parse/tokenizer.h"
 #include "tests/support/expected_run.h"
 #include "tests/support/golden.h"
+#include "tests/support/program_state.h"
 
 namespace {
 
@@ -19,7 +21,7 @@ int Nothing(InputLineType*) {
     return 0;
 }
 
-// A line for each node below a node: its path and its help text.
+// Returns a line for each node below `parent`: its path and its help text.
 std::string Listing(const CmdType* parent, const std::string& path) {
     std::string listing;
     for (const CmdType* node = parent->Sub; node != nullptr; node = node->Next) {
@@ -28,21 +30,20 @@ std::string Listing(const CmdType* parent, const std::string& path) {
     return listing;
 }
 
-// Help texts are an interface: a difference here is a changed text.
-TEST(CommandTree, HasEveryCommandWithItsHelpText) {
-    if (Cmds == nullptr) CreateCommands();
+// Help texts are an interface: they must not change.
+TEST(CommandTree, ContainsEveryCommandWithItsHelpText) {
+    const FreshState state;
+    CreateCommands();
     const std::string shown = TestMachine("tr500k2").Script("HELP TREE;SHOW").output;
     ExpectGolden("parse/help_texts.golden", Listing(Cmds, "") + shown);
 }
 
-// Replaces the shell's tree by an empty one until the end of the scope. Nodes are never freed.
-struct OwnTree {
-    OwnTree() { Cmds = NewCommandNode("", nullptr, "the root's help", nullptr); }
-    ~OwnTree() { Cmds = shells; }
-    CmdType* const shells = Cmds;
+// A tree that contains only its root.
+struct EmptyTree : FreshState {
+    EmptyTree() { Cmds = NewCommandNode("", nullptr, "the root's help", nullptr); }
 };
 
-// Returns what a function prints when it is called with an array that holds `line`.
+// Returns the output of a function that gets `line` as its command line.
 template <typename Function>
 std::string Printed(Function function, const std::string& line) {
     InputLineType input{};
@@ -53,8 +54,8 @@ std::string Printed(Function function, const std::string& line) {
     return testing::internal::GetCapturedStdout();
 }
 
-TEST(CommandTree, SharesWhatASynonymStandsFor) {
-    const OwnTree tree;
+TEST(CommandTree, GivesASynonymTheChildrenOfItsCommand) {
+    const EmptyTree tree;
     CmdType* show = AppendCmd(Cmds, "SHOW", nullptr, "", nullptr);
     CmdType* fan = AppendCmd(show, "FAN", nullptr, "help", Nothing);
     CmdType* fans = AppendCmd(show, "FANS", fan, "help", Nothing);
@@ -65,11 +66,11 @@ TEST(CommandTree, SharesWhatASynonymStandsFor) {
 
     const auto list = [](InputLineType& line) { DoubleTabComplete(line.CmdLine); };
     EXPECT_EQ(Printed(list, "show fan a"), "\a\n[ ALL | ANY ]\n");
-    EXPECT_EQ(Printed(list, "show fans a"), "\a") << "listed through a synonym";
+    EXPECT_EQ(Printed(list, "show fans a"), "\a") << "children of a synonym are listed";
 }
 
-TEST(Help, KeepsToItsLimitsAndToCommandsWithoutAText) {
-    const OwnTree tree;
+TEST(Help, LimitsLineAndUsageLengthsAndAllowsMissingTexts) {
+    const EmptyTree tree;
     const std::string a(70, 'A'), b(6, 'B'), d(76, 'D'), usage(250, 'x'), help = "USAGE:" + usage;
     for (const char* token : {b.c_str(), "C", d.c_str(), a.c_str()}) {
         AppendCmd(Cmds, token, nullptr, nullptr, Nothing);
@@ -84,7 +85,7 @@ TEST(Help, KeepsToItsLimitsAndToCommandsWithoutAText) {
               "\n\t" + usage.substr(0, 199));
 }
 
-TEST(CommandTree, EndsTheProcessOnATokenThatIsThereAlready) {
+TEST(CommandTree, EndsTheProcessIfASiblingHasTheSameToken) {
     const auto append_twice = [] {
         std::freopen("/dev/stderr", "w", stdout);
         CmdType* root = NewCommandNode("SHOW", nullptr, "", nullptr);
@@ -97,7 +98,8 @@ TEST(CommandTree, EndsTheProcessOnATokenThatIsThereAlready) {
 
 const std::string kRootHelp =
     "\n\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command.";
-const std::string kRefusal = "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans.";
+const std::string kInvalidArguments =
+    "\nInvalid argument(s)\nUSAGE: SHOW FANS: Shows info on installed fans.";
 const std::string kAllCommands = "\n?  CLEAR  DISABLE  ENABLE  EXIT  HELP  QUIT  SET  SHOW ";
 
 struct LineCase {
@@ -106,37 +108,39 @@ struct LineCase {
 };
 // clang-format off
 const LineCase kLines[] = {
-    {"an abbreviation accepted",             Fails("sho fans", "\nInvalid Command")},
-    {"a quoted word upper-cased",            Fails("\"show\" fans", "\nInvalid Command")},
-    {"a quoted upper-case word refused",     Fails("\"SHOW\" \"FANS\" x", kRefusal)},
-    {"an empty line run",                    Fails(" ", "")},
-    {"the last result not the status",       {"sho;SHOW FANS extra;;HELP EXIT", "\nInvalid Command\n" + kRefusal + "\n\n\nUSAGE: EXIT: Exit brantcli."}},
-    {"a segment not cut to 254 characters",  {std::string(250, ' ') + "HELP" + std::string(46, 'X'), kAllCommands}},
-    {"a segment cut before its 254th",       Fails(std::string(248, ' ') + "HELPXX", "\nInvalid Command")},
+    {"an abbreviation is accepted",             Fails("sho fans", "\nInvalid Command")},
+    {"a quoted word is converted to upper case",            Fails("\"show\" fans", "\nInvalid Command")},
+    {"a quoted word in upper case is rejected",     Fails("\"SHOW\" \"FANS\" x", kInvalidArguments)},
+    {"an empty line is a command",                    Fails(" ", "")},
+    {"the status isn't that of the last command",       {"sho;SHOW FANS extra;;HELP EXIT", "\nInvalid Command\n" + kInvalidArguments + "\n\n\nUSAGE: EXIT: Exit brantcli."}},
+    {"a segment isn't truncated to 254 characters",  {std::string(250, ' ') + "HELP" + std::string(46, 'X'), kAllCommands}},
+    {"a segment is truncated to fewer characters",       Fails(std::string(248, ' ') + "HELPXX", "\nInvalid Command")},
     // help
-    {"the first command on a line of its own", {"?", kAllCommands}},
-    {"TREE taken for a command's name",      {"HELP TREE X", kRootHelp}},
-    {"the way begun at HELP",                {"help set serial", "\nUSAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]"}},
-    {"a word behind a leaf leading astray",  {"HELP SHOW FANS SHOW", "\nUSAGE: SHOW FANS: Shows info on installed fans."}},
-    {"no way back to the nearest node",      {"HELP CLEAR BOGUS", "\nUSAGE: CLEAR [ HLOG ]"}},
-    {"a usage that ends at the wrong colon", Fails("SET UID", "\n\t SET UID OFF\n\t SET UID ON")},
+    {"the first command is on a separate line", {"?", kAllCommands}},
+    {"TREE is a command",      {"HELP TREE X", kRootHelp}},
+    {"the search starts at HELP",                {"help set serial", "\nUSAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]"}},
+    {"a word after a leaf continues the search",  {"HELP SHOW FANS SHOW", "\nUSAGE: SHOW FANS: Shows info on installed fans."}},
+    {"a wrong word loses the node before it",      {"HELP CLEAR BOGUS", "\nUSAGE: CLEAR [ HLOG ]"}},
+    {"a usage ends at the wrong colon", Fails("SET UID", "\n\t SET UID OFF\n\t SET UID ON")},
 };
 // clang-format on
 
-TEST(Dispatcher, RunsTheDeepestNodeOrSaysWhatIsWrong) {
+TEST(Dispatcher, RunsTheDeepestNodeOrPrintsAnError) {
     TestMachine machine("tr300");
     for (const LineCase& c : kLines) ExpectRuns(machine, {c.step}, c.catches);
     EXPECT_EQ(machine.Script("help tree").status, 1);
 
-    if (Cmds == nullptr) CreateCommands();
+    const FreshState state;
+    CreateCommands();
     char commands[] = ";HELP X;?;x";
     char help[] = "HELP";
     testing::internal::CaptureStdout();
-    EXPECT_EQ(do_scripted_command(help), 1) << "another result than at the prompt";
+    EXPECT_EQ(do_scripted_command(help), 1) << "the result outside script mode";
     do_scripted_command(commands);
     testing::internal::GetCapturedStdout();
-    EXPECT_EQ(std::string(commands, sizeof commands), std::string("\0HELP X\0?\0x", 12)) << "cut otherwise";
-    EXPECT_EQ(current_command, nullptr) << "kept from the line before";
+    EXPECT_EQ(std::string(commands, sizeof commands), std::string("\0HELP X\0?\0x", 12))
+        << "NULs at other positions";
+    EXPECT_EQ(current_command, nullptr) << "the command of the line before";
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+// Tests of mapping physical memory in whole pages.
 #include "src/utils/map_physical.h"
 
 #include <gtest/gtest.h>
@@ -7,11 +8,12 @@
 
 #include <cstdlib>
 
+#include "tests/support/program_state.h"
 #include "tests/support/test_machine.h"
 
 static bool sysconf_fails = false;
 extern "C" long __sysconf(int name);
-// Called before the address sanitizer is ready for it.
+// Not instrumented, because it is called before the address sanitizer is initialised.
 __attribute__((no_sanitize("address"))) long sysconf(int name) noexcept {
     return sysconf_fails ? -1 : __sysconf(name);
 }
@@ -22,7 +24,7 @@ constexpr long kUnknown = -1;
 
 struct MapCase {
     const char* catches;
-    long page_size;  // as an earlier call left it; 0: none yet; kUnknown: nor does the system tell it
+    long page_size;  // from an earlier call; 0: none; kUnknown: none, and sysconf() fails
     unsigned long address, length;
     bool maps;
     const char* trace;
@@ -30,19 +32,19 @@ struct MapCase {
 
 constexpr MapCase kCases[] = {
     // rounding
-    {"the page that the range ends in left out", 0, 0xFFFF8, 16, true,
+    {"the last page isn't mapped", 0, 0xFFFF8, 16, true,
      "xsvc open -> 0\nxsvc map 0x000ff000 8192 -> 0\nxsvc close\nxsvc unmap 8192\n"},
-    {"one page too many", 0, 0xF0010, 16, true,
+    {"one page too many is mapped", 0, 0xF0010, 16, true,
      "xsvc open -> 0\nxsvc map 0x000f0000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n"},
-    {"a known page size asked for again", 2048, 0xF0801, 1, true,
+    {"the page size isn't stored", 2048, 0xF0801, 1, true,
      "xsvc open -> 0\nxsvc map 0x000f0800 2048 -> 0\nxsvc close\nxsvc unmap 2048\n"},
-    {"no page size without the system's", kUnknown, 0xF0010, 16, true,
+    {"there is no default page size", kUnknown, 0xF0010, 16, true,
      "xsvc open -> 0\nxsvc map 0x000f0000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n"},
-    // refusals
-    {"address 0 tried", 0, 0, 16, false, ""},
-    {"an empty range given a page", 0, 0xF0000, 0, false,
+    // ranges that are rejected
+    {"address 0 is mapped", 0, 0, 16, false, ""},
+    {"an empty range is mapped", 0, 0xF0000, 0, false,
      "xsvc open -> 0\nxsvc map 0x000f0000 0 -> -1 errno=22\nxsvc close\n"},
-    {"a sum that wraps in 32 bits", 0, 0xFFFFFFF0, 0x20, false,
+    {"the end of the range wraps in 32 bits", 0, 0xFFFFFFF0, 0x20, false,
      "xsvc open -> 0\nxsvc map 0xfffff000 8192 -> -1 errno=22\nxsvc close\n"},
 };
 
@@ -54,7 +56,8 @@ bool IsMapped(const unsigned char* byte) {
 
 }  // namespace
 
-TEST(MapPhysical, MapsTheWholePagesAroundARangeAndGivesThemBack) {
+TEST(MapPhysical, MapsAndUnmapsWholePages) {
+    const FreshState state;
     TestMachine machine;
     machine.PhysicalMemory(0x100FFF, "x");
     for (const MapCase& c : kCases) machine.PhysicalMemory(c.maps ? c.address : 0xF0000, "here");
@@ -70,7 +73,9 @@ TEST(MapPhysical, MapsTheWholePagesAroundARangeAndGivesThemBack) {
         EXPECT_FALSE(IsMapped(mapped)) << c.catches;
         EXPECT_EQ(machine.TakeTrace(), c.trace) << c.catches;
     }
+    sysconf_fails = false;
     machine.Remove("xsvc");
     EXPECT_EQ(zetMapPhys32UnCache(0xF0000, 16), nullptr);
-    EXPECT_EQ(machine.TakeTrace(), "xsvc open -> -1 errno=2\n") << "a map or a close without a device";
+    EXPECT_EQ(machine.TakeTrace(), "xsvc open -> -1 errno=2\n")
+        << "requests on a device that can't be opened";
 }
