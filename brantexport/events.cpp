@@ -1,4 +1,3 @@
-// The event log.
 #include "brantexport/events.h"
 
 #include <cstdio>
@@ -9,7 +8,7 @@
 
 namespace {
 
-// The days of a time's month, which is one.
+// Returns the number of days in the month of `time`, whose bMonth is 1 to 12.
 int DaysOf(const EVT_TIME_STAMP& time) {
     constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const int year = time.bCentury * 100 + time.bYear;
@@ -17,12 +16,12 @@ int DaysOf(const EVT_TIME_STAMP& time) {
     return kDays[time.bMonth - 1] + (time.bMonth == 2 && leap ? 1 : 0);
 }
 
-// A time in the form of ISO 8601, without a zone because the firmware keeps none; null when the bytes are no
-// time.
+// Converts a time to ISO 8601 format, without a time zone because the firmware stores none. Returns null if
+// the time is invalid.
 Json Time(const EVT_TIME_STAMP& time) {
-    const bool is_one = time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
-                        time.bDay >= 1 && time.bDay <= DaysOf(time) && time.bHour < 24 && time.bMinute < 60;
-    if (!is_one) return nullptr;
+    const bool valid = time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
+                       time.bDay >= 1 && time.bDay <= DaysOf(time) && time.bHour < 24 && time.bMinute < 60;
+    if (!valid) return nullptr;
     char text[32];
     std::snprintf(text, sizeof text, "%02d%02d-%02d-%02dT%02d:%02d", time.bCentury, time.bYear, time.bMonth,
                   time.bDay, time.bHour, time.bMinute);

@@ -1,4 +1,4 @@
-// The event log.
+// The section of the event log.
 #pragma once
 
 #include "brantexport/document.h"

@@ -1,8 +1,7 @@
-// What the health driver tells.
 #include "brantexport/health.h"
 
 #include <cstdio>
-#include <memory>
+#include <optional>
 
 #include "cli/fan/fan.h"
 #include "cli/misc-commands/asr.h"
@@ -20,7 +19,7 @@ Json Known(const std::optional<Value>& value) {
 }
 
 Json ModuleOf(const ModuleStatus& module) {
-    char number[24];  // as SHOW DIMM has it
+    char number[24];  // as SHOW DIMM prints it
     std::snprintf(number, sizeof number, "Unknown - 0x%x", module.status);
     return {
         {"cartridge", module.cartridge},
@@ -34,7 +33,7 @@ Json ModuleOf(const ModuleStatus& module) {
     };
 }
 
-// As the firmware's tables have it, which don't tell its status.
+// Converts a module of the SMBIOS tables, which don't contain its status.
 Json ModuleOf(const ZET_MemModule& module) {
     return {
         {"cartridge", module.memBoardIndex},
@@ -48,7 +47,7 @@ Json ModuleOf(const ZET_MemModule& module) {
     };
 }
 
-Json ModulesOfFirmware(Errors& errors) {
+Json ModulesOfSmbios(Errors& errors) {
     Json modules = Json::array();
     for (const ZET_MemModule* module : gMemoryMod) {
         if (module == nullptr) break;
@@ -84,13 +83,13 @@ Json SensorOf(const SensorStatus& sensor, int number) {
 }
 
 Json SupplyOf(const SupplyStatus& supply, int number) {
-    const auto told = [&](const Json& value) { return supply.installed ? value : Json(); };
+    const auto if_installed = [&](const Json& value) { return supply.installed ? value : Json(); };
     return {
         {"number", number},
         {"present", supply.present},
-        {"condition", told(Word(supply.condition))},
-        {"redundant", told(supply.redundant)},
-        {"hot_pluggable", told(supply.hot_pluggable)},
+        {"condition", if_installed(Word(supply.condition))},
+        {"redundant", if_installed(supply.redundant)},
+        {"hot_pluggable", if_installed(supply.hot_pluggable)},
     };
 }
 
@@ -109,7 +108,7 @@ Json ExportMemory(Errors& errors) {
         if (result == ModuleRead::Done) modules.push_back(ModuleOf(module));
     }
     if (!modules.empty()) return modules;
-    if (smbios_available != 0) return ModulesOfFirmware(errors);
+    if (smbios_available != 0) return ModulesOfSmbios(errors);
     return errors.Add("Neither the driver nor SMBIOS tells of memory modules.");
 }
 

@@ -1,4 +1,4 @@
-// The sections that the health driver contains.
+// The sections whose values are read from the health driver.
 #pragma once
 
 #include "brantexport/document.h"

@@ -1,4 +1,3 @@
-// What the firmware's tables tell: the server, its processors, its NICs.
 #include "brantexport/inventory.h"
 
 #include <algorithm>
@@ -29,24 +28,24 @@ Json CachesOf(const ZET_CPU& cpu) {
 }
 
 Json ProcessorOf(const ZET_CPU& cpu) {
-    const bool counted = cpu.cpucorecount != 0;
+    const bool known = cpu.cpucorecount != 0;
     return {
         {"number", cpu.cpuUnitIndex},
         {"name", Text(cpu.cpuName)},
         {"stepping", cpu.cpuStep},
         {"speed_mhz", cpu.cpuSpeed},
         {"bus_mhz", cpu.cpuExtFrequency},
-        {"cores", counted ? Json(cpu.cpucorecount) : Json()},
-        {"threads", counted ? Json(cpu.threadcount) : Json()},
+        {"cores", known ? Json(cpu.cpucorecount) : Json()},
+        {"threads", known ? Json(cpu.threadcount) : Json()},
         {"socket", cpu.cpuSocketNumber},
         {"status", Word(CpuStatusWord(cpu.cpuStatus))},
         {"caches", CachesOf(cpu)},
     };
 }
 
-Json MacAddress(int place) {
-    if (place >= kMaxEmbeddedNics) return nullptr;
-    const smbios_nic nic = EmbeddedNic(place);
+Json MacAddress(int index) {
+    if (index >= kMaxEmbeddedNics) return nullptr;
+    const smbios_nic nic = EmbeddedNic(index);
     const uint8_t* mac = nic.nic_mac;
     char text[18];
     std::snprintf(text, sizeof text, "%02x:%02x:%02x:%02x:%02x:%02x", mac[0], mac[1], mac[2], mac[3], mac[4],
@@ -98,10 +97,10 @@ Json ExportNics(Errors& errors) {
     if (!ReadNicBoot(states)) errors.Add("Failed to read NIC status.");
     Json nics = Json::array();
     for (int i = 0; i < embedded_nics_installed; ++i) {
-        const bool told = i < kNicBootStates;
+        const bool known = i < kNicBootStates;
         nics.push_back({{"number", i + 1},
                         {"mac_address", MacAddress(i)},
-                        {"boot", told ? Word(states.nic[i]) : Json()}});
+                        {"boot", known ? Word(states.nic[i]) : Json()}});
     }
     return nics;
 }

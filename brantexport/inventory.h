@@ -1,4 +1,4 @@
-// The sections that the firmware's tables contain: the server, its processors, its NICs.
+// The sections whose values are read from the firmware: the server, its processors and its NICs.
 #pragma once
 
 #include "brantexport/document.h"

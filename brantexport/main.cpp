@@ -1,4 +1,7 @@
-// brantexport [--json | --prometheus] [SECTION...]: what the SHOW commands tell, for programs.
+// brantexport [--json | --prometheus] [SECTION...]: prints the values of the SHOW commands for other
+// programs.
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -21,28 +24,28 @@ constexpr char kProgram[] = "brantexport";
 
 struct Options {
     bool prometheus = false;
-    std::vector<Section> sections;  // those asked for, or all, in the order of Sections()
+    std::vector<Section> sections;  // the requested ones or all, in the order of Sections()
 };
 
-// False for a word that is neither an option nor a section.
+// Returns false if an argument is neither an option nor a section.
 bool ReadOptions(int argc, char** argv, Options& options) {
     const std::vector<Section>& all = Sections();
-    std::vector<bool> asked(all.size());
+    std::vector<bool> requested(all.size());
     for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        const auto is_word = [&](const Section& section) { return word == section.name; };
-        const auto found = std::find_if(all.begin(), all.end(), is_word);
-        if (word == "--json" || word == "--prometheus") {
-            options.prometheus = word == "--prometheus";
+        const std::string argument = argv[i];
+        const auto has_name = [&](const Section& section) { return argument == section.name; };
+        const auto found = std::find_if(all.begin(), all.end(), has_name);
+        if (argument == "--json" || argument == "--prometheus") {
+            options.prometheus = argument == "--prometheus";
         } else if (found == all.end()) {
             return false;
         } else {
-            asked[static_cast<size_t>(found - all.begin())] = true;
+            requested[static_cast<size_t>(found - all.begin())] = true;
         }
     }
-    const bool any = std::find(asked.begin(), asked.end(), true) != asked.end();
+    const bool any = std::find(requested.begin(), requested.end(), true) != requested.end();
     for (size_t i = 0; i < all.size(); ++i) {
-        if (asked[i] || !any) options.sections.push_back(all[i]);
+        if (requested[i] || !any) options.sections.push_back(all[i]);
     }
     return true;
 }
@@ -54,7 +57,7 @@ void PrintUsage() {
                  names.c_str());
 }
 
-// Finds out what some sections need and don't ask for themselves.
+// Opens the devices and fills the state that the sections use.
 void StartUp() {
     OpenAvailableDevices();
     FindEmbeddedNics();
@@ -72,8 +75,8 @@ Json Export(const Options& options) {
     return document;
 }
 
-// Ends the process as the handler at the end of main() does. The JSON library's destructors allocate memory
-// and can't throw, so the exception doesn't get there if memory runs out in one of them.
+// Ends the process as the catch block of main() does. The JSON library's destructors allocate memory and
+// can't throw, so if memory runs out in one of them, std::terminate is called instead.
 [[noreturn]] void EndWithoutMemory() {
     std::fprintf(stderr, "%s: out of memory\n", kProgram);
     _exit(1);

@@ -9,24 +9,24 @@
 
 namespace {
 
-// Labels are members of the entry that the value is of.
+// Members of an entry, which become the labels of its sample.
 struct Labels {
     const char* member[3];
 };
 constexpr Labels kNone = {};
 constexpr Labels kByNumber = {{"number"}};
-constexpr Labels kByPlace = {{"number", "location"}};
+constexpr Labels kByLocation = {{"number", "location"}};
 constexpr Labels kBySocket = {{"cartridge", "module"}};
 
-// One metric: a member of a section or, where the section is a list, of each of its entries.
+// A metric: a member of a section, or of each entry if the section is a list.
 struct Metric {
     const char* name;
     const char* help;
     const char* section;
     Labels labels;
-    const char* member = nullptr;  // null: the value is 1, and what is to be told stands in the labels
-    double factor = 1;             // of a number; true is 1
-    const char* word = nullptr;    // of a text: the value is 1 for this one, else 0
+    const char* member = nullptr;  // null: the value is 1, and the labels contain the information
+    double factor = 1;             // the number, or 1 for true, is multiplied by it
+    const char* word = nullptr;    // the value is 1 if the member is this string, else 0
 };
 
 constexpr double kMebibyte = 1024 * 1024;
@@ -59,18 +59,18 @@ constexpr Metric kMetrics[] = {
      "nics", {{"number", "mac_address", "boot"}}},
 
     {"brant_fan_present", "Whether a fan is there.",
-     "fans", kByPlace, "present"},
+     "fans", kByLocation, "present"},
     {"brant_fan_failed", "Whether a fan has failed.",
-     "fans", kByPlace, "failed"},
+     "fans", kByLocation, "failed"},
     {"brant_fan_redundant", "Whether a fan's group is redundant.",
-     "fans", kByPlace, "redundant"},
+     "fans", kByLocation, "redundant"},
     {"brant_fan_speed_ratio", "Speed of a fan, of its highest.",
-     "fans", kByPlace, "speed_percent", kPercent},
+     "fans", kByLocation, "speed_percent", kPercent},
 
     {"brant_temperature_celsius", "Reading of a temperature sensor.",
-     "temperatures", kByPlace, "temperature_celsius"},
+     "temperatures", kByLocation, "temperature_celsius"},
     {"brant_temperature_threshold_celsius", "Threshold of a temperature sensor.",
-     "temperatures", kByPlace, "threshold_celsius"},
+     "temperatures", kByLocation, "threshold_celsius"},
 
     {"brant_power_supply_present", "Whether a power supply is there.",
      "power_supplies", kByNumber, "present"},
@@ -113,7 +113,7 @@ std::string LabelValue(const Json& value) {
     return value.is_string() ? Escaped(value.get<std::string>()) : value.dump();
 }
 
-// name{key="value",...} number
+// Formats a line: name{key="value",...} number
 std::string Sample(const char* name, const std::string& labels, double value) {
     char number[32];
     std::snprintf(number, sizeof number, " %.15g\n", value);
@@ -138,7 +138,7 @@ double ValueOf(const Metric& metric, const Json& value) {
     return (value.is_boolean() ? int{value.get<bool>()} : value.get<double>()) * metric.factor;
 }
 
-// Whether there is anything to be told of an entry.
+// Returns whether the entry has a sample: its member or, without a member, one of its labels isn't null.
 bool IsKnown(const Metric& metric, const Json& entry) {
     if (metric.member != nullptr) return !entry[metric.member].is_null();
     const auto& members = metric.labels.member;
@@ -147,10 +147,10 @@ bool IsKnown(const Metric& metric, const Json& entry) {
 }
 
 std::string SamplesOf(const Metric& metric, const Json& section) {
-    // Prometheus rejects a text with two samples of the same labels. The lower value wins, so that of two
-    // modules that claim one socket the failed one is reported.
+    // Prometheus rejects two samples with the same labels, so only the one with the lower value is printed.
+    // If two memory modules have the same socket number, this reports the failed one.
     std::vector<std::pair<std::string, double>> samples;
-    std::unordered_map<std::string, size_t> index;  // of each label text in samples
+    std::unordered_map<std::string, size_t> index;  // from the labels to the index in `samples`
     const Json entries = section.is_object() ? Json::array({section}) : section;
     for (const Json& entry : entries) {
         if (!IsKnown(metric, entry)) continue;
@@ -175,14 +175,14 @@ bool HasErrorOf(const Json& document, const char* section) {
                        [&](const Json& error) { return error["section"] == section; });
 }
 
-// A metric with its samples; nothing when it has none.
+// Returns the lines of a metric, or an empty string if it has no samples.
 std::string Block(const char* name, const char* help, const std::string& samples) {
     if (samples.empty()) return "";
     const std::string help_line = std::string("# HELP ") + name + " " + help + '\n';
     return help_line + "# TYPE " + name + " gauge" + '\n' + samples;
 }
 
-// For each of the words, how many of a list's entries have it as a member.
+// Returns a sample for each of `words`: how many entries of `list` have it as the value of `member`.
 std::string Counts(const char* name, const Json& list, const char* member,
                    const std::vector<std::string>& words) {
     std::string samples;
@@ -205,7 +205,7 @@ std::string PrometheusText(const Json& document) {
             if (name == metric.section) text += Block(metric.name, metric.help, SamplesOf(metric, section));
         }
     }
-    // What a log that was read in part holds would look like new entries once it is read whole.
+    // If the log could be read only in part, the next complete reading would look like many new events.
     if (document.contains("events") && !HasErrorOf(document, "events")) {
         text += Block("brant_events", "Entries of the event log.",
                       Counts("brant_events", document["events"], "severity",
@@ -214,5 +214,5 @@ std::string PrometheusText(const Json& document) {
     return text +
            Block("brant_read_errors", "What could not be read of a section.",
                  Counts("brant_read_errors", document["errors"], "section", sections)) +
-           "# EOF\n";  // a comment, by which a text that was cut off can be told
+           "# EOF\n";  // a comment that shows that the text is complete
 }

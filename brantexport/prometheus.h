@@ -1,10 +1,11 @@
+// The exported document in Prometheus's text format.
 #pragma once
 
 #include <string>
 
 #include "brantexport/document.h"
 
-// The exported values as Prometheus's text format has them: gauges with labels.
-// document: what is exported as JSON, sections and errors. A value that is null has no sample, and neither
-// have the entries of an event log that couldn't be read to its end. The last line is "# EOF".
+// Converts the values of `document`, which contains sections and errors, to gauges with labels. A null value
+// has no sample. If the event log could not be read to its end, its entries are not counted. The last line is
+// "# EOF".
 std::string PrometheusText(const Json& document);

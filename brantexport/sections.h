@@ -7,10 +7,10 @@
 
 struct Section {
     const char* name;
-    // The section's value. What can't be read is null in it, and an error. What the machine doesn't have is
-    // an empty list, what nobody tells null.
+    // Returns the section's value. A value that can't be read is null and adds an error. A value that neither
+    // the driver nor the firmware has is null. If the server has no such parts, a list is empty.
     Json (*read)(Errors& errors);
 };
 
-// All of them, in the order in which they are written.
+// Returns all sections, in the order in which they are printed.
 const std::vector<Section>& Sections();

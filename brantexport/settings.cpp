@@ -1,4 +1,3 @@
-// The firmware's settings, and the versions of its components.
 #include "brantexport/settings.h"
 
 #include "cli/misc-commands/asset_name.h"

@@ -1,4 +1,4 @@
-// The firmware's settings, and the versions of its components.
+// The sections of the firmware's settings and of the versions of its components.
 #pragma once
 
 #include "brantexport/document.h"

@@ -1,27 +1,27 @@
-// The data tables of the health driver: the request block that asks for a record of a table, and the
-// descriptor record that every fan, temperature sensor and power supply has. Little-endian, as the driver
-// has them; bit fields are numbered from the least significant bit.
+// The data tables of the health driver: the block of a request for a record, and the common feature record,
+// which every fan, temperature sensor and power supply has. All are little-endian; bit fields start at the
+// least significant bit.
 //
-// Each record of a table, here and in its family's header, has a pointer type, P and the record's name. It
-// belongs to the interface for code that works with generic_dtioctl's buffers; Reply does without.
+// Each record of a table, here and in its family's header, has a pointer type: P and the record's name. These
+// types are for code that uses generic_dtioctl without Reply.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-constexpr int kDataTableRequest = 69;  // the cdt device's one request code
+constexpr int kDataTableRequest = 69;  // the only request code of the cdt device
 
-// The number of a data table, DT_IOCTL_HEADER::DT_Type. Each stands beside the record that it returns, in
-// the header of its family.
+// The number of a data table, DT_IOCTL_HEADER::DT_Type. The numbers are in the headers of the families, next
+// to the records of the tables.
 using DataTableType = uint16_t;
 
 struct DT_IOCTL_HEADER {
-    uint32_t size;           // bytes of the reply buffer: the size of the record asked for
-    DataTableType DT_Type;   // which table
-    uint8_t Index;           // fan, sensor, supply or cartridge, from 0; 255 where -1 is meant
-    uint8_t Index2;          // module within a cartridge; 0 elsewhere
-    uint8_t CRUFunction;     // of an indicator request, see health_records.h; else 0
-    uint8_t CRUSubfunction;  // likewise
+    uint32_t size;           // size of the reply buffer, which is that of the requested record
+    DataTableType DT_Type;   // the table
+    uint8_t Index;           // of the fan, sensor, supply or cartridge, from 0; 255 for -1
+    uint8_t Index2;          // of the module in a cartridge; 0 for other tables
+    uint8_t CRUFunction;     // see health_records.h; 0 except in indicator requests
+    uint8_t CRUSubfunction;  // as CRUFunction
     uint8_t pad[2];
 };
 static_assert(sizeof(DT_IOCTL_HEADER) == 12 && offsetof(DT_IOCTL_HEADER, DT_Type) == 4 &&
@@ -32,10 +32,10 @@ static_assert(sizeof(DT_IOCTL_HEADER) == 12 && offsetof(DT_IOCTL_HEADER, DT_Type
 
 struct DT_IOCTL {
     DT_IOCTL_HEADER DtHdr;
-    void* pData;  // the caller's reply buffer, DtHdr.size bytes; as wide as an address
+    void* pData;  // the caller's reply buffer of DtHdr.size bytes
 };
 static_assert(sizeof(void*) != 4 || (sizeof(DT_IOCTL) == 16 && offsetof(DT_IOCTL, pData) == 12),
-              "the server's own ABI: 16 bytes");
+              "as the driver has it on the server, which is a 32-bit system");
 
 #pragma pack(push, 1)
 
@@ -60,7 +60,7 @@ union FEATURE_STATE_FLAGS {
     } s1;
 };
 
-enum ZoneType : uint8_t {  // where in the chassis a device sits
+enum ZoneType : uint8_t {  // a device's location in the chassis
     kSystemZone = 0,
     kSystemBoardZone = 1,
     kIoZone = 2,
@@ -79,8 +79,8 @@ enum ZoneType : uint8_t {  // where in the chassis a device sits
 union LOCATIONDESIGNATOR {
     uint16_t usLocation;
     struct {
-        uint16_t bits_ZoneType : 5;            // a ZoneType, or another
-        uint16_t bits_InstanceOfZoneType : 5;  // of the processor zone: the processor's number
+        uint16_t bits_ZoneType : 5;            // a ZoneType or an undefined value
+        uint16_t bits_InstanceOfZoneType : 5;  // in the processor zone: the number of the processor
         uint16_t bit_ExternalAccess : 1;
         uint16_t bits_Reserved : 5;
     } s1;
@@ -112,7 +112,7 @@ union FEATUREREACTION {
 };
 
 struct COMMONFEATUREINFO {
-    uint8_t ucDataAvailable;  // nonzero: the rest holds data
+    uint8_t ucDataAvailable;  // nonzero: the other members are valid
     DEVICE_STATE_FLAGS DeviceState;
     FEATURE_STATE_FLAGS FeatureState;
     uint8_t ucId;

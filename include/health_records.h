@@ -1,5 +1,5 @@
-// The driver's records of fans, temperature sensors, power supplies and indicator lights, and the requests of
-// the recovery timer. Packed and little-endian, as the driver has them.
+// The driver's records of fans, temperature sensors, power supplies and indicator lights, and the requests
+// for the recovery timer. All records are packed and little-endian.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@
 // Fans.
 
 constexpr DataTableType kFanHeaderTable = 351;   // FANHEADER
-constexpr DataTableType kFanDataTable = 352;     // FANDDATA, which not every driver offers
+constexpr DataTableType kFanDataTable = 352;     // FANDDATA, which some drivers lack
 constexpr DataTableType kFanBasicTable = 353;    // FANBASIC
 constexpr DataTableType kFanFeatureTable = 356;  // COMMONFEATUREINFO
 
@@ -68,7 +68,7 @@ struct FANBASIC {
     uint8_t ucSpinTypeIsValid;
     uint8_t ucSpinType;
     uint8_t ucSpeedStateIsValid;
-    uint8_t ucSpeedState;  // a FanSpeed, or another
+    uint8_t ucSpeedState;  // a FanSpeed or an undefined value
     uint8_t ucSpeedPctIsValid;
     uint8_t ucSpeedPct;  // percent of maximum
     REDUNDANCYGROUPINFO SharedRedGroup;
@@ -86,13 +86,13 @@ constexpr DataTableType kTemperatureHeaderTable = 251;   // TEMPERATUREHEADER
 constexpr DataTableType kTemperatureNumbersTable = 254;  // TEMPERATURENUMBERS
 constexpr DataTableType kTemperatureFeatureTable = 256;  // COMMONFEATUREINFO
 
-// A sensor's kind, COMMONFEATUREINFO::ucTypeOf.
+// The kind of a sensor, COMMONFEATUREINFO::ucTypeOf.
 enum SensorKind : uint8_t {
     kBasicSensor = 1,
     kTc610 = 2,
     kTc620 = 3,
     kLm75 = 4,
-    kMax1617 = 5,  // the only kind that knows whether it is present
+    kMax1617 = 5,  // the only kind that reports whether it is present
 };
 
 #pragma pack(push, 1)
@@ -107,9 +107,9 @@ static_assert(sizeof(TEMPERATUREHEADER) == 3, "as the driver has it");
 
 struct TEMPERATURENUMBERS {  // degrees Celsius, 0 to 255
     uint8_t ucDataAvailable;
-    uint8_t ucTemperatureIsValid;  // nonzero: there is a reading
+    uint8_t ucTemperatureIsValid;  // nonzero: ucCelciusTemperature is valid
     uint8_t ucCelciusTemperature;
-    uint8_t ucThresholdIsValid;  // nonzero: there is a threshold
+    uint8_t ucThresholdIsValid;  // nonzero: ucCelciusThreshold is valid
     uint8_t ucCelciusThreshold;
     uint8_t ucPrevTempIsValid;
     uint8_t ucPrevTemperature;
@@ -123,7 +123,7 @@ static_assert(sizeof(TEMPERATURENUMBERS) == 7 && offsetof(TEMPERATURENUMBERS, uc
 // Power supplies.
 
 constexpr DataTableType kSupplyHeaderTable = 151;   // POWERSUPPLYHEADER
-constexpr DataTableType kSupplyNumbersTable = 158;  // POWERSUPPLYNUMBERS, which not every driver offers
+constexpr DataTableType kSupplyNumbersTable = 158;  // POWERSUPPLYNUMBERS, which some drivers lack
 constexpr DataTableType kSupplyBasicTable = 159;    // POWERSUPPLYBASIC
 constexpr DataTableType kSupplyFeatureTable = 162;  // COMMONFEATUREINFO
 
@@ -170,9 +170,9 @@ static_assert(sizeof(POWERSUPPLYBASIC) == 3 && offsetof(POWERSUPPLYBASIC, PsDesc
 // Indicator lights.
 
 constexpr DataTableType kIndicatorHeaderTable = 1500;   // INDCHEADER
-constexpr DataTableType kIndicatorControlTable = 1503;  // INDCBASIC; its request carries a control function
+constexpr DataTableType kIndicatorControlTable = 1503;  // INDCBASIC; the request contains a control function
 
-// DT_IOCTL_HEADER's control function and its subfunctions.
+// The values of CRUFunction and CRUSubfunction in DT_IOCTL_HEADER.
 constexpr uint8_t kIndicatorControl = 1;
 enum IndicatorSubfunction : uint8_t { kTurnOn = 1, kTurnOff = 2, kReportState = 4 };
 
@@ -215,9 +215,10 @@ static_assert(sizeof(INDCBASIC) == 5 && offsetof(INDCBASIC, ucCurrState) == 1 &&
 
 #pragma pack(pop)
 
-// The automatic server recovery timer: the casr device's requests. Its timeout is a ROM variable.
+// The requests of the casr device, which contains the automatic server recovery timer. The timer's timeout is
+// a ROM variable.
 enum AsrRequest : int {
-    kDisableTimer = 3,  // no block
-    kEnableTimer = 4,   // no block
-    kTimerState = 6,    // int32_t, filled: nonzero when the timer runs
+    kDisableTimer = 3,  // without a block
+    kEnableTimer = 4,   // without a block
+    kTimerState = 6,    // sets an int32_t: nonzero if the timer is enabled
 };

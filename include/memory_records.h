@@ -1,4 +1,4 @@
-// The driver's data tables about memory modules. Packed and little-endian, as the driver has them.
+// The driver's data tables of memory modules. All records are packed and little-endian.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@ constexpr DataTableType kCartridgeTable = 1702;     // RESMEM_CARTRIDGE_CONFIG
 constexpr DataTableType kModuleConfigTable = 1706;  // RESMEM_DIMM_CONFIG
 constexpr DataTableType kModuleStatusTable = 1707;  // RESMEM_DIMM_STATUS
 
-// Memory on the system board is addressed as one more cartridge, 255 in the request's byte.
+// The cartridge number of the memory on the system board, which is 255 in the request's byte.
 constexpr int kSystemBoardCartridge = -1;
 
 #pragma pack(push, 1)
@@ -76,7 +76,7 @@ static_assert(sizeof(CartridgePrefix) == 108 &&
                   offsetof(CartridgePrefix, partName) == offsetof(RESMEM_CARTRIDGE_CONFIG, partName),
               "a prefix of the record");
 
-struct KEY_DIMM_SDRAM {  // the bytes of the module's presence-detect data that tell modules apart
+struct KEY_DIMM_SDRAM {  // the bytes of the module's presence-detect (SPD) data that identify it
     uint8_t ucSpdByte2;
     uint8_t ucSpdByte3;
     uint8_t ucSpdByte4;
@@ -122,8 +122,8 @@ static_assert(sizeof(RESMEM_DIMM_INFO) == 366 && offsetof(RESMEM_DIMM_INFO, ulFo
               "as the driver has it");
 
 struct RESMEM_DIMM_CONFIG {
-    uint32_t ulCartID;    // as the cartridge is labelled
-    uint32_t ulModuleID;  // as the socket is labelled
+    uint32_t ulCartID;    // the number on the cartridge's label
+    uint32_t ulModuleID;  // the number on the socket's label
     uint32_t ulNumLEDs;
     uint32_t ulPresent;  // 0: an empty socket
     RESMEM_DIMM_INFO dimmInfo;
@@ -145,7 +145,7 @@ struct RESMEM_DIMM_STATUS {
     uint32_t ulCartID;
     uint32_t ulModuleID;
     uint32_t ulBankID;
-    uint32_t ulStatus;  // 2: in order; the others that are known: 5 to 9
+    uint32_t ulStatus;  // 2: ok; 5 to 9: defined errors
     uint32_t reserved[8];
     uint32_t ulNumLEDEntry;
     RESMEM_LED_STATUS LEDStatus[1];

@@ -1,6 +1,6 @@
-// The named, non-volatile ROM variables in which the firmware keeps its settings: the request block that
-// reads or writes one, and the record of each. Little-endian, packed, as the firmware has them; bit fields
-// are numbered from the least significant bit.
+// The named, non-volatile ROM variables in which the firmware stores its settings: the block of a request to
+// read or write a variable, and the record of each variable. All are little-endian and packed; bit fields
+// start at the least significant bit.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 enum RomRequest : int { kReadVariable = 1, kWriteVariable = 2 };  // the crom device's request codes
 
 struct EV_IOCTL_STRUCT {
-    char EvName[256];     // ASCII, zero-terminated, the rest zero
+    char EvName[256];     // ASCII, filled with NULs
     uint32_t Number;      // always 0
     uint32_t DataLength;  // bytes to read or write, at most 256
     uint8_t DataBuffer[256];
@@ -17,8 +17,8 @@ struct EV_IOCTL_STRUCT {
 static_assert(sizeof(EV_IOCTL_STRUCT) == 520 && offsetof(EV_IOCTL_STRUCT, DataBuffer) == 264,
               "as the driver has it");
 
-// The variables' names, each with its record.
-constexpr char kNicAddressVariable[] = "ZTHMAC";     // eight entries of 8 bytes, see zthmac
+// The names of the variables. The comments name their records.
+constexpr char kNicAddressVariable[] = "ZTHMAC";     // smbios_nic[8], see zthmac
 constexpr char kAsrVariable[] = "ZTHCPR";            // ASREVSTRUCT
 constexpr char kAssetVariable[] = "ZTSCAT";          // AssetText
 constexpr char kShutdownVariable[] = "ZTHCSM";       // CSMEVSTRUCT
@@ -47,12 +47,12 @@ static_assert(sizeof(ASREVSTRUCT) == 8 && offsetof(ASREVSTRUCT, ucTimeoutValue) 
               "as the firmware has it");
 
 struct AssetText {
-    char asset_text[255];  // zero-filled; a text that fills it has no terminator
+    char asset_text[255];  // filled with NULs; a text of 255 characters has no terminator
 };
 static_assert(sizeof(AssetText) == 255, "as the firmware has it");
 
 struct CSMEVSTRUCT {
-    uint8_t ucEAAshutdown;  // bit 0: shut down by itself when the environment is abnormal (EAAS)
+    uint8_t ucEAAshutdown;  // bit 0: automatic shutdown in an abnormal environment (EAAS)
     uint8_t ucaRomDate[3];
     uint8_t ucRecoveryConf;
     uint8_t ucEAASShutdown;
@@ -61,7 +61,7 @@ struct CSMEVSTRUCT {
 static_assert(sizeof(CSMEVSTRUCT) == 7 && offsetof(CSMEVSTRUCT, ucRecoveryConf) == 4,
               "as the firmware has it");
 
-// The name stands in two halves, each with a terminator of its own. What a half doesn't fill is zero.
+// The name consists of two halves, each filled with NULs and with its own terminator.
 constexpr int kServerNameHalf = 14;  // characters
 struct ServerName {
     char zthls1[2 * (kServerNameHalf + 1)];
@@ -79,7 +79,7 @@ enum BootDevice : uint8_t {
 };
 
 struct ZTHIPLSTRUCT {       // the standard boot order
-    uint8_t ucPriority[8];  // as many entries count as there are devices installed
+    uint8_t ucPriority[8];  // BootDevice codes; only the first entries are used, one per installed device
 };
 static_assert(sizeof(ZTHIPLSTRUCT) == 8, "as the firmware has it");
 
@@ -93,7 +93,7 @@ enum BootOnce : uint8_t {
     kBootOnceFloppy = 1,
     kBootOnceCdrom = 2,
     kBootOnceHdd = 3,
-    kBootOnceKonf = 0x30,  // the ROM's setup utility
+    kBootOnceKonf = 0x30,  // the setup utility in the ROM
     kBootOncePxe = 0x40,
 };
 
@@ -112,12 +112,12 @@ static_assert(sizeof(ZTTBT1STRUCT) == 2 && offsetof(ZTTBT1STRUCT, flags) == 1, "
 enum NicBoot : uint8_t { kNicBootNone = 0, kNicBootPxe = 1, kNicBootIscsi = 2 };
 
 struct NicBootSettings {
-    uint8_t nic[100];  // a NicBoot each, NIC 1 first; the firmware keeps as many as it has NICs
+    uint8_t nic[100];  // NicBoot codes, starting with NIC 1; the firmware stores one per NIC
 };
 static_assert(sizeof(NicBootSettings) == 100, "the longest read");
 
-struct NicPxeFlags {  // the older form of the NIC settings
-    uint8_t nics;     // bit i, of the lowest five: NIC i+1 boots by PXE
+struct NicPxeFlags {  // the NIC settings of older firmware
+    uint8_t nics;     // bit i, from 0 to 4: NIC i+1 boots by PXE
     uint8_t reserved[9];
 };
 static_assert(sizeof(NicPxeFlags) == 10, "as the firmware has it");
@@ -129,7 +129,7 @@ enum Uart : uint8_t { kUartCom1 = 1, kUartCom2 = 2, kUartCom3 = 3, kUartCom4 = 4
 union SERIALPORT {  // an embedded serial port
     uint8_t ucData;
     struct {
-        uint8_t bits_UART : 3;  // a Uart, or another
+        uint8_t bits_UART : 3;  // a Uart or an undefined value
         uint8_t reserved_1 : 1;
         uint8_t bits_IRQ : 4;
     } s;
@@ -169,7 +169,7 @@ struct WOLEVREC {  // the system configuration, shared by several commands
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_WOL : 2;  // a WakeOnLan, or another
+            uint8_t bits_WOL : 2;  // a WakeOnLan or an undefined value
             uint8_t bits_PCIUSB : 2;
             uint8_t bits_KONF : 2;
             uint8_t bit_OptRom : 1;
@@ -209,7 +209,7 @@ struct WOLEVREC {  // the system configuration, shared by several commands
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_UART1 : 3;  // a Uart, or another
+            uint8_t bits_UART1 : 3;  // a Uart or an undefined value
             uint8_t reserved : 1;
             uint8_t bits_IRQ : 4;
         } s;
@@ -249,18 +249,18 @@ enum BiosPortCode : uint8_t {  // there is no 3
 };
 
 struct BiosPort {  // the serial port of the BIOS console
-    uint8_t port;  // a BiosPortCode, or another
+    uint8_t port;  // a BiosPortCode or an undefined value
     uint8_t unused;
 };
 static_assert(sizeof(BiosPort) == 2, "as the firmware has it");
 
 enum BiosBaudRate : uint8_t { kBaud9600 = 1, kBaud19200 = 2, kBaud57600 = 3, kBaud115200 = 4 };
 
-struct BiosBaud {  // the rate of that port
+struct BiosBaud {  // the baud rate of the BIOS console
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_Rate : 3;  // a BiosBaudRate, or another
+            uint8_t bits_Rate : 3;  // a BiosBaudRate or an undefined value
             uint8_t reserved : 5;
         } s;
     } baud;
@@ -274,7 +274,7 @@ struct VERSION {
     uint8_t revision;
 };
 
-struct VERSEVREC {  // the firmware's components: the version it came with, and the one it has now
+struct VERSEVREC {  // the firmware's components: the delivered and the current version of each
     VERSION tz_baseline, tz_current;
     VERSION vetro_baseline, vetro_current;
     VERSION flasko_baseline, flasko_current;

@@ -1,26 +1,26 @@
-// The SMBIOS tables as the firmware lays them out: the 32-bit entry point, the header that every record
-// begins with, and for each type of record the fields that the program reads. Format: DMTF DSP0134 (System
-// Management BIOS), and the maker's own record types. Packed, little-endian, lengths in bytes.
+// The layout of the SMBIOS tables: the 32-bit entry point, the header of a record, and the fields of each
+// record type that the program reads. The format is DMTF DSP0134 (System Management BIOS) with OEM
+// (vendor-specific) record types. All structures are packed and little-endian; lengths are in bytes.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-// A field of a type of record, Layout: where it stands, and what it reads as in a record too short for it. It
-// can't be read from a record of another type.
+// A field of the record type `Layout`: its offset, and its value in a record that is too short for it. The
+// field of one record type can't be read from a record of another type.
 template <typename Layout, typename Unsigned>
 struct SmbField {
     size_t offset;
     Unsigned missing = 0;
 };
 
-// A field of one byte that names one of the record's strings.
+// A one-byte field that contains the number of one of the record's strings.
 template <typename Layout>
 struct SmbString {
     size_t offset;
 };
 
-// Entries of single bytes or of bit fields within bytes, from an offset on.
+// An array that starts at `offset`. Its entries consist of single bytes and bit fields.
 template <typename Layout, typename Entry>
 struct SmbArray {
     size_t offset;
@@ -36,13 +36,13 @@ struct SMBIOSEntryPoint {  // on a 16-byte boundary of the BIOS area
     uint8_t byEPSLength;
     uint8_t byMajorVer;
     uint8_t byMinorVer;
-    uint16_t wMaxStructSize;  // of the largest record, its strings included
+    uint16_t wMaxStructSize;  // of the largest record, including its strings
     uint8_t byRevision;
     uint8_t abyReserved[5];
     char sIntermediateAnchor[5];
-    uint8_t byIntermediateChecksum;  // makes the sum from the intermediate anchor on 0
-    uint16_t wSTLength;              // of all records together
-    uint32_t dwSTAddr;               // their physical address
+    uint8_t byIntermediateChecksum;  // makes the sum of the bytes from the intermediate anchor to the end 0
+    uint16_t wSTLength;              // total length of all records
+    uint32_t dwSTAddr;               // physical address of the records
     uint16_t wNumStructures;
     uint8_t byBCDRevision;
 };
@@ -54,16 +54,17 @@ static_assert(sizeof(SMBIOSEntryPoint) == 31 && offsetof(SMBIOSEntryPoint, sInte
 constexpr char kEntryPointAnchor[] = "_SM_";
 constexpr char kIntermediateAnchor[] = "_DMI_";
 
-// A record is its formatted area, which begins with this header, and its string set: its strings, each with a
-// terminating zero, and one more zero; two zeros when it has none. Fields name strings by number, from 1.
+// A record consists of its formatted area, which begins with this header, and its string set: NUL-terminated
+// strings followed by a NUL, or two NULs if there are no strings. Fields contain the number of a string, from
+// 1.
 struct SMBIOS_HEADER {
     uint8_t byType;
-    uint8_t byLength;  // of the formatted area, header included
+    uint8_t byLength;  // of the formatted area, including this header
     uint16_t wHandle;
 };
 static_assert(sizeof(SMBIOS_HEADER) == 4, "as the firmware has it");
 
-// The maker's records. One in the tables may be shorter than its structure here.
+// The OEM records. A record in the tables may be shorter than its structure here.
 
 struct ZTSMBIOS_ZET_PROC_INFO {  // one for each processor
     static constexpr uint8_t kType = 197;
@@ -89,23 +90,23 @@ struct ZTSMBIOS_ZET_DIMM_LOCATION_INFO {  // one for each memory device
 };
 static_assert(sizeof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO) == 8, "as the firmware has it");
 
-struct ZTSMBIOS_ZET_RACK_INFO {  // a blade's place
+struct ZTSMBIOS_ZET_RACK_INFO {  // the location of a blade
     static constexpr uint8_t kType = 204;
     SMBIOS_HEADER header;
     uint8_t byRackName;
     uint8_t byEnclosureName;
     uint8_t byEnclosureModel;
-    uint8_t byEnclosureBay;  // a string, the bay's decimal number
+    uint8_t byEnclosureBay;  // number of a string, which is the bay's decimal number
     uint8_t byTotalEnclosureBays;
     uint8_t byUsedEnclosureBays;
 };
 static_assert(sizeof(ZTSMBIOS_ZET_RACK_INFO) == 10 && offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureBay) == 7,
               "as the firmware has it");
 
-struct smbios_nic {      // an embedded NIC; IsEmpty: there is none in its place
+struct smbios_nic {      // an embedded NIC; an entry for which IsEmpty() is true isn't used
     uint8_t nic_devfcn;  // PCI device and function
     uint8_t nic_bus;
-    uint8_t nic_mac[6];  // first byte first
+    uint8_t nic_mac[6];  // in the order in which it is printed
 };
 static_assert(sizeof(smbios_nic) == 8, "as the firmware has it");
 constexpr bool IsEmpty(const smbios_nic& nic) {
@@ -115,7 +116,7 @@ constexpr bool IsEmpty(const smbios_nic& nic) {
 struct smbios_nic_table {  // the embedded NICs
     static constexpr uint8_t kType = 209;
     uint8_t nic_type;
-    uint8_t nic_len;  // tells the number of entries
+    uint8_t nic_len;  // determines the number of entries
     uint16_t nic_handle;
     smbios_nic nic_nics[8];
 };
@@ -124,7 +125,7 @@ static_assert(sizeof(smbios_nic_table) == 68, "as the firmware has it");
 struct GBX_PORT_MAP {
     uint8_t mezzPortNumber : 2;
     uint8_t reserved1 : 2;
-    uint8_t connection : 4;  // 0: no port; 15: the system board; else the mezzanine slot
+    uint8_t connection : 4;  // 0: no port; 15: the system board; otherwise the mezzanine slot
     uint8_t portOffsetFromSVBBay : 5;
     uint8_t reserved2 : 2;
     uint8_t bayWidth : 1;
@@ -132,7 +133,7 @@ struct GBX_PORT_MAP {
 struct GBX_CONNECTOR_ENTRY {
     GBX_PORT_MAP PortMap[8];
 };
-struct SMBIOS_NIC_PORT_MAP_INFO {  // how a blade's NIC ports reach the enclosure's bays
+struct SMBIOS_NIC_PORT_MAP_INFO {  // which bays of the enclosure the blade's NIC ports are connected to
     static constexpr uint8_t kType = 222;
     SMBIOS_HEADER header;
     uint16_t wGbxTableVersion;
@@ -146,7 +147,7 @@ static_assert(sizeof(GBX_PORT_MAP) == 2 && sizeof(SMBIOS_NIC_PORT_MAP_INFO) == 7
 
 namespace smbios {
 
-// The standard records, by their type.
+// A standard record type, number `kNumber`.
 template <typename Layout, uint8_t kNumber>
 struct Standard {
     static constexpr uint8_t kType = kNumber;
@@ -169,29 +170,29 @@ struct Processor : Standard<Processor, 4> {
     static constexpr String kSocket = {4};
     static constexpr Field<uint8_t> kKind = {5};  // kCentral or another
     static constexpr Field<uint8_t> kFamily = {6};
-    static constexpr Field<uint32_t> kId = {8};              // its first word; bits 3..0 the stepping
+    static constexpr Field<uint32_t> kId = {8};              // its first 32 bits; bits 3..0: stepping
     static constexpr Field<uint16_t> kExternalClock = {18};  // MHz
     static constexpr Field<uint16_t> kCurrentSpeed = {22};   // MHz
-    static constexpr Field<uint8_t> kStatus = {24};          // bits 2..0 the state, kPopulated
+    static constexpr Field<uint8_t> kStatus = {24};          // bits 2..0: state; kPopulated
     static constexpr Field<uint16_t> kL2Cache = {28, kNoHandle};
     static constexpr Field<uint16_t> kL3Cache = {30, kNoHandle};
     static constexpr Field<uint8_t> kCoreCount = {35};
-    static constexpr Field<uint8_t> kThreadCount = {37};  // came together with the core count
+    static constexpr Field<uint8_t> kThreadCount = {37};  // added to the format together with kCoreCount
 
     static constexpr uint8_t kCentral = 3;
     static constexpr uint8_t kPopulated = 1 << 6;
 };
 
 struct Cache : Standard<Cache, 7> {
-    static constexpr Field<uint8_t> kConfiguration = {5};   // low byte; bits 2..0 the level, from 0
-    static constexpr Field<uint16_t> kInstalledSize = {9};  // KiB, or 64 KiB with kIn64KiB
+    static constexpr Field<uint8_t> kConfiguration = {5};   // low byte; bits 2..0: level, from 0
+    static constexpr Field<uint16_t> kInstalledSize = {9};  // in KiB, or 64 KiB if kIn64KiB is set
 
     static constexpr uint16_t kIn64KiB = 0x8000;
 };
 
 struct MemoryArray : Standard<MemoryArray, 16> {
     static constexpr Field<uint8_t> kUse = {5};
-    static constexpr Field<uint8_t> kErrorCorrection = {6};  // above kNone: parity, ECC or CRC
+    static constexpr Field<uint8_t> kErrorCorrection = {6};  // values above kNone: parity, ECC or CRC
 
     static constexpr uint8_t kSystemMemory = 3;
     static constexpr uint8_t kNone = 3;
@@ -199,16 +200,16 @@ struct MemoryArray : Standard<MemoryArray, 16> {
 
 struct MemoryDevice : Standard<MemoryDevice, 17> {
     static constexpr Field<uint16_t> kArray = {4, kNoHandle};
-    static constexpr Field<uint16_t> kSize = {12};  // MiB, or KiB with kInKiB; 0: empty
+    static constexpr Field<uint16_t> kSize = {12};  // in MiB, or in KiB if kInKiB is set; 0: empty
     static constexpr Field<uint8_t> kFormFactor = {14};
     static constexpr String kLocator = {16};
-    static constexpr Field<uint16_t> kTypeDetail = {19};  // a bit for each trait
+    static constexpr Field<uint16_t> kTypeDetail = {19};  // one bit per property
     static constexpr Field<uint16_t> kSpeed = {21};       // MHz; 0: unknown
 
     static constexpr uint16_t kInKiB = 0x8000;
 };
 
-// Fields of the maker's records.
+// Fields of the OEM records.
 constexpr SmbField<ZTSMBIOS_ZET_PROC_INFO, uint16_t> kType4Handle = {
     offsetof(ZTSMBIOS_ZET_PROC_INFO, wType4Handle), kNoHandle};
 constexpr SmbField<ZTSMBIOS_ZET_DIMM_LOCATION_INFO, uint16_t> kType17Handle = {
@@ -232,8 +233,8 @@ constexpr SmbArray<SMBIOS_NIC_PORT_MAP_INFO, GBX_CONNECTOR_ENTRY> kGbxConnectors
 constexpr unsigned int kBiosArea = 0xF0000;  // physical address
 constexpr unsigned int kBiosAreaSize = 0x10000;
 
-// The maker's signature, in the bytes before the reset vector; no terminator.
+// The manufacturer's signature in the bytes before the reset vector, without a terminator.
 constexpr char kRomSignature[] = "ZETRIX";
 constexpr size_t kRomSignatureSize = sizeof kRomSignature - 1;
-constexpr unsigned int kRomSignatureOffset = 0xFFEA;  // into the area
-static_assert(kRomSignatureOffset + kRomSignatureSize == 0xFFF0, "the reset vector");
+constexpr unsigned int kRomSignatureOffset = 0xFFEA;  // in the BIOS area
+static_assert(kRomSignatureOffset + kRomSignatureSize == 0xFFF0, "the reset vector follows the signature");

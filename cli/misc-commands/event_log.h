@@ -1,4 +1,4 @@
-// The firmware's event log.
+// The firmware's event log, which is read from the cevt device.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 #include "include/event_payloads.h"
 #include "src/utils/bytes.h"
 
-constexpr int kEventTextSize = 256;  // bytes of an event's text in a listing, the terminating zero included
+constexpr int kEventTextSize = 256;  // buffer size for an event's text in a listing
 
 // The buffer of a read: a LOG_INFO, then the entry. An entry with its strings is longer than EVT_LOG_ENTRY,
 // so it is kept as bytes.
@@ -36,10 +36,10 @@ inline PEVT_LOG_ENTRY EntryOf(uint8_t* buffer) {
     return reinterpret_cast<PEVT_LOG_ENTRY>(buffer + sizeof(LOG_INFO));
 }
 
-// "INFO", "REPAIRED", "CAUTION", "CRITICAL" or "UNKNOWN".
+// Returns "INFO", "REPAIRED", "CAUTION", "CRITICAL" or "UNKNOWN".
 const char* SeverityWord(uint8_t bSeverity);
 
-// What the listing calls a class of events; "Not defined" for one that it doesn't know.
+// Returns the name of a class of events, or "Not defined".
 const char* EventClassName(uint16_t wClass);
 
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.

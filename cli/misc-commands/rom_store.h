@@ -1,6 +1,6 @@
-// The store of ROM variables, by name, over the crom device. A command that changes a variable reads it into
-// a copy, changes the bits that it owns in the copy, and writes the copy's first bytes back. After a failed
-// read it writes nothing.
+// Reads and writes ROM variables through the crom device. A command that changes a variable reads it into a
+// copy, changes only its own bits of the copy, and writes the copy's leading bytes back. If the read fails,
+// it writes nothing.
 #pragma once
 
 #include <algorithm>
@@ -9,28 +9,28 @@
 
 #include "include/rom_variables.h"
 
-// Reads a variable. ev_name_string: at most 255 characters. return_buffer: length bytes, at most 256; left
-// as it was on failure. Result: 0, or 1 on failure. Prints nothing.
+// Reads the first `length` bytes, at most 256, of the variable named `ev_name_string`, at most 255
+// characters. Returns 0, or 1 with `return_buffer` unchanged on failure. Prints nothing.
 int get_ev(const char* ev_name_string, unsigned char* return_buffer, int length);
 
-// Writes the first length bytes of a variable, at most 256. Result: 0, or 1 on failure. Prints nothing.
+// Writes the first `length` bytes, at most 256, of a variable. Returns 0, or 1 on failure. Prints nothing.
 int set_ev(const char* ev_name_string, const unsigned char* buffer, int length);
 
-// A variable as one family of commands uses it: how many bytes of its record are asked for, and how many go
-// back. Both are the record's first.
+// A variable as a family of commands uses it: how many leading bytes of its record are read, and how many are
+// written.
 template <typename Record, size_t kRead = sizeof(Record), size_t kWritten = kRead>
 struct RomVariable {
     static_assert(std::is_trivially_copyable_v<Record> &&
                       sizeof(Record) <= sizeof EV_IOCTL_STRUCT::DataBuffer,
-                  "a variable is plain bytes, and one request carries all of them");
-    static_assert(kRead <= sizeof(Record), "the record has no room for what is read");
+                  "a variable is plain bytes, which fit into one request");
+    static_assert(kRead <= sizeof(Record), "more bytes would be read than the record has");
     static_assert(kWritten <= kRead, "bytes would be written that were not read");
 
     const char* name;
 };
 
-// The system configuration, which several commands share. All but those of hyper-threading leave its last
-// byte to the firmware.
+// The system configuration, which several commands share. Only the hyper-threading commands read and write
+// its last byte; the others leave it to the firmware.
 constexpr RomVariable<WOLEVREC, sizeof(WOLEVREC), offsetof(WOLEVREC, flags5)> kConfiguration = {
     kConfigurationVariable};
 constexpr RomVariable<WOLEVREC> kWholeConfiguration = {kConfigurationVariable};
