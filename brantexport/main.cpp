@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -88,7 +87,7 @@ int main(int argc, char** argv) try {
     if (!KeepStandardDescriptors()) return 1;
     const int output = MessagesToStandardError();
     if (output < 0) return 1;
-    std::signal(SIGPIPE, SIG_IGN);
+    IgnoreBrokenPipes();
     std::set_terminate(EndWithoutMemory);
     Options options;
     if (!ReadOptions(argc, argv, options)) {

@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdio>
 
 #include "cli/brantcli/command_table.h"
@@ -27,7 +26,7 @@ static_assert(sizeof kDashes - 1 == 74, "width of the banner");
 // Makes a write to a closed pipe fail instead of ending the process, and disables buffering of standard
 // input, because the line editor reads descriptor 0 directly.
 void PrepareStreams() {
-    std::signal(SIGPIPE, SIG_IGN);
+    IgnoreBrokenPipes();
     std::setvbuf(stdin, nullptr, _IONBF, 0);
     MakeOutputBlocking();
 }
