@@ -8,7 +8,7 @@
 
 namespace {
 
-using Samples = std::map<std::string, std::string>;  // value by name and labels
+using Samples = std::map<std::string, std::string>;  // name and labels -> value
 
 Samples SamplesOf(const std::string& metrics) {
     Samples samples;
@@ -62,9 +62,9 @@ Exported Export(const TestMachine& machine) {
     const RunResult json = RunProgram(program, {"--json"}, machine.Directory());
     const RunResult metrics = RunProgram(program, {"--prometheus"}, machine.Directory());
     Exported exported{Json::parse(json.output, nullptr, false), metrics.output, json.errors, json.status};
-    EXPECT_FALSE(exported.document.is_discarded()) << json.output;
+    EXPECT_FALSE(exported.document.is_discarded()) << "invalid JSON:\n" << json.output;
     const auto ascii = [](char letter) { return static_cast<unsigned char>(letter) < 0x80; };
-    EXPECT_TRUE(std::all_of(json.output.begin(), json.output.end(), ascii));
+    EXPECT_TRUE(std::all_of(json.output.begin(), json.output.end(), ascii)) << "not ASCII:\n" << json.output;
     EXPECT_EQ(json.status, exported.document.value("errors", Json()).empty() ? 0 : 1) << json.output;
     EXPECT_EQ(metrics.status, json.status);
     EXPECT_EQ(metrics.errors, json.errors);

@@ -16,13 +16,13 @@ struct Exported {
     int status = 0;
 };
 
-// Runs brantexport with --json and with --prometheus. Expects both to end in the same way, ASCII, and the
-// status to be 1 exactly if the document has errors.
+// Runs brantexport with --json and with --prometheus. Expects the same status and messages of both, ASCII
+// output, and a status of 1 if the document has errors, otherwise 0.
 Exported Export(const TestMachine& machine);
 
 // Returns how `now` differs from `before`, a line for each difference: a member's path and new value, a list
 // that has fewer entries, a new or changed sample, a metric that has fewer samples, standard error, status.
 std::string Difference(const Exported& before, const Exported& now);
 
-// Expects every document to be valid by the published schema.
+// Expects every document to match docs/brantexport.schema.json.
 void ExpectFits(const std::vector<Json>& documents);

@@ -1,4 +1,4 @@
-// Tests of runs in which requests fail, or in which files of the machine are missing.
+// Tests of brantexport if requests fail or files of the machine are missing.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace {
 
 struct Failure {
     const char* model;
-    const char* faults;  // lines of the machine's file
+    const char* faults;  // lines of the file `faults`
 };
 // clang-format off
 constexpr Failure kFailures[] = {
@@ -20,7 +20,7 @@ constexpr Failure kFailures[] = {
     {"tr500k2", "open cevt -13"},
     {"tr500k2", "open casr -13"},
     {"tr500k2", "open crom -13"},
-    {"tr500k2", "xsvc map 0x000e8000 -5"},  // the tables
+    {"tr500k2", "xsvc map 0x000e8000 -5"},  // mapping the SMBIOS tables
     {"tr300",   "xsvc map 0x000e8000 -5"},
     {"tr500k2", "picl initialize 1"},
     {"tr500k2", "cdt 351.0.0 1"},
@@ -36,7 +36,7 @@ constexpr Failure kFailures[] = {
     {"tr500k2", "cdt 1503.0.0 1"},
     {"tr500k2", "cdt 1700.0.0 1"},
     {"bx20",    "cdt 1702.255.0 1"},
-    {"tr500k2", "cdt 1706.0.0 1"},  // the firmware's tables replace the driver's
+    {"tr500k2", "cdt 1706.0.0 1"},  // the modules of the SMBIOS tables are exported
     {"tr500k2", "cdt 1706.1.4 1"},  // the listing ends there
     {"tr500k2", "cdt 1707.1.4 1"},
     {"tr500k2", "cdt 1706.0.0 1\nxsvc map 0x000e8000 -5"},
@@ -68,24 +68,25 @@ Exported ExportOf(const Model& model, const char* faults = nullptr) {
     return Export(machine);
 }
 
-// failures.txt contains for each failure the differences from a run without it: lost values, and the errors.
-TEST(FailedRequests, LoseTheirOwnValuesAndNothingElse) {
-    std::map<std::string, Exported> whole;
-    for (const Model& model : Models()) whole[model.name] = ExportOf(model);
+// failures.txt contains the differences between a run with each failure and a run without it: missing values,
+// and errors.
+TEST(FailedRequests, LoseOnlyTheirOwnValues) {
+    std::map<std::string, Exported> baseline;
+    for (const Model& model : Models()) baseline[model.name] = ExportOf(model);
     std::vector<Json> documents;
     std::string listing;
     for (const Failure& failure : kFailures) {
         const Exported exported = ExportOf(*FindModel(failure.model), failure.faults);
         listing += "---- " + std::string(failure.model) + ": " + failure.faults + "\n";
-        listing += Difference(whole[failure.model], exported);
+        listing += Difference(baseline[failure.model], exported);
         documents.push_back(exported.document);
     }
     ExpectGolden("brantexport/failures.txt", listing);
     ExpectFits(documents);
 }
 
-// The tables lack every record but that of the system.
-TEST(FailedRequests, MissingRecordsOfTheTables) {
+// The SMBIOS tables contain only the system record.
+TEST(FailedRequests, MissingSmbiosRecordsAreReported) {
     TestMachine machine("tr500k2");
     AddTables(machine, SmbiosTable().Add(SystemRecord("corvex", "X")));
     const Exported exported = Export(machine);
@@ -103,7 +104,7 @@ TEST(FailedRequests, MissingRecordsOfTheTables) {
 // In each of eight runs, every eighth file of the machine is missing or is a directory.
 class Damaged : public testing::TestWithParam<std::string> {};
 
-TEST_P(Damaged, MachinesAreExportedAsFarAsPossible) {
+TEST_P(Damaged, MachinesAreExported) {
     namespace fs = std::filesystem;
     constexpr size_t kRounds = 8;
     std::vector<Json> documents;

@@ -1,4 +1,4 @@
-// brantexport as a program: its arguments, its streams and its exit status.
+// Tests of the program brantexport: its arguments, its streams and its exit status.
 #include <gtest/gtest.h>
 
 #include "mkmachine/models.h"
@@ -12,13 +12,13 @@ constexpr char kUsage[] =
     "sections: system processors memory nics fans temperatures power_supplies uid asr settings versions "
     "events\n";
 
-struct WordsCase {
-    std::vector<std::string> words;
-    std::vector<std::string> sections;  // of the document, errors last; empty: the arguments are wrong
+struct ArgumentsCase {
+    std::vector<std::string> arguments;
+    std::vector<std::string> sections;  // of the document; empty if the arguments are invalid
 };
 
 TEST(Arguments, SelectSections) {
-    const WordsCase cases[] = {
+    const ArgumentsCase cases[] = {
         {{"uid", "--json", "fans", "uid"}, {"fans", "uid", "errors"}},
         {{"--prometheus", "--json", "versions"}, {"versions", "errors"}},
         {{"events", "system"}, {"system", "events", "errors"}},
@@ -29,18 +29,18 @@ TEST(Arguments, SelectSections) {
         {{"errors"}, {}},
     };
     TestMachine machine("bx20");
-    for (const WordsCase& c : cases) {
-        const RunResult run = RunProgram(ProgramPath("brantexport"), c.words, machine.Directory());
+    for (const ArgumentsCase& c : cases) {
+        const RunResult run = RunProgram(ProgramPath("brantexport"), c.arguments, machine.Directory());
         std::vector<std::string> sections;
         const Json document = run.output.empty() ? Json::object() : Json::parse(run.output);
         for (const auto& [name, section] : document.items()) sections.push_back(name);
-        EXPECT_EQ(sections, c.sections) << c.words[0];
-        EXPECT_EQ(run.errors, c.sections.empty() ? kUsage : "");
-        EXPECT_EQ(run.status, c.sections.empty() ? 2 : 0);
+        EXPECT_EQ(sections, c.sections) << c.arguments[0];
+        EXPECT_EQ(run.errors, c.sections.empty() ? kUsage : "") << c.arguments[0];
+        EXPECT_EQ(run.status, c.sections.empty() ? 2 : 0) << c.arguments[0];
     }
 }
 
-// A section that isn't asked for is neither read nor counted among the errors.
+// A section that isn't requested is not read, and its errors are not counted.
 TEST(Arguments, LimitTheRequestsAndTheErrors) {
     TestMachine machine("tr500k2");
     machine.Fault("cdt 351.0.0 1\ncdt 1503.0.0 1");
@@ -86,9 +86,8 @@ TEST(Program, EndsWithAMessageAndAStatus) {
         {"a full disk", "$P >/dev/full", "brantexport: No space left on device\n", 1},
         {"a full disk for metrics", "$P --prometheus uid >/dev/full",
          "brantexport: No space left on device\n", 1},
-        {"a file that ends early", "trap '' XFSZ; ulimit -f 8; $P >$D/out", "brantexport: File too large\n",
-         1},
-        {"a reader that ends", "{ $P; echo $? >$D/status; } | head -c 1 >/dev/null; exit $(cat $D/status)",
+        {"a file-size limit", "trap '' XFSZ; ulimit -f 8; $P >$D/out", "brantexport: File too large\n", 1},
+        {"a reader that exits", "{ $P; echo $? >$D/status; } | head -c 1 >/dev/null; exit $(cat $D/status)",
          "brantexport: Broken pipe\n", 1},
         {"no standard output", "$P >&-", "brantexport: Bad file descriptor\n", 1},
         {"no standard error", "$P uid >$D/uid 2>&-", "", 0},
@@ -109,8 +108,8 @@ TEST(Program, EndsWithAMessageAndAStatus) {
     EXPECT_EQ(parent.Read("out"), whole.substr(0, 8 * 512));
 }
 
-// Fails one allocation of a run: each of the first 30, later fewer. The output is a whole document, or a
-// message and status 1 report that it isn't.
+// Fails one allocation of each run: each of the first 30, then at growing intervals. Expects a complete
+// document, or a message and status 1.
 TEST(Program, SurvivesAFailedAllocation) {
     TestMachine machine("bx20");
     bool failed = true;
@@ -121,14 +120,16 @@ TEST(Program, SurvivesAFailedAllocation) {
             RunProgram(ProgramPath("brantexport_interposed"), {}, machine.Directory(), options);
         failed = run.errors.find("allocation failed\n") != run.errors.npos;
         if (failed && !Json::accept(run.output)) {
-            EXPECT_NE(run.errors.find("brantexport: "), run.errors.npos) << failing << run.errors;
-            EXPECT_EQ(run.status, 1) << failing;
+            EXPECT_NE(run.errors.find("brantexport: "), run.errors.npos)
+                << "no message after failed allocation " << failing << ":\n"
+                << run.errors;
+            EXPECT_EQ(run.status, 1) << "after failed allocation " << failing;
         }
-        EXPECT_LE(run.status, failed ? 1 : 0) << failing;
+        EXPECT_LE(run.status, failed ? 1 : 0) << "after failed allocation " << failing;
     }
 }
 
-TEST(Program, RunsOnTheServersOfItsLineOnly) {
+TEST(Program, RunsOnlyOnCorvexServers) {
     TestMachine machine;
     const std::pair<SmbiosRecord, std::string> cases[] = {
         {SystemRecord("Corvax", ""), ""},

@@ -1,5 +1,5 @@
-// Tests of the exported values. MODEL.json and MODEL.prom are golden files of whole outputs; values.txt
-// contains for each of the cases below the differences from the output of the model that the case changes.
+// Tests of the exported values. MODEL.json and MODEL.prom are golden files with the complete outputs of each
+// model. values.txt contains the differences between each of the cases below and the unchanged model tr500k2.
 #include <gtest/gtest.h>
 
 #include "include/event_log.h"
@@ -16,7 +16,7 @@ Number Code(int code) {
     return static_cast<Number>(code);
 }
 
-// Gives each member with a few known values the value k, or one that k selects.
+// Sets each member that contains a code to the code `k` or to one that depends on it.
 void SetCodes(Model& model, int k) {
     constexpr uint8_t kBootOnce[] = {0, 1, 2, 3, 0x30, 0x40, 4, 0xFF};
     const auto byte = static_cast<uint8_t>(k);
@@ -87,7 +87,7 @@ void LegacyRecords(Model& model) {
     model.supplies[1] = {kAbsent, false, LegacyRecord::Present};
 }
 
-// Has the driver report that it has no data, and the firmware that it knows no versions and no boot devices.
+// Makes the driver report that it has no data, and the firmware that it has no versions and no boot devices.
 void NoDataAvailable(TestMachine& machine) {
     machine.Table(kFanHeaderTable, 0, 0, FANHEADER{9, 0, 1, 9});
     machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{9, 0, 9});
@@ -115,7 +115,7 @@ void LargestNumbers(TestMachine& machine) {
     machine.Variable(kVersionsVariable, versions);
 }
 
-// Returns an entry of the log that consists of its header. Its code is 65535 - `number`.
+// Returns an entry of the log without payload, with the code 65535 - `number`.
 std::string Event(uint32_t number, uint8_t severity, uint16_t event_class, EVT_TIME_STAMP first,
                   EVT_TIME_STAMP last) {
     EVT_HEADER header = EventHeader(number, severity, event_class, static_cast<uint16_t>(65535 - number));
@@ -185,7 +185,7 @@ const Case kCases[] = {
     {"short texts", nullptr, ShortTexts},
 };
 
-// Exports a machine of a model with three events.
+// Exports a machine of `model` with three events in its log, after `change`.
 Exported ExportOf(const Model& model, void (*change)(TestMachine&) = nullptr) {
     TestMachine machine;
     MakeMachine(model, machine.Directory(), 3);
@@ -193,43 +193,42 @@ Exported ExportOf(const Model& model, void (*change)(TestMachine&) = nullptr) {
     return Export(machine);
 }
 
-TEST(ExportedValues, AreThoseOfTheMachine) {
-    const Exported usual = ExportOf(kTr500k2);
+TEST(ExportedValues, ChangeWithTheMachine) {
+    const Exported baseline = ExportOf(kTr500k2);
     std::vector<Json> documents;
     std::string listing;
     for (int k = 0; k < 8; ++k) {
         Model model = kTr500k2;
         SetCodes(model, k);
         const Exported exported = ExportOf(model);
-        listing += "---- codes " + std::to_string(k) + "\n" + Difference(usual, exported);
+        listing += "---- codes " + std::to_string(k) + "\n" + Difference(baseline, exported);
         documents.push_back(exported.document);
     }
     for (const Case& c : kCases) {
         Model model = kTr500k2;
         if (c.model != nullptr) c.model(model);
         const Exported exported = ExportOf(model, c.machine);
-        listing += "---- " + std::string(c.what) + "\n" + Difference(usual, exported);
+        listing += "---- " + std::string(c.what) + "\n" + Difference(baseline, exported);
         documents.push_back(exported.document);
     }
     ExpectGolden("brantexport/values.txt", listing);
     ExpectFits(documents);
 }
 
-TEST(ExportedValues, OfTwoWithTheSameLabelsTheLowerCounts) {
+TEST(ExportedValues, UseTheLowerOfTwoSamplesWithTheSameLabels) {
     RESMEM_DIMM_STATUS degraded{};
     degraded.ulStatus = 9;
-    for (int degraded_one : {0, 1}) {
+    for (int degraded_module : {0, 1}) {
         TestMachine machine("bx20");
         machine.Write("cdt/1706.255.1", machine.Read("cdt/1706.255.0"));
-        machine.Table(kModuleStatusTable, 255, degraded_one, degraded);
+        machine.Table(kModuleStatusTable, 255, degraded_module, degraded);
         const std::string metrics = Export(machine).metrics;
         EXPECT_NE(metrics.find("module_ok{cartridge=\"0\",module=\"1\"} 0\n"), metrics.npos);
         EXPECT_EQ(metrics.find("module_ok{cartridge=\"0\",module=\"1\"} 1\n"), metrics.npos);
     }
 }
 
-// Compares the whole outputs for each model, byte for byte.
-TEST(ExportedValues, OfTheModels) {
+TEST(ExportedValues, OfEachModel) {
     std::vector<Json> documents;
     for (const Model& model : Models()) {
         TestMachine machine;

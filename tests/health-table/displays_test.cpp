@@ -1,6 +1,5 @@
-// What the health displays show of every model, and what they say of a family that the server doesn't have
-// and of records that tell too little; that nothing can be asked for at all, or words are too many, is swept
-// for every command in tests/fault-injection.
+// Tests of SHOW FANS, SHOW TEMP, SHOW POWERSUPPLY, SHOW UID and SET UID: the output for every model, and the
+// messages for parts that the server lacks. tests/fault-injection tests failing requests for every command.
 
 #include <gtest/gtest.h>
 
@@ -14,40 +13,40 @@ using namespace std::string_view_literals;
 namespace {
 
 struct Case {
-    const char* catches;
-    const char* file;        // the record that is another than the model's
-    std::string_view bytes;  // of that record
+    const char* reply;       // describes the new contents
+    const char* file;        // the record that is replaced
+    std::string_view bytes;  // its new contents
     Step step;
 };
 
-constexpr char kLight[] = "cdt/1503.0.0";  // which SET UID would change
+constexpr char kLight[] = "cdt/1503.0.0";  // SET UID changes it
 
 // clang-format off
 const Case kCases[] = {
-    {"no fans",        "cdt/351.0.0", "\13\0\1\13"sv, Fails("SHOW FANS", "\nERROR: This system does not support fans.", kAnything)},
-    {"a short record", "cdt/351.0.0", "\13"sv,         Fails("SHOW FANS", "\nERROR: This system does not support fans.", kAnything)},
-    {"no sensors",     "cdt/251.0.0", "\20\0\20"sv,    Fails("SHOW TEMP", "\nINFO: No temperature sensors found.", kAnything)},
-    {"no supplies",    "cdt/151.0.0", "\0\1\0\0\0"sv, {"SHOW POWERSUPPLY", "", kAnything}},
-    {"a short record", kLight,        "\1"sv,          {"SHOW UID", "\nUID is currently off.", kAnything}},
-    {"a state of its own",   kLight,  "\1\7\0\0\0"sv,  {"SHOW UID", "\nUID is currently in an unknown state.", kAnything}},
-    {"no lights",            "cdt/1500.0.0", "\0\1\0"sv, Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
-    {"lights without state", "cdt/1500.0.0", "\1\0\0"sv, Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
+    {"no fans",              "cdt/351.0.0",  "\13\0\1\13"sv, Fails("SHOW FANS", "\nERROR: This system does not support fans.", kAnything)},
+    {"a truncated record",   "cdt/351.0.0",  "\13"sv,        Fails("SHOW FANS", "\nERROR: This system does not support fans.", kAnything)},
+    {"no sensors",           "cdt/251.0.0",  "\20\0\20"sv,   Fails("SHOW TEMP", "\nINFO: No temperature sensors found.", kAnything)},
+    {"no supplies",          "cdt/151.0.0",  "\0\1\0\0\0"sv, {"SHOW POWERSUPPLY", "", kAnything}},
+    {"a truncated record",   kLight,         "\1"sv,         {"SHOW UID", "\nUID is currently off.", kAnything}},
+    {"an undefined state",   kLight,         "\1\7\0\0\0"sv, {"SHOW UID", "\nUID is currently in an unknown state.", kAnything}},
+    {"no lights",            "cdt/1500.0.0", "\0\1\0"sv,     Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
+    {"lights without state", "cdt/1500.0.0", "\1\0\0"sv,     Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
 };
 // clang-format on
 
-TEST(HealthDisplays, SayWhatCantBeShownAndChangeNothing) {
+TEST(HealthDisplays, PrintAMessageForMissingParts) {
     TestMachine machine("tr500k2");
     const std::string light = machine.Read(kLight);
     for (const Case& c : kCases) {
         const std::string record = machine.Read(c.file);
         machine.Write(c.file, std::string(c.bytes));
-        ExpectRuns(machine, {c.step}, c.catches);
+        ExpectRuns(machine, {c.step}, c.reply);
         machine.Write(c.file, record);
-        EXPECT_EQ(machine.Read(kLight), light) << c.step.command << ": " << c.catches;
+        EXPECT_EQ(machine.Read(kLight), light) << "changed by " << c.step.command << ": " << c.reply;
     }
 }
 
-TEST(HealthDisplays, ShowEveryModelInFull) {
+TEST(HealthDisplays, ShowEveryModel) {
     ExpectGoldenModels("health-table");
 }
 

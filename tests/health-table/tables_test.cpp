@@ -1,5 +1,5 @@
-// The tables of fans and sensors, as a person and the driver see them: one fact of a device after the other,
-// and the tables at their longest, with every zone in them.
+// Tests of SHOW FANS and SHOW TEMP: each case changes one fact of a device; the last test prints tables of
+// maximum length, which contain every zone.
 
 #include <gtest/gtest.h>
 
@@ -10,17 +10,17 @@
 
 namespace {
 
-// The rows of a table, without its heading and the lines behind it.
+// Returns the rows of a table, without its heading and the newlines after it.
 std::string Rows(const TestMachine& machine, const char* command) {
     const std::string output = machine.Script(command).output;
     const size_t first = output.find('#');
     return output.substr(first, output.size() - 2 - first);
 }
 
-// One fan, and the three records that tell of it.
+// The three records of a fan.
 struct Fan {
-    bool older_offered = false;
-    FANDDATA older{};
+    bool has_legacy = false;
+    FANDDATA legacy{};
     COMMONFEATUREINFO feature = Feature(0, kPresent, kSystemZone);
     FANBASIC basic{};
 
@@ -29,11 +29,11 @@ struct Fan {
         basic.ucSpeedPctIsValid = 255;
         basic.ucSpeedPct = 50;
     }
-    void Older(uint8_t present, uint8_t redundant, uint8_t partner) {
-        older_offered = true;
-        older.ucPresent = present;
-        older.ucRedundant = redundant;
-        older.ucRedundantPartner = partner;
+    void Legacy(uint8_t present, uint8_t redundant, uint8_t partner) {
+        has_legacy = true;
+        legacy.ucPresent = present;
+        legacy.ucRedundant = redundant;
+        legacy.ucRedundantPartner = partner;
     }
 };
 
@@ -45,52 +45,52 @@ struct FanCase {
 
 // clang-format off
 constexpr FanCase kFans[] = {
-    {"the fan that the others differ from", [](Fan&) {},
+    {"the fan that the other cases change", [](Fan&) {},
      "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
-    // one bit among its neighbours
-    {"hot-plug from another bit", [](Fan& f) { f.basic.FanDescriptor.usFanDescriptor = 0xFFFB; },
+    // All bits except the one that is read are 1.
+    {"hot-plug is read from another bit", [](Fan& f) { f.basic.FanDescriptor.usFanDescriptor = 0xFFFB; },
      "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
-    {"the shared group taken for the fan's", [](Fan& f) { f.feature.DeviceState.usDeviceState = 0xFFF9; },
+    {"redundancy of the shared group is used", [](Fan& f) { f.feature.DeviceState.usDeviceState = 0xFFF9; },
      "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
-    {"a group number cut or shifted",
+    {"bits of the group number are lost or shifted",
      [](Fan& f) { f.feature.DeviceState.usDeviceState = 5, f.feature.RedGroup.usRedundancyInfo = 0xFD7F; },
      "#1   SYSTEM          Yes     NORMAL 50%     Yes        21       No            \n"},
-    {"bits beside the location read into it", [](Fan& f) { f.feature.Location.usLocation = 0xFFE3; },
+    {"bits next to the location are read", [](Fan& f) { f.feature.Location.usLocation = 0xFFE3; },
      "#1   CPU#31          Yes     NORMAL 50%     No         N/A      No            \n"},
-    // the older record against the common one
-    {"a fan absent by the older record alone", [](Fan& f) { f.Older(0, 0, 9); },
+    // The legacy record differs from the common feature record.
+    {"presence is not taken from the legacy record (absent)", [](Fan& f) { f.Legacy(0, 0, 9); },
      "#1   SYSTEM          No      -      50%     No         N/A      No            \n"},
-    {"a fan present by the older record alone",
-     [](Fan& f) { f.Older(255, 2, 200), f.feature.DeviceState.usDeviceState = kAbsent; },
+    {"presence is not taken from the legacy record (present)",
+     [](Fan& f) { f.Legacy(255, 2, 200), f.feature.DeviceState.usDeviceState = kAbsent; },
      "#1   SYSTEM          Yes     NORMAL 50%     Yes        200      No            \n"},
-    {"redundancy from the common record",
-     [](Fan& f) { f.Older(1, 0, 7), f.feature.DeviceState.usDeviceState = kPresent | kRedundant; },
+    {"redundancy is taken from the common feature record",
+     [](Fan& f) { f.Legacy(1, 0, 7), f.feature.DeviceState.usDeviceState = kPresent | kRedundant; },
      "#1   SYSTEM          Yes     NORMAL 50%     No         N/A      No            \n"},
-    {"a failed fan taken for present",
-     [](Fan& f) { f.Older(0, 1, 3), f.feature.DeviceState.usDeviceState = kPresent | kFailed; },
+    {"a failed fan counts as present",
+     [](Fan& f) { f.Legacy(0, 1, 3), f.feature.DeviceState.usDeviceState = kPresent | kFailed; },
      "#1   SYSTEM          No      -      -       Yes        3        -             \n"},
-    // speed
-    {"a speed state above the known ones", [](Fan& f) { f.basic.ucSpeedState = 255; },
+    // Speed.
+    {"an undefined speed state has a name", [](Fan& f) { f.basic.ucSpeedState = 255; },
      "#1   SYSTEM          Yes     UNKNOWN50%     No         N/A      No            \n"},
-    {"a percentage wider than signed bytes", [](Fan& f) { f.basic.ucSpeedPct = 255; },
+    {"a percentage is read as a signed byte", [](Fan& f) { f.basic.ucSpeedPct = 255; },
      "#1   SYSTEM          Yes     NORMAL 255%    No         N/A      No            \n"},
 };
 // clang-format on
 
-TEST(HealthTable, OneFactOfAFan) {
+TEST(HealthTable, ShowsEachFactOfAFan) {
     TestMachine machine("bx20");
     for (const FanCase& c : kFans) {
         Fan fan;
         c.change(fan);
         machine.NoTable(kFanDataTable, 0, 0);
-        if (fan.older_offered) machine.Table(kFanDataTable, 0, 0, fan.older);
+        if (fan.has_legacy) machine.Table(kFanDataTable, 0, 0, fan.legacy);
         machine.Table(kFanFeatureTable, 0, 0, fan.feature);
         machine.Table(kFanBasicTable, 0, 0, fan.basic);
         EXPECT_EQ(Rows(machine, "show fan"), c.row) << c.catches;
     }
 }
 
-constexpr int kBeforeTheFirst = 255;  // the driver's index of row 0
+constexpr int kIndexOfRow0 = 255;  // the driver's index -1
 
 struct SensorCase {
     const char* catches;
@@ -103,20 +103,20 @@ struct SensorCase {
 
 // clang-format off
 constexpr SensorCase kSensors[] = {
-    {"presence from another bit",         kMax1617, 0xFFFE, 0x0000, {1, 1, 20, 1, 50, 0, 0},
+    {"presence is read from another bit",         kMax1617, 0xFFFE, 0x0000, {1, 1, 20, 1, 50, 0, 0},
      "#0         -                    -          -       \n"},
-    {"an unknown kind that may be absent", 255,     kAbsent, 0x0000, {1, 1, 20, 1, 50, 0, 0},
+    {"an unknown kind can be absent", 255,     kAbsent, 0x0000, {1, 1, 20, 1, 50, 0, 0},
      "#0        SYSTEM_BD            20C/68F    50C/122F \n"},
-    {"bits beside the location read into it", kLm75, kPresent, 0xFFE3, {1, 1, 20, 1, 50, 0, 0},
+    {"bits next to the location are read", kLm75, kPresent, 0xFFE3, {1, 1, 20, 1, 50, 0, 0},
      "#0        CPU#31               20C/68F    50C/122F \n"},
-    {"validity that is only 1",           kLm75,    kPresent, 0x0002, {0, 128, 20, 255, 50, 0, 0},
+    {"only the value 1 means valid",           kLm75,    kPresent, 0x0002, {0, 128, 20, 255, 50, 0, 0},
      "#0        I/O_ZONE             20C/68F    50C/122F \n"},
-    {"the previous temperature taken",    kLm75,    kPresent, 0x0002, {1, 0, 20, 0, 50, 1, 99},
+    {"the previous temperature is used",    kLm75,    kPresent, 0x0002, {1, 0, 20, 0, 50, 1, 99},
      "#0        I/O_ZONE              -          -       \n"},
 };
 // clang-format on
 
-TEST(HealthTable, OneFactOfASensor) {
+TEST(HealthTable, ShowsEachFactOfASensor) {
     TestMachine machine("bx20");
     machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{0, 1, 0});
     for (const SensorCase& c : kSensors) {
@@ -124,14 +124,14 @@ TEST(HealthTable, OneFactOfASensor) {
         feature.ucTypeOf = c.kind;
         feature.DeviceState.usDeviceState = c.state;
         feature.Location.usLocation = c.location;
-        machine.Table(kTemperatureFeatureTable, kBeforeTheFirst, 0, feature);
-        machine.Table(kTemperatureNumbersTable, kBeforeTheFirst, 0, c.numbers);
+        machine.Table(kTemperatureFeatureTable, kIndexOfRow0, 0, feature);
+        machine.Table(kTemperatureNumbersTable, kIndexOfRow0, 0, c.numbers);
         EXPECT_EQ(Rows(machine, "SHOW TEMP"), c.row) << c.catches;
     }
 }
 
-// all_zones.txt holds both tables, whose rows go through the zones in turn.
-TEST(HealthTable, ShowsEveryFanAndSensorThatAByteCanCount) {
+// all_zones.txt contains both tables. The zones of the rows are 0 to 31, repeatedly.
+TEST(HealthTable, ShowsAsManyFansAndSensorsAsAByteCanCount) {
     TestMachine machine("bx20");
     machine.Table(kFanHeaderTable, 0, 0, FANHEADER{255, 255, 0, 0});
     machine.Table(kTemperatureHeaderTable, 0, 0, TEMPERATUREHEADER{255, 255, 0});

@@ -1,4 +1,4 @@
-// The boot order and the one-time boot device.
+// Tests of the commands for the boot order and the one-time boot device.
 #include <gtest/gtest.h>
 
 #include "tests/misc-commands/rom_shell.h"
@@ -14,16 +14,16 @@ namespace {
 
 // clang-format off
 const std::vector<RomRow> kRows = {
-    {kOrdinary, "a device of the other list let through", "",
+    {kOrdinary, "a device that only the other command knows is accepted", "",
      {Fails("SET BOOT ONCE USBKEY", NO_SUCH), Fails("SET BOOT FIRST KONF", NO_SUCH)}},
-    {kOrdinary, "a failed write counted as a failure", "ZTHNIPL=02; ZTHIPL=0001; !crom write ZTHIPL 1",
+    {kOrdinary, "the status of a failed write is 1", "ZTHNIPL=02; ZTHIPL=0001; !crom write ZTHIPL 1",
      {{"SET BOOT FIRST FLOPPY", "\nERROR: Failed to set first boot.", "read ZTHNIPL 1; read ZTHIPL 8; write ZTHIPL 8 0100000000000000 -> 1"}}},
-    {kOrdinary, "an entry past the installed ones taken", "ZTHNIPL=03; ZTHIPL=0001020304050607",
+    {kOrdinary, "an entry after those of the installed devices is used", "ZTHNIPL=03; ZTHIPL=0001020304050607",
      {Fails("SET BOOT FIRST PXE", NO_PXE, "read ZTHNIPL 1; read ZTHIPL 8")}},
-    {kOrdinary, "an empty list searched, or taken for a failure by SHOW IPL", "ZTHNIPL=00",
+    {kOrdinary, "an empty list is searched, or is a failure of SHOW IPL", "ZTHNIPL=00",
      {{"SHOW IPL", "\nNo IPL devices installed.", "read ZTHNIPL 1; read ZTHIPL 8"},
       Fails("SET BOOT FIRST USBKEY", "ERROR: No bootable devices found.", "read ZTHNIPL 1")}},
-    {kOrdinary, "nine entries searched or shown, or four names only", "ZTHNIPL=ff; ZTHIPL=0001020004050102",
+    {kOrdinary, "more than eight entries are used, or only four names", "ZTHNIPL=ff; ZTHIPL=0001020004050102",
      {Fails("SET BOOT FIRST PXE", NO_PXE, "read ZTHNIPL 1; read ZTHIPL 8"),
       {"SHOW IPL", ORDER "\n#0\tCDROM\n#1\tFloppy\n#2\tHDD\n#3\tCDROM\n#4\tPXE\n#5\tUNKNOWN\n#6\tFloppy\n#7\tHDD",
        "read ZTHNIPL 1; read ZTHIPL 8"}}},
@@ -46,13 +46,15 @@ const std::vector<Shown> kShownOnTr500k2 = {
 };
 // clang-format on
 
-TEST(Boot, ChangesTheOrderAsFarAsDevicesAreInstalled) {
+TEST(Boot, SetsOnlyInstalledDevicesFirst) {
     ExpectRows(kRows);
-    ExpectRows(
-        {{kOrdinary, "the key let through", "", {Fails("SET BOOT FIRST USBKEY", NO_USB, "read ZTHNIPL 1")}}});
+    ExpectRows({{kOrdinary,
+                 "USBKEY is accepted on a server without it",
+                 "",
+                 {Fails("SET BOOT FIRST USBKEY", NO_USB, "read ZTHNIPL 1")}}});
 }
 
-TEST(Boot, NamesDevicesAsTheServerNumbersThem) {
+TEST(Boot, ShowsTheDeviceNamesOfTheServer) {
     ExpectShown("Corvex TR500 K21", kShown);
     ExpectShown("Corvex TR500 K2", kShownOnTr500k2);
 }

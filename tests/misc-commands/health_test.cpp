@@ -1,5 +1,5 @@
-// Power supplies, the unit identification light, and memory modules: their numbers and which sockets are
-// asked for.
+// Tests of SHOW POWERSUPPLY, SHOW UID, SET UID and SHOW DIMM: values at the limits, and the sockets that SHOW
+// DIMM requests.
 
 #include <gtest/gtest.h>
 
@@ -15,8 +15,8 @@
 
 namespace {
 
-// The second bay is empty, whatever the first one is.
-TEST(ShowPowerSupply, ReadsEachBitAmongItsNeighbours) {
+// All bits of the records differ from those that the command reads. The second bay is empty.
+TEST(ShowPowerSupply, ReadsOnlyItsBits) {
     TestMachine machine("bx20");
     machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{2, 255, 0, 0, 0});
     machine.Table(kSupplyNumbersTable, 1, 0, POWERSUPPLYNUMBERS{0, 255, 255, 255, 255});
@@ -30,9 +30,9 @@ TEST(ShowPowerSupply, ReadsEachBitAmongItsNeighbours) {
 
 constexpr char kControlFile[] = "cdt/1503.0.0";
 
-TEST(SetUid, StaysSetForTheNextRun) {
+TEST(SetUid, ChangesTheState) {
     TestMachine machine("tr300");
-    const std::string at_first = machine.Read(kControlFile);
+    const std::string before = machine.Read(kControlFile);
     machine.Table(kIndicatorHeaderTable, 0, 0, INDCHEADER{1, 255, 0});
     EXPECT_EQ(machine.Script("SET UID OFF").output, "\nUID is now off.\n\n");
     machine.StartTrace();
@@ -41,7 +41,7 @@ TEST(SetUid, StaysSetForTheNextRun) {
     EXPECT_EQ(machine.TakeTrace("cdt"),
               "cdt 1503.0.0 size=5 cru=1.4 -> 0\ncdt 1500.0.0 size=3 cru=0.0 -> 0\n"
               "cdt 1503.0.0 size=5 cru=1.1 -> 0\ncdt 1503.0.0 size=5 cru=1.4 -> 0\n");
-    EXPECT_EQ(machine.Read(kControlFile), at_first);
+    EXPECT_EQ(machine.Read(kControlFile), before);
 }
 
 struct WordsCase {
@@ -49,15 +49,15 @@ struct WordsCase {
     const char* output;
 };
 
-// The command tree lets only ON and OFF through; the handler itself takes any word that begins so.
+// The command tree accepts only ON and OFF. The handler accepts every word that begins with ON or OFF.
 constexpr WordsCase kWords[] = {
     {"O", "\nInvalid argument(s)\nhelp"},
     {"OF", "\nInvalid argument(s)\nhelp"},
-    {"ONCE", "\nERROR: \"SET UID\" command failed."},  // there is no driver here
+    {"ONCE", "\nERROR: \"SET UID\" command failed."},  // because no device is open
     {"OFFSET", "\nERROR: \"SET UID\" command failed."},
 };
 
-TEST(SetUid, TakesWordsThatBeginWithOnOrOff) {
+TEST(SetUid, AcceptsWordsThatBeginWithOnOrOff) {
     CmdType node = {"UID", "help", nullptr, do_set_uid, nullptr, nullptr};
     current_command = &node;
     for (WordsCase c : kWords) {
@@ -73,7 +73,7 @@ TEST(SetUid, TakesWordsThatBeginWithOnOrOff) {
 
 constexpr int kBoardIndex = 255;
 
-TEST(ShowDimm, PrintsFieldsOf32BitsSignedOrInHexadecimal) {
+TEST(ShowDimm, PrintsLargeNumbersAsSignedOrHexadecimal) {
     TestMachine machine("bx20");
     RESMEM_DIMM_CONFIG config{};
     config.ulCartID = config.ulModuleID = config.ulPresent = 0xFFFFFFFF;
@@ -93,47 +93,49 @@ TEST(ShowDimm, PrintsFieldsOf32BitsSignedOrInHexadecimal) {
 
 struct WalkCase {
     const char* catches;
-    bool counts_told;
-    uint32_t modules, cartridges;   // as the driver counts them
-    RESMEM_CARTRIDGE_CONFIG board;  // the system board's
-    int asked;                      // sockets, all of them empty
-    const char* last;               // of them
+    bool has_counts;                // whether the driver has a record of the two counts
+    uint32_t modules, cartridges;   // the counts
+    RESMEM_CARTRIDGE_CONFIG board;  // the record of the system board
+    int requested;                  // the number of requested sockets, which are all empty
+    const char* last;               // the last one
 };
 
 // clang-format off
 constexpr WalkCase kWalks[] = {
-    {"cartridges walked beside the board",   true,  2, 3,  {0, 2, 0, {}, 0, 0, 0}, 2,   "1706.255.1"},
-    {"a board without modules",              true,  2, 3,  {0, 0, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
-    {"another cartridge taken for a board",  true,  2, 3,  {1, 2, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
-    {"counts made up otherwise",             false, 0, 0,  {1, 2, 0, {}, 0, 0, 0}, 400, "1706.19.19"},
-    {"a walk of no cartridges",              true,  2, 0,  {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
-    {"a count below 0",             true,  0x80000000, 1,  {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
-    {"a module index that wraps",   true,  0x7FFFFFFF, 1,  {1, 2, 0, {}, 0, 0, 0}, 256, "1706.0.255"},
-    {"cartridges that reach the board", true, 1, 0x7FFFFFFF, {1, 2, 0, {}, 0, 0, 0}, 255, "1706.254.0"},
+    {"cartridges are read, too",              true,  2,          3,          {0, 2, 0, {}, 0, 0, 0}, 2,   "1706.255.1"},
+    {"a board without modules is read",       true,  2,          3,          {0, 0, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
+    {"another cartridge is the board",            true,  2,          3,          {1, 2, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
+    {"other counts if there is no record",    false, 0,          0,          {1, 2, 0, {}, 0, 0, 0}, 400, "1706.19.19"},
+    {"a socket of no cartridge is read",      true,  2,          0,          {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
+    {"a count below 0 is used",               true,  0x80000000, 1,          {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
+    {"the module index wraps",                true,  0x7FFFFFFF, 1,          {1, 2, 0, {}, 0, 0, 0}, 256, "1706.0.255"},
+    {"the board is read as a cartridge",      true,  1,          0x7FFFFFFF, {1, 2, 0, {}, 0, 0, 0}, 255, "1706.254.0"},
 };
 // clang-format on
 
-void PutEmptySockets(TestMachine& machine, int cartridge, int count) {
+void AddEmptySockets(TestMachine& machine, int cartridge, int count) {
     for (int i = 0; i < count; ++i) machine.Table(kModuleConfigTable, cartridge, i, RESMEM_DIMM_CONFIG{});
 }
 
-TEST(ShowDimm, WalksTheSocketsThatTheDriverCounts) {
+TEST(ShowDimm, RequestsTheSocketsThatTheDriverCounts) {
     TestMachine machine("tr300");
-    PutEmptySockets(machine, 0, 256);
-    for (int i = 1; i < 256; ++i) PutEmptySockets(machine, i, i <= 20 ? 20 : 2);
+    AddEmptySockets(machine, 0, 256);
+    for (int i = 1; i < 256; ++i) AddEmptySockets(machine, i, i <= 20 ? 20 : 2);
     for (const WalkCase& c : kWalks) {
         RESMEM_CONFIG memory{};
         memory.ulNumberModules = c.modules;
         memory.ulNumberCartridges = c.cartridges;
         machine.NoTable(kMemoryTable, 0, 0);
-        if (c.counts_told) machine.Table(kMemoryTable, 0, 0, memory);
+        if (c.has_counts) machine.Table(kMemoryTable, 0, 0, memory);
         machine.Table(kCartridgeTable, kBoardIndex, 0, c.board);
         machine.StartTrace();
         const RunResult run = machine.Script("SHOW DIMM");
         const std::string trace = machine.TakeTrace("cdt 1706");
-        EXPECT_EQ(std::count(trace.begin(), trace.end(), '\n'), c.asked) << c.catches;
-        EXPECT_NE(run.output.find("Status:         N/A"), std::string::npos) << "the firmware's listing";
-        if (c.asked > 0) {
+        EXPECT_EQ(std::count(trace.begin(), trace.end(), '\n'), c.requested) << c.catches;
+        EXPECT_NE(run.output.find("Status:         N/A"), std::string::npos)
+            << c.catches << ": the SMBIOS modules are not listed:\n"
+            << run.output;
+        if (c.requested > 0) {
             EXPECT_EQ(trace.find(c.last, trace.rfind("1706")), trace.rfind("1706")) << c.catches;
         }
     }

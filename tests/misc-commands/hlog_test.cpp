@@ -1,4 +1,4 @@
-// SHOW HLOG and CLEAR HLOG on machines whose log and faults are made for the case.
+// Tests of SHOW HLOG and CLEAR HLOG with logs and faults that are made for each case.
 
 #include <gtest/gtest.h>
 
@@ -13,6 +13,7 @@ namespace {
 
 using Numbers = std::vector<uint32_t>;
 
+// Returns a log with entries of these numbers.
 std::string Log(const Numbers& numbers) {
     std::string log;
     for (const uint32_t number : numbers) log += EventEntry(EventHeader(number, kCaution, 13, 1), "");
@@ -34,64 +35,75 @@ RunOptions Typed(const std::string& keys) {
 struct ListingCase {
     const char* catches;
     Numbers log;
-    std::string answers;  // to the prompt
-    const char* shape;
+    std::string keys;   // typed at the prompts
+    const char* shape;  // the output, as Shape() returns it
     const char* fault = "";
     int status = 0;
 };
 
 TEST(ShowHlog, ListsTheLogScreenByScreen) {
     const ListingCase cases[] = {
-        {"nothing said of an empty log", {}, "", "/E//"},
-        // six requests a screen; the one that finds the end of the log is one of them
+        {"no message for an empty log", {}, "", "/E//"},
+        // Paging: six requests per screen, including the one that finds the end of the log.
         {"a prompt before the screen is full", UpTo(4), "", "/1 2 3 4 //"},
-        {"the last request not counted", UpTo(5), "", "/1 2 3 4 5 ?///"},
-        {"a second prompt behind a full last screen", UpTo(6), "", "/1 2 3 4 5 6 ?///"},
-        {"the screen not counted anew", UpTo(12), "", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?///"},
-        // answers
-        {"q that goes on", UpTo(12), "q", "/1 2 3 4 5 6 ?//"},
-        {"Q that goes on", UpTo(12), "Q", "/1 2 3 4 5 6 ?//"},
-        {"q on the last screen taken for another key", UpTo(5), "q", "/1 2 3 4 5 ?//"},
-        {"c that still stops", UpTo(12), "c", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 //"},
-        {"C that still stops", UpTo(12), "C", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 //"},
-        {"Enter passed over", UpTo(12), "\nq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
-        {"a zero byte taken for the end", UpTo(12), {"\0q", 2}, "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
-        {"a byte of 0xFF taken for the end", UpTo(12), "\xFFq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
-        // numbers
-        {"the order of the file, or gaps counted through", {9, 3, 400, 4}, "", "/3 4 9 400 //"},
-        {"a number shown twice", {5, 5, 6}, "", "/5 6 //"},
-        {"number 0 taken for an empty log", {0}, "", "/0 //"},
-        {"signed numbers", {0x7FFFFFFF, 0x80000000, 0xFFFFFFFE}, "", "/2147483647 -2147483648 -2 //"},
-        {"begun again behind the last number", {1, 2, 3, 4, 5, 0xFFFFFFFF}, "", "/1 2 3 4 5 -1 //"},
-        // the driver's failures
-        {"too small a buffer for ever", UpTo(3), "", "/SSSSSS?/SSSSSS//", "cevt read * 3", 1},
-        {"the same without paging", UpTo(3), "c", "/SSSSSS?/SSSSSS//", "cevt read * 3", 1},
-        {"errno 3 not taken for too small, or q passed over", UpTo(3), "q", "/SSSSSS?E//", "cevt read * -3"},
-        {"refusals not counted for the screen", UpTo(9), "", "/1 2 SSSS?/SSSSSS?/SS//", "cevt read 3 3", 1},
-        {"status 2 taken for the end", UpTo(3), "", "/1 !//", "cevt read 2 2", 1},
-        {"a failure taken for an empty log", {}, "", "/!//", "cevt read * 255", 1},
-        {"errno 1 not taken for the end", UpTo(3), "", "/1 //", "cevt read 2 -1"},
+        {"the last request is not counted", UpTo(5), "", "/1 2 3 4 5 ?///"},
+        {"a second prompt after a full last screen", UpTo(6), "", "/1 2 3 4 5 6 ?///"},
+        {"the count is not reset after a screen", UpTo(12), "", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?///"},
+        // Keys.
+        {"q does not quit", UpTo(12), "q", "/1 2 3 4 5 6 ?//"},
+        {"Q does not quit", UpTo(12), "Q", "/1 2 3 4 5 6 ?//"},
+        {"q does not quit on the last screen", UpTo(5), "q", "/1 2 3 4 5 ?//"},
+        {"c does not turn paging off", UpTo(12), "c", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 //"},
+        {"C does not turn paging off", UpTo(12), "C", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 //"},
+        {"Enter is ignored", UpTo(12), "\nq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
+        {"a NUL byte ends the input", UpTo(12), {"\0q", 2}, "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
+        {"a byte of 0xFF ends the input", UpTo(12), "\xFFq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
+        // Numbers.
+        {"entries in the order of the file, or a request for each missing number",
+         {9, 3, 400, 4},
+         "",
+         "/3 4 9 400 //"},
+        {"two entries with the same number", {5, 5, 6}, "", "/5 6 //"},
+        {"number 0 counts as an empty log", {0}, "", "/0 //"},
+        {"numbers are compared as signed",
+         {0x7FFFFFFF, 0x80000000, 0xFFFFFFFE},
+         "",
+         "/2147483647 -2147483648 -2 //"},
+        {"the listing starts again after the largest number",
+         {1, 2, 3, 4, 5, 0xFFFFFFFF},
+         "",
+         "/1 2 3 4 5 -1 //"},
+        // Failures of the driver.
+        {"status 3 is repeated without end", UpTo(3), "", "/SSSSSS?/SSSSSS//", "cevt read * 3", 1},
+        {"status 3 is repeated without end if paging is off", UpTo(3), "c", "/SSSSSS?/SSSSSS//",
+         "cevt read * 3", 1},
+        {"errno 3 is not treated as status 3, or q is ignored", UpTo(3), "q", "/SSSSSS?E//",
+         "cevt read * -3"},
+        {"requests with status 3 are not counted for the screen", UpTo(9), "", "/1 2 SSSS?/SSSSSS?/SS//",
+         "cevt read 3 3", 1},
+        {"status 2 ends the log", UpTo(3), "", "/1 !//", "cevt read 2 2", 1},
+        {"a failure counts as an empty log", {}, "", "/!//", "cevt read * 255", 1},
+        {"errno 1 does not end the log", UpTo(3), "", "/1 //", "cevt read 2 -1"},
     };
     for (const ListingCase& c : cases) {
         TestMachine machine;
         machine.Write("cevt/hlog", Log(c.log));
         machine.Fault(c.fault);
-        const RunResult run = machine.Script("SHOW HLOG", Typed(c.answers));
+        const RunResult run = machine.Script("SHOW HLOG", Typed(c.keys));
         EXPECT_EQ(Shape(run.output), c.shape) << c.catches;
         EXPECT_EQ(run.status, c.status) << c.catches;
     }
 }
 
-// Each listing begins with paging on, and takes no key that another command waits for.
-TEST(ShowHlog, PagesEachListingAnew) {
+TEST(ShowHlog, StartsEachListingWithPagingOn) {
     TestMachine machine;
     machine.Write("cevt/hlog", Log(UpTo(7)));
     EXPECT_EQ(Shape(machine.Script("SHOW HLOG;SHOW HLOG", Typed("cq")).output),
               "/1 2 3 4 5 6 ?/7 //1 2 3 4 5 6 ?//");
 }
 
-// Of the keys typed ahead the pager takes one; the rest is the next command.
-TEST(ShowHlog, LeavesTheNextCommandToTheEditor) {
+// The pager consumes one type-ahead key; the editor reads the rest as the next command.
+TEST(ShowHlog, ConsumesOneKeyPerPrompt) {
     TestMachine machine;
     machine.Write("cevt/hlog", Log(UpTo(7)));
     const std::string output = machine.Type("SHOW HLOG\nqCLEAR HLOG\nEXIT\n").output;
@@ -100,8 +112,8 @@ TEST(ShowHlog, LeavesTheNextCommandToTheEditor) {
     EXPECT_NE(listing.find("brantcli> CLEAR HLOG\nHLOG Log successfully cleared.\n"), std::string::npos);
 }
 
-// Someone who reads through a pipe, and answers only once all of the prompt has come.
-TEST(ShowHlog, ShowsThePromptBeforeItWaitsForTheKey) {
+// Reads the output through a pipe, and sends the key only after the whole prompt has arrived.
+TEST(ShowHlog, WritesThePromptBeforeItWaitsForTheKey) {
     TestMachine machine;
     machine.Write("cevt/hlog", Log(UpTo(7)));
     const std::string shown = machine.Script("SHOW HLOG", Typed("q")).output;
@@ -113,7 +125,7 @@ TEST(ShowHlog, ShowsThePromptBeforeItWaitsForTheKey) {
     EXPECT_EQ(RunProgram("/bin/sh", {"-c", command}, machine.Directory()).output, shown);
 }
 
-// A longer entry is the driver's to refuse; one that just fits is read to its end.
+// Shows an entry that fills the buffer. The driver rejects a longer one with status 3.
 TEST(ShowHlog, ReadsAnEntryAsLongAsTheBuffer) {
     TestMachine machine;
     const std::string fits(268, 'x');
@@ -125,7 +137,7 @@ TEST(ShowHlog, ReadsAnEntryAsLongAsTheBuffer) {
     EXPECT_EQ(Shape(machine.Script("SHOW HLOG").output), "/SSSSSS?/SSSSSS//");
 }
 
-TEST(ShowHlog, PrintsTheLastUpdateAndBlanksWhatATerminalCantShow) {
+TEST(ShowHlog, PrintsTheUpdateTimeAndReplacesUnprintableCharacters) {
     TestMachine machine;
     std::string note(255, '\0'), shown;
     std::iota(note.begin(), note.end(), '\1');
@@ -138,7 +150,7 @@ TEST(ShowHlog, PrintsTheLastUpdateAndBlanksWhatATerminalCantShow) {
               "\n\nEvent: 1 Added: 03/15/2006 14:07\nCAUTION: Maintenance Note - " + shown + ".\n\n\n");
 }
 
-// The severities and classes that no event of a model's log has.
+// The codes are those that no event in a model's log has.
 TEST(ShowHlog, NamesEverySeverityAndClass) {
     const struct {
         uint8_t severity;

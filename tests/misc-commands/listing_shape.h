@@ -1,11 +1,12 @@
-// What SHOW HLOG prints, made short.
+// A short form of the output of SHOW HLOG.
 #pragma once
 
 #include <string>
 #include <utility>
 
-// An output as one line: an entry by its number, ? for the prompt, / for a newline, S for the refusal for
-// want of room, ! for any other, E for the empty log; what is none of these as it stands.
+// Abbreviates an output to one line: an entry to its number, the prompt to ?, a newline to /, the message for
+// a buffer that is too small to S, the message for an invalid status to !, that for an empty log to E. From
+// the first unknown text on, the output is unchanged.
 inline std::string Shape(std::string output) {
     const std::pair<std::string, std::string> kTokens[] = {
         {"\nPress q to quit, c to continue without pagination\n"
@@ -24,14 +25,14 @@ inline std::string Shape(std::string output) {
             output.erase(0, output.find(".\n") + 2);
             continue;
         }
-        size_t taken = 0;
+        size_t length = 0;
         for (const auto& [text, token] : kTokens) {
-            if (taken != 0 || output.compare(0, text.size(), text) != 0) continue;
+            if (length != 0 || output.compare(0, text.size(), text) != 0) continue;
             shape += token;
-            taken = text.size();
+            length = text.size();
         }
-        if (taken == 0) return shape + output;
-        output.erase(0, taken);
+        if (length == 0) return shape + output;
+        output.erase(0, length);
     }
     return shape;
 }

@@ -1,5 +1,5 @@
-// What the settings of each model read as, and what each change leaves of a variable: the stored listings
-// show a byte, a bit or a word that isn't the right one.
+// Tests of all commands for ROM settings. The golden files contain the settings of each model, and the value
+// of each variable after each command that modifies it.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,8 +15,8 @@ constexpr char kShows[] =
     "SHOW ASR; SHOW ASSET; SHOW BOOT; SHOW EAAS; SHOW F1; SHOW HT; SHOW IPL; SHOW NAME; SHOW NIC; SHOW WOL; "
     "SHOW VERSIONS; SHOW SERIAL BIOS; SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL";
 
-// settings_shown.txt contains the status, the output and the requests of each; '~' is a NUL.
-TEST(RomListings, WhatEachModelShows) {
+// settings_shown.txt contains the status, the output and the requests of each command; '~' is a NUL.
+TEST(RomListings, ShowTheSettingsOfEachModel) {
     std::string listing;
     for (const Model& model : Models()) {
         TestMachine machine(model.name);
@@ -32,11 +32,10 @@ TEST(RomListings, WhatEachModelShows) {
     ExpectGolden("misc-commands/settings_shown.txt", listing);
 }
 
-// The changes by their first words, with what may follow them, as Items takes it. serial_test.cpp has those
-// of the embedded serial ports.
+// The modifying commands and their arguments. serial_test.cpp has those of the embedded serial ports.
 struct Changes {
     const char* command;
-    const char* values;
+    const char* values;  // a list for Items()
 };
 constexpr Changes kChanges[] = {
     {"SET", "NAME web7; ASSET \"Rack 4\""},
@@ -54,7 +53,8 @@ constexpr Changes kChanges[] = {
     {"DISABLE ISCSI", "NIC1; NIC2; NIC3; NIC4; NIC5"},
 };
 
-// Bits of 0 and the longer boot order; bits of 1, the shorter one, and the older of the NICs' two variables.
+// The variables before each command: first all bits 0, a boot order with a USB key and the NICs' variable;
+// then all bits 1, a boot order without it and the NICs' legacy variable.
 #define ZEROS "0000000000000000000000000000"
 #define ONES "ffffffffffffffffffffffffffff"
 struct Before {
@@ -70,8 +70,8 @@ constexpr Before kBefore[] = {
               "; ZTHCON=ffff; ZTHBAUD=ffff"},
 };
 
-// Runs a change. Result: the output, the requests, and each variable that was written as it is then; empty
-// for a refusal.
+// Runs a command that changes settings. Returns its output, its requests and the new value of every variable
+// that it wrote; returns "" if the command fails.
 std::string Outcome(TestMachine& machine, const std::string& command) {
     machine.StartTrace();
     const RunResult run = machine.Script(command);
@@ -87,7 +87,7 @@ std::string Outcome(TestMachine& machine, const std::string& command) {
     return outcome;
 }
 
-TEST(RomListings, WhatEachChangeLeaves) {
+TEST(RomListings, ChangeTheSettings) {
     std::string listing;
     for (const Before& before : kBefore) {
         TestMachine machine(before.model);

@@ -1,4 +1,4 @@
-// The serial ports: the BIOS console's, the embedded ones and the virtual one.
+// Tests of the commands for serial ports: those of the BIOS console, the embedded ports and the virtual port.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -20,32 +20,32 @@ namespace {
 
 // clang-format off
 const std::vector<RomRow> kRows = {
-    {kOrdinary, "a port or a rate that is none let through", "",
+    {kOrdinary, "an invalid port or baud rate is accepted", "",
      {Fails("SET SERIAL BIOS COM3 9600", "\nERROR: Invalid arguments. It must be either COM1, COM2 or DISABLED."),
       Fails("SET SERIAL BIOS COM2 2400", "\nERROR: Invalid baud rate. Baud rate must be either " RATES),
       Fails("SET SERIAL BIOS COM1", "\nERROR: You must specify the baud rate when assigning the port."
                                     "\nBaud rate must be either " RATES)}},
-    {kOrdinary, "the rate not written after the port's failed write", "!crom write ZTHCON 1",
+    {kOrdinary, "the baud rate is not written if writing the port fails", "!crom write ZTHCON 1",
      {Fails("SET SERIAL BIOS COM1 9600", "\nERROR: Failed to set BIOS serial port config.", "write ZTHCON 1 01 -> 1; write ZTHBAUD 1 01"),
       Fails("SET SERIAL BIOS DISABLED 1", "\nERROR: Failed to set BIOS serial port config.", "write ZTHCON 1 00 -> 1; write ZTHBAUD 1 00")}},
-    {kFull, "both embedded ports disabled, or a port's other bits lost", "ZTSBKT=0000a1c100000000000032aabb",
+    {kFull, "both embedded ports are disabled, or other bits are changed", "ZTSBKT=0000a1c100000000000032aabb",
      {{"set serial virtual com1", "\nNOTE: The embedded" TAKEN(" A", "COM1") "\nSuccessfully set Virtual serial port config to COM1.",
        "read ZTSBKT 13; write ZTSBKT 12 0000a7c100000000000041aa"}}},
-    {kFull, "port B's interrupt line lost", "ZTSBKT=000041fa000000000000f8aabb",
+    {kFull, "the interrupt line of port B is changed", "ZTSBKT=000041fa000000000000f8aabb",
      {{"SET SERIAL VIRTUAL COM2", "\nNOTE: The embedded" TAKEN(" B", "COM2") "\nSuccessfully set Virtual serial port config to COM2.",
        "read ZTSBKT 13; write ZTSBKT 12 000041ff00000000000032aa"}}},
-    {kFull, "a word of the embedded ports let through", "",
+    {kFull, "a number that only the embedded ports can have is accepted", "",
      {Fails("SET SERIAL VIRTUAL COM3", "\nERROR: Invalid argument. It must be either COM1, COM2 or DISABLED", "read ZTSBKT 13")}},
-    {kOrdinary, "a port set or shown that isn't there", "",
+    {kOrdinary, "a port that doesn't exist is set or shown", "",
      {Fails("SET SERIAL VIRTUAL", "\nERROR: This command requres Kelm which is not present on this system."),
       {"SHOW SERIAL VIRTUAL 1", "\nThis system does not have an Kelm which is required for the Virtual serial port."}}},
-    {kOrdinary, "the order of the notes, or another number's interrupt line", "ZTSBKT=0000530700000000000043aabb",
+    {kOrdinary, "the notes are in another order, or the interrupt line is wrong", "ZTSBKT=0000530700000000000043aabb",
      {{"set serial embedded portb com3", MOVED "\nNote: The Virtual" TAKEN("", "COM3") "\nSuccessfully set Embedded serial port B to COM3.",
        "read ZTSBKT 13; write ZTSBKT 12 0000415300000000000047aa"}}},
-    {kOrdinary, "the virtual port disabled for a number that only the moved port gets", "ZTSBKT=0000530700000000000041aabb",
+    {kOrdinary, "the virtual port is disabled if the moved port gets its number", "ZTSBKT=0000530700000000000041aabb",
      {{"SET SERIAL EMBEDDED PORTB COM3", MOVED "\nSuccessfully set Embedded serial port B to COM3.",
        "read ZTSBKT 13; write ZTSBKT 12 0000415300000000000041aa"}}},
-    {kOrdinary, "a word that is none let through", "",
+    {kOrdinary, "an invalid number is accepted", "",
      {Fails("SET SERIAL EMBEDDED PORTA COM5", "\nERROR: Invalid argument COM5. It must be either COM1, COM2, COM3, COM4 or DISABLED", "read ZTSBKT 13")}},
 };
 
@@ -67,19 +67,19 @@ const std::vector<Shown> kShown = {
 };
 // clang-format on
 
-TEST(SerialPorts, TakeTheirNumberFromTheOthers) {
+TEST(SerialPorts, GetANumberThatAnotherPortLoses) {
     ExpectRows(kRows);
 }
 
-TEST(SerialPorts, ReadAsTheirBits) {
+TEST(SerialPorts, ShowNamesOfTheirBits) {
     ExpectShown("", kShown);
 }
 
-// Each embedded port set to each choice, on either kind of server, while nobody, the other embedded port or
-// the virtual one has that number: embedded_ports.txt holds the variable, the output and the variable
+// Sets each embedded port to each number on both kinds of servers, while no port, the other embedded port or
+// the virtual port has that number. embedded_ports.txt contains the variable, the output, and the variable
 // afterwards.
-TEST(SerialPorts, EmbeddedOnesInEachSituation) {
-    constexpr size_t kNobody = 0, kPortA = 2, kPortB = 3, kVirtual = 10;  // bytes of the variable
+TEST(SerialPorts, EmbeddedPortsGetEveryNumber) {
+    constexpr size_t kNoPort = 0, kPortA = 2, kPortB = 3, kVirtual = 10;  // bytes of the variable
     RomShell shell;
     std::string listing;
     const auto set = [&](const std::string& command, size_t holder, int number) {
@@ -94,10 +94,10 @@ TEST(SerialPorts, EmbeddedOnesInEachSituation) {
         std::strcpy(system_name, model);
         for (const char* choice : {"COM1", "COM2", "COM3", "COM4", "DISABLED"}) {
             const int number = choice[0] == 'C' ? choice[3] - '0' : 7;
-            for (const size_t holder : {kNobody, kPortB, kVirtual}) {
+            for (const size_t holder : {kNoPort, kPortB, kVirtual}) {
                 set(std::string("SET SERIAL EMBEDDED PORTA ") + choice, holder, number);
             }
-            for (const size_t holder : {kNobody, kPortA, kVirtual}) {
+            for (const size_t holder : {kNoPort, kPortA, kVirtual}) {
                 set(std::string("SET SERIAL EMBEDDED PORTB ") + choice, holder, number);
             }
         }
