@@ -104,7 +104,7 @@ struct WalkCase {
 constexpr WalkCase kWalks[] = {
     {"cartridges are read, too",              true,  2,          3,          {0, 2, 0, {}, 0, 0, 0}, 2,   "1706.255.1"},
     {"a board without modules is read",       true,  2,          3,          {0, 0, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
-    {"another cartridge is the board",            true,  2,          3,          {1, 2, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
+    {"another cartridge is the board",        true,  2,          3,          {1, 2, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
     {"other counts if there is no record",    false, 0,          0,          {1, 2, 0, {}, 0, 0, 0}, 400, "1706.19.19"},
     {"a socket of no cartridge is read",      true,  2,          0,          {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
     {"a count below 0 is used",               true,  0x80000000, 1,          {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
