@@ -47,8 +47,8 @@ field LocationName(LOCATIONDESIGNATOR location, ZoneNames names);
 template <typename Record, DataTableType kTable>
 class LegacyRecords {
   public:
-    // Returns the record of device `index` (from 0). After one failed request, returns nullopt without asking
-    // again.
+    // Returns the record of device `index` (from 0). After one failed request, returns nullopt without
+    // another request.
     std::optional<Record> Read(int index) {
         if (newway) return std::nullopt;
         if (const Reply<Record> reply{kTable, index}) return *reply;
@@ -57,6 +57,5 @@ class LegacyRecords {
     }
 
   private:
-    bool newway =
-        false;  // a request has failed: the remaining devices have only their common feature records
+    bool newway = false;  // a request has failed: only the common feature records are read from now on
 };

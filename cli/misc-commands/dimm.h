@@ -39,8 +39,8 @@ MemorySockets ReadSockets();
 
 enum class ModuleRead { Done, Empty, ConfigFailed, StatusFailed };
 
-// Reads socket `index`, from 0 to sockets.Count() - 1. ConfigFailed: this and all further sockets don't
-// exist. Prints as ReadSockets does.
+// Reads socket `index`, from 0 to sockets.Count() - 1. ConfigFailed means that the list ends before this
+// socket. Prints as ReadSockets does.
 ModuleRead ReadModule(const MemorySockets& sockets, int index, ModuleStatus& module);
 
 // The command handler. Takes the tokenized line; returns 0, or 1 on failure.

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The PXE commands read and write one byte per NIC; the other commands those of the first ten.
+// The PXE commands read and write a byte for each NIC, SHOW NIC and the iSCSI commands the first ten bytes.
 constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable};
 constexpr RomVariable<NicBootSettings, kNicBootStates> kFirstBootSettings = {kNicBootVariable};
 // On older firmware, instead of kBootSettings.
