@@ -87,7 +87,7 @@ int main(int argc, char** argv) try {
     if (!KeepStandardDescriptors()) return 1;
     const int output = MessagesToStandardError();
     if (output < 0) return 1;
-    IgnoreBrokenPipes();
+    IgnoreWriteSignals();
     std::set_terminate(EndWithoutMemory);
     Options options;
     if (!ReadOptions(argc, argv, options)) {

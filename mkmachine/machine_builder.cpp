@@ -1,6 +1,7 @@
 #include "mkmachine/machine_builder.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -16,7 +17,7 @@ namespace {
 
 // Writes bytes into a file at an offset; flags as for open().
 void WriteFile(const std::string& path, int flags, const std::string& bytes, off_t offset = 0) {
-    const int fd = open(path.c_str(), flags | O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
+    const int fd = open(path.c_str(), flags | O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (fd < 0) FailOn(path);
     size_t written = 0;
     if (offset != 0 && lseek(fd, offset, SEEK_SET) < 0) FailOn(path);
@@ -31,8 +32,10 @@ void WriteFile(const std::string& path, int flags, const std::string& bytes, off
 }  // namespace
 
 MachineBuilder::MachineBuilder(std::string directory) : directory_(std::move(directory)) {
+    std::filesystem::create_directories(directory_);
     for (const char* device : {"/cdt", "/casr", "/crom", "/cevt"}) {
-        std::filesystem::create_directories(directory_ + device);
+        const std::string path = directory_ + device;
+        if (mkdir(path.c_str(), 0700) != 0 && errno != EEXIST) FailOn(path);
     }
     Write("cevt/hlog", "");
 }

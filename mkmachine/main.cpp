@@ -1,13 +1,18 @@
 // mkmachine [--model MODEL] [--events N] DIR: makes a simulated machine in a new or empty directory.
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <system_error>
 
 #include "mkmachine/models.h"
 #include "src/utils/standard_streams.h"
@@ -53,21 +58,40 @@ void PrintUsage() {
     std::fprintf(stderr, "usage: mkmachine [--model %s] [--events N] DIR\n", names.c_str());
 }
 
+// Makes the directory `path`, if it doesn't exist, and makes it the working directory. The machine is written
+// below the working directory, so that nobody who can rename a parent directory leads the program elsewhere.
+// Throws if another user could write to the directory.
+void EnterDirectory(const std::string& path) {
+    const std::filesystem::path parent = std::filesystem::path(path).parent_path();
+    if (!parent.empty()) std::filesystem::create_directories(parent);
+    const bool made = mkdir(path.c_str(), 0700) == 0 || errno == EEXIST;
+    const int fd = made ? open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC) : -1;
+    struct stat status;
+    if (fd < 0 || fstat(fd, &status) != 0) throw std::system_error(errno, std::generic_category(), path);
+    if (status.st_uid != geteuid() || (status.st_mode & 022) != 0) {
+        throw std::runtime_error(path + ": other users can write to this directory");
+    }
+    if (fchdir(fd) != 0) throw std::system_error(errno, std::generic_category(), path);
+    close(fd);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
     if (!KeepStandardDescriptors()) return 1;
+    IgnoreWriteSignals();
     Options options;
     if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
         return 2;
     }
-    if (std::filesystem::exists(options.directory) && !std::filesystem::is_empty(options.directory)) {
+    umask(077);  // only the owner can open the directories, and with them lock the devices
+    EnterDirectory(options.directory);
+    if (!std::filesystem::is_empty(".")) {
         std::fprintf(stderr, "mkmachine: %s exists and isn't empty\n", options.directory.c_str());
         return 1;
     }
-    umask(077);  // only the owner can open the directories, and with them lock the devices
-    MakeMachine(*options.model, options.directory, options.events);
+    MakeMachine(*options.model, ".", options.events);
     return 0;
 } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "mkmachine: out of memory\n");

@@ -111,10 +111,13 @@ int FailedResult() {
 
 void NoticeInterrupts() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        // A signal that nohup ignores stays ignored.
-        if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, Interrupt);
+        struct sigaction action {};
+        sigaction(signal, nullptr, &action);
+        if (action.sa_handler == SIG_IGN) continue;  // as nohup has it
+        action.sa_handler = Interrupt;
+        action.sa_flags = SA_RESTART;
+        sigaction(signal, &action, nullptr);
     }
-    for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
 }
 
 MachineCopy::MachineCopy(const std::string& path)

@@ -1,6 +1,8 @@
 // savemachine DIR: writes the data that the shell can read on this server into a machine directory. On this
 // directory, the shell's SHOW commands print the same as on the server.
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <new>
@@ -55,6 +57,8 @@ void Save(MachineCopy& copy) {
 
 int main(int argc, char** argv) try {
     if (!KeepStandardDescriptors() || MessagesToStandardError() < 0) return 1;
+    IgnoreWriteSignals();
+    umask(077);
     if (argc != 2 || argv[1][0] == '\0' || argv[1][0] == '-') {
         std::fprintf(stderr, "usage: savemachine DIR\n");
         return 2;

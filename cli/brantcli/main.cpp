@@ -23,10 +23,9 @@ namespace {
 constexpr char kDashes[] = "--------------------------------------------------------------------------";
 static_assert(sizeof kDashes - 1 == 74, "width of the banner");
 
-// Makes a write to a closed pipe fail instead of ending the process, and disables buffering of standard
-// input, because the line editor reads descriptor 0 directly.
+// Standard input is unbuffered, because the line editor reads descriptor 0 directly.
 void PrepareStreams() {
-    IgnoreBrokenPipes();
+    IgnoreWriteSignals();
     std::setvbuf(stdin, nullptr, _IONBF, 0);
     MakeOutputBlocking();
 }

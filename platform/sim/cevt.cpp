@@ -67,7 +67,9 @@ int Log::Refresh() {
     // The path is only compared with the open file, so a symbolic link in it does no harm.
     const std::string path = std::string(MachinePath()) + '/' + kCevt.name + '/' + kLogFile;
     struct stat now;
-    if (is_current_ && fstatat(AT_FDCWD, path.c_str(), &now, AT_SYMLINK_NOFOLLOW) == 0 && IsUnchanged(status_, now)) return 0;
+    if (is_current_ && fstatat(AT_FDCWD, path.c_str(), &now, AT_SYMLINK_NOFOLLOW) == 0 &&
+        IsUnchanged(status_, now))
+        return 0;
 
     is_current_ = false;
     const int opened = OpenDeviceFile(OpenDevice(kCevt.name), kLogFile, file_);

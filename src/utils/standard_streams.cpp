@@ -25,10 +25,10 @@ bool KeepStandardDescriptors() {
     return true;
 }
 
-void IgnoreBrokenPipes() {
+void IgnoreWriteSignals() {
     struct sigaction action {};
     action.sa_handler = SIG_IGN;
-    sigaction(SIGPIPE, &action, nullptr);
+    for (const int signal : {SIGPIPE, SIGXFSZ}) sigaction(signal, &action, nullptr);
 }
 
 int MessagesToStandardError() {

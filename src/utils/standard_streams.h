@@ -9,8 +9,8 @@
 // /dev/null can't be opened: the program must then end before it opens anything.
 [[nodiscard]] bool KeepStandardDescriptors();
 
-// Makes a write to a closed pipe fail instead of ending the process.
-void IgnoreBrokenPipes();
+// Makes a write to a closed pipe, or past the limit of a file's size, fail instead of ending the process.
+void IgnoreWriteSignals();
 
 // Redirects what the shell's code prints to standard error, for a program whose own output is for other
 // programs. Returns a descriptor for the real standard output, or -1 after a message.

@@ -1,5 +1,7 @@
 // mkmachine as a person calls it.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -48,6 +50,25 @@ TEST(MakeMachineProgram, MakesDirectoriesForTheirOwnerAlone) {
             EXPECT_EQ(mode, std::filesystem::perms::owner_all) << mask << directory;
         }
     }
+}
+
+// The owner of the directory could lead the program to other files while it writes.
+TEST(MakeMachineProgram, WritesOnlyIntoADirectoryOfItsUser) {
+    TestMachine parent;
+    const std::string directory = parent.Directory() + "/casr";
+    const std::string refused = "mkmachine: " + directory + ": other users can write to this directory\n";
+    const auto errors = [&](const std::string& path) {
+        return RunProgram(ProgramPath("mkmachine"), {path}, parent.Directory()).errors;
+    };
+    chmod(directory.c_str(), 0770);
+    EXPECT_EQ(errors(directory), refused);
+    chmod(directory.c_str(), 0700);
+    EXPECT_EQ(chown(directory.c_str(), 65534, 0), 0);
+    EXPECT_EQ(errors(directory), refused);
+    EXPECT_EQ(symlink("crom", (parent.Directory() + "/link").c_str()), 0);
+    EXPECT_EQ(errors(parent.Directory() + "/link"),
+              "mkmachine: " + parent.Directory() + "/link: Not a directory\n");
+    EXPECT_TRUE(std::filesystem::is_empty(directory));
 }
 
 TEST(MakeMachineProgram, LeavesADirectoryThatIsNotEmptyAlone) {
