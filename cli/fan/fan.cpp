@@ -79,11 +79,11 @@ outdata RowOf(const FanStatus& fan, int number) {
 
 }  // namespace
 
-FanCountRead ReadFanCount(int& NumFans) {
+FanCountRead ReadFanCount(int& count) {
     const Reply<FANHEADER> header(kFanHeaderTable, 0);
     if (!header) return FanCountRead::Failed;
     if (header->ucDataAvailable == 0) return FanCountRead::NotSupported;
-    NumFans = header->ucNumSupportedByChassis;
+    count = header->ucNumSupportedByChassis;
     return FanCountRead::Done;
 }
 

@@ -27,7 +27,7 @@ using LegacyFans = LegacyRecords<FANDDATA, kFanDataTable>;
 enum class FanCountRead { Done, Failed, NotSupported };
 
 // Reads the number of fan positions. A message is printed only if memory runs out (see generic_dtioctl).
-FanCountRead ReadFanCount(int& NumFans);
+FanCountRead ReadFanCount(int& count);
 
 enum class FanRead { Done, FeatureFailed, BasicFailed };
 

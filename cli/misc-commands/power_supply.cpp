@@ -26,11 +26,11 @@ void PrintSupply(const SupplyStatus& supply) {
 
 }  // namespace
 
-SupplyCountRead ReadSupplyCount(int& num_ps) {
+SupplyCountRead ReadSupplyCount(int& count) {
     const Reply<POWERSUPPLYHEADER> header(kSupplyHeaderTable, 0);
     if (!header) return SupplyCountRead::Failed;
     if (header->ucDataAvailable == 0) return SupplyCountRead::NoData;
-    num_ps = header->ucNumSupportedByChassis;
+    count = header->ucNumSupportedByChassis;
     return SupplyCountRead::Done;
 }
 

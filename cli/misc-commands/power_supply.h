@@ -19,7 +19,7 @@ using LegacySupplies = LegacyRecords<POWERSUPPLYNUMBERS, kSupplyNumbersTable>;
 enum class SupplyCountRead { Done, Failed, NoData };
 
 // Reads the number of bays. A message is printed only if memory runs out (see generic_dtioctl).
-SupplyCountRead ReadSupplyCount(int& num_ps);
+SupplyCountRead ReadSupplyCount(int& count);
 
 // Reads bay `index`, from 0. Returns false if a record can't be read. Prints as ReadSupplyCount does.
 bool ReadSupply(int index, LegacySupplies& legacy_supplies, SupplyStatus& supply);
