@@ -6,18 +6,12 @@
 #include <cstring>
 #include <vector>
 
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/asan_interface.h>
-#endif
-
-#include "cli/fan/fan.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/asr.h"
 #include "cli/misc-commands/dimm.h"
 #include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/uid.h"
-#include "cli/temp/temp.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"
 
@@ -29,16 +23,6 @@ int32_t timer_state;             // reply of the ASR timer
 EV_IOCTL_STRUCT variable;        // reply to a read of a ROM variable
 int record;                      // reply of the data tables: each byte of the record
 DataTableType failing_table;     // requests of this table fail
-void* last_record;               // the address of the last record
-int records_held;                // the number of requests at which the previous record wasn't freed yet
-
-bool IsFreed([[maybe_unused]] const void* block) {
-#ifdef __SANITIZE_ADDRESS__
-    return __asan_address_is_poisoned(block) != 0;
-#else
-    return true;
-#endif
-}
 
 }  // namespace
 
@@ -60,8 +44,6 @@ int vxIoctlRequest(int, int code, void* arg) {
         exchange(arg, nullptr, sizeof request.DtHdr);
         exchange(request.pData, nullptr, request.DtHdr.size);
         std::memset(request.pData, record, request.DtHdr.size);
-        if (last_record != nullptr && !IsFreed(last_record)) ++records_held;
-        last_record = request.pData;
         if (request.DtHdr.DT_Type == failing_table) return 1;
     } else if (code == 81) {
         exchange(arg, nullptr, sizeof(EVT_IOCTL_ENTRY));
@@ -109,29 +91,6 @@ TEST(RequestBlocks, UnusedBytesOfADataTableRequestAreZero) {
     const char* state;
     EXPECT_EQ(CallOf([&] { ReadLight(state); }),
               Request(69, 17, {{0, 5}, {4, 0xDF}, {5, 5}, {8, 1}, {9, 4}}));
-}
-
-// Records of ones: a fan, two sensors, and memory in cartridges.
-TEST(RequestBlocks, ARecordIsFreedBeforeTheNextOneIsRead) {
-#ifndef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "only the address sanitizer knows what is freed";
-#endif
-    result = 0;
-    record = 1;
-    records_held = 0;
-    last_record = nullptr;
-    calls.clear();
-    LegacyFans legacy_fans;
-    FanStatus fan;
-    int count = 0;
-    EXPECT_EQ(ReadFanCount(count), FanCountRead::Done);
-    EXPECT_EQ(ReadFan(0, legacy_fans, fan), FanRead::Done);
-    SensorStatus sensor;
-    EXPECT_EQ(ReadSensorCount(count), SensorCountRead::Done);
-    EXPECT_TRUE(ReadSensor(0, sensor) && ReadSensor(1, sensor));
-    ReadSockets();
-    EXPECT_EQ(calls.size(), 4 + 5 + 2);
-    EXPECT_EQ(records_held, 0);
 }
 
 TEST(RequestBlocks, NoneFollowsAFailedOneInAWalkOfMemoryModules) {
