@@ -5,8 +5,9 @@
 // - cli/parse/command_tree: the tree, which doesn't change after start-up
 // - cli/terminal: the terminal settings to restore, and whether the next TAB or ESC can be the second of a
 // pair
-// - src/utils: the page size, and the process that copies the output
-// The tests' ResetState() resets all of this except the process that copies the output.
+// - src/utils: the page size, and the original mode of standard output
+// The tests' ResetState() resets all of this except the mode of standard output, which no test changes in its
+// own process.
 #pragma once
 
 #include "include/smbios_records.h"
