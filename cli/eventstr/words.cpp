@@ -11,7 +11,8 @@ const char szUnknown[] = "Unknown";
 
 namespace {
 
-// The size of the longest name with its NUL. The names are stored in their tables for the same reason as RowText.
+// The size of the longest name with its NUL. The names are stored in their tables for the same reason as
+// RowText.
 constexpr size_t kNameSize = 44;
 
 // clang-format off
