@@ -12,7 +12,7 @@
 
 #include "include/smbios_records.h"
 
-struct ZET_CPU;  // cli/smbparse/smbparse.h
+struct ZET_CPU;  // cli/smbparse/processors.h and memory_inventory.h
 struct ZET_CACHE;
 struct ZET_MemModule;
 
