@@ -1,9 +1,11 @@
-// Tests of all commands for ROM settings. The golden files contain the settings of each model, and the value
-// of each variable after each command that modifies it.
+// Tests of all commands for ROM settings. The golden files contain the settings of each model, the value of
+// each variable after each command that modifies it, and the output for unusual settings, arguments and
+// faults.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "cli/misc-commands/asset_name.h"
 #include "mkmachine/models.h"
 #include "tests/misc-commands/rom_shell.h"
 #include "tests/support/expected_run.h"
@@ -15,20 +17,26 @@ constexpr char kShows[] =
     "SHOW ASR; SHOW ASSET; SHOW BOOT; SHOW EAAS; SHOW F1; SHOW HT; SHOW IPL; SHOW NAME; SHOW NIC; SHOW WOL; "
     "SHOW VERSIONS; SHOW SERIAL BIOS; SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL";
 
-// settings_shown.txt contains the status, the output and the requests of each command; '~' is a NUL.
+// Runs each command of a list for Items(). Returns its status, its output, with '~' for each NUL, and its
+// requests.
+std::string Runs(TestMachine& machine, const char* commands) {
+    std::string listing;
+    for (const std::string& command : Items(commands)) {
+        machine.StartTrace();
+        const RunResult run = machine.Script(command);
+        listing += command + " -> " + std::to_string(run.status) + run.output + run.errors;
+        listing += Requests(machine.TakeTrace()) + "\n";
+    }
+    std::replace(listing.begin(), listing.end(), '\0', '~');
+    return listing;
+}
+
 TEST(RomListings, ShowTheSettingsOfEachModel) {
     std::string listing;
     for (const Model& model : Models()) {
         TestMachine machine(model.name);
-        listing += "---- " + std::string(model.name) + "\n";
-        for (const std::string& command : Items(kShows)) {
-            machine.StartTrace();
-            const RunResult run = machine.Script(command);
-            listing += command + " -> " + std::to_string(run.status) + run.output + run.errors;
-            listing += Requests(machine.TakeTrace()) + "\n";
-        }
+        listing += "---- " + std::string(model.name) + "\n" + Runs(machine, kShows);
     }
-    std::replace(listing.begin(), listing.end(), '\0', '~');
     ExpectGolden("misc-commands/settings_shown.txt", listing);
 }
 
@@ -101,6 +109,105 @@ TEST(RomListings, ChangeTheSettings) {
         }
     }
     ExpectGolden("misc-commands/settings_changed.txt", listing);
+}
+
+struct Case {
+    const char* model;
+    const char* catches;   // the defect that changes the output
+    const char* facts;     // for SetFacts()
+    const char* commands;  // a list for Items()
+};
+#define NICS5 "ZTHMAC=" NIC NIC NIC NIC NIC
+// clang-format off
+constexpr Case kCases[] = {
+    // the boot order and the one-time boot device
+    {kOrdinary, "a device that only the other command knows is accepted", "", "SET BOOT ONCE USBKEY; SET BOOT FIRST KONF"},
+    {kOrdinary, "USBKEY is accepted on a server without it", "", "SET BOOT FIRST USBKEY"},
+    {kOrdinary, "the status of a failed write is 1", "ZTHNIPL=02; ZTHIPL=0001; !crom write ZTHIPL 1", "SET BOOT FIRST FLOPPY"},
+    {kOrdinary, "an entry after those of the installed devices is used", "ZTHNIPL=03; ZTHIPL=0001020304050607", "SET BOOT FIRST PXE"},
+    {kOrdinary, "an empty list is searched, or is a failure of SHOW IPL", "ZTHNIPL=00", "SHOW IPL; SET BOOT FIRST USBKEY"},
+    {kOrdinary, "more than eight entries are used, or only four names", "ZTHNIPL=ff; ZTHIPL=0001020004050102", "SET BOOT FIRST PXE; SHOW IPL"},
+    {kOrdinary, "a device has the name of another one", "ZTHIPL=00; ZTTBT1=01", "SHOW BOOT"},
+    {kOrdinary, "a device has the name of another one", "ZTHIPL=01; ZTTBT1=03", "SHOW BOOT"},
+    {kOrdinary, "a device has the name of another one", "ZTHIPL=03; ZTTBT1=30", "SHOW BOOT"},
+    {kOrdinary, "a code without a device has a name", "ZTHIPL=04; ZTTBT1=31", "SHOW BOOT"},
+    {kOrdinary, "the names are those of a boot order with a USB key", "ZTHNIPL=04; ZTHIPL=04030200", "SHOW IPL"},
+    {kOrdinary, "the names are those of a boot order without a USB key", "ZTHNIPL=05; ZTHIPL=0403", "SHOW IPL"},
+    {kFull, "the names are those of the other servers", "ZTHIPL=00; ZTTBT1=00", "SHOW BOOT"},
+    {kFull, "the names are those of the other servers", "ZTHNIPL=02; ZTHIPL=0304", "SHOW BOOT; SHOW IPL"},
+    {kFull, "the names are those of the other servers", "ZTHIPL=04", "SHOW BOOT"},
+    {kFull, "a code without a device has a name", "ZTHIPL=05", "SHOW BOOT"},
+    // the NICs
+    {kOrdinary, "PXE remains enabled on two NICs", "ZTHMAC=" NIC NIC NIC "; ZTHNIC=01000155667788", "ENABLE PXE NIC2"},
+    {kOrdinary, "iSCSI, or PXE of a NIC that doesn't exist, is disabled", "ZTHMAC=" NIC NIC "; ZTHNIC=020001", "ENABLE PXE NIC2; ENABLE PXE NIC2; DISABLE PXE NIC1"},
+    {kOrdinary, "DISABLE clears all flags, or ENABLE prints more than the lowest one", NICS5 "; -ZTHNIC; ZTHPXE=1e", "DISABLE PXE NIC3; ENABLE PXE NIC5"},
+    {kOrdinary, "a note for a higher flag, although the lowest is that of the NIC", NICS5 "; -ZTHNIC; ZTHPXE=12", "ENABLE PXE NIC2"},
+    {kOrdinary, "a failed write of the legacy variable is ignored", "-ZTHNIC; ZTHPXE=00; !crom write ZTHPXE 1", "ENABLE PXE NIC1; DISABLE PXE NIC2"},
+    {kOrdinary, "a variable that can't be read is written", "-ZTHNIC; -ZTHPXE", "ENABLE PXE NIC1; DISABLE PXE NIC1; ENABLE ISCSI NIC6"},
+    {kOrdinary, "the checks are made in another order", "ZTHMAC=00",
+     "ENABLE PXE NIC6; DISABLE PXE NIC0; ENABLE ISCSI NIC12; DISABLE ISCSI \"nic1\"; ENABLE PXE NIC1; DISABLE ISCSI NIC1"},
+    {kOrdinary, "a NIC after the last one is accepted", "ZTHMAC=" NIC NIC, "DISABLE PXE NIC3; ENABLE ISCSI NIC3"},
+    {kOrdinary, "NICs are used although their number is unknown", "-ZTHMAC; ZTHNIC=01", "DISABLE PXE NIC1; SHOW NIC"},
+    {kOrdinary, "an unknown setting has a name", "ZTHMAC=" NIC NIC NIC NIC "; ZTHNIC=0001020304", "SHOW NIC"},
+    // the serial ports
+    {kOrdinary, "an invalid port or baud rate is accepted", "", "SET SERIAL BIOS COM3 9600; SET SERIAL BIOS COM2 2400; SET SERIAL BIOS COM1"},
+    {kOrdinary, "the baud rate is not written if writing the port fails", "!crom write ZTHCON 1", "SET SERIAL BIOS COM1 9600; SET SERIAL BIOS DISABLED 1"},
+    {kFull, "both embedded ports are disabled, or other bits are changed", "ZTSBKT=0000a1c100000000000032aabb", "set serial virtual com1"},
+    {kFull, "the interrupt line of port B is changed", "ZTSBKT=000041fa000000000000f8aabb", "SET SERIAL VIRTUAL COM2"},
+    {kFull, "a number that only the embedded ports can have is accepted", "", "SET SERIAL VIRTUAL COM3"},
+    {kOrdinary, "a port that doesn't exist is set or shown", "", "SET SERIAL VIRTUAL; SHOW SERIAL VIRTUAL 1"},
+    {kOrdinary, "the notes are in another order, or the interrupt line is wrong", "ZTSBKT=0000530700000000000043aabb", "set serial embedded portb com3"},
+    {kOrdinary, "the virtual port is disabled if the moved port gets its number", "ZTSBKT=0000530700000000000041aabb", "SET SERIAL EMBEDDED PORTB COM3"},
+    {kOrdinary, "an invalid number is accepted", "", "SET SERIAL EMBEDDED PORTA COM5"},
+    {kOrdinary, "a port or rate has the name of another one", "ZTHCON=02; ZTHBAUD=0c", "SHOW SERIAL BIOS"},
+    {kOrdinary, "a port or rate has the name of another one", "ZTHCON=04; ZTHBAUD=0a", "SHOW SERIAL BIOS"},
+    {kOrdinary, "a port or rate has the name of another one", "ZTHCON=05; ZTHBAUD=0b", "SHOW SERIAL BIOS"},
+    {kOrdinary, "a port or rate has the name of another one", "ZTHCON=06; ZTHBAUD=0d", "SHOW SERIAL BIOS"},
+    {kOrdinary, "a code without a port has a name", "ZTHCON=03; ZTHBAUD=01", "SHOW SERIAL BIOS"},
+    {kOrdinary, "a code without a port has a name", "ZTHCON=07; ZTHBAUD=01", "SHOW SERIAL BIOS"},
+    {kFull, "bits next to the number are read", "ZTSBKT=0000fcff000000000000ff", "SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL"},
+    {kFull, "bits next to the number are read", "ZTSBKT=0000f8fa000000000000fb", "SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL"},
+    {kFull, "an undefined number has a name", "ZTSBKT=0000f5fe000000000000fd", "SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL"},
+    {kFull, "an undefined number has a name", "ZTSBKT=00000000000000000000f8", "SHOW SERIAL VIRTUAL"},
+    {kFull, "an undefined number has a name", "ZTSBKT=00000000000000000000fe", "SHOW SERIAL VIRTUAL"},
+    // the recovery timer, the server's name, the switches, and the versions
+    {kOrdinary, "the state is shown as the minutes", "ZTHCPR=0203140405060708", "ENABLE ASR; SHOW ASR; DISABLE ASR; SHOW ASR"},
+    {kOrdinary, "an invalid number is accepted, or one that wraps to a valid one", "", "SET ASR 12; SET ASR TEN; SET ASR 4294967301"},
+    {kOrdinary, "a half has one character too many or too few, or no NULs", "",
+     "SET NAME abcdefghijklmnOPQRSTUVWXYZ12; SHOW NAME; SET NAME abcdefghijklmnOPQRSTUVWXYZ123; SET NAME \"My Server\""},
+    {kOrdinary, "an empty first half is shown", "ZTHLS1=0041", "SHOW NAME"},
+    {kOrdinary, "no message for a failed write, or a wrong status", "!crom write ZTSBKT 1; !crom write ZTHLS1 1", "SET NAME web7; ENABLE WOL; DISABLE WOL"},
+    {kOrdinary, "the case of a quoted word is ignored", "", "SET F1 \"delayed\""},
+    {kOrdinary, "a neighbouring bit is read", "ZTHCSM=fe", "SHOW EAAS"},
+    {kOrdinary, "a neighbouring bit is read", "ZTHCSM=07", "SHOW EAAS"},
+    {kOrdinary, "a neighbouring bit is read, or an undefined setting is shown as enabled", "ZTSBKT=000000000000fcfc", "SHOW WOL; SHOW F1"},
+    {kOrdinary, "an undefined setting is shown as enabled", "ZTSBKT=000000000000ff", "SHOW WOL"},
+    {kOrdinary, "a component has the version of another one",
+     "ZTHUV=000102030405060708090a0b0c0d0e0f101112131415161718191a1b1c1d1e1f20212223242526272829ff", "SHOW VERSIONS IN FULL"},
+    {kOrdinary, "a component without a version is left out, or the last byte isn't read", "ZTHUV=" ZEROS ZEROS "0000000000000000000000000001", "SHOW VERSIONS"},
+};
+// clang-format on
+
+// settings_cases.txt contains the results of each case on a machine of its own.
+TEST(RomListings, OfUnusualSettingsArgumentsAndFaults) {
+    std::string listing;
+    for (const Case& c : kCases) {
+        TestMachine machine(c.model);
+        SetFacts(machine, c.facts);
+        listing += "---- " + std::string(c.catches) + ": " + c.model + " with " + c.facts + "\n";
+        listing += Runs(machine, c.commands);
+    }
+    ExpectGolden("misc-commands/settings_cases.txt", listing);
+}
+
+TEST(RomListings, TruncateTheAssetText) {
+    RomShell shell;
+    InputLineType line{};
+    line.NumWords = 3;
+    std::string longer(300, 'A');
+    line.Words[2] = longer.data();
+    EXPECT_EQ(do_set_asset(&line), 0);
+    EXPECT_EQ(shell.Run("SHOW ASSET IN FULL"), "\nAsset: '" + longer.substr(0, 255) + "'");
 }
 
 }  // namespace

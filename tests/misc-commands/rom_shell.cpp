@@ -48,26 +48,6 @@ void SetFacts(TestMachine& machine, const char* facts) {
     }
 }
 
-void ExpectRows(const std::vector<RomRow>& rows) {
-    for (const RomRow& row : rows) {
-        TestMachine machine(row.model);
-        SetFacts(machine, row.facts);
-        ExpectRuns(machine, row.steps, row.catches);
-    }
-}
-
-void ExpectShown(const char* product, const std::vector<Shown>& rows) {
-    RomShell shell;
-    got_kelm = 1;
-    embedded_nics_installed = 4;
-    std::strcpy(system_name, product);
-    for (const Shown& row : rows) {
-        SetFacts(shell.machine, row.facts);
-        EXPECT_EQ(row.output, shell.Run(row.command)) << row.facts;
-        EXPECT_EQ(row.status, shell.status) << row.facts;
-    }
-}
-
 RomShell::RomShell() {
     script_mode = 1;
     machine.StartTrace();
