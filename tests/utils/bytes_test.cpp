@@ -1,13 +1,10 @@
-// Tests of reading and writing within the bounds of a buffer.
+// Tests of reading within the bounds of a buffer.
 
 #include "src/utils/bytes.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <string>
-
-#include "src/utils/text.h"
 
 namespace {
 
@@ -36,48 +33,7 @@ TEST(Bytes, ReadsFieldsWithinTheirBounds) {
     }
     EXPECT_EQ(ReadPaddedField<uint16_t>({kBytes, 5}, 2), 0x80FF);
     EXPECT_EQ(ReadPaddedField<uint8_t>({kBytes, 5}, 3), 0x80);
-}
-
-struct TextCase {
-    const char* catches;
-    std::string bytes;
-    size_t offset;
-    const char* text;
-};
-
-TEST(Bytes, ReadsStringsUpToTheirNulOrTheEnd) {
-    const TextCase cases[] = {
-        {"the string doesn't end at its NUL", std::string("ab\0cd", 5), 0, "ab"},
-        {"the offset is ignored", std::string("ab\0cd\0", 6), 3, "cd"},
-        {"a string without a NUL extends beyond the end", std::string("ab\0cd", 5), 3, "cd"},
-        {"an empty string extends beyond its NUL", std::string("ab\0cd", 5), 2, ""},
-        {"reads at the end", "ab", 2, ""},
-        {"reads far after the end", "ab", SIZE_MAX, ""},
-        {"reads where there are no bytes", "", 0, ""},
-    };
-    for (const TextCase& c : cases) {
-        const Bytes bytes = {reinterpret_cast<const uint8_t*>(c.bytes.data()), c.bytes.size()};
-        EXPECT_EQ(ReadText(bytes, c.offset), c.text) << c.catches;
-    }
-}
-
-TEST(TextWriter, KeepsTheBeginningIfTheBufferIsFull) {
-    char buffer[] = "#######";
-    TextWriter out(buffer, 6);
-    EXPECT_TRUE(out.Empty());
-    out.Text({});
-    out.Text("ab");
-    EXPECT_STREQ(buffer, "ab");
-    out.Number(712);
-    EXPECT_FALSE(out.Truncated()) << "a string that fits exactly";
-    out.Number(3);
-    EXPECT_TRUE(out.Truncated());
-    out.Letter('x');
-    EXPECT_EQ(std::string(buffer, sizeof buffer), std::string("ab712\0#\0", 8));
-
-    TextWriter none(buffer, 1);
-    none.Letter('a');
-    EXPECT_TRUE(none.Truncated() && none.Empty());
+    EXPECT_EQ(ReadText({kBytes, 5}, SIZE_MAX), "") << "a string after the end is read";
 }
 
 }  // namespace
