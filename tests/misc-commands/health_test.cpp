@@ -5,9 +5,6 @@
 
 #include <algorithm>
 
-#include "cli/command/command.h"
-#include "cli/misc-commands/power_supply.h"
-#include "cli/misc-commands/uid.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
 #include "mkmachine/models.h"
@@ -42,33 +39,6 @@ TEST(SetUid, ChangesTheState) {
               "cdt 1503.0.0 size=5 cru=1.4 -> 0\ncdt 1500.0.0 size=3 cru=0.0 -> 0\n"
               "cdt 1503.0.0 size=5 cru=1.1 -> 0\ncdt 1503.0.0 size=5 cru=1.4 -> 0\n");
     EXPECT_EQ(machine.Read(kControlFile), before);
-}
-
-struct WordsCase {
-    char third[8];
-    const char* output;
-};
-
-// The command tree accepts only ON and OFF. The handler accepts every word that begins with ON or OFF.
-constexpr WordsCase kWords[] = {
-    {"O", "\nInvalid argument(s)\nhelp"},
-    {"OF", "\nInvalid argument(s)\nhelp"},
-    {"ONCE", "\nERROR: \"SET UID\" command failed."},  // because no device is open
-    {"OFFSET", "\nERROR: \"SET UID\" command failed."},
-};
-
-TEST(SetUid, AcceptsWordsThatBeginWithOnOrOff) {
-    CmdType node = {"UID", "help", nullptr, do_set_uid, nullptr, nullptr};
-    current_command = &node;
-    for (WordsCase c : kWords) {
-        InputLineType line{};
-        line.NumWords = 3;
-        line.Words[2] = c.third;
-        testing::internal::CaptureStdout();
-        EXPECT_EQ(do_set_uid(&line), 1);
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), c.output) << c.third;
-    }
-    current_command = nullptr;
 }
 
 constexpr int kBoardIndex = 255;
