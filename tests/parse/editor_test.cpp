@@ -86,7 +86,7 @@ constexpr KeyCase kKeys[] = {
     {"a byte of 0x80 or above is a key code",      "a<EB><F8>",                "a<Bell><Bell>",                  "a",   1},
     {"a control character is inserted",            "<01><04><1A>",             "<Bell><Bell><Bell>",             "",    0},
     {"too much of a sequence is read", "<Esc>[22~<Esc>[16~<Esc>[7~<Esc>[1x~",  "<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~", "~~~~", 4},
-    {"too little of a sequence is read", "<Esc>OP<Esc>[Z<Esc>x<Esc>[[A", "<Bell><Bell>P<Bell><Bell><Bell><Bell><Bell><Bell>A", "PA", 2},
+    {"too little of a sequence is read", "<Esc>OP<Esc>[Z<Esc>x<Esc><80><Esc>[[A", "<Bell><Bell>P<Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell>A", "PA", 2},
     {"a key without a function rings twice",
         "<Esc>[5~<Esc>[6~<Esc>[12~<Esc>[14~<Esc>[15~<Esc>[17~<Esc>[18~<Esc>[19~<Esc>[20~<Esc>[21~<Esc>[23~<Esc>[24~",
         "<Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell>", "", 0},
@@ -156,7 +156,11 @@ TEST(Editor, BeginsWithAnEmptyHistory) {
     FreeHistory();
     ASSERT_TRUE(AllocateHistory() && history_index == 0);
     EXPECT_EQ(std::count(History[0], History[0] + kBytes, '\0'), kBytes) << "the buffers aren't zeroed";
+    std::memset(History[1], 'x', kHistorySlotSize);
     StoreInHistory("aa");
+    EXPECT_EQ(std::count(History[1], History[1] + kHistorySlotSize, '\0'), kHistorySlotSize);
+    Type("aa<Enter>");
+    EXPECT_EQ(history_index, 1) << "a repeated command is stored twice";
     EXPECT_TRUE(RepeatsNewest("aa"));
     EXPECT_FALSE(RepeatsNewest("a"));
     EXPECT_FALSE(RepeatsNewest("aaa"));
