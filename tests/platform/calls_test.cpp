@@ -1,80 +1,85 @@
-// Tests of injected faults and of the trace, for calls of each kind, and of failure reports.
+// Tests of the calls' results, of injected faults, of the trace and of failure reports.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "platform/physical_memory.h"
 #include "tests/platform/make_call.h"
+#include "tests/support/golden.h"
 #include "tests/support/pattern.h"
 
 namespace {
 
-// `catches`: the defect that the case detects. `bad_lines`: the numbers of the lines that are reported.
-const struct {
-    const char* catches;
-    const char* faults;
-    const char* calls;
-    const char* bad_lines = "";
-} kFaults[] = {
-    {"a fault of another device", "open cevt -13\n", "open cdt -> 0; open cevt -> -1 errno=13"},
-    {"a fault of another record", "cdt 351.0.0 7\n",
-     "open cdt -> 0; cdt 351.0.0 size=4 cru=0.0 -> 7; cdt 351.0.1 size=4 cru=0.0 -> 0 = 02"},
-    {"a change that is made in spite of a fault", "cdt 1503.0.0 -5\ncasr 4 0\ncasr 6 0\ncevt clear 0\n",
-     "open cdt -> 0; cdt 1503.0.0 size=5 cru=1.1 -> -1 errno=5; open casr -> 0; casr 4 -> 0; casr 6 -> 0;"
-     "open cevt -> 0; cevt clear length=56 -> 0"},
-    {"a read's fault for writes, or a name compared by its beginning", "crom read A 1\ncrom write AB 2\n",
-     "open crom -> 0; crom read A length=1 -> 1; crom write A length=1 data=41 -> 0;"
-     "crom read AB length=1 -> 0 = 42; crom write AB length=1 data=00 -> 2"},
-    {"a fault of another event", "cevt read 2147483648 4\ncevt read 0 5\ncevt read * 6\n",
-     "open cevt -> 0; cevt read 0 length=44 -> 5; cevt read 1 length=44 -> 6;"
-     "cevt read -2147483648 length=44 -> 4; cevt choice=7 length=44 -> -1 errno=22"},
-    {"a fault of another page", "xsvc map 0x00001000 -12\n",
-     "xsvc open -> 0; xsvc map 0x00000000 4096 -> 0 = 4d4e; xsvc unmap 4096;"
-     "xsvc map 0x00001000 4096 -> -1 errno=12; xsvc close"},
-    {"physical memory that opens in spite of a fault", "xsvc open -1\n", "xsvc open -> -1 errno=1"},
-    {"PICL that initializes in spite of a fault", "picl initialize 1\n",
-     "picl initialize -> 1; picl root -> 4"},
-    {"a root in spite of a fault", "picl root 15\n", "picl initialize -> 0; picl root -> 15"},
-    {"request numbers that start at 0 or count other calls", "request 2 9\n",
-     "open casr -> 0; xsvc open -> 0; casr 6 -> 0 = 01000000; casr 6 -> 9; casr 6 -> 0 = 01000000"},
-    {"a later line of several that match", "request 1 3\ncasr 6 4\nrequest 2 5\ncasr 6 6\n",
-     "open casr -> 0; casr 6 -> 3; casr 6 -> 4"},
-    {"a comment taken for a fault, or a last line without newline ignored", "\n# casr 6 1\ncasr 6 2",
-     "open casr -> 0; casr 6 -> 2"},
-    {"an invalid line accepted or not reported",
-     "casr\ncasr 6\ncasr 6 x\ncasr x 1\nopen cdt 0\nopen tape -1\n"
-     "cdt 5 1\ncdt 351.0 1\ncdt x.0.0 1\ncdt 351.256.0 1\nrequest 0 1\n"
-     "picl root -1\ncasr 6 99999999999\n\1\2\xff\n casr 6 1\ncevt clear 0 1\ncevt read -2147483649 1\n"
-     "cevt read 4294967296 1\ncasr 6 1x\ncrom read A B 1\ncasr 6 5\n",
-     "open casr -> 0; casr 6 -> 5", "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 "},
-};
+// Replaces \n by a newline and \xHH by the byte HH.
+std::string Unescape(const std::string& text) {
+    std::string bytes;
+    for (const Match& match : MatchAll(text, "\\\\x(..)|(\\\\n)|(.)")) {
+        if (!match[1].empty()) bytes += static_cast<char>(std::stoi(match[1], nullptr, 16));
+        bytes += match[2].empty() ? match[3] : "\n";
+    }
+    return bytes;
+}
+
+// Runs a line of calls.txt: a call, or a change or read of a file of the machine. Returns the result. Appends
+// to `calls` the trace line of a call.
+std::string RunLine(TestMachine& machine, const std::string& line, std::string& calls) {
+    Match words;
+    const auto is = [&](const char* pattern) { return !(words = MatchWhole(line, pattern)).empty(); };
+    if (is("write (\\S+) ?(.*)")) {
+        machine.Write(words[1], Unescape(words[2]));
+    } else if (is("resize (\\S+) (\\d+)")) {
+        machine.Write(words[1], std::string(std::stoul(words[2]), '\0'));
+    } else if (is("memory (\\S+) (.*)")) {
+        machine.PhysicalMemory(std::stoull(words[1], nullptr, 0), Unescape(words[2]));
+    } else if (is("event (\\d+) (\\d+)")) {
+        const auto number = static_cast<uint32_t>(std::stoul(words[1]));
+        machine.Append("cevt/hlog", LogEntry(number, std::stoul(words[2])));
+    } else if (is("remove (\\S+)")) {
+        machine.Remove(words[1]);
+    } else if (is("directory (\\S+)")) {
+        std::filesystem::create_directory(machine.Directory() + "/" + words[1]);
+    } else if (is("read (\\S+)")) {
+        const bool exists = std::filesystem::exists(machine.Directory() + "/" + words[1]);
+        return exists ? Hexadecimal(machine.Read(words[1])) : "no file";
+    } else {
+        const std::string result = Make(line);
+        calls += line + (result.empty() ? "" : " -> ") + ReplaceAll(result, " = .*", "") + "\n";
+        return result;
+    }
+    return "";
+}
 
 }  // namespace
 
-TEST(Faults, ReplaceTheMatchingCalls) {
-    for (const auto& [catches, faults, calls, bad_lines] : kFaults) {
-        SCOPED_TRACE(catches);
+// Each paragraph of calls.txt uses a new machine. A comment after '#' names the defect that the line detects.
+// '!' begins a line of standard error.
+TEST(Calls, HaveTheResultsOfTheGoldenFile) {
+    constexpr char kGolden[] = "platform/calls.txt";
+    std::istringstream golden(GoldenText(kGolden));
+    std::string listing;
+    for (std::string line; golden;) {
         TestMachine machine;
-        machine.Asr(true);
-        machine.Write("cdt/351.0.0", "\1");
-        machine.Write("cdt/351.0.1", "\2");
-        machine.Write("cdt/1503.0.0", "\1\7");
-        machine.Variable("A", std::string("A"));
-        machine.Variable("AB", std::string("B"));
-        machine.Write("cevt/hlog", "log");
-        machine.Write("picl", "picl\n");
-        machine.PhysicalMemory(0, "M" + std::string(4094, '\0') + "N" + std::string(4096, '\0'));
-        machine.Write("faults", faults);
-        ExpectCalls(machine, calls);
-
-        EXPECT_EQ(machine.Read("cdt/1503.0.0") + machine.Read("crom/AB") + machine.Read("cevt/hlog"),
-                  "\1\7Blog")
-            << "a call that a fault replaces has changed a file";
-        const char* const report = "simulated machine: faults: line (\\d+) can't be read\n";
-        EXPECT_EQ(ReplaceAll(machine.Read("stderr"), report, "$1 "), bad_lines);
+        machine.StartTrace();
+        InChild(machine, [&] {
+            std::string calls;
+            while (std::getline(golden, line) && !line.empty()) {
+                if (line[0] == '!') continue;
+                const Match parts = MatchWhole(line, "([^#].*?)?( ->.*?)?( *#.*)?");
+                const std::string result = parts[1].empty() ? "" : RunLine(machine, parts[1], calls);
+                machine.Append("results",
+                               parts[1] + (result.empty() ? "" : " -> ") + result + parts[3] + "\n");
+            }
+            machine.Write("calls", calls);
+        });
+        while (std::getline(golden, line) && !line.empty()) continue;
+        EXPECT_EQ(machine.TakeTrace(), machine.Read("calls")) << machine.Read("results");
+        listing += (listing.empty() ? "" : "\n") + machine.Read("results") +
+                   ReplaceAll(machine.Read("stderr"), "(.+\n)", "! $1");
     }
+    ExpectGolden(kGolden, listing);
 }
 
 TEST(Trace, IsOpenedAtTheFirstCallAndAppendedTo) {

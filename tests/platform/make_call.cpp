@@ -186,3 +186,12 @@ void ExpectCalls(TestMachine& machine, const std::string& calls) {
     for (const Match& step : steps) trace += step[1] + (step[2].empty() ? "" : " -> ") + step[3] + "\n";
     EXPECT_EQ(machine.TakeTrace(), trace);
 }
+
+std::string LogEntry(uint32_t number, size_t length) {
+    EVT_HEADER header{};
+    header.wEvtLength = static_cast<uint16_t>(length);
+    header.dwEvtNumber = number;
+    std::string entry = MachineBuilder::Plain(header);
+    entry.resize(std::max(length, sizeof header), static_cast<char>(number & 0x7F));
+    return entry;
+}

@@ -19,3 +19,6 @@ std::string Make(const std::string& call);
 // contains "CALL -> RESULT = REPLY # THE DEFECT THAT IT CATCHES" for each, separated by ';' or newlines; all
 // but CALL is optional.
 void ExpectCalls(TestMachine& machine, const std::string& calls);
+
+// Returns an event log entry: a header, then bytes that depend on its number.
+std::string LogEntry(uint32_t number, size_t length);

@@ -4,21 +4,6 @@
 #include "platform/physical_memory.h"
 #include "platform/picl.h"
 #include "tests/platform/make_call.h"
-#include "tests/support/pattern.h"
-
-TEST(PhysicalMemory, IsMappedUpToTheEndOfTheFile) {
-    TestMachine machine;
-    machine.PhysicalMemory(0xF0000, "M");
-    machine.PhysicalMemory(0x100000000, "N" + std::string(4094, '\0') + "O");
-    ExpectCalls(machine, R"(xsvc open -> 0
-        xsvc map 0x000f0000 65536 -> 0 = 4d00; xsvc unmap 65536
-        xsvc map 0x100000000 4096 -> 0 = 4e4f; xsvc unmap 4096   # an address truncated to 32 bits
-        xsvc map 0x100000000 8192 -> -1 errno=22                 # a page past the end
-        xsvc map 0x100002000 4096 -> -1 errno=22                 # a range beyond the end
-        xsvc map 0x000f0000 0 -> -1 errno=22                     # an empty range
-        xsvc map 0xfffffffffffff000 4096 -> -1 errno=22          # an address below 0
-        xsvc close)");
-}
 
 TEST(PhysicalMemory, StaysMappedWhenTheFileShrinks) {
     TestMachine machine;
@@ -32,47 +17,6 @@ TEST(PhysicalMemory, StaysMappedWhenTheFileShrinks) {
         ASSERT_NE(bytes, nullptr);
         EXPECT_EQ(bytes[8191], 'M') << "the mapping isn't a copy";
     });
-}
-
-namespace {
-
-const struct {
-    const char* catches;
-    const char* tree;
-    const char* nodes;           // the "id" of each node of class a; null: there is no root
-    const char* bad_lines = "";  // the numbers of the lines that are reported
-} kTrees[] = {
-    {"the walk's order, or the root in it", "a id=1\n  a id=2\n    a id=3\n    b id=9\n  a id=4\n", "020304"},
-    {"a class compared by its beginning", "r\n  ab id=1\n  a id=2\n  b id=3\n", "02"},
-    {"a node without the property", "r\n  a\n  a ids=1 xid=2 id=3\n", "ff03"},
-    {"a decimal or hexadecimal number", "r\n  a id=0x7f\n  a id=127 x=4294967295\n", "7f7f"},
-    {"a comment taken for a node", "# r\n\nr\n\n  a id=1\n# x\n  # x\n   \n    a id=2", "0102"},
-    {"CR LF line ends", "r\r\n  a id=1\r\n", "01"},
-    {"no root", "# nothing\n", nullptr},
-    {"a root that is indented", "  r\n", nullptr, "1 "},
-    {"random bytes", "\x8e\x01\n\xff  =\t\n   \x7f", "", "2 "},
-    {"a second root and all below it", "r\na id=1\n  a id=2\n", "", "2 "},
-    {"a skipped level", "r\n    a id=1\n  a id=2\n", "02", "2 "},
-    {"half a level", "r\n   a id=1\n  a id=2\n", "02", "2 "},
-    {"a value of 33 bits", "r\n  a id=4294967296\n  a id=2\n", "02", "2 "},
-    {"a value that isn't a number", "r\n  a id=0x\n    a id=1\n  a id=2\n", "02", "2 "},
-    {"a property without a name", "r\n  a =1\n  a id=2\n", "02", "2 "},
-    {"a property without a value", "r\n  a 7\n  a id=2\n", "02", "2 "},
-};
-
-}  // namespace
-
-TEST(Picl, WalksTheTreeOfTheFile) {
-    for (const auto& [catches, tree, nodes, bad_lines] : kTrees) {
-        SCOPED_TRACE(catches);
-        TestMachine machine;
-        machine.Write("picl", tree);
-        const std::string found = nodes == nullptr ? "1" : "0; picl walk a -> 0";
-        const std::string ids = nodes == nullptr || *nodes == '\0' ? "" : std::string(" = ") + nodes;
-        ExpectCalls(machine, "picl initialize -> 0; picl root -> " + found + ids);
-        const char* const report = "simulated machine: picl: line (\\d+) can't be read\n";
-        EXPECT_EQ(ReplaceAll(machine.Read("stderr"), report, "$1 "), bad_lines);
-    }
 }
 
 // Tree-walk callback: counts the nodes in arg[0] and returns arg[1].
