@@ -16,6 +16,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Copies the machine to the directory `copy`. If `variable` isn't empty, it is a NAME=VALUE of
+// interposed/changes.cpp, and savemachine_interposed runs.
+RunResult Save(const TestMachine& machine, const std::string& copy, const std::string& variable = "") {
+    RunOptions options;
+    options.detect_leaks = true;
+    if (!variable.empty()) options.environment = {variable};
+    const std::string program = ProgramPath(variable.empty() ? "savemachine" : "savemachine_interposed");
+    return RunProgram(program, {copy}, machine.Directory(), options);
+}
+
 class MachineCopies : public testing::TestWithParam<std::string> {
   protected:
     enum Scripts { kOnePerCommand, kOneForAll };  // of SHOW commands; kOnePerCommand compares each status
@@ -27,9 +37,7 @@ class MachineCopies : public testing::TestWithParam<std::string> {
         SCOPED_TRACE(what);
         const TestMachine parent;
         const std::string copy = parent.Directory() + "/copy";
-        RunOptions options;
-        options.detect_leaks = true;
-        const RunResult saved = RunProgram(ProgramPath("savemachine"), {copy}, machine.Directory(), options);
+        const RunResult saved = Save(machine, copy);
         EXPECT_EQ(saved.status, 0) << saved.errors;
         EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_all);
         for (const std::string& script : ShowScripts(scripts)) {
@@ -146,21 +154,13 @@ TEST_P(MachineCopies, OfTablesAboveTheBiosAreaPrintTheSame) {
 
 INSTANTIATE_TEST_SUITE_P(Model, MachineCopies, testing::ValuesIn(ModelNames()));
 
-struct CommandCase {
-    const char* what;
-    std::string command;  // $1: the program; $2: an empty directory
-    std::string errors;   // with $2
-    int status;
-};
-
-std::string Replaced(std::string text, const std::string& word, const std::string& by) {
-    for (size_t at = 0; (at = text.find(word, at)) != text.npos; at += by.size())
-        text.replace(at, word.size(), by);
-    return text;
-}
-
 TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
-    const CommandCase cases[] = {
+    const struct {
+        const char* what;
+        const char* command;  // $1: the program; $2: an empty directory
+        const char* errors;   // with $2
+        int status;
+    } cases[] = {
         {"no argument", "$1", "usage: savemachine DIR\n", 2},
         {"an option", "$1 -x", "usage: savemachine DIR\n", 2},
         {"an existing name", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
@@ -182,12 +182,12 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
     const TestMachine machine("tr300");
     const TestMachine parent;
     const std::string folder = parent.Directory() + "/casr";
-    for (const CommandCase& c : cases) {
-        const std::string command = Replaced(Replaced(c.command, "$1", InShell("savemachine")), "$2", folder);
-        const RunResult run = RunProgram("/bin/sh", {"-c", command}, machine.Directory());
-        EXPECT_EQ(run.errors, Replaced(c.errors, "$2", folder)) << c.what;
-        EXPECT_EQ(run.status, c.status) << c.what;
-        EXPECT_TRUE(fs::is_empty(folder)) << c.what << ": the copy or its temporary directory is left";
+    for (const auto& [what, command, errors, status] : cases) {
+        const RunResult run = RunProgram("/bin/sh", {"-c", command, "sh", ProgramPath("savemachine"), folder},
+                                         machine.Directory());
+        EXPECT_EQ(run.errors, ReplaceAll(errors, "\\$2", folder)) << what;
+        EXPECT_EQ(run.status, status) << what;
+        EXPECT_TRUE(fs::is_empty(folder)) << what << ": the copy or its temporary directory is left";
     }
 }
 
@@ -200,9 +200,7 @@ TEST(SaveMachine, ReportsFailedCallsAndCopiesThemAsFaults) {
                                   "cevt read 2 -5",     "picl root 7",        "cdt 1707.0.2 -5"};
     for (const char* const fault : faults) machine.Fault(fault);  // the last: of an empty socket
     const TestMachine parent;
-    const RunResult run =
-        RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, machine.Directory());
-    EXPECT_EQ(run.errors,
+    EXPECT_EQ(Save(machine, parent.Directory() + "/copy").errors,
               "savemachine: not read: cdt 351.0.0: refused\n"
               "savemachine: not read: cdt 1702.255.0: Input/output error\n"
               "savemachine: not read: cdt 1503.0.0: refused\n"
@@ -221,7 +219,7 @@ TEST(SaveMachine, SavesDevicesOrTablesAlone) {
     TestMachine machine, with_tables("tr300");
     const auto save = [](const TestMachine& from) {
         const TestMachine parent;
-        return RunProgram(ProgramPath("savemachine"), {parent.Directory() + "/copy"}, from.Directory());
+        return Save(from, parent.Directory() + "/copy");
     };
     const RunResult devices = save(machine);
     EXPECT_EQ(devices.errors.find("xsvc"), devices.errors.npos) << devices.errors;
@@ -240,12 +238,8 @@ TEST(SaveMachine, SavesDevicesOrTablesAlone) {
 // Two killed runs leave directories whose names nobody can guess.
 TEST(SaveMachine, HasARandomTemporaryName) {
     const TestMachine machine, parent;
-    RunOptions options;
-    options.environment = {"BRANT_AFTER_MKDIR=kill -9 $PPID"};
     const std::string folder = parent.Directory() + "/casr";
-    for (int i = 0; i < 2; ++i) {
-        RunProgram(ProgramPath("savemachine_interposed"), {folder + "/copy"}, machine.Directory(), options);
-    }
+    for (int i = 0; i < 2; ++i) Save(machine, folder + "/copy", "BRANT_AFTER_MKDIR=kill -9 $PPID");
     std::set<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder)) {
         const std::string name = entry.path().filename();
@@ -258,11 +252,7 @@ TEST(SaveMachine, HasARandomTemporaryName) {
 
 TEST(SaveMachine, SyncsEachFileBeforeTheRename) {
     const TestMachine machine("tr300"), parent;
-    RunOptions options;
-    options.environment = {"BRANT_KILL_AT=0"};  // which lists the calls
-    const std::string calls = RunProgram(ProgramPath("savemachine_interposed"),
-                                         {parent.Directory() + "/copy"}, machine.Directory(), options)
-                                  .errors;
+    const std::string calls = Save(machine, parent.Directory() + "/copy", "BRANT_KILL_AT=0").errors;
     const std::string unsynced = ReplaceAll(calls, "open (\\S*/)?(\\S+)\nfsync \\2\n", "");
     EXPECT_EQ(unsynced, "rename copy\n");
 }
@@ -288,10 +278,8 @@ TEST(SaveMachine, RemovesTheCopyIfASignalInterruptsIt) {
     for (const char* const signal : {"INT", "TERM", "HUP"}) {
         const TestMachine parent;
         const std::string folder = parent.Directory() + "/casr";
-        RunOptions options;
-        options.environment = {std::string("BRANT_AFTER_MKDIR=kill -") + signal + " $PPID"};
-        const RunResult run = RunProgram(ProgramPath("savemachine_interposed"), {folder + "/copy"},
-                                         machine.Directory(), options);
+        const RunResult run =
+            Save(machine, folder + "/copy", std::string("BRANT_AFTER_MKDIR=kill -") + signal + " $PPID");
         EXPECT_EQ(run.errors, "savemachine: interrupted by a signal\n") << signal;
         EXPECT_EQ(run.status, 1) << signal;
         EXPECT_TRUE(fs::is_empty(folder)) << signal;
@@ -324,12 +312,10 @@ TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesTheNewOne) {
         const std::string copy = parent.Directory() + "/a";
         fs::create_directory(parent.Directory() + "/victim");
         for (const char* const file : {"victim/xsvc", "victim/picl"}) parent.Write(file, "kept");
-        RunOptions options;
-        options.environment = {"BRANT_AFTER_MKDIR=cd " + parent.Directory() +
-                               "; d=$(echo a.*); case ${MADE##*/} in " + attack.after + ") mv $d moved; " +
-                               attack.command + ";; esac"};
         const RunResult run =
-            RunProgram(ProgramPath("savemachine_interposed"), {copy}, machine.Directory(), options);
+            Save(machine, copy,
+                 "BRANT_AFTER_MKDIR=cd " + parent.Directory() + "; d=$(echo a.*); case ${MADE##*/} in " +
+                     attack.after + ") mv $d moved; " + attack.command + ";; esac");
         for (const char* const file : {"victim/xsvc", "victim/picl"}) {
             EXPECT_TRUE(parent.Read(file) == "kept") << file << " was changed";
         }
