@@ -1,9 +1,11 @@
-// Compares the driver's requests byte for byte, and tests how replies are used. This test program replaces
-// the request library: its functions record each call and return the reply that a test has set.
+// Compares the driver's requests byte for byte, and tests how replies are used, also those that a correct
+// driver never sends. This test program replaces the request library: its functions record each call and
+// return the reply that a test has set.
 
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <deque>
 #include <vector>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
@@ -13,7 +15,9 @@
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/uid.h"
 #include "include/rom_variables.h"
+#include "mkmachine/events.h"
 #include "platform/request.h"
+#include "tests/misc-commands/listing_shape.h"
 
 namespace {
 
@@ -23,6 +27,13 @@ int32_t timer_state;             // reply of the ASR timer
 EV_IOCTL_STRUCT variable;        // reply to a read of a ROM variable
 int record;                      // reply of the data tables: each byte of the record
 DataTableType failing_table;     // requests of this table fail
+
+struct EventReply {
+    int status;
+    std::string entry;  // replaces the beginning of the entry in the request block
+};
+std::deque<EventReply>
+    event_replies;  // to reads of the event log; afterwards, each reply is the end of the log
 
 }  // namespace
 
@@ -46,7 +57,12 @@ int vxIoctlRequest(int, int code, void* arg) {
         std::memset(request.pData, record, request.DtHdr.size);
         if (request.DtHdr.DT_Type == failing_table) return 1;
     } else if (code == 81) {
-        exchange(arg, nullptr, sizeof(EVT_IOCTL_ENTRY));
+        exchange(arg, nullptr, static_cast<LOG_INFO*>(arg)->length);
+        if (event_replies.empty()) return 1;
+        const EventReply reply = event_replies.front();
+        event_replies.pop_front();
+        std::memcpy(static_cast<char*>(arg) + sizeof(LOG_INFO), reply.entry.data(), reply.entry.size());
+        return reply.status;
     } else if (code < 3) {
         exchange(arg, &variable, sizeof variable);
     } else if (arg != nullptr) {
@@ -79,13 +95,20 @@ std::string Request(int code, size_t size, std::initializer_list<Byte> bytes) {
     return std::to_string(code) + ":" + block;
 }
 
+InputLineType line = [] {  // of a command without arguments
+    InputLineType words{};
+    words.NumWords = 2;
+    return words;
+}();
+
 TEST(RequestBlocks, ADeviceIsOpenedForReadingAndWriting) {
     calls.clear();
     OpenDevices();
     for (const std::string& call : calls) EXPECT_NE(call.find(" mode 2"), call.npos) << call;
 }
 
-TEST(RequestBlocks, UnusedBytesOfADataTableRequestAreZero) {
+TEST(RequestBlocks, UnusedBytesAreZero) {
+    EXPECT_EQ(CallOf([] { do_clear_hlog(&line); }), Request(81, 56, {{0, 56}, {4, 5}}));
     EXPECT_EQ(CallOf([] { std::free(generic_dtioctl(0x06AA, -1, 0x102, 5, 0)); }),
               Request(69, 17, {{0, 5}, {4, 0xAA}, {5, 6}, {6, 255}, {7, 2}}));
     const char* state;
@@ -94,8 +117,6 @@ TEST(RequestBlocks, UnusedBytesOfADataTableRequestAreZero) {
 }
 
 TEST(RequestBlocks, NoneFollowsAFailedOneInAWalkOfMemoryModules) {
-    InputLineType line{};
-    line.NumWords = 2;
     result = 0;
     record = 1;
     for (const DataTableType table : {kModuleConfigTable, kModuleStatusTable}) {
@@ -122,15 +143,7 @@ TEST(RequestBlocks, AVariableIsTransferredWithItsNameAndLength) {
     }
 }
 
-TEST(RequestBlocks, UnusedBytesOfTheRequestToClearTheLogAreZero) {
-    InputLineType line{};
-    line.NumWords = 2;
-    EXPECT_EQ(CallOf([&] { do_clear_hlog(&line); }), Request(81, 56, {{0, 56}, {4, 5}}));
-}
-
 TEST(RequestBlocks, TheTimerIsSwitchedWithoutABlockAndEnabledInAnyStateBut0) {
-    InputLineType line{};
-    line.NumWords = 2;
     result = 1;
     EXPECT_EQ(CallOf([&] { do_enable_asr(&line); }), "4:");
     EXPECT_EQ(CallOf([&] { do_disable_asr(&line); }), "3:");
@@ -147,6 +160,48 @@ TEST(RequestBlocks, TheTimerIsSwitchedWithoutABlockAndEnabledInAnyStateBut0) {
                   ReadAsrTimer(timer);
               }),
               Request(6, 4, {}));
+}
+
+EventReply Event(uint32_t number) {
+    return {0, EventEntry(EventHeader(number, kCaution, 13, 1), "")};
+}
+
+TEST(RequestBlocks, WrongRepliesEndTheEventListingOrAreRequestedAgain) {
+    const EventReply small = {3, ""}, empty = {0, ""};
+    // clang-format off
+    const struct {
+        const char* catches;
+        std::deque<EventReply> replies;
+        const char* shape;  // of the listing, as Shape() writes it
+        int result;
+        std::vector<uint32_t> requested;  // event numbers
+    } cases[] = {
+        // Without the check, an entry numbered below the requested number would make the listing loop forever.
+        {"the same entry again", {Event(5), Event(5), Event(7)}, "/5 !", 1, {0, 6}},
+        {"an entry numbered below the requested number", {Event(5), Event(1), Event(7)}, "/5 !", 1, {0, 6}},
+        {"status 0 without an entry", {empty, empty}, "/0 !", 1, {0, 1}},
+        {"numbers compared as signed", {Event(0x7FFFFFFF), Event(0x80000000), Event(7)}, "/2147483647 -2147483648 !", 1, {0, 0x80000000, 0x80000001}},
+        {"a request after the largest number", {Event(0xFFFFFFFF), Event(1)}, "/-1 ", 0, {0}},
+        // Status 3, "buffer too small": the same entry is requested again.
+        {"an entry skipped after status 3", {Event(1), small, Event(7)}, "/1 S7 ", 0, {0, 2, 2, 8}},
+        {"replies with status 3 counted across an entry", {small, small, small, small, small, Event(1), small}, "/SSSSS1 ?/S", 0, {0, 0, 0, 0, 0, 0, 2, 2}},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        event_replies = c.replies;
+        calls.clear();
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(do_show_hlog(&line), c.result) << c.catches;
+        std::fflush(stdout);
+        EXPECT_EQ(Shape(testing::internal::GetCapturedStdout()), c.shape) << c.catches;
+        std::vector<std::string> expected;
+        for (const uint32_t number : c.requested) {
+            expected.push_back(Request(81, 312, {{0, 0x38}, {1, 1}, {4, 2}, {16, 0x1C}, {17, 1}}));
+            std::memcpy(&expected.back()[3 + 12], &number, sizeof number);
+        }
+        EXPECT_EQ(calls, expected) << c.catches
+                                   << ": another number, or bytes of the last entry in the block";
+    }
 }
 
 }  // namespace
