@@ -184,7 +184,7 @@ TEST(RequestBlocks, WrongRepliesEndTheEventListingOrAreRequestedAgain) {
         {"a request after the largest number", {Event(0xFFFFFFFF), Event(1)}, "/-1 ", 0, {0}},
         // Status 3, "buffer too small": the same entry is requested again.
         {"an entry skipped after status 3", {Event(1), small, Event(7)}, "/1 S7 ", 0, {0, 2, 2, 8}},
-        {"replies with status 3 counted across an entry", {small, small, small, small, small, Event(1), small}, "/SSSSS1 ?/S", 0, {0, 0, 0, 0, 0, 0, 2, 2}},
+        {"replies with status 3 counted across an entry", {small, small, small, small, small, small, Event(1), small, small, small, small, small, small}, "/SSSSSS?/1 SSSSS?/S", 0, {0, 0, 0, 0, 0, 0, 0, 2, 2, 2, 2, 2, 2, 2}},
     };
     // clang-format on
     for (const auto& c : cases) {
