@@ -14,7 +14,7 @@ constexpr size_t kUsageMax = 199;  // longest usage that is printed, in characte
 
 // Nodes are allocated in blocks. An allocation for each node would add 4 % to the instructions of a run with
 // one short command.
-constexpr int kBlockSize = 64;  // the 62 commands of the program and the root fit into one block
+constexpr int kBlockSize = 128;  // all commands fit into one block
 struct NodeBlock {
     CmdType nodes[kBlockSize];
     NodeBlock* older;
