@@ -21,7 +21,7 @@ constexpr bool Hides(const EventRow& row, const EventRow& /*next*/) {
 }
 constexpr bool Hides(const ChassisEventRow& row, const ChassisEventRow& next) {
     for (size_t form = 0; form < kFormCount; ++form) {
-        if (!row.forms[form].empty() && !next.forms[form].empty()) return true;
+        if (!row.forms[form].IsEmpty() && !next.forms[form].IsEmpty()) return true;
     }
     return false;
 }

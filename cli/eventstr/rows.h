@@ -114,7 +114,7 @@ struct RowText {
         for (size_t i = 0; text[i] != '\0'; ++i) letters[i] = text[i];
     }
     constexpr operator std::string_view() const { return letters; }
-    constexpr bool empty() const { return letters[0] == '\0'; }
+    constexpr bool IsEmpty() const { return letters[0] == '\0'; }
 };
 
 // A text of an event. Of several rows with the event's code, the first whose conditions hold is printed.
