@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "src/utils/standard_streams.h"
 #include "tests/support/test_machine.h"
 
 namespace {
@@ -86,6 +87,19 @@ TEST(Streams, LoseNoOutputIfItIsNonBlockingAndTheReaderSlow) {
         EXPECT_EQ(run.status, 0) << program;
         EXPECT_EQ(RunNonBlocking(program, arguments, machine, 1).status, 1) << program << ", reader gone";
     }
+}
+
+TEST(Streams, GetTheirModeBack) {
+    int ends[2];
+    ASSERT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
+    std::fflush(stdout);
+    const int found = dup(STDOUT_FILENO);
+    dup2(ends[1], STDOUT_FILENO);
+    MakeOutputBlocking();
+    FinishOutput();
+    EXPECT_NE(fcntl(ends[1], F_GETFL) & O_NONBLOCK, 0);
+    dup2(found, STDOUT_FILENO);
+    for (const int fd : {ends[0], ends[1], found}) close(fd);
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ void MoreThanTheInventoryHolds(Model& model) {
     }
     hardware.module_locations.clear();
     hardware.devices.assign(62, {0x1100, kArray, "SLOT 3 DIMM 9", 0});
-    hardware.devices.resize(66, {0x1100, kArray, "SLOT 3 DIMM 9", 0x7FFF, 0xFFFF, 14, 0, 0x200});
+    hardware.devices.resize(96, {0x1100, kArray, "SLOT 3 DIMM 9", 0x7FFF, 0xFFFF, 14, 0, 0x200});
     hardware.devices[62].form_factor = 3;
     hardware.array.error_correction = smbios::MemoryArray::kNone;
     model.memory = {};
@@ -144,6 +144,7 @@ void Events(TestMachine& machine) {
     EVT_MACH_OVERHEAT overheat{};
     overheat.Chassis = {kChassisServer, 2, 0};
     log += EventEntry(chassis, WithTexts(overheat, {"R\xC3\"\\7"}));
+    log += EventEntry(EventHeader(16, kCaution, 33, 2), std::string(268, 'x'));
     log += Event(0xFFFFFFFF, 255, 2, {20, 6, 1, 1, 0, 0}, {20, 6, 1, 1, 0, 0});
     machine.Write("cevt/hlog", log);
 }

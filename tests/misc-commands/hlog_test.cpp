@@ -142,12 +142,13 @@ TEST(ShowHlog, PrintsTheUpdateTimeAndReplacesUnprintableCharacters) {
     std::string note(255, '\0'), shown;
     std::iota(note.begin(), note.end(), '\1');
     for (const char letter : note) shown += letter < ' ' ? ' ' : letter;
-    EVT_HEADER header = EventHeader(1, kCaution, 33, 2);
+    EVT_HEADER header = EventHeader(0x80000000, kRepaired, 33, 2);
     header.InitTime = {19, 99, 10, 11, 12, 13};
-    header.UpdateTime = {20, 6, 3, 15, 14, 7};
+    header.UpdateTime = {251, 252, 253, 254, 255, 250};  // the longest lines
     machine.Write("cevt/hlog", EventEntry(header, note));
     EXPECT_EQ(machine.Script("SHOW HLOG").output,
-              "\n\nEvent: 1 Added: 03/15/2006 14:07\nCAUTION: Maintenance Note - " + shown + ".\n\n\n");
+              "\n\nEvent: -2147483648 Added: 253/254/251252 255:250\nREPAIRED: Maintenance Note - " + shown +
+                  ".\n\n\n");
 }
 
 // The codes are those that no event in a model's log has.

@@ -111,6 +111,8 @@ constexpr KeyCase kKeys[] = {
         "No help available. Try using Tab Completion or the HELP command.<NL>brantcli> ", "", 0},
     {"F1 moves the cursor to the end",             "show fa<Left><F1>",
         "show fa<BS>a<Erase 17><NL>USAGE: SHOW FANS: Shows info on installed fans.<NL>brantcli> SHOW FAN <BS><BS><BS>", "SHOW FAN ", 6},
+    {"F1 leaves the cursor beyond a line that it shortens", "show    fans<F1>x",
+        "show    fans<Erase 22><NL>USAGE: SHOW FANS: Shows info on installed fans.<NL>brantcli> SHOW FANS x", "SHOW FANS x", 11},
     {"F1 doesn't move the cursor to the end after a list", "show s<Home><F1>",
         "show s<BS><BS><BS><BS><BS><BS>show s<Erase 16><Bell><Bell><NL>[ SERIAL | SERVER ]<NL>brantcli> SHOW SER", "SHOW SER", 8},
 };
@@ -224,6 +226,8 @@ TEST(Editor, DiscardsALineThatIsTooLongAndItsRest) {
     EXPECT_EQ(output.substr(output.find(rejection)),
               rejection + "HELP QUIT\nUSAGE: QUIT: Exit brantcli.\n" + kPrompt + "\n");
     EXPECT_EQ(machine.Type(too_long).status, 0) << "the input ends inside the discarded line";
+    EXPECT_EQ(machine.Type("CLEAR HLOG").output.find("cleared"), std::string::npos)
+        << "a line without Enter ran";
 
     TerminalSession session(machine);
     session.ReceiveUntil("\n" + kPrompt);

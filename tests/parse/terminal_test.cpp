@@ -117,6 +117,17 @@ TEST(Terminal, EndsTheInputOfABackgroundProgramThatIgnoresSigttin) {
     EXPECT_EQ(session.End(), 0);
 }
 
+TEST(Terminal, AStopAtThePagerIsNoKey) {
+    const TestMachine machine("tr500k2");
+    TerminalSession session(machine, {"-s", "SHOW HLOG"});
+    session.ReceiveUntil("screen.: ");
+    session.StopAndContinue();
+    usleep(100000);  // until the program goes on
+    session.Type("q");
+    EXPECT_EQ(session.ReceiveUntil("\xFF"), "\n\n");
+    EXPECT_EQ(session.End(), 0);
+}
+
 TEST(Terminal, IsNotChangedByABackgroundProgramThatEnds) {
     const TestMachine machine("tr500k2");
     const std::string script = "set -m; sh -c 'echo $$; exec \"$@\"' sh " + InShell("brantcli") +

@@ -112,7 +112,7 @@ const LineCase kLines[] = {
     {"a quoted word is converted to upper case",            Fails("\"show\" fans", "\nInvalid Command")},
     {"a quoted word in upper case is rejected",     Fails("\"SHOW\" \"FANS\" x", kInvalidArguments)},
     {"an empty line is a command",                    Fails(" ", "")},
-    {"the status isn't that of the last command",       {"sho;SHOW FANS extra;;HELP EXIT", "\nInvalid Command\n" + kInvalidArguments + "\n\n\nUSAGE: EXIT: Exit brantcli."}},
+    {"the status isn't that of the last command",       {"SHOW FANS extra;sho;;HELP EXIT", kInvalidArguments + "\n\nInvalid Command\n\n\nUSAGE: EXIT: Exit brantcli."}},
     {"a segment isn't truncated to 254 characters",  {std::string(250, ' ') + "HELP" + std::string(46, 'X'), kAllCommands}},
     {"a segment is truncated to fewer characters",       Fails(std::string(248, ' ') + "HELPXX", "\nInvalid Command")},
     // help

@@ -13,7 +13,7 @@ TEST(Devices, WriteTheLongestVariableAndKeepOnlyReadAndWriteBits) {
     TestMachine machine;
     machine.Variable("ZTHCPR", std::string("\1\2\3\4"));
     const std::string changed = machine.Directory() + "/crom/ZTHCPR";
-    chmod(changed.c_str(), 07555);
+    chmod(changed.c_str(), 07577);
     const std::string longest(255, 'N'), every_byte(256, '\x5a');
     ExpectCalls(machine, "open crom -> 0; crom write ZTHCPR length=2 data=aabb -> 0; crom write " + longest +
                              " length=256 data=" + Hexadecimal(every_byte) +
@@ -24,7 +24,7 @@ TEST(Devices, WriteTheLongestVariableAndKeepOnlyReadAndWriteBits) {
     const auto mode = [](const std::string& path) {
         return static_cast<unsigned>(std::filesystem::status(path).permissions());
     };
-    EXPECT_EQ(mode(changed), 0444u) << "the file's own read and write bits, and no others";
+    EXPECT_EQ(mode(changed), 0466u) << "the file's own read and write bits, and no others";
     EXPECT_EQ(mode(machine.Directory() + "/crom/" + longest), 0644u) << "the mode of a new file";
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
 }

@@ -130,22 +130,29 @@ TEST_P(MachineCopies, HaveTheLogUpToThreeUnreadableEntriesInARow) {
 
 TEST_P(MachineCopies, OfALogWithAnEntryTooLongToListShowTheSame) {
     RestorableMachine machine(GetParam());
-    std::string entry(400, 'x');
-    entry.replace(0, 6, {'\x90', 1, 4, 0, 0, 0});  // its length and its number
+    std::string entry(65535, 'x');
+    entry.replace(0, 6, {'\xFF', '\xFF', 4, 0, 0, 0});  // its length and its number
     machine.Append("cevt/hlog", entry);
     EXPECT_EQ(Compare(machine, "long", kOneForAll), "");
 }
 
-// The last byte of the tables is the first of a page, and the file ends there unless it is filled.
-TEST_P(MachineCopies, OfTablesAboveTheBiosAreaPrintTheSame) {
+// First the tables begin in the BIOS area and extend beyond the end of the memory. Then their last byte is
+// the first of a page, and the file ends there unless it is filled.
+TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     RestorableMachine machine(GetParam());
     const std::string memory = machine.Read("xsvc");
     SMBIOSEntryPoint entry;
     std::memcpy(&entry, memory.data() + kEntryPointAddress, sizeof entry);
     const std::string tables = memory.substr(entry.dwSTAddr, entry.wSTLength);
-    entry.dwSTAddr = 0x300001 - entry.wSTLength;
-    SetChecksums(entry);
-    machine.PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry));
+    const auto move = [&](size_t address, size_t length) {
+        entry.dwSTAddr = static_cast<uint32_t>(address);
+        entry.wSTLength = static_cast<uint16_t>(length);
+        SetChecksums(entry);
+        machine.PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry));
+    };
+    move(kBiosArea + 2, 0xFFFF);
+    EXPECT_NE(Compare(machine, "beyond the end", kOneForAll), "");
+    move(0x300001 - tables.size(), tables.size());
     machine.PhysicalMemory(entry.dwSTAddr, tables + std::string(0xFFFF, '\0'));
     machine.PhysicalMemory(kTablesAddress, std::string(tables.size(), '\0'));
     EXPECT_EQ(Compare(machine, "above"), "");
@@ -162,6 +169,7 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
         int status;
     } cases[] = {
         {"no argument", "$1", "usage: savemachine DIR\n", 2},
+        {"a second argument", "$1 $2/a $2/b", "usage: savemachine DIR\n", 2},
         {"an option", "$1 -x", "usage: savemachine DIR\n", 2},
         {"an existing name", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
          "savemachine: $2/a: File exists\n", 1},
@@ -170,8 +178,13 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
         {"the root directory", "$1 //", "savemachine: /: File exists\n", 1},
         {"a full disk", "ulimit -f 1000; $1 $2/a", "savemachine: $2/a: File too large\n", 1},
         {"foreign hardware", "BRANT_MACHINE=/ $1 $2/a", "ERROR: savemachine only runs on VX hardware.\n", 1},
-        {"another user", "setpriv --reuid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
+        {"another user", "setpriv --ruid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
         // The copy succeeds, and the command removes it.
+        {"messages that nobody reads",
+         "cd $BRANT_MACHINE; echo casr 6 1 >faults; { sleep .1; $1 $2/a; } 2>&1 | :; rm -r faults $2/a", "",
+         0},
+        {"a hang-up that nohup ignores",
+         "trap '' HUP; BRANT_AFTER_MKDIR='kill -HUP $PPID' $1_interposed $2/a && rm -r $2/a", "", 0},
         {"few descriptors", "ulimit -n 32; $1 $2/a && rm -r $2/a", "", 0},
         {"a path without a directory", "cd $2; $1 a && rm -r a", "", 0},
         {"a relative BRANT_MACHINE", "cd $BRANT_MACHINE; BRANT_MACHINE=. $1 $2/a && rm -r $2/a", "", 0},
@@ -217,6 +230,7 @@ TEST(SaveMachine, ReportsFailedCallsAndCopiesThemAsFaults) {
 // Tables without devices are worth a copy, devices without tables too, but not a machine that has neither.
 TEST(SaveMachine, SavesDevicesOrTablesAlone) {
     TestMachine machine, with_tables("tr300");
+    machine.Write("cevt/hlog", EventEntry(EventHeader(UINT32_MAX, 9, 13, 1), ""));  // no number follows
     const auto save = [](const TestMachine& from) {
         const TestMachine parent;
         return Save(from, parent.Directory() + "/copy");

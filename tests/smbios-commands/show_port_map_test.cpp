@@ -36,6 +36,7 @@ const Case kCases[] = {
     {"neither record", "", "\n       Port mapping information is not available on this server\n\n"},
     {"bay 0, no port map", Rack("0"), kNoBay},
     {"a bay that isn't a number", Rack("five") + kMap, kNoBay},
+    {"a negative bay", Rack("-1") + kMap, kNoBay},
     {"an empty bay string", Rack("") + kMap, kNoBay},
     {"a rack record without the field", RackRecord(1, "", "5").CutTo(7).Bytes() + kMap, kNoBay},
     {"no port map", Rack("5"), "\nERROR: Failed to get SMBIOS system data.\n\n"},

@@ -61,7 +61,7 @@ const StringCase kStrings[] = {
     {"no strings", Raw("\1\4a\0\0\0next\0"), 1, ""},
     {"after an empty first string", Raw("\1\4a\0\0two\0\0next\0"), 2, "two"},
     {"truncated by the end of the tables", Raw("\1\4a\0one\0tw"), 2, "tw"},
-    {"after a truncated string", Raw("\1\4a\0one\0tw"), 3, ""},
+    {"after a truncated string", Raw("\1\4a\0one\0tw"), 255, ""},
     {"no strings before the end of the tables", Raw("\1\4a\0"), 1, ""},
 };
 

@@ -49,7 +49,8 @@ std::string Of(uint16_t array, uint16_t size) {
 // Three arrays with mixed devices: 8 MiB of flash memory, 5 MiB of system memory without error correction,
 // and 2 MiB of system memory with it.
 const std::string kSeveral = Array(0x20, 5).Bytes() + Of(0x30, 1) + Of(0x20, 8) + Of(0x40, 2) +
-                             Array(0x30, 3, 3).Bytes() + Array(0x40).Bytes() + Of(0x30, 4);
+                             Array(0x30, 3, 3).Bytes() + Array(0x40, 5).Bytes() + Array(0x40).Bytes() +
+                             Of(0x30, 4);
 
 struct Case {
     const char* catches;
@@ -82,7 +83,7 @@ const Case kCases[] = {
     {"a truncated array handle", At("").CutTo(5).Bytes(), ""},
     // several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
-     "1.1 1024 0 8/5\n1.4 4096 0 8/5\n2.3 2048 0 8/5\n"},
+     "1.1 1024 0 8/5\n1.4 4096 0 8/5\n3.3 2048 0 8/5\n"},
 };
 
 }  // namespace
