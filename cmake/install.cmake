@@ -1,7 +1,7 @@
-# Where everything is installed, and the packages: tools/package makes and tries them.
+# Installs the programs and their documentation, and defines the packages that tools/package builds and tests.
 include(GNUInstallDirs)
 
-foreach(program brantcli brantexport savemachine)  # what takes root
+foreach(program brantcli brantexport savemachine)  # these need root
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
   endif()
@@ -10,7 +10,7 @@ if(BRANT_PLATFORM STREQUAL "sim")
   install(TARGETS mkmachine RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 
-# A file as gzip writes it, with neither its name nor a time inside.
+# Installs a file compressed. gzip -n omits the file's name and time, so that the result is reproducible.
 function(install_compressed file folder name)
   set(compressed ${CMAKE_BINARY_DIR}/compressed/${name}.gz)
   install(CODE "
@@ -33,7 +33,7 @@ install(DIRECTORY contrib/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples USE_SOUR
 install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_INSTALL_DOCDIR} changelog)
 
-# The newest release in the changelog is this version. A section "Unreleased" may precede it.
+# Checks that the newest release in the changelog is this version. A section "Unreleased" may precede it.
 file(STRINGS CHANGELOG.md releases REGEX "^## [0-9]")
 list(GET releases 0 release)
 if(NOT release MATCHES "^## ([0-9.]+), ([0-9-]+)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
@@ -53,6 +53,6 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
   "It shows and changes the health and firmware state of a server: fans,
 temperatures, power supplies, memory, the event log, boot order, ports.
-This build runs on simulated machines, directories that mkmachine makes.")
+This build runs on simulated machines, directories that mkmachine creates.")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
 include(CPack)

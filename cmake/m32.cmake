@@ -1,7 +1,7 @@
-# The server's own ABI, 32 bits, by a compiler whose default is 64.
+# Compiles for the server's ABI, 32 bits, with a compiler whose default is 64 bits.
 set(CMAKE_CXX_FLAGS_INIT -m32)
 
-# On Debian, what tools/need-i386 has unpacked; the server finds its own.
+# On Debian, uses the 32-bit libraries that tools/need-i386 has unpacked. A server has its own.
 set(unpacked ${CMAKE_CURRENT_LIST_DIR}/../build/i386/usr)
 if(EXISTS ${unpacked})
   list(APPEND CMAKE_PREFIX_PATH ${unpacked})

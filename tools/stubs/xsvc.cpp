@@ -1,4 +1,5 @@
-// The physical-memory device, which only the server has: opening it opens the machine's xsvc.
+// Replaces open() so that the physical-memory device, which only a server has, is the file `xsvc` of the simulated
+// machine.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -6,10 +7,10 @@
 #include <cstdlib>
 #include <string>
 
-// Stands in the place of the C library's open, as a build with large files calls it.
+// Replaces open64(), which the C library's headers call for open() because file offsets have 64 bits.
 extern "C" int Open(const char* path, int flags, ...) asm("open64");
 
-// Whoever makes a file does so by openat, so no permissions are handed on.
+// Files are created only with openat(), so `flags` is never followed by permissions.
 int Open(const char* path, int flags, ...) {
     std::string file = path;
     if (file == "/dev/xsvc") {
