@@ -1,4 +1,4 @@
-// A key stream through the line editor, read from descriptor 0 like a person's.
+// Fuzzes the line editor with a stream of keys, which it reads from standard input.
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -13,11 +13,11 @@
 
 namespace {
 
-// The end of the input would end the process. Enters behind it let every line that was begun be finished: the
-// first ones may be taken for the rest of an escape sequence.
+// Follow the input, because the end of standard input would end the process. They complete the last line; the
+// first ones may still belong to an escape sequence.
 constexpr char kEnters[] = "\r\r\r\r\r";
 
-// Becomes descriptor 0, at its beginning.
+// Makes a file that contains `keys` the standard input.
 void TypeOnKeyboard(const std::string& keys) {
     static const int memory = memfd_create("keys", MFD_CLOEXEC);
     Require(ftruncate(memory, 0) == 0);
@@ -29,7 +29,7 @@ void StartShell() {
     FreeHistory();
     Require(AllocateHistory());
     if (Cmds == nullptr) CreateCommands();
-    GetChar(1);  // no TAB or ESC is half of a pair
+    GetChar(1);  // forgets a TAB or ESC that could be the first of a pair
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
-// A typed line: tokenizer, dispatcher and every command on a model's machine; completion and help.
+// Fuzzes a typed line: the tokenizer, the dispatcher and every command on a simulated machine, then
+// completion and help.
 //
-// Input: one byte, of which the remainder by 4 picks the machine and the quotient the event log; then the
-// line.
+// Input: one byte, then the line. The byte modulo 4 selects the machine, the byte divided by 4 the event log.
 #include <cstring>
 #include <memory>
 #include <vector>
@@ -24,11 +24,13 @@
 
 namespace {
 
-int Stay(InputLineType* /*InputLine*/) {
+// Replaces the handler of EXIT and QUIT.
+int Continue(InputLineType* /*InputLine*/) {
     return 0;
 }
 
-// The program on a machine, started once: start-up takes ten times as long as most lines.
+// The state of the program on one machine. It is started only once, because start-up takes ten times as long
+// as most lines.
 class Program {
   public:
     explicit Program(const Model& model) : machine_(model.name) {
@@ -47,8 +49,9 @@ class Program {
     }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
-    // Before each line. events: what the log holds, whatever the last line cleared.
-    TestMachine& GoOn(const std::string& events) {
+    // Prepares the program and the machine for a line: restores the state after start-up and fills the log
+    // with `events`.
+    TestMachine& Prepare(const std::string& events) {
         setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
         ReturnToState(started_);
         machine_.Write("cevt/hlog", events);
@@ -60,7 +63,7 @@ class Program {
     std::string started_;
 };
 
-// A log of more than a screen: the number-th eight of all events.
+// Returns a log of more than one screen: eight of the sample events, starting at `number` * 8.
 std::string SomeEvents(unsigned number) {
     static const SampleEvents events = EveryEvent();
     std::string log;
@@ -71,21 +74,22 @@ std::string SomeEvents(unsigned number) {
     return log;
 }
 
-// The sanitizers see no word that lies elsewhere in the record.
+// Checks that every word is in ParseLine. The sanitizers don't detect a pointer into another part of the
+// record.
 void CheckWords(const InputLineType& line) {
     for (int i = 0; i < line.NumWords; ++i) {
         Require(line.Words[i] >= line.ParseLine && line.Words[i] < line.ParseLine + sizeof line.ParseLine);
     }
 }
 
-// Every model, and one whose firmware has the older NIC settings only.
+// Returns a program for each model, and one for firmware that has only the legacy variable of the NICs.
 std::vector<std::unique_ptr<Program>> StartPrograms() {
     CreateCommands();
-    for (const char* word : {"EXIT", "QUIT"}) FindChild(Cmds, word)->Function = Stay;
+    for (const char* word : {"EXIT", "QUIT"}) FindChild(Cmds, word)->Function = Continue;
     std::vector<std::unique_ptr<Program>> programs;
     for (const Model& model : Models()) programs.push_back(std::make_unique<Program>(model));
     programs.push_back(std::make_unique<Program>(Models().front()));
-    programs.back()->GoOn("").Remove(std::string("crom/") + kNicBootVariable);
+    programs.back()->Prepare("").Remove(std::string("crom/") + kNicBootVariable);
     return programs;
 }
 
@@ -95,7 +99,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const auto programs = StartPrograms();
     std::string input = Input(data, size);
     const unsigned picked = Number(Take(input, 1));
-    programs[picked % programs.size()]->GoOn(SomeEvents(picked / 4));
+    programs[picked % programs.size()]->Prepare(SomeEvents(picked / 4));
     std::string commands = input;
     do_scripted_command(commands.data());
     CheckWords(CurrentCommandLine);

@@ -1,7 +1,8 @@
-// The files of a machine directory that are read as a whole: `picl`, `faults` and the event log.
+// Fuzzes the simulator's parsers of the files `picl`, `faults` and `cevt/hlog`.
 //
-// Input: the three, each of the first two ended by a zero. `faults` is looked for once per process, so the
-// reader is used by itself; the other two also through the seam.
+// Input: the contents of these files; the first two end with a NUL. A process reads `faults` only once, at
+// its first call, so this target calls its parser directly. It reads the other two through the platform
+// layer, too.
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/event_log.h"
 #include "cli/pci/kelm.h"
@@ -19,7 +20,7 @@ class Machine : public TestMachine {
     Machine() {
         setenv("BRANT_MACHINE", Directory().c_str(), 1);
         cevt_fd = vxOpenRequest(cevt_path, kReadWrite);
-        Require(cevt_fd >= 0);  // and from here on the process has no faults of its own
+        Require(cevt_fd >= 0);  // the first call: it finds no file `faults`
     }
 };
 

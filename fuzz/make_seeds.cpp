@@ -1,5 +1,5 @@
-// make_seeds DIR: the inputs that fuzzing starts from, one folder per target, and `words`, a dictionary of
-// the commands, out of what the project's own tables and machines hold.
+// make_seeds DIR: writes the seed corpus, one folder per fuzz target, and `words`, a dictionary of the
+// commands. It derives both from the project's tables, sample events and models.
 
 #include <algorithm>
 #include <cstddef>
@@ -34,8 +34,9 @@ class Seeds {
     int count_ = 0;
 };
 
-// Behind a good entry point where mkmachine has it; behind the input's own in the first place, and in the
-// last one with a length that passes the BIOS area's end.
+// Adds three inputs for each model, see smbios.cpp: with a valid entry point at the address that mkmachine
+// uses; with an entry point in the input at the first possible address; and with one at the last address,
+// whose length extends beyond the BIOS area.
 void AddTables(Seeds& seeds) {
     for (const Model& model : Models()) {
         const SmbiosTable table = TablesOf(model);
@@ -47,8 +48,8 @@ void AddTables(Seeds& seeds) {
     }
 }
 
-// As an entry of the management processor also with letters from the last text's end to that of all that may
-// be read.
+// Adds three inputs for each sample event, see event.cpp: a log entry; an entry of the management processor;
+// and the same with letters instead of the last NUL, up to the end of the bytes that may be read.
 void AddEvents(Seeds& seeds) {
     for (const SampleEvent& event : EveryEvent()) {
         const EVT_HEADER header = EventHeader(1, event.severity, event.event_class, event.code);
@@ -63,8 +64,8 @@ void AddEvents(Seeds& seeds) {
     }
 }
 
-// Every command on every machine, and typed out with a TAB behind it; every log; every change with every
-// other after it, on one machine or another.
+// Adds every command on every machine, and as keys with TABs after it; every event log; and every pair of
+// modifying commands, each on one of the machines.
 void AddCommands(Seeds& lines, Seeds& keys) {
     std::vector<std::string> changes;
     for (const std::string& command : Commands()) {
@@ -79,8 +80,8 @@ void AddCommands(Seeds& lines, Seeds& keys) {
     }
 }
 
-// The words of a text that could be a command's: the upper-case ones and the numbers. One letter or digit is
-// found without.
+// Adds the words of `text` that can be words of a command: those in upper case, and numbers. Omits words of
+// one character, which the fuzzer finds without a dictionary.
 void AddWords(const std::string& text, std::set<std::string>& words) {
     const auto in_word = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
     for (auto begin = text.begin(); begin != text.end();) {
@@ -115,7 +116,7 @@ void AddEditing(Seeds& keys) {
     keys.Add(std::string(252, 'x') + "\33[1~yyyy\r");
 }
 
-// machine: an empty directory to make a machine in.
+// Adds the files of a machine, which it creates in the directory `machine` and removes again.
 void AddMachine(Seeds& seeds, const std::string& machine) {
     MakeMachine(Models().front(), machine);
     std::ifstream file(machine + "/picl", std::ios::binary);

@@ -1,8 +1,8 @@
-// The firmware's tables: start-up and the inventory commands on tables that may hold anything.
+// Fuzzes start-up and the inventory commands with SMBIOS tables.
 //
-// Input: one byte; two bytes, the entry point's place; then the tables. An even byte puts a good entry point
-// in front of them; after an odd one the input's own entry point comes first, of which only the anchor and
-// the checksums are mended.
+// Input: one byte; two bytes, which select the address of the entry point; then the tables. If the first byte
+// is even, the target adds a valid entry point. If it is odd, the input contains an entry point before the
+// tables, of which the target corrects only the anchor and the checksums.
 #include <algorithm>
 #include <cstring>
 
@@ -21,12 +21,13 @@ namespace {
 constexpr uint32_t kTables = 0x10000;  // physical address
 constexpr size_t kMostTables = UINT16_MAX;
 
-// An entry point may begin at every 16th byte of the BIOS area, up to the maker's signature.
-constexpr uint32_t kPlaces = (kRomSignatureOffset - sizeof(SMBIOSEntryPoint)) / 16 + 1;
+// The number of addresses at which an entry point fits: every 16th byte of the BIOS area, up to the maker's
+// signature.
+constexpr uint32_t kEntryPointAddresses = (kRomSignatureOffset - sizeof(SMBIOSEntryPoint)) / 16 + 1;
 
-SMBIOSEntryPoint EntryPointFor(bool own, std::string& input) {
+SMBIOSEntryPoint EntryPointFor(bool from_input, std::string& input) {
     SMBIOSEntryPoint entry = SmbiosTable().EntryPoint(kTables);
-    if (own) {
+    if (from_input) {
         const std::string bytes = Take(input, sizeof entry);
         std::memcpy(&entry, bytes.data(), bytes.size());
         std::memcpy(entry.sAnchorString, kEntryPointAnchor, sizeof entry.sAnchorString);
@@ -37,8 +38,8 @@ SMBIOSEntryPoint EntryPointFor(bool own, std::string& input) {
     return entry;
 }
 
-// A piece of physical memory. What the last input left there would otherwise be part of the next one.
-class Piece {
+// A part of physical memory. Put() clears the bytes of the previous input before it writes the next ones.
+class MemoryRange {
   public:
     void Put(TestMachine& machine, uint32_t address, const std::string& bytes) {
         if (size_ != 0) machine.PhysicalMemory(address_, std::string(size_, '\0'));
@@ -58,16 +59,16 @@ class Firmware {
         setenv("BRANT_MACHINE", machine_.Directory().c_str(), 1);
         Require(CheckRom() && OpenDevices());
     }
-    void Hold(std::string input) {
-        const bool own = Number(Take(input, 1)) % 2 != 0;
-        const uint32_t place = kBiosArea + Number(Take(input, 2)) % kPlaces * 16;
-        entry_.Put(machine_, place, MachineBuilder::Plain(EntryPointFor(own, input)));
+    void Load(std::string input) {
+        const bool from_input = Number(Take(input, 1)) % 2 != 0;
+        const uint32_t address = kBiosArea + Number(Take(input, 2)) % kEntryPointAddresses * 16;
+        entry_.Put(machine_, address, MachineBuilder::Plain(EntryPointFor(from_input, input)));
         tables_.Put(machine_, kTables, input.substr(0, kMostTables));
     }
 
   private:
     TestMachine machine_;
-    Piece entry_, tables_;
+    MemoryRange entry_, tables_;
 };
 
 void RunInventoryCommands() {
@@ -85,11 +86,11 @@ void RunInventoryCommands() {
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static Firmware firmware;
-    firmware.Hold(Input(data, size));
+    firmware.Load(Input(data, size));
     if (ReadFirmwareTables()) {
         CountEmbeddedNics();
         RunInventoryCommands();
     }
-    ResetState();  // now: what an input leaves behind costs a search for leaks
+    ResetState();  // frees all memory: otherwise libFuzzer would search for leaks after this input
     return 0;
 }

@@ -1,5 +1,5 @@
-// pieces PIECE N: does a piece of the program's work N times over, so that it can be counted by itself.
-// pieces full-table DIR: makes the default machine with SMBIOS tables as large as tables can be.
+// workloads NAME N: does a part of the program's work N times, so that bench/run can measure it separately.
+// workloads full-table DIR: creates the default machine with SMBIOS tables of the maximum size.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -16,9 +16,9 @@
 
 namespace {
 
-constexpr unsigned kTextSize = 256;  // bytes of an event's text, as SHOW HLOG has it
+constexpr unsigned kTextSize = 256;  // bytes of the buffer for an event's text, as in SHOW HLOG
 
-// A log of one of each event, an entry an element.
+// Returns an entry for each sample event.
 std::vector<std::string> Entries() {
     std::vector<std::string> entries;
     for (const SampleEvent& event : EveryEvent()) {
@@ -33,14 +33,14 @@ void Translate(std::string& entry, char (&text)[kTextSize]) {
     TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text, sizeof text);
 }
 
-// The texts of events.
+// Translates `count` entries into text.
 void TranslateTimes(size_t count) {
     std::vector<std::string> entries = Entries();
     char text[kTextSize];
     for (size_t i = 0; i < count; ++i) Translate(entries[i % entries.size()], text);
 }
 
-// The bare loop: formats and writes the lines of a listing, and has all that is in them beforehand.
+// The reference for SHOW HLOG: prints `count` entries with printf. Their texts are translated beforehand.
 void PrintLines(size_t count) {
     struct Line {
         EVT_HEADER header;
@@ -63,7 +63,7 @@ void PrintLines(size_t count) {
     }
 }
 
-// The TAB key.
+// Completes a line `count` times, like the TAB key.
 void CompleteTimes(size_t count) {
     CreateCommands();
     for (size_t i = 0; i < count; ++i) {
@@ -72,7 +72,7 @@ void CompleteTimes(size_t count) {
     }
 }
 
-// Memory devices up to the last byte that the length of tables can count.
+// Fills the tables with memory devices, up to the largest length that an entry point can contain.
 void MakeFullTable(const char* directory) {
     constexpr size_t kLargestTables = 65535;
     constexpr uint32_t kAbove1MiB = 0x100000;
@@ -89,18 +89,18 @@ void MakeFullTable(const char* directory) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string piece = argc == 3 ? argv[1] : "";
+    const std::string name = argc == 3 ? argv[1] : "";
     const size_t count = argc == 3 ? std::strtoul(argv[2], nullptr, 10) : 0;
-    if (piece == "translate") {
+    if (name == "translate") {
         TranslateTimes(count);
-    } else if (piece == "lines") {
+    } else if (name == "lines") {
         PrintLines(count);
-    } else if (piece == "tab") {
+    } else if (name == "tab") {
         CompleteTimes(count);
-    } else if (piece == "full-table") {
+    } else if (name == "full-table") {
         MakeFullTable(argv[2]);
     } else {
-        std::fprintf(stderr, "usage: pieces translate|lines|tab N, or pieces full-table DIR\n");
+        std::fprintf(stderr, "usage: workloads translate|lines|tab N\n       workloads full-table DIR\n");
         return 2;
     }
     return 0;
