@@ -1,5 +1,5 @@
-// Replaces open() so that the physical-memory device, which only a server has, is the file `xsvc` of the simulated
-// machine.
+// Replaces open() so that the physical-memory device, which only a server has, is the file `xsvc` of the
+// simulated machine.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
