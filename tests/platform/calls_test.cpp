@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "platform/physical_memory.h"
+#include "platform/sim/machine_directory.h"
 #include "tests/platform/make_call.h"
 #include "tests/support/golden.h"
 #include "tests/support/pattern.h"
@@ -90,8 +91,16 @@ TEST(Trace, IsOpenedAtTheFirstCallAndAppendedTo) {
         Make("open casr");
         machine.Fault("casr 6 1");
         EXPECT_EQ(Make("casr 6"), "0 = 01000000") << "the faults were read after the first call";
+        Make("open crom");
+        Make("crom read A\tB length=1");
+        EXPECT_EQ(Make("crom write A length=257 data=" + Hexadecimal(std::string(256, 'Z'))), "1");
+        setenv("BRANT_MACHINE", "", 1);
+        EXPECT_STREQ(MachinePath(), "/var/lib/brant/machine");
     });
-    EXPECT_EQ(machine.Read("trace"), "kept\nopen casr -> 0\ncasr 6 -> 0\n");
+    EXPECT_EQ(machine.Read("trace"),
+              "kept\nopen casr -> 0\ncasr 6 -> 0\nopen crom -> 0\ncrom read A?B length=1 -> 1\n"
+              "crom write A length=257 data=" +
+                  Hexadecimal(std::string(256, 'Z')) + " -> 1\n");
     machine.Remove("trace");
     InChild(machine, [&] {
         Make("open casr");

@@ -30,7 +30,7 @@ TEST(Picl, ReturnsTheCallbacksResultAndRejectsInvalidArguments) {
     const int walks[][2] = {{PICL_WALK_TERMINATE, PICL_SUCCESS},  // the callback's result, the walk's result
                             {PICL_PROPNOTFOUND, PICL_PROPNOTFOUND}};
     TestMachine machine;
-    machine.Write("picl", "r id=258\n  a\n    a\n");
+    machine.Write("picl", "r id=258\n  a\n    a\n  a\n");
     InChild(machine, [&] {
         picl_nodehdl_t root = 1;
         uint8_t value[8] = {};
@@ -41,7 +41,10 @@ TEST(Picl, ReturnsTheCallbacksResultAndRejectsInvalidArguments) {
             EXPECT_EQ(picl_walk_tree_by_class(root, "a", words, Visit), result);
             EXPECT_EQ(words[0], 1) << "visited nodes";
         }
-        for (const picl_nodehdl_t invalid : {root - 1, root + 3, root + (uint64_t{1} << 32)}) {
+        int below_first[] = {0, PICL_WALK_CONTINUE};
+        EXPECT_EQ(picl_walk_tree_by_class(root + 1, "a", below_first, Visit), PICL_SUCCESS);
+        EXPECT_EQ(below_first[0], 1) << "visited nodes below the first child";
+        for (const picl_nodehdl_t invalid : {root - 1, root + 4, root + (uint64_t{1} << 32)}) {
             EXPECT_EQ(picl_get_propval_by_name(invalid, "id", value, 4), PICL_INVALIDHANDLE) << invalid;
             EXPECT_EQ(picl_walk_tree_by_class(invalid, "a", nullptr, Visit), PICL_INVALIDHANDLE) << invalid;
         }

@@ -69,6 +69,15 @@ class MachineCopies : public testing::TestWithParam<std::string> {
     }
 };
 
+// As many bytes as ENABLE PXE reads, more than SHOW NIC.
+TEST(SaveMachine, CopiesWholeNicSettings) {
+    TestMachine machine("tr500k2");
+    machine.Variable("ZTHNIC", std::string(100, '\1'));
+    const TestMachine parent;
+    Save(machine, parent.Directory() + "/copy");
+    EXPECT_EQ(parent.Read("copy/crom/ZTHNIC"), std::string(100, '\1'));
+}
+
 // Every file is damaged in one of kMachines machines. The test is repeated for each kind of damage: the file
 // is missing, a directory, or truncated.
 TEST_P(MachineCopies, OfDamagedMachinesShowTheSame) {
