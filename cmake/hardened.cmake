@@ -1,11 +1,11 @@
-# How an optimised build is compiled and linked.
+# Compiler and linker options of optimised builds. docs/performance.md lists what each costs or saves.
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 
-# For every target: hardened, as far as the system's compiler and linker can. The program is loaded at an address
-# that nobody knows beforehand, its tables of pointers can't be written once it runs, a guard stands behind the
-# buffers on the stack, and calls of the C library know the size of the buffers they fill.
-# Seen from outside: readelf -hldW FILE shows DYN, GNU_RELRO, NOW and PIE; nm -D FILE shows __stack_chk_fail and
+# Hardening of every target, as far as the compiler and the linker support it: a random load address, tables of
+# pointers that become read-only at start, a guard after the buffers on the stack, and C library calls that check the
+# size of the buffers that they fill.
+# To check a program: readelf -hldW FILE prints DYN, GNU_RELRO, NOW and PIE; nm -D FILE prints __stack_chk_fail and
 # names that end in _chk.
 check_linker_flag(CXX -pie BRANT_HAS_PIE)
 check_cxx_compiler_flag(-fstack-protector-strong BRANT_HAS_STACK_PROTECTOR)
@@ -15,7 +15,6 @@ set(release "$<CONFIG:Release>")
 set(pie "$<AND:${release},$<BOOL:${BRANT_HAS_PIE}>>")
 add_library(hardened INTERFACE)
 target_compile_options(hardened INTERFACE
-  "$<${release}:-ffunction-sections;-fdata-sections>"
   "$<${release}:-fno-threadsafe-statics>"  # the programs have one thread
   "$<${release}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_STACK_PROTECTOR}>>:-fstack-protector-strong>"
@@ -24,14 +23,12 @@ target_link_options(hardened INTERFACE
   "$<${pie}:-pie>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_RELRO}>>:-Wl,-z,relro,-z,now>")
 
-# For the programs: the C++ library and the compiler's support library are linked in, and what nothing uses of them
-# and of our own code is left out. To load and bind them takes six times as long as all that a command does. The C
-# library is the system's and stays shared.
+# For the programs: links the C++ library and the compiler's support library statically, without the functions that
+# aren't used, because dynamic loading of these libraries takes six times as long as everything else in a run. The C
+# library stays shared, so that the system keeps it up to date.
 check_linker_flag(CXX -Wl,--gc-sections BRANT_HAS_GC_SECTIONS)
-check_linker_flag(CXX -Wl,-O1 BRANT_HAS_SYMBOL_HASH)  # a table of symbols that the loader searches quickly
 add_library(own_cxx_library INTERFACE)
 target_link_options(own_cxx_library INTERFACE
   "$<${release}:-static-libstdc++;-static-libgcc>"
-  "$<$<AND:${release},$<BOOL:${BRANT_HAS_GC_SECTIONS}>>:-Wl,--gc-sections>"
-  "$<$<AND:${release},$<BOOL:${BRANT_HAS_SYMBOL_HASH}>>:-Wl,-O1>")
+  "$<$<AND:${release},$<BOOL:${BRANT_HAS_GC_SECTIONS}>>:-Wl,--gc-sections>")
 target_sources(own_cxx_library INTERFACE ${CMAKE_CURRENT_LIST_DIR}/terminate_handler.cpp)
