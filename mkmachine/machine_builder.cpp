@@ -9,24 +9,19 @@
 #include <system_error>
 #include <utility>
 
+#include "src/utils/standard_streams.h"
+
 namespace {
 
 [[noreturn]] void FailOn(const std::string& path) {
     throw std::system_error(errno, std::generic_category(), path);
 }
 
-// Writes bytes into a file at an offset; flags as for open().
+// Writes `bytes` at `offset` into a file, which it creates if necessary. `flags` are further flags of open().
 void WriteFile(const std::string& path, int flags, const std::string& bytes, off_t offset = 0) {
     const int fd = open(path.c_str(), flags | O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (fd < 0) FailOn(path);
-    size_t written = 0;
-    if (offset != 0 && lseek(fd, offset, SEEK_SET) < 0) FailOn(path);
-    while (written < bytes.size()) {
-        const ssize_t count = write(fd, bytes.data() + written, bytes.size() - written);
-        if (count < 0) FailOn(path);
-        written += static_cast<size_t>(count);
-    }
-    if (close(fd) != 0) FailOn(path);
+    if (lseek(fd, offset, SEEK_SET) < 0 || !WriteAll(fd, bytes) || close(fd) != 0) FailOn(path);
 }
 
 }  // namespace

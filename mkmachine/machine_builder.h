@@ -1,4 +1,4 @@
-// Writes the files of a simulated machine, fact by fact. Used by mkmachine and by the tests.
+// Writes the files of a simulated machine, for mkmachine and for the tests.
 #pragma once
 
 #include <cstdint>
@@ -7,39 +7,38 @@
 
 class MachineBuilder {
   public:
-    // Begins a machine in a directory, which is created if it doesn't exist: the four devices of the health
-    // driver with nothing in them, an empty event log. Every member throws std::system_error when a file
-    // can't be written.
+    // Starts a machine in `directory`, which it creates if it doesn't exist: creates the directories of the
+    // four devices and an empty event log. All members that write throw std::system_error on failure.
     explicit MachineBuilder(std::string directory);
 
     const std::string& Directory() const { return directory_; }
 
-    // A record of a data table, as the driver reports it.
+    // Writes a record of a data table.
     template <typename Record>
     void Table(int type, int index, int index2, const Record& record) {
         Write(TableFile(type, index, index2), Plain(record));
     }
     void NoTable(int type, int index, int index2) { Remove(TableFile(type, index, index2)); }
 
-    // A ROM variable. value: a record or a number, as the firmware keeps it.
+    // Write a ROM variable. `value` is its record, or a number of its size.
     template <typename Record>
     void Variable(const char* name, const Record& value) {
         Variable(name, Plain(value));
     }
     void Variable(const char* name, const std::string& bytes) { Write("crom/" + std::string(name), bytes); }
 
-    // The recovery timer's state.
+    // Sets the state of the recovery timer.
     void Asr(bool enabled) { Write("casr/enabled", enabled ? "1\n" : "0\n"); }
 
-    // Any file of the machine, by its path below the directory; replaced whole.
+    // Replace, extend or remove a file of the machine. `path` is relative to the directory.
     void Write(const std::string& path, const std::string& bytes);
     void Append(const std::string& path, const std::string& bytes);
     void Remove(const std::string& path);
 
-    // Physical memory from an address on; what was never written is a hole and reads as zeros.
+    // Writes physical memory from `address` on. Memory that was never written reads as zeros.
     void PhysicalMemory(uint64_t address, const std::string& bytes);
 
-    // A record's bytes.
+    // Returns the bytes of a record.
     template <typename Record>
     static std::string Plain(const Record& record) {
         static_assert(std::is_trivially_copyable_v<Record> && !std::is_pointer_v<Record>);

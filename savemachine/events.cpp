@@ -13,7 +13,7 @@ constexpr size_t kLongestRead = sizeof(LOG_INFO) + UINT16_MAX;  // for an entry 
 constexpr int kMostFailures = 3;                                // in a row, after which the log ends
 
 // The buffer of a read: the request, followed by the entry.
-class Reading {
+class EventReader {
   public:
     // Reads with the shell's buffer size and retries with the maximum size if the driver reports that the
     // buffer is too small. Returns ReadEvent's result.
@@ -55,18 +55,18 @@ int FaultOf(int status) {
 
 void SaveEvents(MachineCopy& copy) {
     std::string log;
-    Reading reading;
+    EventReader reader;
     uint32_t wanted = 0;
     for (int failures = 0; failures < kMostFailures;) {
-        copy.Reading("event " + std::to_string(wanted));
-        const int status = reading.Read(wanted);
+        copy.ShowProgress("event " + std::to_string(wanted));
+        const int status = reader.Read(wanted);
         if (status == kEndOfLog) break;
         if (status == kEntryRead) {
-            log += reading.Entry();
-            wanted = reading.Number();
+            log += reader.Entry();
+            wanted = reader.Number();
             failures = 0;
         } else {
-            copy.Refused("cevt read " + std::to_string(wanted), FaultOf(status));
+            copy.ReportFailedCall("cevt read " + std::to_string(wanted), FaultOf(status));
             ++failures;
         }
         if (wanted++ == UINT32_MAX) break;

@@ -29,11 +29,11 @@ std::string FilledToPage(std::string bytes, uint64_t address) {
 
 // Makes the tables unreadable on the copy, but not the BIOS area. Tables that start at the beginning of the
 // area need no fault: they extend beyond its end, where the file ends.
-void RefuseTables(MachineCopy& copy) {
+void MakeTablesUnreadable(MachineCopy& copy) {
     const unsigned long page = EPS.dwSTAddr & -static_cast<unsigned long>(__brantcli_pgsz);
     char what[32];
     std::snprintf(what, sizeof what, "xsvc map 0x%08lx", page);
-    copy.Refused(what, page == kBiosArea ? kMissing : -EIO);
+    copy.ReportFailedCall(what, page == kBiosArea ? kMissing : -EIO);
 }
 
 // Formats a line of the tree.
@@ -44,13 +44,13 @@ std::string Node(size_t level, const std::string& text) {
 }  // namespace
 
 void SaveFirmware(MachineCopy& copy) {
-    copy.Reading("physical memory");
+    copy.ShowProgress("physical memory");
     std::vector<Extent> memory;
     if (IsSMBIOSAvailable() == TRUE) {
         const std::string tables(reinterpret_cast<const char*>(pSMBTables), EPS.wSTLength);
         memory.push_back({static_cast<off_t>(EPS.dwSTAddr), FilledToPage(tables, EPS.dwSTAddr)});
     } else if (EPS.wSTLength != 0) {
-        RefuseTables(copy);
+        MakeTablesUnreadable(copy);
     }
     // The area follows the tables: if they are in the BIOS area, it overwrites the zeros that fill their last
     // page.
@@ -63,10 +63,10 @@ void SaveFirmware(MachineCopy& copy) {
 }
 
 void SavePicl(MachineCopy& copy) {
-    copy.Reading("the PICL tree");
+    copy.ShowProgress("the PICL tree");
     picl_nodehdl_t root{};
-    if (const int result = picl_initialize()) return copy.Refused("picl initialize", result);
-    if (const int result = picl_get_root(&root)) return copy.Refused("picl root", result);
+    if (const int result = picl_initialize()) return copy.ReportFailedCall("picl initialize", result);
+    if (const int result = picl_get_root(&root)) return copy.ReportFailedCall("picl root", result);
 
     std::string tree = Node(0, "picl") + Node(1, "platform");
     char kelm[80];

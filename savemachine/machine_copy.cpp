@@ -12,6 +12,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "src/utils/standard_streams.h"
+
 namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
@@ -30,19 +32,6 @@ void EraseProgress() {
     if (HasTerminal()) std::fputs(kEraseLine, stderr);
 }
 
-// Writes all of the bytes.
-bool WriteAll(int fd, const Extent& extent) {
-    size_t done = 0;
-    while (done < extent.bytes.size()) {
-        const ssize_t count = pwrite(fd, extent.bytes.data() + done, extent.bytes.size() - done,
-                                     extent.offset + static_cast<off_t>(done));
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return false;
-        done += static_cast<size_t>(count);
-    }
-    return true;
-}
-
 // O_NONBLOCK: a FIFO in the directory's place must not make the program wait. (There is no O_DIRECTORY on the
 // server's system.)
 constexpr int kOpenDirectory = O_RDONLY | O_NONBLOCK;
@@ -59,7 +48,7 @@ int MakeDirectoryAt(int parent, const std::string& name) {
     return result;
 }
 
-// Returns whether the descriptor is a directory that only this user can look into.
+// Returns whether the descriptor is a directory that only this user can access.
 bool IsPrivateDirectory(int fd) {
     struct stat status {};
     return fstat(fd, &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
@@ -186,12 +175,12 @@ void MachineCopy::FailAsReplaced() const {
     throw std::runtime_error(path_ + ": " + "the new directory was replaced by another user");
 }
 
-void MachineCopy::Reading(const std::string& what) const {
+void MachineCopy::ShowProgress(const std::string& what) const {
     if (interrupted != 0) throw std::runtime_error("interrupted by a signal");
     if (HasTerminal()) std::fprintf(stderr, "%sreading %s", kEraseLine, what.c_str());
 }
 
-void MachineCopy::Folder(const std::string& name) {
+void MachineCopy::CreateFolder(const std::string& name) {
     entries_.push_back({name, true});
     if (MakeDirectoryAt(directory_.Get(), name) != 0) FailWithoutLastEntry();
 }
@@ -202,7 +191,7 @@ void MachineCopy::Write(const std::string& path, const std::vector<Extent>& exte
         openat(directory_.Get(), path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR));
     if (file.Get() < 0) FailWithoutLastEntry();
     for (const Extent& extent : extents) {
-        if (!WriteAll(file.Get(), extent)) Fail();
+        if (lseek(file.Get(), extent.offset, SEEK_SET) < 0 || !WriteAll(file.Get(), extent.bytes)) Fail();
     }
     if (fsync(file.Get()) != 0) Fail();
 }
@@ -211,7 +200,7 @@ void MachineCopy::Write(const std::string& path, const std::string& bytes) {
     Write(path, std::vector<Extent>{{0, bytes}});
 }
 
-void MachineCopy::Refused(const std::string& what, int result) {
+void MachineCopy::ReportFailedCall(const std::string& what, int result) {
     EraseProgress();
     const char* const reason = result < 0 ? std::strerror(-result) : "refused";
     std::fprintf(stderr, "savemachine: not read: %s: %s\n", what.c_str(), reason);

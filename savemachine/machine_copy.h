@@ -43,10 +43,10 @@ class MachineCopy {
 
     // Shows on a terminal what is read next. Throws std::runtime_error if a signal has interrupted the
     // program.
-    void Reading(const std::string& what) const;
+    void ShowProgress(const std::string& what) const;
 
     // Creates the folder of a device.
-    void Folder(const std::string& name);
+    void CreateFolder(const std::string& name);
     // Creates a file. `path` is relative to the machine directory. Where extents overlap, the later one wins.
     void Write(const std::string& path, const std::vector<Extent>& extents);
     void Write(const std::string& path, const std::string& bytes);
@@ -54,7 +54,7 @@ class MachineCopy {
     // Reports a failed call on standard error. `what` is the call, in the words of the file `faults`;
     // `result` is what the call returned, or -errno. If the missing file alone would not make the call fail
     // in the same way on the copy, the copy gets a fault.
-    void Refused(const std::string& what, int result);
+    void ReportFailedCall(const std::string& what, int result);
 
     // Writes the faults and gives the directory its final name.
     void Finish();
@@ -88,7 +88,7 @@ constexpr int kMissing = 1;
 int FailedResult();
 
 // Lets the program remove an incomplete copy before it ends: from now on SIGINT, SIGTERM and SIGHUP are
-// reported by MachineCopy::Reading, and a closed pipe or a file-size limit only makes the write fail.
+// reported by MachineCopy::ShowProgress, and a closed pipe or a file-size limit only makes the write fail.
 void NoticeInterrupts();
 
 // Each function reads one part of a machine as the shell's commands read it, and writes it into the copy. A

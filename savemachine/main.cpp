@@ -36,10 +36,10 @@ bool SaveDevice(MachineCopy& copy, const DeviceData& data) {
     errno = 0;
     *device.descriptor = vxOpenRequest(device.path, kReadWrite);
     if (*device.descriptor < 0) {
-        copy.Refused(std::string("open ") + device.name, FailedResult());
+        copy.ReportFailedCall(std::string("open ") + device.name, FailedResult());
         return false;
     }
-    copy.Folder(device.name);
+    copy.CreateFolder(device.name);
     data.save(copy);
     vxCloseRequest(*device.descriptor);
     return true;

@@ -14,7 +14,7 @@ namespace {
 struct Variable {
     const char* name;
     int size;
-    bool not_everywhere = false;  // some firmware stores it in another form or place
+    bool is_optional = false;  // some firmware stores it in another form or place
 };
 // clang-format off
 constexpr Variable kVariables[] = {
@@ -41,25 +41,25 @@ void Save(MachineCopy& copy, const Variable& variable) {
     if (get_ev(variable.name, value, variable.size) == 0) {
         const std::string bytes(reinterpret_cast<const char*>(value), static_cast<size_t>(variable.size));
         copy.Write(std::string("crom/") + variable.name, bytes);
-    } else if (FailedResult() != kMissing || !variable.not_everywhere) {
-        copy.Refused(std::string("crom read ") + variable.name, FailedResult());
+    } else if (FailedResult() != kMissing || !variable.is_optional) {
+        copy.ReportFailedCall(std::string("crom read ") + variable.name, FailedResult());
     }
 }
 
 }  // namespace
 
 void SaveTimer(MachineCopy& copy) {
-    copy.Reading("the recovery timer");
+    copy.ShowProgress("the recovery timer");
     int32_t enabled = 0;
     errno = 0;
     if (vxIoctlRequest(casr_fd, kTimerState, &enabled) == 0) {
         copy.Write("casr/enabled", enabled != 0 ? "1\n" : "0\n");
     } else {
-        copy.Refused("casr " + std::to_string(kTimerState), FailedResult());
+        copy.ReportFailedCall("casr " + std::to_string(kTimerState), FailedResult());
     }
 }
 
 void SaveVariables(MachineCopy& copy) {
-    copy.Reading("ROM variables");
+    copy.ShowProgress("ROM variables");
     for (const Variable& variable : kVariables) Save(copy, variable);
 }

@@ -14,14 +14,14 @@
 
 namespace {
 
-constexpr bool kNotEverywhere = true;
+constexpr bool kOptional = true;
 
 struct Table {
     DataTableType type;
     size_t size;
     // Some drivers lack it. A missing record is not reported, and no further record of the table is
     // requested.
-    bool not_everywhere = false;
+    bool is_optional = false;
 };
 
 // A family of devices: a header, and records of several tables for each device.
@@ -34,7 +34,7 @@ struct Family {
 // clang-format off
 constexpr Family kFamilies[] = {
     {"fans", {kFanHeaderTable, sizeof(FANHEADER)}, 0, {
-        {kFanDataTable,    sizeof(FANDDATA), kNotEverywhere},
+        {kFanDataTable,    sizeof(FANDDATA), kOptional},
         {kFanFeatureTable, sizeof(COMMONFEATUREINFO)},
         {kFanBasicTable,   sizeof(FANBASIC)},
     }},
@@ -43,7 +43,7 @@ constexpr Family kFamilies[] = {
         {kTemperatureNumbersTable, sizeof(TEMPERATURENUMBERS)},
     }},
     {"power supplies", {kSupplyHeaderTable, sizeof(POWERSUPPLYHEADER)}, 0, {
-        {kSupplyNumbersTable, sizeof(POWERSUPPLYNUMBERS), kNotEverywhere},
+        {kSupplyNumbersTable, sizeof(POWERSUPPLYNUMBERS), kOptional},
         {kSupplyFeatureTable, sizeof(COMMONFEATUREINFO)},
         {kSupplyBasicTable,   sizeof(POWERSUPPLYBASIC)},
     }},
@@ -51,7 +51,7 @@ constexpr Family kFamilies[] = {
 // clang-format on
 
 // The first two bytes of each header.
-struct HeaderBeginning {
+struct HeaderPrefix {
     uint8_t ucNumSupportedByChassis;
     uint8_t ucDataAvailable;
 };
@@ -77,29 +77,29 @@ Record Save(MachineCopy& copy, const Table& table, int index, int index2 = 0) {
         &std::free);
     if (record != nullptr) {
         Store(copy, name, record.get(), table.size);
-    } else if (FailedResult() != kMissing || !table.not_everywhere) {
-        copy.Refused("cdt " + name, FailedResult());
+    } else if (FailedResult() != kMissing || !table.is_optional) {
+        copy.ReportFailedCall("cdt " + name, FailedResult());
     }
     return record;
 }
 
 void SaveFamily(MachineCopy& copy, const Family& family) {
-    copy.Reading(family.name);
+    copy.ShowProgress(family.name);
     const Record record = Save(copy, family.header, 0);
     if (record == nullptr) return;
-    const auto& header = *static_cast<const HeaderBeginning*>(record.get());
+    const auto& header = *static_cast<const HeaderPrefix*>(record.get());
     if (header.ucDataAvailable == 0) return;
     for (const Table& table : family.tables) {
         if (table.size == 0) break;
         for (int index = family.first; index < header.ucNumSupportedByChassis; ++index) {
-            if (Save(copy, table, index) == nullptr && table.not_everywhere) break;
+            if (Save(copy, table, index) == nullptr && table.is_optional) break;
         }
     }
 }
 
-constexpr Table kMemory = {kMemoryTable, sizeof(RESMEM_CONFIG), kNotEverywhere};
-constexpr Table kCartridge = {kCartridgeTable, sizeof(CartridgePrefix), kNotEverywhere};
-constexpr Table kModuleConfig = {kModuleConfigTable, sizeof(RESMEM_DIMM_CONFIG), kNotEverywhere};
+constexpr Table kMemory = {kMemoryTable, sizeof(RESMEM_CONFIG), kOptional};
+constexpr Table kCartridge = {kCartridgeTable, sizeof(CartridgePrefix), kOptional};
+constexpr Table kModuleConfig = {kModuleConfigTable, sizeof(RESMEM_DIMM_CONFIG), kOptional};
 constexpr Table kModuleStatus = {kModuleStatusTable, sizeof(RESMEM_DIMM_STATUS)};
 
 // Saves the modules of the cartridges from `from` to `to` - 1. Stops at the first failed request, as the
@@ -118,7 +118,7 @@ void SaveModules(MachineCopy& copy, int from, int to, int sockets) {
 // Saves the memory tables. A server has its memory on the system board or in cartridges, so both are
 // requested.
 void SaveMemory(MachineCopy& copy) {
-    copy.Reading("memory modules");
+    copy.ShowProgress("memory modules");
     const Record memory = Save(copy, kMemory, 0);
     const MemorySockets sockets = SocketsOf(static_cast<const RESMEM_CONFIG*>(memory.get()));
     Save(copy, kCartridge, kSystemBoardCartridge);
@@ -128,7 +128,7 @@ void SaveMemory(MachineCopy& copy) {
 
 // Saves the indicators. The light's state is read by a control request, which generic_dtioctl can't send.
 void SaveIndicators(MachineCopy& copy) {
-    copy.Reading("indicators");
+    copy.ShowProgress("indicators");
     Save(copy, {kIndicatorHeaderTable, sizeof(INDCHEADER)}, 0);
 
     constexpr Table kLight = {kIndicatorControlTable, sizeof(INDCBASIC)};
@@ -137,7 +137,7 @@ void SaveIndicators(MachineCopy& copy) {
     if (ControlLight(kReportState, light) == 0) {
         Store(copy, NameOf(kLight, 0, 0), &light, sizeof light);
     } else {
-        copy.Refused("cdt " + NameOf(kLight, 0, 0), FailedResult());
+        copy.ReportFailedCall("cdt " + NameOf(kLight, 0, 0), FailedResult());
     }
 }
 
