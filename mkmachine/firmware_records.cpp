@@ -3,9 +3,9 @@
 namespace {
 
 constexpr char kMaker[] = "VX";
-constexpr unsigned kUnsupported = 0xFF;      // a release number that there is none of
-constexpr unsigned kSafe = 3;                // a state
-constexpr unsigned kNoErrorRecord = 0xFFFE;  // a handle: errors aren't recorded
+constexpr unsigned kUnsupported = 0xFF;      // release number: not supported
+constexpr unsigned kSafe = 3;                // state of a part of the chassis
+constexpr unsigned kNoErrorRecord = 0xFFFE;  // handle: errors aren't recorded
 
 }  // namespace
 
@@ -14,11 +14,11 @@ SmbiosRecord BiosRecord(const std::string& version, const std::string& date) {
     record.Text(kMaker).Text(version);
     record.Word(0xF000);  // segment
     record.Text(date);
-    record.Byte(0x3F);         // size of the ROM, in 64 KiB less one
+    record.Byte(0x3F);         // size of the ROM: 4 MiB, as the number of 64 KiB blocks - 1
     record.Qword(0x00019880);  // PCI, upgradeable, shadowed, boots from CD, boot device selectable
     record.Byte(0x03);         // ACPI, USB legacy
-    record.Byte(0x05);         // a boot order of devices (BBS), targeted content distribution
-    for (int i = 0; i < 4; ++i) record.Byte(kUnsupported);  // releases of the BIOS and of the controller
+    record.Byte(0x05);         // BIOS boot specification, targeted content distribution
+    for (int i = 0; i < 4; ++i) record.Byte(kUnsupported);  // releases of the BIOS and the controller
     return record;
 }
 
@@ -26,7 +26,7 @@ SmbiosRecord SystemRecord(const std::string& product, const std::string& serial)
     SmbiosRecord record(smbios::System::kType, 0x0100);
     record.Text(kMaker).Text(product).Text("").Text(serial);
     record.Qword(0x11DD3A7B62C51E40).Qword(0x5A0C9F37E8D41B86);  // UUID
-    record.Byte(6);                                              // woken by the power switch
+    record.Byte(6);                                              // wake-up by the power switch
     record.Text("").Text("Corvex");
     return record;
 }
@@ -34,7 +34,7 @@ SmbiosRecord SystemRecord(const std::string& product, const std::string& serial)
 SmbiosRecord ChassisRecord(uint8_t kind, const std::string& serial) {
     SmbiosRecord record(3, 0x0300);
     record.Text(kMaker).Byte(kind).Text("").Text(serial).Text("");
-    for (int i = 0; i < 3; ++i) record.Byte(kSafe);  // at the last boot: the chassis, its power, its cooling
+    for (int i = 0; i < 3; ++i) record.Byte(kSafe);  // at the last boot: chassis, power supplies, cooling
     record.Byte(3);                                  // no security
     record.Dword(0);
     record.Byte(0).Byte(0);  // height, power cords: not specified
@@ -45,10 +45,10 @@ SmbiosRecord ChassisRecord(uint8_t kind, const std::string& serial) {
 SmbiosRecord ProcessorRecord(const Processor& part) {
     SmbiosRecord record(smbios::Processor::kType, part.handle);
     record.Text(part.socket).Byte(part.type).Byte(part.family).Text("Intel");
-    record.Dword(part.id).Dword(0xBFEBFBFF);  // the second word tells its features
+    record.Dword(part.id).Dword(0xBFEBFBFF);  // signature, feature flags
     record.Text("").Byte(0x8C);               // 1.2 V
     record.Word(part.bus).Word(part.speed).Word(part.speed).Byte(part.status);
-    record.Byte(0x15);  // kind of socket
+    record.Byte(0x15);  // socket type
     record.Word(part.l1_cache).Word(part.l2_cache).Word(part.l3_cache);
     record.Text("").Text("").Text("");
     record.Byte(part.cores).Byte(part.cores).Byte(part.threads);
@@ -79,9 +79,9 @@ SmbiosRecord MemoryArrayRecord(const MemoryArray& part) {
 SmbiosRecord MemoryDeviceRecord(const MemoryDevice& part) {
     SmbiosRecord record(smbios::MemoryDevice::kType, part.handle);
     record.Word(part.array).Word(kNoErrorRecord);
-    record.Word(72).Word(64);  // bits, with and without those for correction
+    record.Word(72).Word(64);  // width in bits with and without error correction
     record.Word(part.size).Byte(part.form_factor);
-    record.Byte(0);  // of no set
+    record.Byte(0);  // not part of a set
     record.Text(part.locator).Text("");
     record.Byte(part.type).Word(part.type_detail).Word(part.speed);
     record.Text("").Text("").Text("").Text("");

@@ -1,5 +1,5 @@
-// The records that firmware makes of a machine's parts: the standard ones with every field of version 2.6,
-// and the maker's own. Format: DMTF DSP0134.
+// Builds SMBIOS records: standard records with every field of version 2.6, and OEM records. Format: DMTF
+// DSP0134.
 #pragma once
 
 #include <string>
@@ -7,16 +7,18 @@
 
 #include "mkmachine/smbios_table.h"
 
-constexpr uint8_t kRackMount = 0x17;  // kinds of chassis
+// Codes of the standard: chassis types, form factors and types of memory devices, error corrections of memory
+// arrays, the status of a processor socket, details of memory types.
+constexpr uint8_t kRackMount = 0x17;
 constexpr uint8_t kBlade = 0x1C;
-constexpr uint8_t kDimm = 0x09;  // form factors of memory devices
+constexpr uint8_t kDimm = 0x09;
 constexpr uint8_t kFbDimm = 0x0F;
-constexpr uint8_t kDdr2 = 0x13;  // memory types
+constexpr uint8_t kDdr2 = 0x13;
 constexpr uint8_t kDdr2FullyBuffered = 0x14;
-constexpr uint8_t kSingleBitEcc = 5;  // error corrections of memory arrays
+constexpr uint8_t kSingleBitEcc = 5;
 constexpr uint8_t kMultiBitEcc = 6;
-constexpr uint8_t kEmptySocket = 0;        // a status of processors
-constexpr uint16_t kSynchronous = 0x0080;  // type details
+constexpr uint8_t kEmptySocket = 0;
+constexpr uint16_t kSynchronous = 0x0080;
 
 SmbiosRecord BiosRecord(const std::string& version, const std::string& date);
 SmbiosRecord SystemRecord(const std::string& product, const std::string& serial);
@@ -34,12 +36,12 @@ struct Processor {
     uint8_t status = 0x41;  // populated, enabled; or kEmptySocket
     uint8_t type = smbios::Processor::kCentral;
     uint8_t family = 0xB3;
-    uint32_t id = 0x000106A5;  // its low four bits are the stepping
+    uint32_t id = 0x000106A5;  // the low four bits are the stepping
     uint16_t bus = 1333;       // MHz
 };
 SmbiosRecord ProcessorRecord(const Processor& part);
 
-// How long the record is in version 2.minor_version, from 2.3 on.
+// Returns the length of the formatted area in version 2.`minor_version`, from version 2.3 on.
 constexpr size_t ProcessorLength(uint8_t minor_version) {
     return minor_version < 5 ? 35 : minor_version < 6 ? 40 : 42;
 }
@@ -73,25 +75,26 @@ struct MemoryDevice {
 };
 SmbiosRecord MemoryDeviceRecord(const MemoryDevice& part);
 
-// As ProcessorLength.
+// Returns the length of the formatted area in version 2.`minor_version`.
 constexpr size_t MemoryDeviceLength(uint8_t minor_version) {
     return minor_version < 6 ? 27 : 28;
 }
 
-// The addresses, from 0 on, that an array's memory answers to. size: KiB, not 0.
+// Returns the record of the physical addresses of an array's memory, which start at 0. `size` is in KiB and
+// isn't 0.
 SmbiosRecord MappedAddressRecord(uint16_t handle, uint16_t array, uint32_t size);
 
 SmbiosRecord BootRecord(uint16_t handle);
 SmbiosRecord EndRecord(uint16_t handle);
 
-// The maker's own.
+// OEM records.
 SmbiosRecord ProcInfoRecord(uint16_t handle, uint16_t processor, uint8_t socket);
 SmbiosRecord DimmLocationRecord(uint16_t handle, uint16_t device, uint8_t slot, uint8_t socket);
 SmbiosRecord RackRecord(uint16_t handle, const std::string& enclosure, const std::string& bay);
 SmbiosRecord NicRecord(uint16_t handle, const std::vector<smbios_nic>& nics);
 
 struct MappedPort {
-    int connector, port;  // its place in the record
+    int connector, port;  // indexes of the entry in the record
     GBX_PORT_MAP entry;
 };
 SmbiosRecord PortMapRecord(uint16_t handle, const std::vector<MappedPort>& ports);

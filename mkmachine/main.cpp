@@ -1,5 +1,4 @@
-// mkmachine [--model MODEL] [--events N] DIR: makes a simulated machine in a new or empty directory.
-
+// mkmachine [--model MODEL] [--events N] DIR: creates a simulated machine in a new or empty directory.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,11 +20,12 @@ namespace {
 
 struct Options {
     const Model* model = &Models().front();
-    std::optional<size_t> events;  // entries of the event log; else one of each sample
+    std::optional<size_t> events;  // entries of the event log; by default one per sample event
     std::string directory;
 };
 
-// A count in decimal; none when the word is anything else, or a log of so many could never be numbered.
+// Parses a decimal number. Returns nothing if `word` has another form or more than nine digits: the numbers
+// of the entries have 32 bits.
 std::optional<size_t> ReadCount(const std::string& word) {
     constexpr size_t kMostDigits = 9;
     if (word.empty() || word.size() > kMostDigits) return {};
@@ -33,7 +33,7 @@ std::optional<size_t> ReadCount(const std::string& word) {
     return std::stoul(word);
 }
 
-// False when the words aren't options that go together.
+// Parses the command line. Returns false if it is invalid.
 bool ReadOptions(int argc, char** argv, Options& options) {
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
@@ -58,9 +58,9 @@ void PrintUsage() {
     std::fprintf(stderr, "usage: mkmachine [--model %s] [--events N] DIR\n", names.c_str());
 }
 
-// Makes the directory `path`, if it doesn't exist, and makes it the working directory. The machine is written
-// below the working directory, so that nobody who can rename a parent directory leads the program elsewhere.
-// Throws if another user could write to the directory.
+// Creates the directory `path`, if it doesn't exist, and makes it the working directory. The machine is
+// written into the working directory, so that a user who renames a parent directory can't redirect the
+// writes. Throws if another user could write to the directory.
 void EnterDirectory(const std::string& path) {
     const std::filesystem::path parent = std::filesystem::path(path).parent_path();
     if (!parent.empty()) std::filesystem::create_directories(parent);

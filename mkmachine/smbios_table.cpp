@@ -8,7 +8,7 @@ namespace {
 
 constexpr uint8_t kMajorVersion = 2;
 
-// What makes the sum of bytes, of which the checksum itself is still 0, come to 0.
+// Returns the byte that makes the sum of all bytes 0, modulo 256. The checksum field itself contains 0.
 uint8_t Checksum(const uint8_t* bytes, size_t count) {
     return static_cast<uint8_t>(-std::accumulate(bytes, bytes + count, 0));
 }

@@ -1,4 +1,4 @@
-// Builds SMBIOS tables, record by record, and the entry point that leads to them. Format: DMTF DSP0134.
+// Builds SMBIOS tables and their entry point. Format: DMTF DSP0134.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 #include "include/smbios_records.h"
 #include "mkmachine/machine_builder.h"
 
-// One record: its fields in the order in which they stand, each behind the last.
+// A record. Each call appends a field.
 class SmbiosRecord {
   public:
     SmbiosRecord(uint8_t type, uint16_t handle);
@@ -17,12 +17,13 @@ class SmbiosRecord {
     SmbiosRecord& Word(unsigned value) { return Number(value, 2); }
     SmbiosRecord& Dword(uint32_t value) { return Number(value, 4); }
     SmbiosRecord& Qword(uint64_t value) { return Number(value, 8); }
-    // A string field: adds the text to the record's strings and its number to the fields; 0 for no text.
+    // Appends a string field: adds `text` to the strings of the record and its number to the fields. The
+    // number of an empty string is 0.
     SmbiosRecord& Text(const std::string& text);
-    // Ends the formatted area after length bytes, as firmware of an older version does.
+    // Truncates the formatted area to `length` bytes, as in an older version of the standard.
     SmbiosRecord& CutTo(size_t length);
 
-    // The record as the tables hold it, its string set included.
+    // Returns the record with its strings, as in the tables.
     std::string Bytes() const;
 
   private:
@@ -35,13 +36,13 @@ class SmbiosRecord {
 
 class SmbiosTable {
   public:
-    // minor_version: of version 2, as the entry point tells it.
+    // `minor_version` is stored in the entry point; the major version is 2.
     explicit SmbiosTable(uint8_t minor_version = 6) : minor_version_(minor_version) {}
 
     SmbiosTable& Add(const SmbiosRecord& record);
 
     const std::string& Bytes() const { return bytes_; }
-    // The entry point of these tables when they are at a physical address.
+    // Returns the entry point for these tables when they are stored at the physical address `address`.
     SMBIOSEntryPoint EntryPoint(uint32_t address) const;
 
   private:
@@ -51,12 +52,12 @@ class SmbiosTable {
     uint8_t minor_version_;
 };
 
-// Sets both of an entry point's checksums, the intermediate one first.
+// Computes the two checksums of an entry point.
 void SetChecksums(SMBIOSEntryPoint& entry);
 
-// Where mkmachine puts tables and their entry point.
+// The physical addresses at which mkmachine stores the tables and their entry point.
 constexpr uint32_t kTablesAddress = 0xE8000;
 constexpr uint32_t kEntryPointAddress = 0xF5000;
 
-// Leaves tables in a machine's physical memory, with the entry point that finds them.
+// Writes tables and their entry point into a machine's physical memory.
 void AddTables(MachineBuilder& machine, const SmbiosTable& table);

@@ -36,7 +36,7 @@ const std::vector<Cache> kCaches = {
     {0x0700, "Proc 1 L1", 1, 64}, {0x0701, "Proc 1 L2", 2, 4096},
 };
 
-const std::vector<Processor> kProcessors = {  // of a version of SMBIOS that doesn't tell the cores
+const std::vector<Processor> kProcessors = {  // the version of SMBIOS has no counts of cores and threads
     // handle, socket, MHz, cores, threads, caches, status
     {0x0400, "Proc 1", 2333, 2, 2, 0x0700, 0x0701},
     {0x0401, "Proc 2", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
@@ -64,7 +64,7 @@ Hardware Parts() {
     return hardware;
 }
 
-RomSettings Settings() {  // its firmware knows no versions
+RomSettings Settings() {  // the firmware stores no versions
     RomSettings settings;
     settings.asr_minutes = 10;
     settings.boot_order = {kBootCdrom, kBootFloppy, kBootHdd, kBootPxe};

@@ -53,14 +53,14 @@ const std::vector<Module> kCartridge1 = {
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 9},
-    {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 3},  // a status that has no text
+    {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 3},  // a status without a name
 };
 const std::vector<Module> kCartridge2 = {
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 6},
     {1, 4096, 800, kFbDimm, kDdr2FullyBuffered, 7},
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 8},
-    {2, 0,    0,   kFbDimm, kDdr2FullyBuffered, 5},  // expected, but gone
+    {2, 0,    0,   kFbDimm, kDdr2FullyBuffered, 5},  // expected, but missing
 };
 
 const std::vector<smbios_nic> kNics = {

@@ -53,7 +53,7 @@ class Log {
     // Opens and indexes the log, unless it is unchanged. Returns 0; 1 if there is no log; or -errno.
     int Refresh();
 
-    // Copies the entry that a request asks for. Returns the request's status, or -errno.
+    // Copies the requested entry. Returns the request's status, or -errno.
     int Read(const LOG_INFO& block, void* entry) const;
 
   private:

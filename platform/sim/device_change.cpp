@@ -10,8 +10,8 @@
 
 namespace {
 
-// The replacement is written under this name. No request can ask for it. Only the holder of the lock uses it,
-// so a file that a killed process left can be removed.
+// The replacement is written under this name. No request can name this file. Only the holder of the lock uses
+// it, so a file that a killed process left can be removed.
 constexpr char kNewFile[] = ".new";
 
 constexpr mode_t kReadAndWrite = 0666;  // the permission bits that a replaced file keeps: no set-user-ID bit

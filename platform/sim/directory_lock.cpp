@@ -110,7 +110,7 @@ void Report(const char* device) {
 
 }  // namespace
 
-// Polls, because flock itself can't be told to give up after a while.
+// Polls, because flock has no timeout.
 int LockDirectory(const Descriptor& directory, const char* device) {
     if (flock(directory.Get(), LOCK_EX | LOCK_NB) == 0) return 0;
 

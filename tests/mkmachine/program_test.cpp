@@ -1,4 +1,4 @@
-// mkmachine as a person calls it.
+// Tests of mkmachine's options, permissions and error messages.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,20 +10,20 @@
 
 namespace {
 
-TEST(MakeMachineProgram, MakesAsManyEventsAsAskedFor) {
+TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
     const struct {
         const char* catches;
         std::vector<std::string> words;
         int status;
         size_t entries;
     } cases[] = {
-        {"none", {"--events", "0"}, 0, 0},
-        {"more than there are", {"--model", "bx20", "--events", "1000"}, 0, 1000},
-        {"no count", {"--events"}, 2, 0},
-        {"a sign", {"--events", "-1"}, 2, 0},
-        {"a number and more", {"--events", "5x"}, 2, 0},
-        {"an empty count", {"--events", ""}, 2, 0},
-        {"more than can be numbered", {"--events", "99999999999"}, 2, 0},
+        {"no event", {"--events", "0"}, 0, 0},
+        {"more events than samples", {"--model", "bx20", "--events", "1000"}, 0, 1000},
+        {"--events without a number", {"--events"}, 2, 0},
+        {"a sign before the number", {"--events", "-1"}, 2, 0},
+        {"a letter after the number", {"--events", "5x"}, 2, 0},
+        {"an empty number", {"--events", ""}, 2, 0},
+        {"more events than there are numbers", {"--events", "99999999999"}, 2, 0},
     };
     for (const auto& c : cases) {
         const TestMachine parent;
@@ -35,8 +35,8 @@ TEST(MakeMachineProgram, MakesAsManyEventsAsAskedFor) {
     }
 }
 
-// Whoever can open a device's directory can lock it, and have every change wait.
-TEST(MakeMachineProgram, MakesDirectoriesForTheirOwnerAlone) {
+// A user who can open a device's directory can lock it, and every modifying command would wait.
+TEST(MakeMachineProgram, CreatesDirectoriesThatOnlyTheOwnerCanOpen) {
     for (const char* mask : {"0", "022", "0777"}) {
         const TestMachine parent;
         const std::string made = parent.Directory() + "/made";
@@ -49,21 +49,21 @@ TEST(MakeMachineProgram, MakesDirectoriesForTheirOwnerAlone) {
     }
 }
 
-// The owner of the directory could lead the program to other files while it writes.
+// The owner of the directory could redirect the program's writes to other files.
 TEST(MakeMachineProgram, WritesOnlyIntoAnEmptyDirectoryOfItsUser) {
     TestMachine parent;
     const std::string directory = parent.Directory() + "/casr";
-    const std::string refused = "mkmachine: " + directory + ": other users can write to this directory\n";
+    const std::string rejected = "mkmachine: " + directory + ": other users can write to this directory\n";
     const auto errors = [&](const std::string& path) {
         const RunResult run = RunProgram(ProgramPath("mkmachine"), {path}, parent.Directory());
         EXPECT_EQ(run.status, 1) << run.errors;
         return run.errors;
     };
     chmod(directory.c_str(), 0770);
-    EXPECT_EQ(errors(directory), refused);
+    EXPECT_EQ(errors(directory), rejected);
     chmod(directory.c_str(), 0700);
     EXPECT_EQ(chown(directory.c_str(), 65534, 0), 0);
-    EXPECT_EQ(errors(directory), refused);
+    EXPECT_EQ(errors(directory), rejected);
     EXPECT_EQ(symlink("crom", (parent.Directory() + "/link").c_str()), 0);
     EXPECT_EQ(errors(parent.Directory() + "/link"),
               "mkmachine: " + parent.Directory() + "/link: Not a directory\n");
