@@ -54,6 +54,21 @@ constexpr EventRow kScsiEvents[] = {
         Field<&EVT_SCSI_CTRLS_NOT_REDUNDANT::cChassisName, GetSysChassis>),
 };
 
+// The rows of the SAS events have the documented names of their translators.
+constexpr EventRow TranslateDevFailureSAS =
+    Row(7, "%s SAS Enclosure Device Failure (Bay %s, Box %s, Port %s, %s)",
+        Field<&EVT_CHASSIS::bType, GetInternalExternal>, Field<&EVT_SAS_ARRAY_DEV_FAILURE::bBay, PlainByte>,
+        Field<&EVT_SAS_ARRAY_DEV_FAILURE::bBox, PlainByte>,
+        Field<&EVT_SAS_ARRAY_DEV_FAILURE::szPortID, GetSASPort>,
+        Field<&EVT_SAS_ARRAY_DEV_FAILURE::szChassis_Sun, GetSlotChassisSun>);
+constexpr EventRow TranslatePhyFailureSAS = Row(
+    8, "%s SAS Enclosure PHY Link Error (PHY %s, Expander %s, Box %s, Port %s, %s)",
+    Field<&EVT_CHASSIS::bType, GetInternalExternal>,
+    Field<&EVT_SAS_ARRAY_PHY_ERROR::bExpanderPhyNumber, PlainByte>,
+    Field<&EVT_SAS_ARRAY_PHY_ERROR::bExpanderNumber, PlainByte>,
+    Field<&EVT_SAS_ARRAY_PHY_ERROR::bBox, PlainByte>, Field<&EVT_SAS_ARRAY_PHY_ERROR::szPortID, GetSASPort>,
+    Field<&EVT_SAS_ARRAY_PHY_ERROR::szChassis_Sun, GetSlotChassisSun>);
+
 constexpr EventRow kArrayEvents[] = {
     Row(1, When(kServerItself), "Drive Array Controller Failure (Slot %s)",
         Field<&EVT_ARRAY_CTRL_FAILURE::bSlot, Byte2Str>),
@@ -71,18 +86,8 @@ constexpr EventRow kArrayEvents[] = {
     Row(4, When(kServerItself), "Drive Array Controllers No Longer Redundant"),
     Row(4, "Drive Array Controllers No Longer Redundant (Chassis %s)",
         Field<&EVT_ARRAY_CTRLS_NOT_REDUNDANT::cChassisName, GetSysChassis>),
-    Row(7, "%s SAS Enclosure Device Failure (Bay %s, Box %s, Port %s, %s)",
-        Field<&EVT_CHASSIS::bType, GetInternalExternal>, Field<&EVT_SAS_ARRAY_DEV_FAILURE::bBay, PlainByte>,
-        Field<&EVT_SAS_ARRAY_DEV_FAILURE::bBox, PlainByte>,
-        Field<&EVT_SAS_ARRAY_DEV_FAILURE::szPortID, GetSASPort>,
-        Field<&EVT_SAS_ARRAY_DEV_FAILURE::szChassis_Sun, GetSlotChassisSun>),
-    Row(8, "%s SAS Enclosure PHY Link Error (PHY %s, Expander %s, Box %s, Port %s, %s)",
-        Field<&EVT_CHASSIS::bType, GetInternalExternal>,
-        Field<&EVT_SAS_ARRAY_PHY_ERROR::bExpanderPhyNumber, PlainByte>,
-        Field<&EVT_SAS_ARRAY_PHY_ERROR::bExpanderNumber, PlainByte>,
-        Field<&EVT_SAS_ARRAY_PHY_ERROR::bBox, PlainByte>,
-        Field<&EVT_SAS_ARRAY_PHY_ERROR::szPortID, GetSASPort>,
-        Field<&EVT_SAS_ARRAY_PHY_ERROR::szChassis_Sun, GetSlotChassisSun>),
+    TranslateDevFailureSAS,
+    TranslatePhyFailureSAS,
 };
 
 }  // namespace

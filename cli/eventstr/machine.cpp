@@ -63,20 +63,26 @@ constexpr ChassisEventRow kChassisEvents[] = {
 };
 // clang-format on
 
-// Events whose text doesn't depend on the chassis.
-constexpr EventRow kEvents[] = {
-    Row(7, "System Fans Not Redundant (Shared Location %s)",
-        Field<&EVT_MACH_FAN_NOT_REDUNDANT_SHARED::bSharedFanZoneType, GetLocation>),
+// The rows of the SAS events have the documented names of their translators.
+constexpr EventRow TranslateMachFanFailSAS =
     Row(11, "%s SAS Enclosure Fan Failure (Fan %s, Location %s, Box %s, Port %s, %s)",
         Field<&EVT_CHASSIS::bType, GetInternalExternal>, Field<&EVT_MACH_SAS_FAN_FAIL::bFanId, PlainByte>,
         Field<&EVT_MACH_SAS_FAN_FAIL::bFanZoneType, GetLocation>,
         Field<&EVT_MACH_SAS_FAN_FAIL::bBox, PlainByte>, Field<&EVT_MACH_SAS_FAN_FAIL::szPortID, GetSASPort>,
-        Field<&EVT_MACH_SAS_FAN_FAIL::szChassis_Sun, GetSlotChassisSun>),
+        Field<&EVT_MACH_SAS_FAN_FAIL::szChassis_Sun, GetSlotChassisSun>);
+constexpr EventRow TranslateMachOverheatSAS =
     Row(12, "%s SAS Enclosure Overheating (Zone %s, Location %s, Box %s, Port %s, %s)",
         Field<&EVT_CHASSIS::bType, GetInternalExternal>, Field<&EVT_MACH_SAS_OVERHEAT::bSensorId, PlainByte>,
         Field<&EVT_MACH_SAS_OVERHEAT::bZoneType, GetLocation>, Field<&EVT_MACH_SAS_OVERHEAT::bBox, PlainByte>,
         Field<&EVT_MACH_SAS_OVERHEAT::szPortID, GetSASPort>,
-        Field<&EVT_MACH_SAS_OVERHEAT::szChassis_Sun, GetSlotChassisSun>),
+        Field<&EVT_MACH_SAS_OVERHEAT::szChassis_Sun, GetSlotChassisSun>);
+
+// Events whose text doesn't depend on the chassis.
+constexpr EventRow kEvents[] = {
+    Row(7, "System Fans Not Redundant (Shared Location %s)",
+        Field<&EVT_MACH_FAN_NOT_REDUNDANT_SHARED::bSharedFanZoneType, GetLocation>),
+    TranslateMachFanFailSAS,
+    TranslateMachOverheatSAS,
 };
 
 }  // namespace

@@ -56,6 +56,17 @@ constexpr auto kDiagSpare = Field<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::szSerialNum
 
 void TranslateSuspects(Bytes payload, TextWriter& out);
 
+// The event of the ROM's memory test. The first row applies if the test isolated the error to one module.
+constexpr EventRow TranslateMainMemRomDiagFail[] = {
+    Row(18, When(Is<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::flags>(0, kNotIsolated)),
+        "Uncorrectable Memory Error detected by ROM-based memory validation (%sMemory Module %s%s%s)",
+        kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare),
+    Row(18,
+        "Uncorrectable Memory Error detected by ROM-based memory validation "
+        "(unable to isolate to single module) (%sMemory Module %s%s%s)",
+        kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare),
+};
+
 constexpr EventRow kEvents[] = {
     Row(1, When(kNoSlot, kNoModule), "Corrected Memory Error threshold exceeded (Memory Module Unknown%s)",
         kSerial),
@@ -125,13 +136,8 @@ constexpr EventRow kEvents[] = {
     Row(16, "Online Spare Memory Switchover Complete"),
     Row(17, "Memory Board Failure (Slot %s)", Field<&EVT_MAIN_MEMORY_BOARD_FAILURE::bSlot, Byte2Str>),
 
-    Row(18, When(Is<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::flags>(0, kNotIsolated)),
-        "Uncorrectable Memory Error detected by ROM-based memory validation (%sMemory Module %s%s%s)",
-        kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare),
-    Row(18,
-        "Uncorrectable Memory Error detected by ROM-based memory validation "
-        "(unable to isolate to single module) (%sMemory Module %s%s%s)",
-        kDiagBoard, kDiagModule, kDiagSerial, kDiagSpare),
+    TranslateMainMemRomDiagFail[0],
+    TranslateMainMemRomDiagFail[1],
 };
 
 // The texts for the second to fourth suspect of event 3. The first is printed like event 2.

@@ -142,6 +142,14 @@ constexpr auto kFailed = Field<&EVT_POWER_MODULE_FAILURE::bConverterType, GetFai
 constexpr auto kFailedSlot = Field<&EVT_POWER_MODULE_FAILURE::bSlot, Byte2Str>;
 constexpr auto kFailedSocket = Field<&EVT_POWER_MODULE_FAILURE::bConverter, Byte2Str>;
 
+// The row of the SAS event has the documented name of its translator.
+constexpr EventRow TranslatePsFailureSAS = Row(
+    20, "%s SAS Enclosure Power Supply Failure (Power Supply %s, Box %s, Port %s, %s)",
+    Field<&EVT_CHASSIS::bType, GetInternalExternal>, Field<&EVT_SAS_POWER_SUPPLY_FAILURE::bPsId, PlainByte>,
+    Field<&EVT_SAS_POWER_SUPPLY_FAILURE::bBox, PlainByte>,
+    Field<&EVT_SAS_POWER_SUPPLY_FAILURE::szPortID, GetSASPort>,
+    Field<&EVT_SAS_POWER_SUPPLY_FAILURE::szChassis_Sun, GetSlotChassisSun>);
+
 constexpr EventRow kEvents[] = {
     Row(2, When(kServerItself), "Real-Time Clock Battery Failing"),
     Row(2, "Real-Time Clock Battery Failing (Chassis %s)", kChassisNumber),
@@ -158,12 +166,7 @@ constexpr EventRow kEvents[] = {
     Row(18, When(kServerItself), "Real-Time Clock Battery Failing%s", kBatteryText),
     Row(18, "Real-Time Clock Battery Failing (Chassis %s)%s", kChassisNumber, kBatteryText),
 
-    Row(20, "%s SAS Enclosure Power Supply Failure (Power Supply %s, Box %s, Port %s, %s)",
-        Field<&EVT_CHASSIS::bType, GetInternalExternal>,
-        Field<&EVT_SAS_POWER_SUPPLY_FAILURE::bPsId, PlainByte>,
-        Field<&EVT_SAS_POWER_SUPPLY_FAILURE::bBox, PlainByte>,
-        Field<&EVT_SAS_POWER_SUPPLY_FAILURE::szPortID, GetSASPort>,
-        Field<&EVT_SAS_POWER_SUPPLY_FAILURE::szChassis_Sun, GetSlotChassisSun>),
+    TranslatePsFailureSAS,
 };
 
 }  // namespace
