@@ -1,9 +1,9 @@
-// The data tables of the health driver: the block of a request for a record, and the common feature record,
-// which every fan, temperature sensor and power supply has. All are little-endian; bit fields start at the
-// least significant bit.
+// The data tables of the health driver: the request block that reads a record of a table, and the common
+// feature record, which every fan, temperature sensor and power supply has. All are little-endian; bit fields
+// start at the least significant bit.
 //
-// Each record of a table, here and in its family's header, has a pointer type: P and the record's name. These
-// types are for code that uses generic_dtioctl without Reply.
+// Each record of a table, here and in its family's header, has a pointer type, whose name is P followed by
+// the record's name. The pointer types are for code that uses generic_dtioctl without Reply.
 #pragma once
 
 #include <cstddef>
@@ -11,17 +11,17 @@
 
 constexpr int kDataTableRequest = 69;  // the only request code of the cdt device
 
-// The number of a data table, DT_IOCTL_HEADER::DT_Type. The numbers are in the headers of the families, next
-// to the records of the tables.
+// The number of a data table, DT_IOCTL_HEADER::DT_Type. The header of each family of devices defines the
+// numbers of its tables, next to their records.
 using DataTableType = uint16_t;
 
 struct DT_IOCTL_HEADER {
-    uint32_t size;           // size of the reply buffer, which is that of the requested record
+    uint32_t size;           // size of the caller's reply buffer: that of the requested record
     DataTableType DT_Type;   // the table
-    uint8_t Index;           // of the fan, sensor, supply or cartridge, from 0; 255 for -1
-    uint8_t Index2;          // of the module in a cartridge; 0 for other tables
-    uint8_t CRUFunction;     // see health_records.h; 0 except in indicator requests
-    uint8_t CRUSubfunction;  // as CRUFunction
+    uint8_t Index;           // index of the fan, sensor, power supply or cartridge, from 0; 255 for -1
+    uint8_t Index2;          // index of the module in a cartridge; 0 for other tables
+    uint8_t CRUFunction;     // control function, see health_records.h; 0 except in indicator requests
+    uint8_t CRUSubfunction;  // control subfunction, likewise
     uint8_t pad[2];
 };
 static_assert(sizeof(DT_IOCTL_HEADER) == 12 && offsetof(DT_IOCTL_HEADER, DT_Type) == 4 &&
@@ -60,7 +60,7 @@ union FEATURE_STATE_FLAGS {
     } s1;
 };
 
-enum ZoneType : uint8_t {  // a device's location in the chassis
+enum ZoneType : uint8_t {  // zone of the chassis in which a device is located
     kSystemZone = 0,
     kSystemBoardZone = 1,
     kIoZone = 2,
@@ -79,8 +79,8 @@ enum ZoneType : uint8_t {  // a device's location in the chassis
 union LOCATIONDESIGNATOR {
     uint16_t usLocation;
     struct {
-        uint16_t bits_ZoneType : 5;            // a ZoneType or an undefined value
-        uint16_t bits_InstanceOfZoneType : 5;  // in the processor zone: the number of the processor
+        uint16_t bits_ZoneType : 5;            // a ZoneType, or a value without a name
+        uint16_t bits_InstanceOfZoneType : 5;  // number of the processor, in the processor zone
         uint16_t bit_ExternalAccess : 1;
         uint16_t bits_Reserved : 5;
     } s1;
@@ -112,7 +112,7 @@ union FEATUREREACTION {
 };
 
 struct COMMONFEATUREINFO {
-    uint8_t ucDataAvailable;  // nonzero: the other members are valid
+    uint8_t ucDataAvailable;  // nonzero if the other members are valid
     DEVICE_STATE_FLAGS DeviceState;
     FEATURE_STATE_FLAGS FeatureState;
     uint8_t ucId;

@@ -11,7 +11,7 @@ struct EVT_MACH_OVERHEAT {  // 2/1, 2/10: overheating
     uint8_t bZoneId;
     uint8_t bZoneType;
     uint8_t bTemp;         // degrees Celsius
-    char cChassisName[1];  // 2/10: an extra text follows
+    char cChassisName[1];  // 2/10: a second string follows
 };
 using PEVT_MACH_OVERHEAT = EVT_MACH_OVERHEAT*;
 static_assert(sizeof(EVT_MACH_OVERHEAT) == 7 && offsetof(EVT_MACH_OVERHEAT, cChassisName) == 6);
@@ -20,7 +20,7 @@ struct EVT_MACH_FAN_FAIL {  // 2/2, 2/8: fan failure
     EVT_CHASSIS Chassis;
     uint8_t bFanId;
     uint8_t bFanZoneType;
-    char cChassisName[1];  // 2/8: an extra text follows
+    char cChassisName[1];  // 2/8: a second string follows
 };
 using PEVT_MACH_FAN_FAIL = EVT_MACH_FAN_FAIL*;
 static_assert(sizeof(EVT_MACH_FAN_FAIL) == 6 && offsetof(EVT_MACH_FAN_FAIL, cChassisName) == 5);
@@ -29,7 +29,7 @@ struct EVT_MACH_DOOR_OPEN {  // 2/3, 2/9: side panel removed
     EVT_CHASSIS Chassis;
     uint8_t bDoorId;
     uint8_t bDoorZoneType;
-    char cChassisName[1];  // 2/9: an extra text follows
+    char cChassisName[1];  // 2/9: a second string follows
 };
 using PEVT_MACH_DOOR_OPEN = EVT_MACH_DOOR_OPEN*;
 static_assert(sizeof(EVT_MACH_DOOR_OPEN) == 6 && offsetof(EVT_MACH_DOOR_OPEN, cChassisName) == 5);

@@ -1,15 +1,16 @@
-// The entries of the event log: a header, then a payload, which is one of many records. Class and code in the
-// header determine the record. The records are declared in one header per family; the comment of a record
-// gives the class/code pairs of its events. The pointer types, named P and the record's name, are for
-// programs that link the translator.
+// The entries of the event log: a header, then a payload, which is one of many records. The class and the
+// code in the header determine which record. Each family of events has a header file that declares its
+// records; the comment of a record gives the class/code pairs of its events, such as 11/4. The pointer types,
+// whose names are P followed by the record's name, are for programs that link the translator.
 //
 // All records are packed and little-endian. A field of type char[1] is the first character of a
 // NUL-terminated string that extends beyond the record; if a second string follows, it starts after the NUL
-// of the first. 255, or 0xFFFFFFFF in a 32-bit field, is an unknown value, except in the numbers of the SAS
-// records and of 3/18, and in addresses.
+// of the first. The value 255, or 0xFFFFFFFF in a 32-bit field, means that the value is unknown, except in
+// addresses and in the numbers of the SAS records and of record 3/18.
 //
-// In the SAS records szPortID is the port's two letters, bBox a box in the enclosure, and szChassis_Sun the
-// chassis name, followed by a location, which is printed instead of the slot unless it is empty.
+// In the SAS records, szPortID contains the port's two letters, bBox is the number of a box in the enclosure,
+// and szChassis_Sun is the chassis name. A location follows it as a second string; unless it is empty, it is
+// printed instead of the slot.
 #pragma once
 
 #include "include/event_adapters.h"
@@ -128,7 +129,7 @@ using EVT_LOG_ENTRY = _evtLogEntry;
 using PEVT_LOG_ENTRY = EVT_LOG_ENTRY*;
 static_assert(sizeof(EVT_LOG_ENTRY) == 38 && offsetof(EVT_LOG_ENTRY, Data) == 28);
 
-struct _evtLogIpmiHdr {  // of entries that come from the management processor
+struct _evtLogIpmiHdr {  // header of entries that come from the management processor
     uint8_t bClass;
     uint8_t bCode;
     uint8_t bAlertId;
@@ -149,8 +150,8 @@ static_assert(sizeof(EVT_IPMI_LOG_ENTRY) == 15 && offsetof(EVT_IPMI_LOG_ENTRY, D
 
 #pragma pack(pop)
 
-// A request of the event device; the reply overwrites it. Naturally aligned, so 2 bytes of padding follow the
-// entry. The buffer of a read is larger: kEventReadSize bytes.
+// A request of the cevt device; the reply overwrites it. It has natural alignment, so 2 bytes of padding
+// follow the entry. The buffer of a read is larger: kEventReadSize bytes.
 struct _ioctlEntry {
     LOG_INFO info;
     EVT_LOG_ENTRY Evt;

@@ -1,5 +1,5 @@
-// The driver's records of fans, temperature sensors, power supplies and indicator lights, and the requests
-// for the recovery timer. All records are packed and little-endian.
+// The driver's records of fans, temperature sensors, power supplies and indicator lights, and the request
+// codes of the recovery timer. All records are packed and little-endian.
 #pragma once
 
 #include <cstddef>
@@ -8,10 +8,10 @@
 #include "include/data_tables.h"
 #include "include/event_machine.h"
 
-// Fans.
+// Fans. The comment of each table gives its record type.
 
 constexpr DataTableType kFanHeaderTable = 351;   // FANHEADER
-constexpr DataTableType kFanDataTable = 352;     // FANDDATA, which some drivers lack
+constexpr DataTableType kFanDataTable = 352;     // FANDDATA, a legacy record that some drivers lack
 constexpr DataTableType kFanBasicTable = 353;    // FANBASIC
 constexpr DataTableType kFanFeatureTable = 356;  // COMMONFEATUREINFO
 
@@ -20,8 +20,8 @@ enum FanSpeed : uint8_t { kFanNormal = 1, kFanHigh = 2, kFanOff = 3 };
 #pragma pack(push, 1)
 
 struct FANHEADER {
-    uint8_t ucNumSupportedByChassis;  // fan positions
-    uint8_t ucDataAvailable;          // 0: no fan data
+    uint8_t ucNumSupportedByChassis;  // number of fan positions
+    uint8_t ucDataAvailable;          // 0 if the driver has no data on fans
     uint8_t ucNumFanControllers;
     uint8_t ucMaximum_ucID;
 };
@@ -40,8 +40,8 @@ struct FANDDATA {
     char cChassisNameContinued[31];
     uint8_t ucType;
     uint8_t ucSpeedState;
-    uint8_t ucRedundant;         // nonzero: redundant
-    uint8_t ucRedundantPartner;  // the partner's number
+    uint8_t ucRedundant;         // nonzero: the fan is redundant
+    uint8_t ucRedundantPartner;  // number of the redundant partner
 };
 using PFANDDATA = FANDDATA*;
 static_assert(sizeof(FANDDATA) == 47 && offsetof(FANDDATA, Evt) == 6 && offsetof(FANDDATA, ucRedundant) == 45,
@@ -68,9 +68,9 @@ struct FANBASIC {
     uint8_t ucSpinTypeIsValid;
     uint8_t ucSpinType;
     uint8_t ucSpeedStateIsValid;
-    uint8_t ucSpeedState;  // a FanSpeed or an undefined value
+    uint8_t ucSpeedState;  // a FanSpeed, or a value without a name
     uint8_t ucSpeedPctIsValid;
-    uint8_t ucSpeedPct;  // percent of maximum
+    uint8_t ucSpeedPct;  // percent of the maximum speed
     REDUNDANCYGROUPINFO SharedRedGroup;
 };
 using PFANBASIC = FANBASIC*;
@@ -80,13 +80,13 @@ static_assert(sizeof(FANBASIC) == 11 && offsetof(FANBASIC, FanDescriptor) == 1 &
 
 #pragma pack(pop)
 
-// Temperature sensors.
+// Temperature sensors. The comment of each table gives its record type.
 
 constexpr DataTableType kTemperatureHeaderTable = 251;   // TEMPERATUREHEADER
 constexpr DataTableType kTemperatureNumbersTable = 254;  // TEMPERATURENUMBERS
 constexpr DataTableType kTemperatureFeatureTable = 256;  // COMMONFEATUREINFO
 
-// The kind of a sensor, COMMONFEATUREINFO::ucTypeOf.
+// The kind of a sensor: the values of COMMONFEATUREINFO::ucTypeOf.
 enum SensorKind : uint8_t {
     kBasicSensor = 1,
     kTc610 = 2,
@@ -98,14 +98,14 @@ enum SensorKind : uint8_t {
 #pragma pack(push, 1)
 
 struct TEMPERATUREHEADER {
-    uint8_t ucNumSupportedByChassis;  // sensors
-    uint8_t ucDataAvailable;          // 0: no temperature data
+    uint8_t ucNumSupportedByChassis;  // number of sensors
+    uint8_t ucDataAvailable;          // 0 if the driver has no data on sensors
     uint8_t ucMaximum_ucID;
 };
 using PTEMPERATUREHEADER = TEMPERATUREHEADER*;
 static_assert(sizeof(TEMPERATUREHEADER) == 3, "as the driver has it");
 
-struct TEMPERATURENUMBERS {  // degrees Celsius, 0 to 255
+struct TEMPERATURENUMBERS {  // temperatures in degrees Celsius, 0 to 255
     uint8_t ucDataAvailable;
     uint8_t ucTemperatureIsValid;  // nonzero: ucCelciusTemperature is valid
     uint8_t ucCelciusTemperature;
@@ -120,7 +120,7 @@ static_assert(sizeof(TEMPERATURENUMBERS) == 7 && offsetof(TEMPERATURENUMBERS, uc
 
 #pragma pack(pop)
 
-// Power supplies.
+// Power supplies. The comment of each table gives its record type.
 
 constexpr DataTableType kSupplyHeaderTable = 151;   // POWERSUPPLYHEADER
 constexpr DataTableType kSupplyNumbersTable = 158;  // POWERSUPPLYNUMBERS, which some drivers lack
@@ -130,8 +130,8 @@ constexpr DataTableType kSupplyFeatureTable = 162;  // COMMONFEATUREINFO
 #pragma pack(push, 1)
 
 struct POWERSUPPLYHEADER {
-    uint8_t ucNumSupportedByChassis;  // bays
-    uint8_t ucDataAvailable;          // 0: no power supply data
+    uint8_t ucNumSupportedByChassis;  // number of bays
+    uint8_t ucDataAvailable;          // 0 if the driver has no data on power supplies
     uint8_t ucTotalHealthyPresent;
     uint8_t ucPowerSubsystemRedundant;
     uint8_t ucMaximum_ucID;
@@ -140,7 +140,7 @@ using PPOWERSUPPLYHEADER = POWERSUPPLYHEADER*;
 static_assert(sizeof(POWERSUPPLYHEADER) == 5, "as the driver has it");
 
 struct POWERSUPPLYNUMBERS {
-    uint8_t ucPresent;  // nonzero: a supply is installed
+    uint8_t ucPresent;  // nonzero: a power supply is installed
     uint8_t ucNumberOfRatings;
     uint8_t ucNumberOfChannels;
     uint8_t ucNumberOfSensors;
@@ -167,12 +167,12 @@ static_assert(sizeof(POWERSUPPLYBASIC) == 3 && offsetof(POWERSUPPLYBASIC, PsDesc
 
 #pragma pack(pop)
 
-// Indicator lights.
+// Indicator lights. The comment of each table gives its record type.
 
 constexpr DataTableType kIndicatorHeaderTable = 1500;   // INDCHEADER
-constexpr DataTableType kIndicatorControlTable = 1503;  // INDCBASIC; the request contains a control function
+constexpr DataTableType kIndicatorControlTable = 1503;  // INDCBASIC; requests contain a control function
 
-// The values of CRUFunction and CRUSubfunction in DT_IOCTL_HEADER.
+// The values of DT_IOCTL_HEADER::CRUFunction and CRUSubfunction.
 constexpr uint8_t kIndicatorControl = 1;
 enum IndicatorSubfunction : uint8_t { kTurnOn = 1, kTurnOff = 2, kReportState = 4 };
 
@@ -181,8 +181,8 @@ enum IndicatorState : uint8_t { kIndicatorOff = 0, kIndicatorOn = 1, kIndicatorB
 #pragma pack(push, 1)
 
 struct INDCHEADER {
-    uint8_t ucNumSupportedByChassis;  // indicators
-    uint8_t ucDataAvailable;          // 0: no indicator data
+    uint8_t ucNumSupportedByChassis;  // number of indicators
+    uint8_t ucDataAvailable;          // 0 if the driver has no data on indicators
     uint8_t ucMaximum_ucID;
 };
 using PINDCHEADER = INDCHEADER*;
@@ -215,10 +215,10 @@ static_assert(sizeof(INDCBASIC) == 5 && offsetof(INDCBASIC, ucCurrState) == 1 &&
 
 #pragma pack(pop)
 
-// The requests of the casr device, which contains the automatic server recovery timer. The timer's timeout is
-// a ROM variable.
+// The request codes of the casr device, the automatic server recovery timer. The timer's timeout is in a ROM
+// variable.
 enum AsrRequest : int {
-    kDisableTimer = 3,  // without a block
-    kEnableTimer = 4,   // without a block
-    kTimerState = 6,    // sets an int32_t: nonzero if the timer is enabled
+    kDisableTimer = 3,  // has no request block
+    kEnableTimer = 4,   // has no request block
+    kTimerState = 6,    // stores an int32_t in the block: nonzero if the timer is enabled
 };

@@ -11,13 +11,13 @@ constexpr DataTableType kCartridgeTable = 1702;     // RESMEM_CARTRIDGE_CONFIG
 constexpr DataTableType kModuleConfigTable = 1706;  // RESMEM_DIMM_CONFIG
 constexpr DataTableType kModuleStatusTable = 1707;  // RESMEM_DIMM_STATUS
 
-// The cartridge number of the memory on the system board, which is 255 in the request's byte.
+// The cartridge number of the memory on the system board. The request contains it in one byte, as 255.
 constexpr int kSystemBoardCartridge = -1;
 
 #pragma pack(push, 1)
 
 struct RESMEM_CONFIG {
-    uint32_t ulNumberModules;  // of each cartridge
+    uint32_t ulNumberModules;  // number of modules in each cartridge
     uint32_t ulNumberCartridges;
     uint32_t ulSupportsHotPlug;
     uint32_t ulSupportsRAID;
@@ -93,7 +93,7 @@ struct KEY_DIMM_SDRAM {  // the bytes of the module's presence-detect (SPD) data
 static_assert(sizeof(KEY_DIMM_SDRAM) == 34, "as the driver has it");
 
 struct KEY_INFO {
-    uint32_t ulKeySize;  // bytes
+    uint32_t ulKeySize;  // in bytes
     union {
         uint8_t ucKey[34];
         KEY_DIMM_SDRAM keyDimmSdram;
@@ -125,7 +125,7 @@ struct RESMEM_DIMM_CONFIG {
     uint32_t ulCartID;    // the number on the cartridge's label
     uint32_t ulModuleID;  // the number on the socket's label
     uint32_t ulNumLEDs;
-    uint32_t ulPresent;  // 0: an empty socket
+    uint32_t ulPresent;  // 0: the socket is empty
     RESMEM_DIMM_INFO dimmInfo;
 };
 using PRESMEM_DIMM_CONFIG = RESMEM_DIMM_CONFIG*;
@@ -145,7 +145,7 @@ struct RESMEM_DIMM_STATUS {
     uint32_t ulCartID;
     uint32_t ulModuleID;
     uint32_t ulBankID;
-    uint32_t ulStatus;  // 2: ok; 5 to 9: defined errors
+    uint32_t ulStatus;  // 2: no error; 5 to 9: errors that have names
     uint32_t reserved[8];
     uint32_t ulNumLEDEntry;
     RESMEM_LED_STATUS LEDStatus[1];

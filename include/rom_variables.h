@@ -1,15 +1,15 @@
-// The named, non-volatile ROM variables in which the firmware stores its settings: the block of a request to
-// read or write a variable, and the record of each variable. All are little-endian and packed; bit fields
-// start at the least significant bit.
+// The ROM variables, in which the firmware stores its settings: the request block that reads or writes a
+// variable by its name, and the record of each variable. All are little-endian and packed; bit fields start
+// at the least significant bit.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-enum RomRequest : int { kReadVariable = 1, kWriteVariable = 2 };  // the crom device's request codes
+enum RomRequest : int { kReadVariable = 1, kWriteVariable = 2 };  // request codes of the crom device
 
 struct EV_IOCTL_STRUCT {
-    char EvName[256];     // ASCII, filled with NULs
+    char EvName[256];     // ASCII, padded with NULs
     uint32_t Number;      // always 0
     uint32_t DataLength;  // bytes to read or write, at most 256
     uint8_t DataBuffer[256];
@@ -17,7 +17,7 @@ struct EV_IOCTL_STRUCT {
 static_assert(sizeof(EV_IOCTL_STRUCT) == 520 && offsetof(EV_IOCTL_STRUCT, DataBuffer) == 264,
               "as the driver has it");
 
-// The names of the variables. The comments name their records.
+// The names of the variables. The comment of each name gives the type of its record.
 constexpr char kNicAddressVariable[] = "ZTHMAC";     // smbios_nic[8], see zthmac
 constexpr char kAsrVariable[] = "ZTHCPR";            // ASREVSTRUCT
 constexpr char kAssetVariable[] = "ZTSCAT";          // AssetText
@@ -35,7 +35,7 @@ constexpr char kVersionsVariable[] = "ZTHUV";        // VERSEVREC
 
 #pragma pack(push, 1)
 
-struct ASREVSTRUCT {  // the automatic server recovery timer
+struct ASREVSTRUCT {  // settings of the automatic server recovery timer
     uint8_t ucMajor_version;
     uint8_t ucMinor_version;
     uint8_t ucTimeoutValue;  // minutes
@@ -47,7 +47,7 @@ static_assert(sizeof(ASREVSTRUCT) == 8 && offsetof(ASREVSTRUCT, ucTimeoutValue) 
               "as the firmware has it");
 
 struct AssetText {
-    char asset_text[255];  // filled with NULs; a text of 255 characters has no terminator
+    char asset_text[255];  // padded with NULs; a text of 255 characters has no terminator
 };
 static_assert(sizeof(AssetText) == 255, "as the firmware has it");
 
@@ -61,8 +61,8 @@ struct CSMEVSTRUCT {
 static_assert(sizeof(CSMEVSTRUCT) == 7 && offsetof(CSMEVSTRUCT, ucRecoveryConf) == 4,
               "as the firmware has it");
 
-// The name consists of two halves, each filled with NULs and with its own terminator.
-constexpr int kServerNameHalf = 14;  // characters
+// The name is stored in two halves. Each is padded with NULs and has its own terminator.
+constexpr int kServerNameHalf = 14;  // characters in each half
 struct ServerName {
     char zthls1[2 * (kServerNameHalf + 1)];
 };
@@ -73,13 +73,13 @@ enum BootDevice : uint8_t {
     kBootFloppy = 1,
     kBootHdd = 2,
     kBootPxe = 3,
-    // on servers that can boot from a USB key
+    // only on servers that can boot from a USB key
     kBootUsbKey = 3,
     kBootPxeAfterUsbKey = 4,
 };
 
 struct ZTHIPLSTRUCT {       // the standard boot order
-    uint8_t ucPriority[8];  // BootDevice codes; only the first entries are used, one per installed device
+    uint8_t ucPriority[8];  // BootDevice codes; as many are used as devices are installed
 };
 static_assert(sizeof(ZTHIPLSTRUCT) == 8, "as the firmware has it");
 
@@ -93,7 +93,7 @@ enum BootOnce : uint8_t {
     kBootOnceFloppy = 1,
     kBootOnceCdrom = 2,
     kBootOnceHdd = 3,
-    kBootOnceKonf = 0x30,  // the setup utility in the ROM
+    kBootOnceKonf = 0x30,  // the ROM's setup utility
     kBootOncePxe = 0x40,
 };
 
@@ -112,11 +112,11 @@ static_assert(sizeof(ZTTBT1STRUCT) == 2 && offsetof(ZTTBT1STRUCT, flags) == 1, "
 enum NicBoot : uint8_t { kNicBootNone = 0, kNicBootPxe = 1, kNicBootIscsi = 2 };
 
 struct NicBootSettings {
-    uint8_t nic[100];  // NicBoot codes, starting with NIC 1; the firmware stores one per NIC
+    uint8_t nic[100];  // NicBoot codes, starting with NIC 1; the firmware stores one for each NIC
 };
 static_assert(sizeof(NicBootSettings) == 100, "the longest read");
 
-struct NicPxeFlags {  // the NIC settings of older firmware
+struct NicPxeFlags {  // the NIC boot settings of older firmware
     uint8_t nics;     // bit i, from 0 to 4: NIC i+1 boots by PXE
     uint8_t reserved[9];
 };
@@ -129,7 +129,7 @@ enum Uart : uint8_t { kUartCom1 = 1, kUartCom2 = 2, kUartCom3 = 3, kUartCom4 = 4
 union SERIALPORT {  // an embedded serial port
     uint8_t ucData;
     struct {
-        uint8_t bits_UART : 3;  // a Uart or an undefined value
+        uint8_t bits_UART : 3;  // a Uart, or a value without a name
         uint8_t reserved_1 : 1;
         uint8_t bits_IRQ : 4;
     } s;
@@ -148,8 +148,8 @@ struct WOLEVREC {  // the system configuration, shared by several commands
             uint8_t bits_Mouse : 2;
         } s;
     } data1;
-    SERIALPORT uart1;  // port A
-    SERIALPORT uart2;  // port B
+    SERIALPORT uart1;  // embedded port A
+    SERIALPORT uart2;  // embedded port B
     union {
         uint8_t ucData;
         struct {
@@ -169,7 +169,7 @@ struct WOLEVREC {  // the system configuration, shared by several commands
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_WOL : 2;  // a WakeOnLan or an undefined value
+            uint8_t bits_WOL : 2;  // a WakeOnLan, or a value without a name
             uint8_t bits_PCIUSB : 2;
             uint8_t bits_KONF : 2;
             uint8_t bit_OptRom : 1;
@@ -183,7 +183,7 @@ struct WOLEVREC {  // the system configuration, shared by several commands
             uint8_t bits_FanSpeed : 2;
             uint8_t bits_IDE : 2;
             uint8_t bit_NMI : 1;
-            uint8_t bit_HyperThreading : 1;  // 1: disabled
+            uint8_t bit_HyperThreading : 1;  // 1: hyper-threading is disabled
         } s;
     } flags2;
     union {
@@ -209,7 +209,7 @@ struct WOLEVREC {  // the system configuration, shared by several commands
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_UART1 : 3;  // a Uart or an undefined value
+            uint8_t bits_UART1 : 3;  // a Uart, or a value without a name
             uint8_t reserved : 1;
             uint8_t bits_IRQ : 4;
         } s;
@@ -239,7 +239,7 @@ static_assert(sizeof(WOLEVREC) == 13 && offsetof(WOLEVREC, uart1) == 2 && offset
                   offsetof(WOLEVREC, vsp) == 10 && offsetof(WOLEVREC, flags5) == 12,
               "as the firmware has it");
 
-enum BiosPortCode : uint8_t {  // there is no 3
+enum BiosPortCode : uint8_t {  // the code 3 isn't used
     kBiosPortDisabled = 0,
     kBiosPortCom1 = 1,
     kBiosPortCom2 = 2,
@@ -249,7 +249,7 @@ enum BiosPortCode : uint8_t {  // there is no 3
 };
 
 struct BiosPort {  // the serial port of the BIOS console
-    uint8_t port;  // a BiosPortCode or an undefined value
+    uint8_t port;  // a BiosPortCode, or a value without a name
     uint8_t unused;
 };
 static_assert(sizeof(BiosPort) == 2, "as the firmware has it");
@@ -260,7 +260,7 @@ struct BiosBaud {  // the baud rate of the BIOS console
     union {
         uint8_t ucData;
         struct {
-            uint8_t bits_Rate : 3;  // a BiosBaudRate or an undefined value
+            uint8_t bits_Rate : 3;  // a BiosBaudRate, or a value without a name
             uint8_t reserved : 5;
         } s;
     } baud;
@@ -274,7 +274,7 @@ struct VERSION {
     uint8_t revision;
 };
 
-struct VERSEVREC {  // the firmware's components: the delivered and the current version of each
+struct VERSEVREC {  // the versions of the firmware's components: as delivered, and now
     VERSION tz_baseline, tz_current;
     VERSION vetro_baseline, vetro_current;
     VERSION flasko_baseline, flasko_current;

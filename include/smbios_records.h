@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// A field of the record type `Layout`: its offset, and its value in a record that is too short for it. The
-// field of one record type can't be read from a record of another type.
+// A field of the record type `Layout`: its offset, and the value that is read if a record is too short to
+// contain it. The compiler rejects reading the field from a record of another type.
 template <typename Layout, typename Unsigned>
 struct SmbField {
     size_t offset;
@@ -30,17 +30,18 @@ constexpr uint16_t kNoHandle = 0xFFFF;
 
 #pragma pack(push, 1)
 
-struct SMBIOSEntryPoint {  // on a 16-byte boundary of the BIOS area
+struct SMBIOSEntryPoint {  // located on a 16-byte boundary of the BIOS area
     char sAnchorString[4];
-    uint8_t byEPSChecksum;  // makes the sum of the first byEPSLength bytes 0
+    uint8_t byEPSChecksum;  // chosen so that the sum of the first byEPSLength bytes is 0 (modulo 256)
     uint8_t byEPSLength;
     uint8_t byMajorVer;
     uint8_t byMinorVer;
-    uint16_t wMaxStructSize;  // of the largest record, including its strings
+    uint16_t wMaxStructSize;  // size of the largest record, including its strings
     uint8_t byRevision;
     uint8_t abyReserved[5];
     char sIntermediateAnchor[5];
-    uint8_t byIntermediateChecksum;  // makes the sum of the bytes from the intermediate anchor to the end 0
+    uint8_t byIntermediateChecksum;  // chosen so that the sum of the bytes from the intermediate anchor to
+                                     // the end is 0
     uint16_t wSTLength;              // total length of all records
     uint32_t dwSTAddr;               // physical address of the records
     uint16_t wNumStructures;
@@ -55,11 +56,11 @@ constexpr char kEntryPointAnchor[] = "_SM_";
 constexpr char kIntermediateAnchor[] = "_DMI_";
 
 // A record consists of its formatted area, which begins with this header, and its string set: NUL-terminated
-// strings followed by a NUL, or two NULs if there are no strings. Fields contain the number of a string, from
-// 1.
+// strings followed by another NUL, or two NULs if there are no strings. A string field contains the number of
+// a string, counted from 1.
 struct SMBIOS_HEADER {
     uint8_t byType;
-    uint8_t byLength;  // of the formatted area, including this header
+    uint8_t byLength;  // length of the formatted area, including this header
     uint16_t wHandle;
 };
 static_assert(sizeof(SMBIOS_HEADER) == 4, "as the firmware has it");
@@ -71,9 +72,9 @@ struct ZTSMBIOS_ZET_PROC_INFO {  // one for each processor
     SMBIOS_HEADER header;
     uint16_t wType4Handle;
     uint8_t byApicId;
-    uint8_t bfBSP : 1;  // the boot processor
+    uint8_t bfBSP : 1;  // 1: the boot processor
     uint8_t bfReserved : 7;
-    uint8_t byPhysicalSlot;  // 0xFF: none
+    uint8_t byPhysicalSlot;  // 0xFF: no slot
     uint8_t byPhysicalSocket;
 };
 static_assert(sizeof(ZTSMBIOS_ZET_PROC_INFO) == 10 && offsetof(ZTSMBIOS_ZET_PROC_INFO, byPhysicalSlot) == 8,
@@ -85,7 +86,7 @@ struct ZTSMBIOS_ZET_DIMM_LOCATION_INFO {  // one for each memory device
     static constexpr uint8_t kType = 202;
     SMBIOS_HEADER header;
     uint16_t wType17Handle;
-    uint8_t byPhysicalSlot;    // the memory board; kOnSystemBoard for none
+    uint8_t byPhysicalSlot;    // the memory board, or kOnSystemBoard
     uint8_t byPhysicalSocket;  // the socket on that board
 };
 static_assert(sizeof(ZTSMBIOS_ZET_DIMM_LOCATION_INFO) == 8, "as the firmware has it");
@@ -96,17 +97,17 @@ struct ZTSMBIOS_ZET_RACK_INFO {  // the location of a blade
     uint8_t byRackName;
     uint8_t byEnclosureName;
     uint8_t byEnclosureModel;
-    uint8_t byEnclosureBay;  // number of a string, which is the bay's decimal number
+    uint8_t byEnclosureBay;  // number of a string, which contains the bay's decimal number
     uint8_t byTotalEnclosureBays;
     uint8_t byUsedEnclosureBays;
 };
 static_assert(sizeof(ZTSMBIOS_ZET_RACK_INFO) == 10 && offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureBay) == 7,
               "as the firmware has it");
 
-struct smbios_nic {      // an embedded NIC; an entry for which IsEmpty() is true isn't used
+struct smbios_nic {      // an embedded NIC; entries for which IsEmpty() is true are unused
     uint8_t nic_devfcn;  // PCI device and function
     uint8_t nic_bus;
-    uint8_t nic_mac[6];  // in the order in which it is printed
+    uint8_t nic_mac[6];  // MAC address, in the order in which it is printed
 };
 static_assert(sizeof(smbios_nic) == 8, "as the firmware has it");
 constexpr bool IsEmpty(const smbios_nic& nic) {
@@ -116,7 +117,7 @@ constexpr bool IsEmpty(const smbios_nic& nic) {
 struct smbios_nic_table {  // the embedded NICs
     static constexpr uint8_t kType = 209;
     uint8_t nic_type;
-    uint8_t nic_len;  // determines the number of entries
+    uint8_t nic_len;  // size of the record, which determines the number of entries
     uint16_t nic_handle;
     smbios_nic nic_nics[8];
 };
@@ -125,7 +126,7 @@ static_assert(sizeof(smbios_nic_table) == 68, "as the firmware has it");
 struct GBX_PORT_MAP {
     uint8_t mezzPortNumber : 2;
     uint8_t reserved1 : 2;
-    uint8_t connection : 4;  // 0: no port; 15: the system board; otherwise the mezzanine slot
+    uint8_t connection : 4;  // 0: no port; 15: a port of the system board; other values: the mezzanine slot
     uint8_t portOffsetFromSVBBay : 5;
     uint8_t reserved2 : 2;
     uint8_t bayWidth : 1;
@@ -133,7 +134,7 @@ struct GBX_PORT_MAP {
 struct GBX_CONNECTOR_ENTRY {
     GBX_PORT_MAP PortMap[8];
 };
-struct SMBIOS_NIC_PORT_MAP_INFO {  // which bays of the enclosure the blade's NIC ports are connected to
+struct SMBIOS_NIC_PORT_MAP_INFO {  // the bays of the enclosure that the blade's NIC ports are connected to
     static constexpr uint8_t kType = 222;
     SMBIOS_HEADER header;
     uint16_t wGbxTableVersion;
@@ -147,7 +148,7 @@ static_assert(sizeof(GBX_PORT_MAP) == 2 && sizeof(SMBIOS_NIC_PORT_MAP_INFO) == 7
 
 namespace smbios {
 
-// A standard record type, number `kNumber`.
+// Base of the standard record types; `kNumber` is the number of the type.
 template <typename Layout, uint8_t kNumber>
 struct Standard {
     static constexpr uint8_t kType = kNumber;
@@ -168,31 +169,31 @@ struct System : Standard<System, 1> {
 
 struct Processor : Standard<Processor, 4> {
     static constexpr String kSocket = {4};
-    static constexpr Field<uint8_t> kKind = {5};  // kCentral or another
+    static constexpr Field<uint8_t> kKind = {5};  // kCentral, or another kind
     static constexpr Field<uint8_t> kFamily = {6};
-    static constexpr Field<uint32_t> kId = {8};              // its first 32 bits; bits 3..0: stepping
+    static constexpr Field<uint32_t> kId = {8};  // first 32 bits of the processor's ID; bits 3..0: stepping
     static constexpr Field<uint16_t> kExternalClock = {18};  // MHz
     static constexpr Field<uint16_t> kCurrentSpeed = {22};   // MHz
-    static constexpr Field<uint8_t> kStatus = {24};          // bits 2..0: state; kPopulated
+    static constexpr Field<uint8_t> kStatus = {24};          // bits 2..0: state; kPopulated: not empty
     static constexpr Field<uint16_t> kL2Cache = {28, kNoHandle};
     static constexpr Field<uint16_t> kL3Cache = {30, kNoHandle};
     static constexpr Field<uint8_t> kCoreCount = {35};
-    static constexpr Field<uint8_t> kThreadCount = {37};  // added to the format together with kCoreCount
+    static constexpr Field<uint8_t> kThreadCount = {37};  // added to the format with kCoreCount
 
     static constexpr uint8_t kCentral = 3;
     static constexpr uint8_t kPopulated = 1 << 6;
 };
 
 struct Cache : Standard<Cache, 7> {
-    static constexpr Field<uint8_t> kConfiguration = {5};   // low byte; bits 2..0: level, from 0
-    static constexpr Field<uint16_t> kInstalledSize = {9};  // in KiB, or 64 KiB if kIn64KiB is set
+    static constexpr Field<uint8_t> kConfiguration = {5};   // low byte; bits 2..0: level of the cache, from 0
+    static constexpr Field<uint16_t> kInstalledSize = {9};  // in KiB, or in 64 KiB if kIn64KiB is set
 
     static constexpr uint16_t kIn64KiB = 0x8000;
 };
 
 struct MemoryArray : Standard<MemoryArray, 16> {
     static constexpr Field<uint8_t> kUse = {5};
-    static constexpr Field<uint8_t> kErrorCorrection = {6};  // values above kNone: parity, ECC or CRC
+    static constexpr Field<uint8_t> kErrorCorrection = {6};  // above kNone: parity, ECC or CRC
 
     static constexpr uint8_t kSystemMemory = 3;
     static constexpr uint8_t kNone = 3;
@@ -203,7 +204,7 @@ struct MemoryDevice : Standard<MemoryDevice, 17> {
     static constexpr Field<uint16_t> kSize = {12};  // in MiB, or in KiB if kInKiB is set; 0: empty
     static constexpr Field<uint8_t> kFormFactor = {14};
     static constexpr String kLocator = {16};
-    static constexpr Field<uint16_t> kTypeDetail = {19};  // one bit per property
+    static constexpr Field<uint16_t> kTypeDetail = {19};  // one bit for each property of the memory
     static constexpr Field<uint16_t> kSpeed = {21};       // MHz; 0: unknown
 
     static constexpr uint16_t kInKiB = 0x8000;
@@ -230,11 +231,11 @@ constexpr SmbArray<SMBIOS_NIC_PORT_MAP_INFO, GBX_CONNECTOR_ENTRY> kGbxConnectors
 
 // The BIOS area of physical memory: the last 64 KiB below 1 MiB.
 
-constexpr unsigned int kBiosArea = 0xF0000;  // physical address
+constexpr unsigned int kBiosArea = 0xF0000;  // its physical address
 constexpr unsigned int kBiosAreaSize = 0x10000;
 
 // The manufacturer's signature in the bytes before the reset vector, without a terminator.
 constexpr char kRomSignature[] = "ZETRIX";
 constexpr size_t kRomSignatureSize = sizeof kRomSignature - 1;
-constexpr unsigned int kRomSignatureOffset = 0xFFEA;  // in the BIOS area
+constexpr unsigned int kRomSignatureOffset = 0xFFEA;  // offset in the BIOS area
 static_assert(kRomSignatureOffset + kRomSignatureSize == 0xFFF0, "the reset vector follows the signature");
