@@ -28,7 +28,8 @@
 
 namespace {
 
-// The part between "USAGE:" and the next ':' is the usage, which the parent command prints.
+// In each help text, the part between "USAGE:" and the next ':' is the usage, which the parent command
+// prints.
 constexpr char HelpHelp[] =
     "USAGE: HELP <command>: Show help messages for <command> or list the toplevel\ncommands if no "
     "arguments are provided.";
@@ -125,10 +126,10 @@ struct CommandRow {
     char path[28];  // the tokens from the top level down, separated by spaces
     const char* help;
     CommandHandler function;           // null for an inner node
-    const char* synonym_of = nullptr;  // a path
+    const char* synonym_of = nullptr;  // path of the command that this one is a synonym of, or null
 };
 
-// A parent precedes its children, a command its synonym.
+// Each parent is above its children, and each command above its synonyms.
 // clang-format off
 constexpr CommandRow kCommands[] = {
     {"?",                         HelpHelp,                   do_help},
@@ -213,16 +214,16 @@ constexpr size_t RowOf(std::string_view path) {
     return kNoRow;
 }
 
-// Returns whether a word of the help text begins with `token`. (The help text of SHOW contains FANS, not
-// FAN.)
+// Returns whether a word of `help` begins with `token`. A prefix is enough, because the help text of SHOW
+// contains FANS, not FAN.
 constexpr bool Names(std::string_view help, std::string_view token) {
     size_t found = help.find(token);
     while (found != help.npos && (found == 0 || help[found - 1] != ' ')) found = help.find(token, found + 1);
     return found != help.npos;
 }
 
-// The constraints on a row. If a row violates one, the failing static_assert in Accept() names the constraint
-// and the template argument is the row.
+// The constraints on a row. If a row violates one, a static_assert in Accept() fails; the compiler's message
+// contains the constraint and the number of the row.
 enum class Constraint { None, UsagePrefix, PathOnce, ParentFirst, SynonymFirst, NamedByParent };
 
 struct Violation {
@@ -265,10 +266,10 @@ constexpr Violation FirstViolation() {
 constexpr Violation kViolation = FirstViolation();
 static_assert(Accept<kViolation.constraint, kViolation.row>());
 
-// The position of a row's node in the tree.
+// The links of a row's node in the tree.
 struct Links {
-    size_t parent = kNoRow;      // row of the parent; kNoRow: the root
-    size_t synonym_of = kNoRow;  // row of the command; kNoRow: not a synonym
+    size_t parent = kNoRow;      // row of the parent; kNoRow if the parent is the root
+    size_t synonym_of = kNoRow;  // row of the command that this one is a synonym of; kNoRow if none
     size_t token = 0;            // offset of the last token in the path
 };
 
@@ -284,8 +285,8 @@ constexpr std::array<Links, kCommandCount> AllLinks() {
     return links;
 }
 
-// Constant, because looking the rows up at start-up would add 20 % to the instructions of a run with one
-// short command.
+// Computed at compile time: looking the rows up at start-up would add 20 % to the instructions of a run with
+// one short command.
 constexpr std::array<Links, kCommandCount> kLinks = AllLinks();
 
 }  // namespace

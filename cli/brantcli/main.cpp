@@ -1,4 +1,4 @@
-// The program: checks and start-up, then a script or the prompt.
+// The main program: checks the server, starts the modules, then runs a script or the prompt.
 
 #include <unistd.h>
 
@@ -34,8 +34,8 @@ void show_usage() {
     std::printf("\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n");
 }
 
-// Returns whether the next argument is an option. The options end at the first argument that isn't one; there
-// getopt() must not be called, because some systems' getopt() skips and reorders such arguments.
+// Returns whether the next argument is an option. The first argument that isn't one ends the options.
+// getopt() must not be called there, because on some systems it skips and reorders such arguments.
 bool AtOption(int argc, char** argv) {
     return optind < argc && argv[optind][0] == '-' && argv[optind][1] != '\0';
 }
@@ -45,7 +45,7 @@ bool ReadOptions(int argc, char** argv) {
     while (AtOption(argc, argv)) {
         const int option = getopt(argc, argv, "sS:");
         if (option == '?') return false;
-        if (option == -1) break;  // "--"
+        if (option == -1) break;  // the argument "--", which ends the options
         script_mode = 1;
     }
     return true;
@@ -66,8 +66,8 @@ int RunScript(char* commands) {
     return do_scripted_command(commands);
 }
 
-// Runs the start-up steps. Returns false if the program can't run on this server, after printing a message
-// and releasing everything.
+// Runs the start-up steps. If the program can't run on this server, prints a message, frees everything and
+// returns false.
 bool StartUp() {
     if (!CheckRom() || !ReadFirmwareTables()) return false;
     if (script_mode == 0) PrintBanner();
@@ -80,14 +80,14 @@ bool StartUp() {
     get_terminfo();
     if (!AllocateHistory()) {
         std::printf("Failed to allocate memory for command history.");
-        do_exit(nullptr);  // status 0, as after EXIT
+        do_exit(nullptr);  // ends with status 0, like the command EXIT
     }
     got_kelm = find_kelm();
     CreateCommands();
     return true;
 }
 
-// Prints the newline that ends the output whenever main() returns. Returns FinalStatus(status).
+// Prints the newline that ends the output on every path out of main(). Returns FinalStatus(status).
 int CommonEnd(int status) {
     std::printf("\n");
     return FinalStatus(status);
@@ -96,7 +96,7 @@ int CommonEnd(int status) {
 // Restores the terminal settings, frees the history, closes the devices in reverse order and frees the SMBIOS
 // copy. Returns CommonEnd(status).
 int EndScript(int status) {
-    RestoreTerminal();  // before the devices, because closing one may hang
+    RestoreTerminal();  // before closing the devices, which may hang
     FreeHistory();
     CloseDevicesLastFirst();
     DeinitSMBIOS();
@@ -111,11 +111,11 @@ int main(int argc, char** argv) {
     if (!CheckUser()) return CommonEnd(1);
     if (!ReadOptions(argc, argv)) {
         show_usage();
-        return 0;  // even if the output is lost
+        return 0;  // the status is 0 even if the output can't be written
     }
     if (!StartUp()) return CommonEnd(1);
     if (script_mode == 0) RunPrompt();
 
-    // The option -s has no value: the commands are always the second argument.
+    // The commands are always the second argument, because -s is an option without a value.
     return EndScript(RunScript(argc > 2 ? argv[2] : nullptr));
 }

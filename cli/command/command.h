@@ -1,12 +1,12 @@
-// The interface between the shell and the commands: the command line as words, the node of the command tree
-// that they name, and the messages that all commands share.
+// The interface between the shell and the commands: the tokenized command line, the nodes of the command
+// tree, and the messages that all commands share.
 #pragma once
 
-constexpr int kLineSize = 255;  // bytes of a line, including its NUL terminator
+constexpr int kLineSize = 255;  // size of a line in bytes, including the NUL terminator
 constexpr int kMaxWords = 25;
 
-// The editor rejects a line once the cursor is beyond this column, so this is the longest line that can be
-// typed at its end. Insertions before the end can make a line longer, up to the size of the buffer.
+// The longest line that can be typed from left to right: the editor rejects a line once the cursor is beyond
+// this column. Insertions before the end can make a line longer, up to the size of the buffer.
 constexpr int kLongestEntered = 252;
 
 // A command line from the prompt or the script argument, and its words.
@@ -28,7 +28,7 @@ struct CmdType {
     const char* Token;        // upper case
     const char* Help;         // nodes with the same help text share the pointer
     CmdType* Synonym;         // the node whose synonym this one is, or null
-    CommandHandler Function;  // runs when a line ends at this node; null at the root only
+    CommandHandler Function;  // called if a line ends at this node; null only at the root
     CmdType* Sub;             // first child, in ascending order of the tokens' bytes
     CmdType* Next;            // next sibling
 };
@@ -39,7 +39,7 @@ extern InputLineType CurrentCommandLine;
 // Clears CmdLine, ParseLine and Words before the next command. Parse overwrites the other members.
 void ClearLine(InputLineType* InputLine);
 
-// The node of the command that runs, or ran last; null if the line named no command. Handlers print its help
+// The node of the current or last command, or null if the line named no command. Handlers print its help
 // text.
 extern CmdType* current_command;
 
@@ -48,10 +48,10 @@ extern CmdType* current_command;
 // Prints "Invalid argument(s)" and the help text of current_command.
 int InvalidArguments();
 
-// Prints the help text of current_command: the message for a command that lacks its value.
+// Prints the help text of current_command, for a command without its required argument.
 int ShowUsage();
 
-// Prints the handler's own message like printf.
+// Prints an error message, formatted like printf.
 __attribute__((format(printf, 1, 2))) int Fail(const char* format, ...);
 
 constexpr const char* YesNo(bool yes) {

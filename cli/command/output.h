@@ -1,4 +1,4 @@
-// Checks that all output has been written.
+// Checks whether all output has been written.
 #pragma once
 
 // Flushes standard output. Returns false if this or an earlier write failed.

@@ -1,5 +1,5 @@
-// Classes 17 to 19: network adapters, SCSI, drive arrays. Most of their events have a text for the server,
-// whose chassis number is 0, and a text for an external chassis. They don't depend on the chassis type.
+// Classes 17 to 19: network adapters, SCSI, drive arrays. Most of these events have one text for the server,
+// whose chassis number is 0, and one for an external chassis. The texts don't depend on the chassis type.
 #include "cli/eventstr/event_table.h"
 #include "cli/eventstr/translators.h"
 #include "include/event_adapters.h"
@@ -8,8 +8,8 @@ namespace eventstr {
 namespace {
 
 // In these classes EVT_CHASSIS also contains the port or bus number and, for a failed disk, the slot.
-constexpr auto kPort = Field<&EVT_CHASSIS::bPort, Byte2Str>;  // of a network adapter
-constexpr auto kBus = Field<&EVT_CHASSIS::bPort, Byte2Str>;   // of a disk or its controller
+constexpr auto kPort = Field<&EVT_CHASSIS::bPort, Byte2Str>;  // port of a network adapter
+constexpr auto kBus = Field<&EVT_CHASSIS::bPort, Byte2Str>;   // bus of a disk or its controller
 constexpr auto kStorageSlot = kChassisNumber;
 
 constexpr auto kNicSlot = Field<&EVT_NIC_ERROR::bSlot, Byte2Str>;

@@ -5,7 +5,7 @@
 namespace eventstr {
 namespace {
 
-// Prints `text`: `arguments` replace each "%s" in turn, and `chassis` each "%C".
+// Prints `text` with each "%s" replaced by the next of `arguments`, and each "%C" by `chassis`.
 void PrintText(std::string_view text, const Arguments& arguments, PrintFunction chassis, Bytes payload,
                TextWriter& out) {
     const PrintFunction* next = arguments.data();
@@ -18,7 +18,7 @@ void PrintText(std::string_view text, const Arguments& arguments, PrintFunction 
     out.Text(text);
 }
 
-// Returns the text of `row` for `chassis`, or an empty string if it has none.
+// Returns the text of `row` for this kind of chassis, or an empty string if the row has none.
 std::string_view FormFor(EVT_CHASSIS chassis, const ChassisEventRow& row) {
     switch (chassis.bType) {
         case kChassisServer: return row.forms[chassis.bId == 0 ? kOnServer : kOnExternalChassis];

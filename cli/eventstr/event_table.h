@@ -1,4 +1,5 @@
-// Event tables: one or two for each event class, checked at compile time.
+// Prints the text of an event from the event tables. Each event class has one or two tables, which are
+// checked at compile time.
 #pragma once
 
 #include <iterator>
@@ -12,7 +13,8 @@ namespace eventstr {
 void PrintEvent(const EventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out);
 void PrintEvent(const ChassisEventRow* rows, size_t count, uint16_t code, Bytes payload, TextWriter& out);
 
-// The constraints of the tables. Each function returns the code of the first row that violates one, or kNone.
+// The constraints on the tables. Each function returns the code of the first row that violates a constraint,
+// or kNone.
 constexpr int kNone = -1;
 
 // Returns true if `next`, a row with the same code, is never reached because `row` applies first.
@@ -37,7 +39,7 @@ constexpr int FirstMisplaced(const Row (&rows)[N]) {
 
 // Returns true if one code selects both rows although they belong to different events.
 constexpr bool Collide(const EventRow& /*a*/, const EventRow& /*b*/) {
-    return false;  // in one table, where FirstMisplaced() compares their codes
+    return false;  // both are in one table, where FirstMisplaced() compares the codes
 }
 constexpr bool Collide(const ChassisEventRow& a, const EventRow& b) {
     return a.code == b.code || a.HasExtraText(b.code);
@@ -56,7 +58,8 @@ constexpr int FirstCollision(const RowA (&a)[N], const RowB (&b)[M]) {
     return kNone;
 }
 
-// False for the code of a violation. The compiler's message then contains the code.
+// False if `kCode` is the code of a row that violates a constraint. The compiler's message then contains the
+// code.
 template <int kCode>
 constexpr bool kNoViolationAtCode = kCode == kNone;
 

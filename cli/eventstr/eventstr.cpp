@@ -1,5 +1,5 @@
-// Dispatcher: selects the translator of an event's class; prints "Unknown Event" if there is none or it
-// prints nothing.
+// Dispatcher: selects the translator of an event's class. Prints "Unknown Event" if the class has no
+// translator, or if the translator prints nothing.
 #include "cli/eventstr/eventstr.h"
 
 #include <algorithm>
@@ -55,7 +55,8 @@ int TranslateEventToMessage(unsigned short wEventClass, unsigned short wEventCod
 }  // namespace
 }  // namespace eventstr
 
-// Entries are read as bytes only: with its strings an entry is longer than the record that its pointer names.
+// Entries are only read as bytes, because an entry with strings is longer than the record type of its
+// pointer.
 
 int TranslateEventLogMessage(PEVT_LOG_ENTRY pEvtLogEntry, char* szString, unsigned int ulSize) {
     const auto* entry = reinterpret_cast<const uint8_t*>(pEvtLogEntry);

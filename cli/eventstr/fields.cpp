@@ -8,7 +8,7 @@ namespace {
 constexpr uint8_t kUnknownByte = 0xFF;
 constexpr uint32_t kUnknownDword = 0xFFFFFFFF;
 
-constexpr size_t kSerialNumberShown = 16;  // characters of an enclosure's serial number
+constexpr size_t kSerialNumberShown = 16;  // characters printed of an enclosure's serial number
 
 // Prints `text` after `prefix`; prints nothing if `text` is empty.
 void TextWithPrefix(const char* prefix, std::string_view text, TextWriter& out) {
@@ -17,7 +17,7 @@ void TextWithPrefix(const char* prefix, std::string_view text, TextWriter& out) 
     out.Text(text);
 }
 
-// Unlike isalnum(), doesn't depend on the locale: serial numbers are ASCII.
+// Doesn't use isalnum(), which depends on the locale: serial numbers are ASCII.
 bool IsLetterOrDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
@@ -170,7 +170,7 @@ std::string_view SecondText(Bytes payload, size_t offset) {
 
 void CopyAndReformat(TextWriter& out, std::string_view source) {
     bool started = false;
-    bool gap = false;  // white space since the last character printed
+    bool gap = false;  // whether there was white space after the last printed character
     for (const char letter : source) {
         if (IsSpace(letter)) {
             gap = started;

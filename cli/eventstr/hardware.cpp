@@ -1,6 +1,6 @@
-// Classes 4 to 9: cache, processors, buses, expansion slots. An event with an EVT_CHASSIS has a text for the
-// server, whose chassis number is 0, and a text for an external chassis. They don't depend on the chassis
-// type.
+// Classes 4 to 9: cache, processors, buses, expansion slots. An event with an EVT_CHASSIS has one text for
+// the server, whose chassis number is 0, and one for an external chassis. The texts don't depend on the
+// chassis type.
 #include "cli/eventstr/event_table.h"
 #include "cli/eventstr/translators.h"
 #include "include/event_hardware.h"

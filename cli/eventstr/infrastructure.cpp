@@ -1,5 +1,5 @@
-// Class 34, the enclosures of blade servers. Most texts begin with the type of the enclosure; if the chassis
-// isn't an enclosure, they begin with a space.
+// Class 34: the enclosures of blade servers. Most texts begin with the type of the enclosure. If the chassis
+// isn't an enclosure, that type is empty, and the text begins with a space.
 #include "cli/eventstr/event_table.h"
 #include "cli/eventstr/translators.h"
 #include "include/event_infrastructure.h"
@@ -8,8 +8,8 @@ namespace eventstr {
 namespace {
 
 // The bits of EVT_INF_ENV_FUSE_OPEN::bZoneId.
-constexpr uint8_t kFuseNumber = 0x0F;  // the slot or the side
-constexpr uint8_t kFuseB = 0x10;       // set: fuse B, clear: fuse A
+constexpr uint8_t kFuseNumber = 0x0F;  // number of the slot or the side
+constexpr uint8_t kFuseB = 0x10;       // set for fuse B, clear for fuse A
 
 void FuseSlot(uint8_t zone, TextWriter& out) {
     Byte2Str(zone & kFuseNumber, out);
@@ -72,7 +72,7 @@ constexpr EventRow kEvents[] = {
     Row(5, When(Is<&EVT_INF_ENV_BLADE_INS_REM::bPresent>(0)), "%s Blade Removed (%s, Slot %s)",
         kEnclosureType, kInsRemEnclosure, kInsRemBlade),
     Row(5, "%s Blade Inserted (%s, Slot %s)", kEnclosureType, kInsRemEnclosure, kInsRemBlade),
-    // Bus A is 1 in this event and 0 in the next one.
+    // In this event bus A has the number 1, in the next event 0.
     Row(6, When(Is<&EVT_INF_ENV_PWR_LOAD_BALANCING::cSide>(1)), "%s Power Not Balanced (%s, Power Bus A)",
         kEnclosureType, kBalanceEnclosure),
     Row(6, "%s Power Not Balanced (%s, Power Bus B)", kEnclosureType, kBalanceEnclosure),
@@ -101,7 +101,7 @@ constexpr EventRow kEvents[] = {
         kMisconfigEnclosure),
     Row(14, "%s Status Change (%s)", kEnclosureType,
         Field<&EVT_INF_ENV_ENCLOSURE_MGR_STATUS::cChassisName, GetChassisEx>),
-    // bProblem is the number of the blower.
+    // In this record, bProblem contains the number of the blower.
     Row(15, "%s Blower Fault (%s, Blower %s, %s)", kEnclosureType,
         Field<&EVT_INF_ENV_BLOWER_FAULT::bSide, GetRackSide>,
         Field<&EVT_INF_ENV_BLOWER_FAULT::bProblem, Byte2Str>,

@@ -9,7 +9,7 @@ namespace {
 constexpr size_t kMaxSuspects = 4;
 constexpr size_t kSerialNumberSize = 80;  // bytes, including the NUL terminator
 
-constexpr uint8_t kSystemMemory = 0;  // as a slot: the memory of the system board
+constexpr uint8_t kSystemMemory = 0;  // slot number of the memory on the system board
 constexpr uint8_t kNotKnown = 255;
 
 constexpr auto kNoSlot = Is<&EVT_MAIN_MEMORY::bSlot>(kNotKnown);
@@ -47,7 +47,7 @@ constexpr auto kConfigBoard = Is<&EVT_MAIN_MEMORY_CONFIG_ERR::bCartridgeOrBoard>
 constexpr auto kConfigSlot = Field<&EVT_MAIN_MEMORY_CONFIG_ERR::bSlot, Byte2Str>;
 constexpr auto kConfigModule = Field<&EVT_MAIN_MEMORY_CONFIG_ERR::bModule, Byte2Str>;
 
-constexpr uint8_t kNotIsolated = 0x01;  // the bit of bNotIsolated in flags
+constexpr uint8_t kNotIsolated = 0x01;  // mask of the bit bNotIsolated in the byte `flags`
 
 constexpr auto kDiagBoard = Field<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::bBoard, BoardPrefix>;
 constexpr auto kDiagModule = Field<&EVT_MAIN_MEMORY_FAIL_IN_ROM_DIAG::bModule, PlainByte>;
@@ -140,7 +140,7 @@ constexpr EventRow kEvents[] = {
     TranslateMainMemRomDiagFail[1],
 };
 
-// The texts for the second to fourth suspect of event 3. The first is printed like event 2.
+// The texts for the second to fourth suspect of event 3. The first suspect is printed like event 2.
 constexpr EventRow kFurtherSuspects[] = {
     Row(2, When(kNoSlot, kNoModule), " or (Module Unknown%s)", kSerial),
     Row(2, When(kBoard, kNoModule), " or (System Memory%s)", kSerial),
@@ -148,8 +148,8 @@ constexpr EventRow kFurtherSuspects[] = {
     Row(2, " or (Slot %s, Memory Module %s%s)", kSlot, kModule, kSerial),
 };
 
-// A suspect of event 3 with its serial number. The layout is that of EVT_MAIN_MEMORY, so the same rows print
-// it.
+// A suspect of event 3, with its serial number. It has the layout of EVT_MAIN_MEMORY, so that the same rows
+// can print it.
 struct Suspect {
     uint8_t bSlot;
     uint8_t bModule;
@@ -170,8 +170,8 @@ void SetSerialNumbers(Suspect (&suspects)[kMaxSuspects], std::string_view serial
     }
 }
 
-// Prints event 3: the modules that may have caused the error. Prints the first one even if the record counts
-// none.
+// Prints event 3: the modules that may have caused the error. Prints the first one even if the record's count
+// is 0.
 void TranslateSuspects(Bytes payload, TextWriter& out) {
     Suspect suspects[kMaxSuspects] = {};
     SetSerialNumbers(suspects, ReadText(payload, offsetof(EVT_MAIN_MEMORY_MULTI, cSerialNumber)));

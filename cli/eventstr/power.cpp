@@ -47,7 +47,7 @@ constexpr ChassisEventRow kChassisEvents[] = {
          "External Chassis Power Supplies Not Redundant (%C)",
          "External Storage System Power Supplies Not Redundant (%C)",
          "Internal Storage System Power Supplies Not Redundant (%C)"}),
-    ChassisRow<EVT_INF_POWER_NOT_REDUNDANT>(6, 0,    // an enclosure's event has another record
+    ChassisRow<EVT_INF_POWER_NOT_REDUNDANT>(6, 0,    // an enclosure's event has a different record
         {"", "", "", "",
          "Server Blade Enclosure Power Supplies Not Redundant (in %s, %C)",
          "Power Enclosure Power Supplies Not Redundant (in %s, %C)"},

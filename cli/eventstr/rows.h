@@ -1,7 +1,7 @@
 // The rows of the event tables. A row contains an event's code, the conditions under which the row applies, a
-// text, and the fields that the text prints. Fields are named as members of their record, so the compiler
-// rejects a field of another record, a function for a field of another width, and a text that doesn't match
-// its arguments.
+// text, and the fields that the text prints. Fields are given as pointers to members of a record. So the
+// compiler rejects a field of another record, a print function for a field of another width, and a text that
+// doesn't match its arguments.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@
 
 namespace eventstr {
 
-// The record and the type of the field that a pointer to a member refers to.
+// The record type and the field type of a pointer to a member.
 template <typename Pointer>
 struct Member;
 template <typename InRecord, typename OfType>
@@ -57,7 +57,7 @@ void PrintField(Bytes payload, TextWriter& out) {
 using PrintFunction = void (*)(Bytes payload, TextWriter& out);
 using Arguments = std::array<PrintFunction, 6>;
 
-// Prints the replacement of a "%s" from a payload that contains a `Record`.
+// A function that prints the replacement of a "%s", from a payload that contains a `Record`.
 template <typename Record>
 struct Argument {
     PrintFunction print;
@@ -94,20 +94,22 @@ constexpr ConditionOn<RecordOf<kField>> Is(uint8_t value, uint8_t mask = 0xFF) {
 
 using Conditions = std::array<Condition, 2>;
 
-// The conditions of a row, all of which must hold: When(Is<&EVT_HOST_BUS_UNCORRECTABLE::bError>(1)).
+// All conditions of a row; each must hold: When(Is<&EVT_HOST_BUS_UNCORRECTABLE::bError>(1)).
 template <typename... Records>
 struct When {
     constexpr explicit When(const ConditionOn<Records>&... each) : conditions{each...} {}
     Conditions conditions;
 };
 
-// Conditions and arguments that several tables use: those of the chassis, with which many records begin.
+// Conditions and arguments that several tables use. They are fields of EVT_CHASSIS, with which many records
+// begin.
 constexpr auto kServerItself = Is<&EVT_CHASSIS::bId>(0);  // not an external chassis
 constexpr auto kChassisNumber = Field<&EVT_CHASSIS::bId, Byte2Str>;
 constexpr auto kEnclosureType = Field<&EVT_CHASSIS::bType, GetEnclosureType>;
 
-// A text that is stored in its row. A pointer to it would be relocated at every start of the program: for all
-// texts, 2 % of the instructions of a short command. A text that is too long doesn't compile.
+// A text that is stored in its row. Pointers to texts would be relocated at every start of the program; for
+// all texts together that takes 2 % of the instructions of a short command. A text that is too long doesn't
+// compile.
 struct RowText {
     char letters[132] = "";
     constexpr RowText(const char* text = "") {
@@ -117,7 +119,7 @@ struct RowText {
     constexpr bool IsEmpty() const { return letters[0] == '\0'; }
 };
 
-// A text of an event. Of several rows with the event's code, the first whose conditions hold is printed.
+// A row of an event table. If several rows have the event's code, the first whose conditions hold is printed.
 struct EventRow {
     uint16_t code;
     Conditions conditions;
@@ -136,15 +138,15 @@ enum ChassisForm : size_t {
     kFormCount,
 };
 
-// The texts of an event, indexed by ChassisForm. A text is empty if the row doesn't apply to that kind of
-// chassis.
+// The texts of an event, indexed by ChassisForm. An empty text means that the row doesn't apply to that kind
+// of chassis.
 using ChassisForms = std::array<RowText, kFormCount>;
 
-// An event whose text has a form for each kind of chassis.
+// A row of a chassis table: an event with one text for each kind of chassis.
 struct ChassisEventRow {
     uint16_t code;
-    uint16_t code_with_extra_text;  // the same event with a second string after the chassis name; 0: none
-    PrintFunction chassis;          // replaces each "%C"
+    uint16_t code_with_extra_text;  // code of the event that has a second string; 0 if none
+    PrintFunction chassis;          // prints the replacement of "%C"
     PrintFunction extra_text;
     ChassisForms forms;
     Arguments arguments;
@@ -154,7 +156,8 @@ struct ChassisEventRow {
     }
 };
 
-// True if a row can contain fields of both records: they are the same, or one is the chassis of the other.
+// True if a row may contain fields of both records: if they are the same, or if one is EVT_CHASSIS and the
+// other contains one.
 template <typename Record, typename = void>
 inline constexpr bool kHasChassis = false;
 template <typename Record>
@@ -167,16 +170,16 @@ constexpr bool kGoesWithAll = (kGoTogether<Record, Others> && ...);
 template <typename... Records>
 constexpr bool kOneRecord = (kGoesWithAll<Records, Records...> && ...);
 
-// Ends the compilation of a constant row unless `holds`. The compiler's message shows the row and
+// Stops the compilation of a constant row if `holds` is false. The compiler's message shows the row and
 // `constraint`.
 constexpr void Require(const char* constraint, bool holds) {
     if (!holds) throw std::logic_error(constraint);
 }
 
 struct Placeholders {
-    size_t arguments = 0;  // "%s"
-    size_t chassis = 0;    // "%C"
-    size_t invalid = 0;    // any other "%"
+    size_t arguments = 0;  // number of "%s"
+    size_t chassis = 0;    // number of "%C"
+    size_t invalid = 0;    // number of other "%"
 };
 
 constexpr Placeholders CountPlaceholders(std::string_view text) {
@@ -206,8 +209,8 @@ constexpr EventRow Row(uint16_t code, const char* text, const Argument<Printed>&
     return Row(code, When(), text, arguments...);
 }
 
-// Builds a row of a chassis table. "%C" in a text names the chassis: "Chassis RACK7", "Chassis SHELF, Slot 3"
-// or "Enclosure Address 0012".
+// Builds a row of a chassis table. In a text, "%C" stands for the chassis: "Chassis RACK7", "Chassis SHELF,
+// Slot 3" or "Enclosure Address 0012".
 template <typename Record, typename... Printed>
 constexpr ChassisEventRow ChassisRow(uint16_t code, uint16_t code_with_extra_text, const ChassisForms& forms,
                                      const Argument<Printed>&... arguments) {

@@ -6,9 +6,9 @@
 
 namespace eventstr {
 
-// Each writes the text of the event with code `wEventCode` to `out`, which is empty. It writes nothing if the
-// class has no such event, or none for the payload. `pEventData` is the payload; it may be shorter than its
-// record.
+// Each writes the text of the event with the code `wEventCode` to `out`, which is empty. It writes nothing if
+// the class has no such event, or if no text applies to the payload. `pEventData` is the payload; it may be
+// shorter than its record.
 void TranslateClass02(unsigned short wEventCode, Bytes pEventData, TextWriter& out);  // machine environment
 void TranslateClass03(unsigned short wEventCode, Bytes pEventData, TextWriter& out);  // main memory
 void TranslateClass04(unsigned short wEventCode, Bytes pEventData, TextWriter& out);  // cache memory

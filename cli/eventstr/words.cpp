@@ -11,8 +11,8 @@ const char szUnknown[] = "Unknown";
 
 namespace {
 
-// The size of the longest name with its NUL. The names are stored in their tables for the same reason as
-// RowText.
+// Size of the longest name, including its NUL. The tables contain the names themselves, not pointers, for the
+// reason given at RowText.
 constexpr size_t kNameSize = 44;
 
 // clang-format off
@@ -70,15 +70,15 @@ constexpr char szRackSide[][kNameSize] = {
     "Right Side",
 };
 constexpr char szEthSwErr[][kNameSize] = {
-    "Unknown",                          // 0
+    "Unknown",                          // code 0
     "Powering up",
     "Micro-controller fault",
     "Power fault",
-    "Over-current fault",               // 4
+    "Over-current fault",               // code 4
     "Fan 1 failed or removed",
     "Temperature at caution level",
     "Temperature at critical level",
-    "RJ45 module missing",              // 8
+    "RJ45 module missing",              // code 8
     "Fan 2 failed or removed",
 };
 constexpr char szPwrBus[][kNameSize] = {
@@ -93,55 +93,55 @@ constexpr char szFailedPowerModule[][kNameSize] = {
     "An I/O Power Module has Failed",
 };
 constexpr char szInfMainLocation[][kNameSize] = {
-    "Chassis Slot 1",                   // 0
+    "Chassis Slot 1",                   // code 0
     "Chassis Slot 2",
     "Chassis Slot 3",
     "Chassis Slot 4",
-    "Chassis Slot 5",                   // 4
+    "Chassis Slot 5",                   // code 4
     "Chassis Slot 6",
     "Chassis Slot 7",
     "Chassis Slot 8",
-    "Server Blade Management Module",   // 8
+    "Server Blade Management Module",   // code 8
     "Signal Backplane",
     "Power Backplane A",
     "Power Backplane B",
-    "Interconnect Blade A",             // 12
+    "Interconnect Blade A",             // code 12
     "Interconnect Blade B",
     "RJ45 10 East",
     "RJ45 10 West",
-    "RJ45 6 East",                      // 16
+    "RJ45 6 East",                      // code 16
     "RJ45 6 West",
     "Unknown",
 };
 constexpr char szInfSubLocation[][kNameSize] = {
-    "Kelm Management Controller",       // 0
+    "Kelm Management Controller",       // code 0
     "FRU EEPROM",
     "Memory",
     "ICMB UART",
-    "ROM",                              // 4
+    "ROM",                              // code 4
     "LM75",
     "I2C Bus 0",
     "I2C Bus 1",
-    "I2C Bus 2",                        // 8
+    "I2C Bus 2",                        // code 8
     "Software",
     "I2C Bus",
     "9544 Fuse Mux",
-    "9555 Quick Switch",                // 12
+    "9555 Quick Switch",                // code 12
     "9555 Sense",
     "9555 Enable",
     "9555 IO Expander",
-    "9555 Mux",                         // 16
+    "9555 Mux",                         // code 16
 };
 constexpr char szInfError[][kNameSize] = {
-    "I2C Error",                        // 0
+    "I2C Error",                        // code 0
     "Interrupt Error",
     "Invalid FRU Data",
     "POST Failure",
-    "Backup ROM Booted",                // 4
+    "Backup ROM Booted",                // code 4
     "Bus Error",
     "Stack Overflow",
     "I2C Bus Timeout",
-    "Unknown I2C Error",                // 8
+    "Unknown I2C Error",                // code 8
 };
 constexpr CodeText kPSErrors[] = {
     {0,   "General Failure"},

@@ -32,7 +32,7 @@ void SetSpeed(FanStatus& fan, const FANBASIC& basic) {
     fan.hot_pluggable = basic.FanDescriptor.s1.bit_HotPlug != 0;
 }
 
-// The indexes of a row's cells. Cells without a name here are never printed.
+// The indexes of a row's cells. The cells that have no name here are never printed.
 enum Cell {
     kFan = 0,
     kLocation = 1,

@@ -13,7 +13,7 @@ struct field {
     char data[20];  // a string, truncated to 19 characters
 };
 
-// A row of a table. The index of a cell is not its column, and some cells are never printed.
+// A row of a table. A cell's index differs from its column, and some cells are never printed.
 struct outdata {
     field tdata[10];
 };
@@ -34,16 +34,16 @@ void PrintRow(const outdata& row, const Column (&columns)[kCount]) {
     std::printf("\n");
 }
 
-// The tables of fans and of sensors have different names for some zones.
+// Some zones have different names in the table of fans and in that of sensors.
 enum class ZoneNames { OfFans, OfSensors };
 
-// Returns the name of a device's zone in the chassis, or "CPU#" and a number if the zone is that of a
-// numbered processor.
+// Returns the name of a device's zone in the chassis. In the zone of a numbered processor, returns "CPU#" and
+// the number.
 field LocationName(LOCATIONDESIGNATOR location, ZoneNames names);
 
 // Reads the driver's legacy table of a family of devices during one command. Not every driver has this table,
-// or a record for every device. If a device has a record there, its presence is taken from that record, not
-// from the common feature record.
+// or a record in it for every device. If a device has a legacy record, its presence is taken from there
+// instead of the common feature record.
 template <typename Record, DataTableType kTable>
 class LegacyRecords {
   public:
@@ -57,5 +57,5 @@ class LegacyRecords {
     }
 
   private:
-    bool newway = false;  // a request has failed: only the common feature records are read from now on
+    bool newway = false;  // true: a request has failed; only the common feature records are read now
 };

@@ -1,4 +1,5 @@
-// The automatic server recovery (ASR) timer. The casr device holds its state, a ROM variable its timeout.
+// Reads and sets the automatic server recovery (ASR) timer. The casr device holds its state, a ROM variable
+// its timeout.
 #pragma once
 
 #include "cli/command/command.h"

@@ -59,7 +59,7 @@ int do_show_name(InputLineType* InputLine) {
     if (name.zthls1[0] == '\0') {
         std::printf("Not Set");
     } else {
-        std::fwrite(&name, 1, sizeof name, stdout);  // with its NULs, which a terminal ignores
+        std::fwrite(&name, 1, sizeof name, stdout);  // including its NULs, which a terminal ignores
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-// The asset text and the server's name.
+// Reads and sets the asset text and the server's name.
 #pragma once
 
 #include "cli/command/command.h"

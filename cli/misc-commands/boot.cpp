@@ -20,8 +20,8 @@ constexpr char kCountUnreadable[] = "\nERROR: Failed to get number of IPL device
 constexpr char kOrderUnreadable[] = "\nERROR: Failed to get IPL list.";
 constexpr char kNoSuchDevice[] = "\nERROR: Invalid boot device entered.";
 
-// The boot devices of the boot order, indexed by their codes. `ipl`: servers without a USB key; `ipl2`: those
-// with one.
+// The devices of the boot order, indexed by their codes. `ipl` is for servers that can't boot from a USB key,
+// `ipl2` for those that can.
 struct OrderDevice {
     const char* word;
     const char* shown;
@@ -61,7 +61,7 @@ const char* NameOf(const OrderDevices& devices, uint8_t code) {
 
 constexpr int kNoCode = -1;
 
-// Returns the code of the device that the user calls `word`, or kNoCode.
+// Returns the code of the device with the name `word`, or kNoCode if there is none.
 int CodeOf(const OrderDevices& devices, const char* word) {
     const OrderDevice* const end = devices.list + devices.count;
     const OrderDevice* const device = std::find_if(
@@ -84,7 +84,7 @@ constexpr OnceDevice kOnceDevices[] = {
 };
 // clang-format on
 
-// Returns the number of entries of the boot order that are used.
+// Returns the number of used entries in the boot order.
 int LengthOfOrder(const BootDeviceCount& installed) {
     return std::min(int{installed.zthnipl}, int{sizeof ZTHIPLSTRUCT::ucPriority});
 }
@@ -140,10 +140,10 @@ int do_set_boot_once(InputLineType* InputLine) {
 int do_set_boot_first(InputLineType* InputLine) {
     if (InputLine->NumWords != 4) return InvalidArguments();
     const char* word = InputLine->Words[3];
-    if (CodeOf(kWithUsbKey, word) == kNoCode) return Fail(kNoSuchDevice);  // this list contains every name
+    if (CodeOf(kWithUsbKey, word) == kNoCode) return Fail(kNoSuchDevice);  // contains all names
 
     ZTHIPLSTRUCT order;
-    std::memset(&order, 0xFF, sizeof order);  // no device has this code
+    std::memset(&order, 0xFF, sizeof order);  // 0xFF isn't the code of any device
     BootDeviceCount installed;
     if (!ReadVariable(kInstalled, installed)) return Fail(kCountUnreadable);
     if (installed.zthnipl == 0) return Fail("ERROR: No bootable devices found.");

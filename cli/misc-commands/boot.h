@@ -1,11 +1,11 @@
-// The standard boot order (the IPL list) and the one-time boot device.
+// Reads and sets the standard boot order (the IPL list) and the one-time boot device.
 #pragma once
 
 #include "cli/command/command.h"
 #include "include/rom_variables.h"
 
 struct BootOrder {
-    int count;  // installed boot devices
+    int count;  // number of installed boot devices
     const char* device[sizeof ZTHIPLSTRUCT::ucPriority];
 };
 

@@ -13,16 +13,16 @@
 
 namespace {
 
-// The number of cartridges, and of sockets in each, if the driver has no record of them. Reading ends at the
-// first failed request.
+// The number of cartridges, and of sockets in each, if the driver has no record of these numbers. The first
+// failed request then ends the list.
 constexpr int kUnknownCount = 20;
 
-// The numbers that fit into the index bytes of a request. Cartridge 255 is the system board.
+// The most that the index bytes of a request can number. The cartridge number 255 means the system board.
 constexpr int kMaxModules = 256;
 constexpr int kMaxCartridges = 255;
 
 constexpr CodeText kStatuses[] = {
-    // codes of RESMEM_DIMM_STATUS::ulStatus
+    // codes in RESMEM_DIMM_STATUS::ulStatus
     {2, "Ok"},
     {5, "DIMM is missing"},
     {6, "DIMM does not match"},
@@ -31,7 +31,8 @@ constexpr CodeText kStatuses[] = {
     {9, "DIMM is degraded"},
 };
 
-// Limits a count of the driver to `most`. A count above INT_MAX becomes negative, which means none.
+// Limits a count that the driver returned to `most`. A count above INT_MAX becomes negative, and so counts as
+// none.
 int Bounded(uint32_t count, int most) {
     return std::min(static_cast<int>(count), most);
 }

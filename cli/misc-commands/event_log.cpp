@@ -16,14 +16,15 @@
 
 namespace {
 
-// A read tells the driver in the entry's wEvtLength how many bytes it may fill: the size of the buffer minus
-// this number. For the shell's buffer these are a header and 256 bytes of payload.
+// A read request contains, in the entry's wEvtLength, the number of bytes that the driver may fill: the size
+// of the buffer minus this number. With the shell's buffer, the driver may fill a header and 256 bytes of
+// payload.
 constexpr size_t kReservedSize = kEventReadSize - (sizeof(EVT_HEADER) + 256);
 constexpr int kSizeAroundText = 128;  // maximum size of an event's lines without its text
 constexpr int kRequestsAScreen = 6;
-constexpr int kMostTooSmall = 2 * kRequestsAScreen;  // after this many kBufferTooSmall in a row, give up
+constexpr int kMostTooSmall = 2 * kRequestsAScreen;  // consecutive kBufferTooSmall that end a listing
 
-// Stops a listing after each screen until a key is pressed.
+// Pauses a listing after each screen until a key is pressed.
 class Pager {
   public:
     // Counts a request. At the end of a screen, waits for a key. Returns false if the user quits.
@@ -31,7 +32,7 @@ class Pager {
 
   private:
     static constexpr int kOff = -1;
-    int displayed_ = 0;  // requests since the last prompt, or kOff
+    int displayed_ = 0;  // requests since the last prompt; kOff: pauses are switched off
 };
 
 bool Pager::Continue() {
@@ -58,39 +59,39 @@ constexpr char kNotDefined[] = "Not defined";
 
 // The names of the event classes, indexed by EVT_HEADER::wClass.
 constexpr char EventClass[][28] = {
-    "EVT_CLASS_EMPTY",  // 0
+    "EVT_CLASS_EMPTY",  // class 0
     "EVT_CLASS_TEST",
     "Machine Environment",
     "Main Memory",
-    "Cache Memory",  // 4
+    "Cache Memory",  // class 4
     "CPU",
     "Host Bus",
     "EISA Bus",
-    "PCI Bus",  // 8
+    "PCI Bus",  // class 8
     "Expansion Slot",
     "POST Messages",
     "Power Subsystem",
-    "UPS",  // 12
+    "UPS",  // class 12
     "ASR",
     "OS Class",
     "DIAGS",
-    "Not defined",  // 16
+    "Not defined",  // class 16
     "Network Adapter",
     "SCSI Subsystem",
     "Drive Array Subsystem",
-    "Unrecoverable System Error",  // 20
+    "Unrecoverable System Error",  // class 20
     "Not defined",
     "Not defined",
     "Not defined",
-    "Not defined",  // 24
+    "Not defined",  // class 24
     "Not defined",
     "Not defined",
     "Not defined",
-    "Not defined",  // 28
+    "Not defined",  // class 28
     "Not defined",
     "Not defined",
     "Not defined",
-    "System Revision",  // 32
+    "System Revision",  // class 32
     "Maintenance Note",
     "Infrastructure Environment",
 };
@@ -116,13 +117,14 @@ void WriteTime(const EVT_TIME_STAMP& time, TextWriter& out) {
     out.Number(time.bMinute, 2);
 }
 
-// Prints an event. printf would need 2,700 instructions more, which is 60 % of the cost of listing an event.
+// Prints an event. Doesn't use printf, which would take 2,700 instructions more, 60 % of the cost of listing
+// an event.
 void ShowEvent(uint8_t* buffer, const EVT_HEADER& header) {
     char text[kEventTextSize];
     TranslateEventLogMessage(EntryOf(buffer), text, sizeof text);
     ReplaceUnprintable(text);
 
-    const bool negative = header.dwEvtNumber > INT32_MAX;  // printed as a signed number
+    const bool negative = header.dwEvtNumber > INT32_MAX;  // event numbers are printed as signed
     char lines[kEventTextSize + kSizeAroundText];
     TextWriter out(lines, sizeof lines);
     out.Text("\nEvent: ");

@@ -7,23 +7,25 @@
 #include "include/event_payloads.h"
 #include "src/utils/bytes.h"
 
-constexpr int kEventTextSize = 256;  // buffer size for an event's text in a listing
+constexpr int kEventTextSize = 256;  // size of the buffer for an event's text in a listing
 
-// The buffer of a read: a LOG_INFO, then the entry. An entry with its strings is longer than EVT_LOG_ENTRY,
-// so it is kept as bytes.
+// The buffer of a read: a LOG_INFO, then the entry. It is an array of bytes, because an entry with its
+// strings is longer than EVT_LOG_ENTRY.
 struct EventRead {
     alignas(LOG_INFO) uint8_t bytes[kEventReadSize];
 };
 static_assert(sizeof(EventRead) == 312, "as the driver takes it");
 
-// Returned by ReadEvent if the driver returned an entry that is numbered below the requested one. A listing
-// that continued from there would never end.
+// The result of ReadEvent() if the driver returned an entry with a number below the requested one. Continuing
+// from there would make the listing endless.
 constexpr int kEntryFromBefore = -1;
 
-// Reads the first entry whose number is `number` or higher into `buffer` of `size` bytes, kEventReadSize or
-// more, aligned as a LOG_INFO. Returns an EventLogStatus, kEntryFromBefore, or a status that isn't known. If
-// the call itself fails, returns its errno, which counts as the status of that number: EPERM ends a listing
-// as the log's end does, and after ESRCH the same entry is requested again.
+// Reads the first entry whose number is `number` or higher. `buffer` has `size` bytes, kEventReadSize or
+// more, and the alignment of a LOG_INFO. Returns an EventLogStatus, kEntryFromBefore, or any other status of
+// the driver.
+//
+// If the call itself fails, returns its errno, which callers treat as the status with that number: EPERM ends
+// a listing like the end of the log, and after ESRCH the same entry is requested again.
 int ReadEvent(uint8_t* buffer, size_t size, uint32_t number);
 
 // Returns the header of the entry in a read's buffer.
@@ -31,7 +33,7 @@ inline EVT_HEADER HeaderOf(const uint8_t* buffer) {
     return CopyOf<EVT_HEADER>(buffer + sizeof(LOG_INFO));
 }
 
-// Returns the entry in a read's buffer as TranslateEventLogMessage takes it.
+// Returns the entry in a read's buffer, for TranslateEventLogMessage().
 inline PEVT_LOG_ENTRY EntryOf(uint8_t* buffer) {
     return reinterpret_cast<PEVT_LOG_ENTRY>(buffer + sizeof(LOG_INFO));
 }

@@ -1,5 +1,5 @@
-// The end of the process from within a command: EXIT, QUIT and fatal errors. A script that ends by itself
-// returns from main().
+// Ends the process from within a command: for EXIT, QUIT and fatal errors. A script that runs to its end
+// returns from main() instead.
 #pragma once
 
 #include "cli/command/command.h"

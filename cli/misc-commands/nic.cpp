@@ -10,15 +10,16 @@
 
 namespace {
 
-// The PXE commands read and write a byte for each NIC, SHOW NIC and the iSCSI commands the first ten bytes.
+// The PXE commands write one byte for each installed NIC. SHOW NIC and the iSCSI commands read and write the
+// first ten bytes.
 constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable};
 constexpr RomVariable<NicBootSettings, kNicBootStates> kFirstBootSettings = {kNicBootVariable};
-// On older firmware, instead of kBootSettings.
+// Older firmware has this variable instead.
 constexpr RomVariable<NicPxeFlags, sizeof(NicPxeFlags), 1> kPxeFlags = {kNicPxeVariable};
 
 constexpr char kSettingsUnreadable[] = "\nERROR: Failed to read NIC status.";
 
-constexpr int kNamedNics = 5;  // NIC1 to NIC5: what the commands accept, and what NicPxeFlags contains
+constexpr int kNamedNics = 5;  // the commands accept NIC1 to NIC5, and NicPxeFlags has a bit for each
 constexpr uint8_t kAllPxeFlags = (1 << kNamedNics) - 1;
 
 constexpr CodeText kStates[] = {
@@ -27,14 +28,14 @@ constexpr CodeText kStates[] = {
     {kNicBootIscsi, "iSCSI enabled"},
 };
 
-// Returns the index of the NIC called `word`, from 0 for "NIC1", or -1 if `word` names none.
+// Returns the index of the NIC with the name `word`, from 0 for "NIC1", or -1 if there is no such name.
 int IndexOf(const char* word) {
     if (!StartsWith(word, "NIC") || word[3] == '\0' || word[4] != '\0') return -1;
     const int nic = word[3] - '1';
     return nic >= 0 && nic < kNamedNics ? nic : -1;
 }
 
-// Prints why a command can't use a NIC whose index is embedded_nics_installed or higher. Returns 1.
+// Prints the message for a NIC whose index is embedded_nics_installed or higher. Returns 1.
 int FailWithoutNic() {
     if (embedded_nics_installed < 1) return Fail("\nERROR: brantcli didn't detect any embedded NICs.");
     return Fail("\nERROR: This sytem only has %d embedded NICs.", embedded_nics_installed);
@@ -44,8 +45,8 @@ void PrintPxeMoved(int nic) {
     std::printf("\nPXE boot was already enabled for NIC%d. It has now been disabled.", nic + 1);
 }
 
-// Enables PXE for a NIC. Only one NIC can boot by PXE, so PXE is disabled for every other one of the `nics`
-// installed, and a note is printed for each.
+// Enables PXE for a NIC. Only one NIC can boot by PXE. So PXE is disabled for each other NIC of the `nics`
+// installed ones for which it is enabled, and a note is printed for each.
 void EnablePxe(NicBootSettings& settings, int nic, size_t nics) {
     const int count = static_cast<int>(std::min(nics, sizeof settings.nic));
     for (int i = 0; i < count; ++i) {
@@ -56,8 +57,8 @@ void EnablePxe(NicBootSettings& settings, int nic, size_t nics) {
     settings.nic[nic] = kNicBootPxe;
 }
 
-// Does the same with the flags of older firmware, but prints at most one note: if several flags are set, only
-// the lowest counts, and there is no note if that is the flag of `nic`.
+// Does the same with the flags of older firmware, but prints at most one note: only the lowest flag that is
+// set counts, and there is no note if it is the flag of `nic`.
 void EnablePxe(NicPxeFlags& flags, int nic) {
     int first = 0;
     while (first < kNamedNics && (flags.nics >> first & 1) == 0) ++first;

@@ -1,4 +1,4 @@
-// How each embedded NIC boots: not at all, by PXE or from an iSCSI disk.
+// Reads and sets how each embedded NIC boots: not at all, by PXE or from an iSCSI disk.
 #pragma once
 
 #include "cli/command/command.h"

@@ -1,4 +1,4 @@
-// SHOW POWERSUPPLY prints each bay as soon as it has been read.
+// The handler of SHOW POWERSUPPLY prints each bay as soon as it has been read.
 
 #include "cli/misc-commands/power_supply.h"
 
@@ -54,7 +54,7 @@ bool ReadSupply(int index, LegacySupplies& legacy_supplies, SupplyStatus& supply
     return true;
 }
 
-// Ignores further words of the line.
+// Ignores further arguments.
 int do_show_powersupply(InputLineType* /*InputLine*/) {
     int num_ps = 0;
     switch (ReadSupplyCount(num_ps)) {

@@ -9,15 +9,15 @@
 
 #include "include/rom_variables.h"
 
-// Reads the first `length` bytes, at most 256, of the variable named `ev_name_string`, at most 255
-// characters. Returns 0, or 1 with `return_buffer` unchanged on failure. Prints nothing.
+// Reads the first `length` bytes (at most 256) of the variable with the name `ev_name_string` (at most 255
+// characters). Returns 0, or 1 on failure, with `return_buffer` unchanged. Prints nothing.
 int get_ev(const char* ev_name_string, unsigned char* return_buffer, int length);
 
-// Writes the first `length` bytes, at most 256, of a variable. Returns 0, or 1 on failure. Prints nothing.
+// Writes the first `length` bytes (at most 256) of a variable. Returns 0, or 1 on failure. Prints nothing.
 int set_ev(const char* ev_name_string, const unsigned char* buffer, int length);
 
-// A variable as a family of commands uses it: how many leading bytes of its record are read, and how many are
-// written.
+// A variable as a family of commands uses it: the commands read the first `kRead` bytes of its record and
+// write the first `kWritten` bytes.
 template <typename Record, size_t kRead = sizeof(Record), size_t kWritten = kRead>
 struct RomVariable {
     static_assert(std::is_trivially_copyable_v<Record> &&
@@ -30,13 +30,13 @@ struct RomVariable {
 };
 
 // The system configuration, which several commands share. Only the hyper-threading commands read and write
-// its last byte; the others leave it to the firmware.
+// its last byte; the other commands don't write it.
 constexpr RomVariable<WOLEVREC, sizeof(WOLEVREC), offsetof(WOLEVREC, flags5)> kConfiguration = {
     kConfigurationVariable};
 constexpr RomVariable<WOLEVREC> kWholeConfiguration = {kConfigurationVariable};
 
-// Reads a variable into `copy`, at most `most` bytes. Returns false if it can't be read; `copy` is then
-// unchanged.
+// Reads a variable, at most `most` bytes, into `copy`. Returns false, with `copy` unchanged, if the variable
+// can't be read.
 template <typename Record, size_t kRead, size_t kWritten>
 bool ReadVariableOver(const RomVariable<Record, kRead, kWritten>& variable, Record& copy,
                       size_t most = kRead) {
@@ -44,7 +44,7 @@ bool ReadVariableOver(const RomVariable<Record, kRead, kWritten>& variable, Reco
     return get_ev(variable.name, reinterpret_cast<unsigned char*>(&copy), static_cast<int>(length)) == 0;
 }
 
-// Clears `copy`, then reads a variable into it as ReadVariableOver does.
+// Clears `copy`, then reads a variable into it like ReadVariableOver().
 template <typename Record, size_t kRead, size_t kWritten>
 bool ReadVariable(const RomVariable<Record, kRead, kWritten>& variable, Record& copy, size_t most = kRead) {
     copy = Record{};

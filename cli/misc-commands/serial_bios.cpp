@@ -15,8 +15,8 @@ constexpr char kNotWritten[] = "\nERROR: Failed to set BIOS serial port config."
 
 struct Port {
     BiosPortCode code;
-    const char* word;   // null: can't be set
-    const char* shown;  // null: shown as disabled
+    const char* word;   // the argument that selects this port; null: no argument does
+    const char* shown;  // the name that is printed; null: "disabled" is printed
 };
 // clang-format off
 constexpr Port kPorts[] = {
@@ -50,7 +50,8 @@ bool WriteBaud(uint8_t code) {
     return WriteVariable(kBaud, BiosBaud{{code}, {}});
 }
 
-// `with_baud`: the command contains a baud rate. Its value is ignored, and the variable is cleared.
+// `with_baud`: whether the command contains a baud rate. Its value is ignored, and the variable of the baud
+// rate is cleared.
 int DisablePort(bool with_baud) {
     bool written = WritePort(kBiosPortDisabled);
     if (with_baud) written = WriteBaud(0) && written;
@@ -81,7 +82,7 @@ int do_set_bios_serial_port(InputLineType* InputLine) {
         return Fail("\nERROR: Invalid baud rate. Baud rate must be either 9600, 19200, 57600 or 115200.");
     }
     const bool port_written = WritePort(port->code);
-    const bool baud_written = WriteBaud(baud->code);  // even if the port could not be written
+    const bool baud_written = WriteBaud(baud->code);  // written even if the port could not be written
     if (!port_written || !baud_written) return Fail(kNotWritten);
 
     std::printf("\nSuccessfully set BIOS serial port to %s/%s.", port->word, baud->word);

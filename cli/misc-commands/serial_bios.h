@@ -1,10 +1,10 @@
-// The serial port of the BIOS console, and its baud rate.
+// Reads and sets the serial port of the BIOS console, and its baud rate.
 #pragma once
 
 #include "cli/command/command.h"
 
 struct BiosSerialPort {
-    const char* port;  // null: disabled
+    const char* port;  // null: the port is disabled
     const char* baud;  // "UNKNOWN" for a code that has no name
 };
 

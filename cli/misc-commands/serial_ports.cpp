@@ -1,5 +1,5 @@
 // Two ports must not have the same COM number. So if a command assigns a number that another port has, it
-// disables the other port or assigns it another number.
+// disables the other port or assigns another number to it.
 #include "cli/misc-commands/serial_ports.h"
 
 #include <cstdio>
@@ -18,8 +18,9 @@ SERIALPORT& EmbeddedPort(WOLEVREC& ztsbkt, int port) {
     return port == 0 ? ztsbkt.uart1 : ztsbkt.uart2;
 }
 
-// A table of choices is indexed by the COM number; 0 disables the port. `byte` is the new value of the port's
-// whole byte: the COM number in the low bits, and the number's interrupt line in the high bits.
+// A table of choices is indexed by the COM number; index 0 disables the port. `byte` is the port's new byte
+// in the variable: the COM number in the low bits, and the interrupt line that belongs to it in the high
+// bits.
 struct VirtualChoice {
     const char* word;
     uint8_t byte;
@@ -35,9 +36,9 @@ constexpr VirtualChoice kVirtualChoices[] = {
 struct EmbeddedChoice {
     const char* word;
     uint8_t byte;
-    uint8_t other_moves_to;  // the new COM number of the other embedded port if it has this one
-    const char* on_tr500k2;  // the error message there, or null if the choice is valid
-    const char* elsewhere;   // the error message on other servers
+    uint8_t other_moves_to;  // if the other embedded port has this number: the number that it gets instead
+    const char* on_tr500k2;  // error message on a TR500 K2; null: the choice is valid there
+    const char* elsewhere;   // error message on other servers; null: the choice is valid there
 };
 
 constexpr char kTr500k2Range[] = "\nERROR: The Corvex TR500K2 only supports COM1, COM2, COM3 or DISABLED.";
@@ -63,7 +64,7 @@ constexpr EmbeddedChoice kEmbeddedChoices[2][5] = {
 };
 // clang-format on
 
-// Returns whether each byte contains the COM number that is its index.
+// Returns whether the byte of each choice contains the COM number that is the choice's index.
 template <typename Choice, size_t kCount>
 constexpr bool ContainTheirIndexes(const Choice (&choices)[kCount]) {
     for (size_t com = 0; com < kCount; ++com) {
@@ -75,8 +76,8 @@ static_assert(ContainTheirIndexes(kVirtualChoices) && ContainTheirIndexes(kEmbed
                   ContainTheirIndexes(kEmbeddedChoices[1]),
               "a port would get another number than the requested one");
 
-// Assigns the other embedded port another number if it has the number `com` that `port` gets. Doesn't check
-// whether the virtual port has that other number.
+// If the other embedded port has the number `com`, which `port` is about to get, assigns another number to
+// it. Doesn't check whether the virtual port already has that other number.
 void MoveOtherPort(WOLEVREC& ztsbkt, int port, int com) {
     const int other = 1 - port;
     SERIALPORT& moved = EmbeddedPort(ztsbkt, other);
@@ -90,8 +91,8 @@ void MoveOtherPort(WOLEVREC& ztsbkt, int port, int com) {
     moved.s.reserved_1 = reserved & 1;
 }
 
-// Disables the virtual port if its number is `com`. The two notes differ in case; they stay so because
-// scripts may compare them.
+// Disables the virtual port if its number is `com`. The two notes differ in "NOTE" and "Note". Keep the
+// difference: scripts may compare them.
 void TakeFromVirtualPort(WOLEVREC& ztsbkt, int com) {
     if (ztsbkt.vsp.s.bits_UART1 != com) return;
 

@@ -1,13 +1,13 @@
-// The embedded serial ports A and B, and the management processor's virtual serial port.
+// Reads and sets the embedded serial ports A and B, and the management processor's virtual serial port.
 #pragma once
 
 #include "cli/command/command.h"
 
 struct EmbeddedPorts {
-    const char* port[2];  // of A and B: "COM1" to "COM4" or "disabled"; null if the number is invalid
+    const char* port[2];  // ports A and B: "COM1" to "COM4" or "disabled"; null if the number is invalid
 };
 
-// Returns false if the ports can't be read. Prints nothing.
+// Reads the embedded ports. Returns false if they can't be read. Prints nothing.
 bool ReadEmbeddedPorts(EmbeddedPorts& ports);
 
 enum class VirtualPortRead { Done, Failed, UnknownState };

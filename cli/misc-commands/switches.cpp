@@ -1,4 +1,4 @@
-// EAAS has a ROM variable of its own; the other switches are bits of the system configuration.
+// The EAAS setting has its own ROM variable; the other switches are bits of the system configuration.
 #include "cli/misc-commands/switches.h"
 
 #include <cstdio>
@@ -20,7 +20,7 @@ constexpr char kF1Unreadable[] = "\nERROR: Failed to read POST F1 status.";
 
 struct F1Mode {
     F1Prompt code;
-    const char* word;  // null: can't be set
+    const char* word;  // the argument that selects this state; null: no argument does
     const char* shown;
 };
 // clang-format off
@@ -45,7 +45,7 @@ int SwitchShutdown(const InputLineType& line, bool enable) {
     CSMEVSTRUCT shutdown;
     if (!ReadVariable(kShutdown, shutdown)) return Fail(kShutdownUnreadable);
 
-    shutdown.ucEAAshutdown = enable ? 1 : 0;  // the other bits of this byte are cleared
+    shutdown.ucEAAshutdown = enable ? 1 : 0;  // also clears the other bits of this byte
     if (!WriteVariable(kShutdown, shutdown)) {
         return Fail(enable ? "\nERROR: Failed to enable EAAS." : "\nERROR: Failed to disable EAAS.");
     }

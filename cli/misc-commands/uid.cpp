@@ -75,7 +75,7 @@ int do_set_uid(InputLineType* InputLine) {
     {
         const auto reply = NewReply();
         if (!reply) return Fail("\nERROR: Could not allocate memory for \"SET UID\" command.");
-        // The result isn't examined: SHOW UID reads the state.
+        // Ignores the result: SHOW UID shows whether the light has changed.
         ControlLight(on ? kTurnOn : kTurnOff, *reply);
     }
     std::printf("\nUID is now %s.", on ? "on" : "off");

@@ -1,11 +1,11 @@
-// The unit identification (UID) light, which shows where in its rack a server is.
+// Reads and sets the unit identification (UID) light, which helps to find a server in its rack.
 #pragma once
 
 #include "cli/command/command.h"
 #include "include/health_records.h"
 
-// Sends a control request for the light, which generic_dtioctl can't send because it has no parameters for
-// the control fields. If the request succeeds, stores the light's state in `reply`, which the caller has
+// Sends a control request for the light. (generic_dtioctl can't send it, because it has no parameters for the
+// control fields.) If the request succeeds, stores the light's state in `reply`, which the caller has
 // cleared. Returns the result of the request.
 int ControlLight(IndicatorSubfunction subfunction, INDCBASIC& reply);
 

@@ -66,7 +66,7 @@ int do_show_versions(InputLineType* /*InputLine*/) {
         const int label = indentation + static_cast<int>(std::strlen(component.name)) + 2;
         std::printf("\n%*s%s: ", indentation, "", component.name);
         PrintVersion("Baseline", component.baseline);
-        std::printf("\n%*s", label, "");  // below the label
+        std::printf("\n%*s", label, "");  // indents the second line to the end of the label
         PrintVersion("Current ", component.current);
     }
     return 0;

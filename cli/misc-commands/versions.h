@@ -1,4 +1,4 @@
-// The versions of the firmware's components.
+// Reads the versions of the firmware's components. The handler of SHOW VERSIONS prints them.
 #pragma once
 
 #include "cli/command/command.h"
@@ -6,16 +6,16 @@
 
 struct ComponentVersion {
     const char* name;
-    VERSION baseline;  // the version that the server was delivered with
+    VERSION baseline;  // version at the delivery of the server
     VERSION current;
 };
 
 struct ComponentVersions {
-    bool known;  // false: the firmware has no version information; all numbers are 0
+    bool known;  // false: the firmware has no version information, and all numbers are 0
     ComponentVersion component[7];
 };
 
-// Returns false if the versions can't be read. Prints nothing.
+// Reads the versions. Returns false if they can't be read. Prints nothing.
 bool ReadVersions(ComponentVersions& versions);
 
 // The command handler. Takes the tokenized line; returns 0, or 1 on failure.

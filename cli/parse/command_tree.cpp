@@ -10,7 +10,7 @@ CmdType* Cmds = nullptr;
 
 namespace {
 
-constexpr size_t kUsageMax = 199;  // longest usage that is printed, in characters
+constexpr size_t kUsageMax = 199;  // maximum number of characters of a usage that are printed
 
 // Nodes are allocated in blocks. An allocation for each node would add 4 % to the instructions of a run with
 // one short command.
@@ -41,10 +41,10 @@ void AddBlock() {
     EndProcess(1);
 }
 
-// Returns the link (Sub or Next) that a new child with this token belongs into.
+// Returns the link (Sub or Next) at which a new child with this token must be inserted.
 CmdType** FindLink(CmdType* Cmd, const char* Token) {
-    // Most rows of the command table are in order, so the new child usually follows the last one. Comparing
-    // with all children first would add 3 % to the instructions of a run with one short command.
+    // Most rows of the command table are in order, so the new child usually follows the last child. Comparing
+    // it with every child first would add 3 % to the instructions of a run with one short command.
     CmdType* last = Cmd->Sub;
     while (last != nullptr && last->Next != nullptr) last = last->Next;
     if (last != nullptr && std::strcmp(last->Token, Token) < 0) return &last->Next;
@@ -108,7 +108,7 @@ CmdType* FindChild(const CmdType* Cmd, std::string_view Token) {
 }
 
 void Print_Tree(CmdType* cmds, int depth) {
-    int on_line = 0;  // tokens already printed on the current line
+    int on_line = 0;  // number of tokens already printed on the current line
     for (CmdType* child = cmds->Sub; child != nullptr; child = child->Next) {
         if (on_line == 0) {
             for (int i = 0; i < depth; ++i) std::putchar('\t');

@@ -12,18 +12,18 @@ extern CmdType* Cmds;
 // Every help text except the root's begins with this prefix.
 constexpr std::string_view kUsagePrefix = "USAGE:";
 
-// Creates a node without children or siblings that is in no tree yet. Doesn't copy the texts. Ends the
-// process with status 1 if memory runs out.
+// Creates a node that isn't linked to any other node yet. Doesn't copy the strings. Ends the process with
+// status 1 if memory runs out.
 CmdType* NewCommandNode(const char* Token, CmdType* Synonym, const char* Help, CommandHandler Function);
 
-// Creates a child of `Cmd` and inserts it in the order of the tokens. `Synonym`: the node whose synonym the
-// new one is, or null. `Function`: null for an inner node, which gets Display_Subcommand_Usage. Returns the
-// new node. Ends the process with status 1 if `Cmd` already has a child with this token, or if memory runs
-// out.
+// Creates a child of `Cmd` and inserts it in the order of the tokens. `Synonym`: the node that the new one is
+// a synonym of, or null. `Function`: null for an inner node, whose handler is Display_Subcommand_Usage.
+// Returns the new node. Ends the process with status 1 if `Cmd` already has a child with this token, or if
+// memory runs out.
 CmdType* AppendCmd(CmdType* Cmd, const char* Token, CmdType* Synonym, const char* Help,
                    CommandHandler Function);
 
-// Gives every synonym below `Cmd` the children of its `Synonym`.
+// Links the children of each command to its synonyms, for all synonyms below `Cmd`.
 void PropagateSynonyms(CmdType* Cmd);
 
 // Frees all nodes and sets Cmds to null, so that a test can start without a tree.

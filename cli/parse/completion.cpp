@@ -11,8 +11,8 @@
 
 namespace {
 
-// Returns whether a word of the line matches a token. `last`: whether it is the last word of the line, which
-// may be a prefix of the token.
+// Returns whether a word of the line matches a token. `last`: true for the last word of the line, which may
+// be a prefix of the token.
 bool Matches(std::string_view token, std::string_view word, bool last) {
     if (word.size() > token.size() || (!last && word.size() < token.size())) return false;
     return strcmpi(word, token.substr(0, word.size())) == 0;
@@ -20,16 +20,16 @@ bool Matches(std::string_view token, std::string_view word, bool last) {
 
 struct Candidates {
     CmdType* first = nullptr;
-    int count = 0;            // synonyms don't count if exactly one candidate is a command
-    std::string_view common;  // the longest common prefix of their tokens
+    int count = 0;            // doesn't include synonyms if exactly one candidate is a command
+    std::string_view common;  // longest common prefix of the candidates' tokens
 };
 
 enum class Synonyms { Accepted, Skipped };
 
-// Returns the children of `parent` that match a word. `last`: whether it is the last word of the line.
+// Returns the children of `parent` that match a word. `last`: true for the last word of the line.
 Candidates FindCandidates(const CmdType& parent, std::string_view word, bool last, Synonyms synonyms) {
     Candidates found;
-    int commands = 0;  // candidates that aren't synonyms
+    int commands = 0;  // number of candidates that aren't synonyms
     for (CmdType* child = parent.Sub; child != nullptr; child = child->Next) {
         if (synonyms == Synonyms::Skipped && child->Synonym != nullptr) continue;
         const std::string_view token = child->Token;
@@ -47,9 +47,9 @@ Candidates FindCandidates(const CmdType& parent, std::string_view word, bool las
     return found;
 }
 
-// Replaces each word with the token that it matches, down to a leaf of the tree, and an ambiguous last word
-// with the longest common prefix of its candidates. Returns the number of candidates for the last word that
-// was looked up.
+// Completes the words from the top level of the tree down. Replaces each word with the token that it matches;
+// replaces an ambiguous last word with the longest common prefix of its candidates. Returns the number of
+// candidates for the last word that was looked up.
 int CompleteWords(const CmdType* tree, WordsOfLine& line) {
     int candidates = 0;
     const CmdType* node = tree;
@@ -105,7 +105,7 @@ Completion CompleteLine(std::string_view line, const CmdType* tree) {
         if (i > 0) text.Letter(' ');
         text.Text(words.words[i]);
     }
-    if (candidates == 1) text.Letter(' ');  // so that the next word can be typed
+    if (candidates == 1) text.Letter(' ');  // so that the user can type the next word
 
     const bool fits = words.all && !text.Truncated();
     completion.rings = candidates != 1 || !fits;

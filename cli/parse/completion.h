@@ -1,5 +1,5 @@
-// Completes a partly typed line from the command tree. Only spaces separate words here, quotes have no
-// meaning, and upper and lower case match each other.
+// Completes a partly typed line from the command tree. Here only spaces separate words, quotes have no
+// special meaning, and case is ignored.
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,7 @@
 
 // A line, split at its spaces.
 struct WordsOfLine {
-    std::string_view words[kMaxWords];  // parts of the line
+    std::string_view words[kMaxWords];  // substrings of the line
     int count = 0;
     bool all = true;  // false: the line has more than kMaxWords words
 
@@ -18,10 +18,10 @@ WordsOfLine SplitAtSpaces(std::string_view line);
 
 // The effect of TAB on a line.
 struct Completion {
-    int candidates = 0;           // for the last word that was looked up; 0: the line stays unchanged
-    bool rings = false;           // the last word is ambiguous, or the line can't be completed
-    bool last_word_grew = false;  // the next TAB then isn't the second of a pair
-    char line[kLineSize] = {};    // completed: keywords in upper case, single spaces
+    int candidates = 0;           // for the last word that was looked up; 0: the line is unchanged
+    bool rings = false;           // whether the last word is ambiguous or the line can't be completed
+    bool last_word_grew = false;  // if so, the next TAB isn't the second of a pair
+    char line[kLineSize] = {};    // the completed line: keywords in upper case, single spaces
 };
 
 // Completes the words of a line that are in `tree`. A line can't be completed if one of its words matches no

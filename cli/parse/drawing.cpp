@@ -24,8 +24,8 @@ void EraseAll(Shown& shown) {
     Erase(shown);
 }
 
-// Prints the line from the screen's cursor on, then `spaces` spaces, which overwrite the end of a longer
-// line.
+// Prints the line's text from the screen's cursor to the end, then `spaces` spaces, which erase the end of
+// the old text.
 void PrintRest(Shown& shown, const Line& line, int spaces) {
     std::memcpy(shown.text, line.text, kLineSize);
     MoveTo(shown, line.Length());

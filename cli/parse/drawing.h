@@ -1,8 +1,8 @@
 // Updates the screen after each key of the line editor.
 //
-// The editor writes only text, bells, and backspaces to move the cursor left. To move it right, it prints the
-// characters under the cursor again. A carriage return is written only when the process continues after a
-// stop.
+// The editor writes only text, bells, and backspaces, which move the cursor left. To move the cursor right,
+// it prints the characters under the cursor again. It writes a carriage return only when the process
+// continues after a stop.
 #pragma once
 
 #include <cstring>
@@ -13,7 +13,7 @@
 struct Line {
     char* text;              // CmdLine; all bytes after the text are NUL
     int currentpos;          // column of the cursor, 0 to the line's length
-    int temp_history_index;  // slot of the history entry that was recalled; history_index if none was
+    int temp_history_index;  // slot of the history entry on the line; history_index if there is none
     bool entered;            // whether Enter was pressed
 
     int Length() const { return static_cast<int>(std::strlen(text)); }
@@ -23,27 +23,27 @@ struct Line {
 // The line as it is on the screen, after the prompt.
 struct Shown {
     char text[kLineSize];
-    int column;  // of the cursor
+    int column;  // column of the cursor on the screen
 };
 
 // The effect of a key on the line.
 enum class Change {
     None,
-    Rejected,    // the key has no function here: the bell rings
+    Rejected,    // the key has no effect in this state: the bell rings
     Cursor,      // the cursor moved
-    Tail,        // the text changed right of the old or the new cursor, whichever is further left
+    Tail,        // the text changed, from the old or the new cursor on, whichever is further left
     Replaced,    // the whole text changed
-    Completed,   // as Replaced, but the old text right of the cursor isn't erased
+    Completed,   // like Replaced, but the old text to the right of the cursor isn't erased
     PromptGone,  // other output replaced the prompt; the screen's cursor is at the start of a row
-    ScreenLost,  // as PromptGone, but the screen's cursor may be anywhere
+    ScreenLost,  // like PromptGone, but the screen's cursor may be anywhere
 };
 
-// Updates the screen after a change of the line. `shown`: the line on the screen, before and after the call.
+// Updates the screen after a change of the line. `shown` is the line on the screen; it is updated, too.
 void Draw(Shown& shown, const Line& line, Change change);
 
 // Erases the prompt and the line from the screen. The cursor is then at the start of the erased prompt.
 void EraseRow(Shown& shown);
 
-// Moves the screen's cursor left from column `currpos` to `newpos`; never moves it right. `erase`: nonzero to
-// overwrite the characters with spaces. Returns `newpos`.
+// Moves the screen's cursor left from column `currpos` to `newpos`. Does nothing if `newpos` is to the right.
+// `erase`: nonzero to overwrite the characters with spaces. Returns `newpos`.
 int BackupCursor(int currpos, int newpos, int erase);

@@ -18,7 +18,7 @@
 
 namespace {
 
-// The functions of the keys; kBindings assigns them.
+// The functions of the keys. The table kBindings assigns them to keys.
 
 Change Nothing(Line&, int) {
     return Change::None;
@@ -78,7 +78,7 @@ Change Recall(Line& line, int slot) {
     return Change::Replaced;
 }
 
-// Clears the line: the slot at history_index is empty.
+// Clears the line by recalling the slot at history_index, which is always empty.
 Change Clear(Line& line, int) {
     line.temp_history_index = history_index;
     return Recall(line, history_index);
@@ -129,7 +129,7 @@ Change Leave(Line&, int) {
 struct Binding {
     int key;
     Change (*action)(Line& line, int key);
-    bool erases_row = false;  // whether the prompt and the line are erased before the action
+    bool erases_row = false;  // true: the prompt and the line are erased before the action
 };
 
 constexpr Binding kTyped = {kNoKey, InsertTyped};
@@ -204,7 +204,7 @@ void GetCmd(InputLineType* InputLine) {
     Line line = {InputLine->CmdLine, 0, history_index, false};
     Shown shown = {};
     Draw(shown, line, Change::PromptGone);
-    if (!OutputIsWritten()) do_exit(nullptr);  // nobody sees the prompt
+    if (!OutputIsWritten()) do_exit(nullptr);  // the user can't see the prompt
 
     while (!line.entered && line.currentpos <= kLongestEntered) Act(line, shown, GetChar(0));
     if (!line.entered) return RejectTooLong();

@@ -15,7 +15,7 @@ const char* HelpOf(const CmdType* node) {
 }
 
 void ListCommands() {
-    int column = kColumns + 20;  // so that the first token begins a line
+    int column = kColumns + 20;  // a large value, so that the first token starts a new line
     for (const CmdType* node = Cmds->Sub; node != nullptr; node = node->Next) {
         const int length = static_cast<int>(std::strlen(node->Token));
         column += length + 2;

@@ -1,10 +1,10 @@
-// Kelm, the management processor: a function on the PCI bus.
+// Finds Kelm, the management processor: a function on the PCI bus.
 #pragma once
 
 #include "platform/picl.h"
 
-// In the PICL tree it is a node of this class with these values of the properties "vendor-id" and
-// "device-id".
+// The management processor's node in the PICL tree has this class, and these values of the properties
+// "vendor-id" and "device-id".
 constexpr char kPciFunctionClass[] = "obp-device";
 constexpr uint32_t kKelmVendor = 0x1C4E;
 constexpr uint32_t kKelmDevice = 0x6D19;

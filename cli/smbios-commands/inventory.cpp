@@ -1,5 +1,5 @@
-// Uses of the SMBIOS inventory: SHOW SERVER, the memory modules of SHOW DIMM, and the start-up steps that
-// check the server line, read the product name and count the embedded NICs.
+// Code that uses the SMBIOS inventory: SHOW SERVER, the memory modules of SHOW DIMM, and the start-up steps
+// that check the server line, read the product name and count the embedded NICs.
 #include "cli/smbios-commands/inventory.h"
 
 #include <cstdio>
@@ -72,7 +72,7 @@ void PrintProcessor(const ZET_CPU& cpu) {
     std::printf("\n\tStatus       : %s", CpuStatusWord(cpu.cpuStatus));
 }
 
-// Copies the MAC address of `nic` into entry `index` of zthmac. The entry's other bytes stay as they are.
+// Copies the MAC address of `nic` into entry `index` of zthmac. The entry's other bytes don't change.
 void StoreMac(int index, const smbios_nic& nic) {
     unsigned char* entry = zthmac + static_cast<size_t>(index) * sizeof nic;
     std::memcpy(entry + offsetof(smbios_nic, nic_mac), nic.nic_mac, sizeof nic.nic_mac);
@@ -135,7 +135,7 @@ int get_dimminfo_smbios() {
     return 0;
 }
 
-// Start-up steps.
+// The start-up steps.
 
 int detect_corvex() {
     const auto system = SmbFirst<smbios::System>();

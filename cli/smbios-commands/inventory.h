@@ -1,15 +1,17 @@
-// SHOW SERVER, and other uses of the SMBIOS inventory: the memory modules of SHOW DIMM, and start-up steps.
+// SHOW SERVER, and other code that uses the SMBIOS inventory: the memory modules of SHOW DIMM, and start-up
+// steps.
 #pragma once
 
 #include <cstdint>
 
 #include "cli/command/command.h"
 
-// Returns 0 if the product name starts with "corvex" in any case, else 1. Prints a message if there is no
+// Returns 0 if the product name starts with "corvex", ignoring case, else 1. Prints a message if there is no
 // system record.
 int detect_corvex();
 
-// Fills system_name and returns 0. Returns 1 if there are no tables or, with a message, no system record.
+// Fills system_name and returns 0. Returns 1 if there are no tables. If there is no system record, prints a
+// message and returns 1.
 int smbios_get_systemname();
 
 // Copies the MAC addresses of the first eight NICs of the OEM NIC record into zthmac. Returns the number of

@@ -13,9 +13,9 @@
 namespace {
 
 constexpr size_t kConnectors = 4;
-constexpr int kPorts = 8;         // per connector
-constexpr int kNoPort = 0;        // value of `connection`
-constexpr int kSystemBoard = 15;  // value of `connection`, printed as slot 0
+constexpr int kPorts = 8;         // ports of each connector
+constexpr int kNoPort = 0;        // value of `connection` for an entry without a port
+constexpr int kSystemBoard = 15;  // value of `connection` for the system board, which is printed as slot 0
 
 // Prints the line of a port. `bay`: the blade's enclosure bay, 1 or more.
 void PrintPort(GBX_PORT_MAP entry, int port, int bay) {

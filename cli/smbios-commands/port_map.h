@@ -3,5 +3,5 @@
 
 #include "cli/command/command.h"
 
-// Takes the tokenized line; returns 0, or 1 on failure.
+// The handler of SHOW PORTMAP. Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_nic_port_mapping(InputLineType* InputLine);

@@ -1,4 +1,4 @@
-// Walks the records of the copied tables: the lookups by type, by handle and by string number.
+// Walks the records of the copied tables, and looks up records by type and by handle, and strings by number.
 #include <algorithm>
 #include <cstring>
 
@@ -11,7 +11,8 @@ size_t BytesFrom(const unsigned char* start) {
     return static_cast<size_t>(pSMBTables + EPS.wSTLength - start);
 }
 
-// Returns whether a record starts at `start`: a header and the whole formatted area.
+// Returns whether a record starts at `start`: whether the tables contain a header and the whole formatted
+// area there.
 bool BeginsRecord(const unsigned char* start) {
     const size_t left = BytesFrom(start);
     if (left < sizeof(SMBIOS_HEADER)) return false;

@@ -1,8 +1,8 @@
 // The firmware's SMBIOS tables: one private copy, made at start-up and walked record by record.
-// Owner:  this module, from InitSMBIOS to DeinitSMBIOS; records and strings are pointers into its copy.
-// Errors: the walk ends before the first record whose formatted area extends beyond the tables; only the
-//         strings of the last record may be truncated. Lookups print nothing. A lookup that finds nothing, as
-//         every lookup without tables, leaves its out-pointer unchanged.
+// Owner:  this module, from InitSMBIOS() to DeinitSMBIOS(). Records and strings are pointers into its copy.
+// Errors: the walk ends before a record whose formatted area extends beyond the tables; only the strings of
+// the last record may be truncated. Lookups print nothing. A lookup that finds nothing leaves its out-pointer
+// unchanged. If there are no tables, no lookup finds anything.
 #pragma once
 
 #include <cstring>
@@ -20,43 +20,44 @@ constexpr BOOL TRUE = 1;
 // FALSE if there is no valid entry point, the tables are empty, physical memory can't be read or memory runs
 // out. Prints a message only if physical memory can't be read.
 BOOL InitSMBIOS();
-// Frees the copy, if there is one. EPS keeps its value.
+// Frees the copy, if there is one. Doesn't change EPS.
 void DeinitSMBIOS();
 // Returns TRUE while there is a copy.
 BOOL IsSMBIOSAvailable();
 
-// Fills smb_record_sizes, for InitSMBIOS. A run visits each record about a dozen times; searching for the end
-// of its strings on each visit cost more than reading its fields.
+// Fills smb_record_sizes, for InitSMBIOS(). A run visits each record about a dozen times, and finding the end
+// of its strings on every visit would take longer than reading its fields.
 void SmbMeasureRecords();
 
 // Copies `size` bytes of physical memory from address `offset` to `buffer`. If they can't be mapped, prints a
 // line on standard error and returns FALSE with `buffer` unchanged.
 BOOL ReadPhysMem(unsigned int offset, unsigned int size, unsigned char* buffer);
 
-// Moves *ppRecord to the next record in table order, from null to the first. Returns FALSE at the end.
+// Moves *ppRecord to the next record in table order; from null to the first record. Returns FALSE at the end.
 BOOL SmbGetRecord(unsigned char** ppRecord);
-// Moves *ppRecord to the next record of type `byType`.
+// Moves *ppRecord to the next record of type `byType`. Returns FALSE at the end.
 BOOL SmbGetRecordOfType(unsigned char byType, unsigned char** ppRecord);
 
 // Finds record number `wCopy` (from 0, in table order) of a type. Returns FALSE if there are fewer.
 BOOL SmbGetRecordByType(unsigned char byType, unsigned short wCopy, void** ppRecord);
-// Finds the first record with a handle, of any type.
+// Finds the first record with the handle `wHandle`, of any type.
 BOOL SmbGetRecordByHandle(unsigned short wHandle, void** ppRecord);
 
-// Returns string `wString` of a record, numbered from 1. Returns null for 0 and "" if the record has fewer
-// strings.
+// Returns a record's string number `wString`, counted from 1. Returns null for number 0, and "" if the record
+// has fewer strings.
 unsigned char* SmbGetStringByNumber(void* pRecord, unsigned short wString);
 
-// Returns a record's formatted area, which contains its fields; its size is the length in the header.
+// Returns a record's formatted area, which contains its fields. Its size is the length in the record's
+// header.
 Bytes SmbFormattedArea(const void* pRecord);
 
-// A record of one type: a pointer with the length of the formatted area, from which only fields of that type
-// can be read. In a null record every field is missing.
+// A record of one type: a pointer and the length of the formatted area. Only fields of that type can be read
+// from it. If the pointer is null (a null record), every field is missing.
 template <typename Layout>
 class SmbRecord {
   public:
     SmbRecord() = default;
-    // `pRecord`: a record or null. A record of another type results in a null record.
+    // `pRecord`: a record, or null. If it is of another type, the result is a null record.
     explicit SmbRecord(void* pRecord) {
         if (pRecord == nullptr) return;
         const Bytes formatted = SmbFormattedArea(pRecord);
@@ -117,7 +118,7 @@ SmbRecord<Layout> SmbFirst() {
     return SmbRecord<Layout>(record);
 }
 
-// Returns the first record with a handle, or a null record if there is none or that record is of another
+// Returns the first record with a handle. Returns a null record if there is none, or if it is of another
 // type.
 template <typename Layout>
 SmbRecord<Layout> SmbWithHandle(uint16_t handle) {

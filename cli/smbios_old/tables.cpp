@@ -12,10 +12,10 @@
 namespace {
 
 constexpr unsigned int kEntryPointAlignment = 16;
-constexpr unsigned int kNewestRejected = 0x200;  // version 2.0
+constexpr unsigned int kNewestRejected = 0x200;  // version 2.0; only later versions are accepted
 
-// The size of one memcpy(). A larger one uses `rep movsb`, of which callgrind counts every byte as an
-// instruction: the copy of the BIOS area alone would then cost half as much as /bin/true.
+// The size of one memcpy(). For a larger size, memcpy() uses `rep movsb`, and callgrind counts each byte as
+// an instruction: the copy of the BIOS area alone would then cost half as much as a run of /bin/true.
 constexpr unsigned int kChunkSize = 4096;
 
 // Returns the sum of `wCount` bytes, modulo 256.
@@ -25,8 +25,8 @@ unsigned char SmbChecksum(const unsigned char* pAddr, unsigned short wCount) {
     return static_cast<unsigned char>(sum);
 }
 
-// Returns whether `bytes` begin with a valid entry point. An entry point that extends beyond `bytes`, by its
-// structure or by the length that its checksum covers, is not valid.
+// Returns whether `bytes` begin with a valid entry point. An entry point isn't valid if its structure, or the
+// length that its checksum covers, extends beyond `bytes`.
 bool IsEntryPoint(Bytes bytes) {
     SMBIOSEntryPoint entry;
     if (std::memcmp(bytes.data, kEntryPointAnchor, sizeof entry.sAnchorString) != 0) return false;
@@ -37,7 +37,7 @@ bool IsEntryPoint(Bytes bytes) {
 }
 
 // Copies the first valid entry point of the BIOS area into EPS. Returns false, with EPS unchanged, if there
-// is none. `area`: kBiosAreaSize bytes.
+// is none. `area` has kBiosAreaSize bytes.
 bool FindEntryPoint(const unsigned char* area) {
     const unsigned char* const end = area + kBiosAreaSize;
     const auto find_from = [=](const unsigned char* start) {
@@ -53,11 +53,11 @@ bool FindEntryPoint(const unsigned char* area) {
     return false;
 }
 
-// Copies the tables that EPS describes. Returns FALSE, with nothing allocated, if they are empty, can't be
-// read or memory runs out.
+// Copies the tables that EPS describes. Returns FALSE, with nothing allocated, if they are empty or can't be
+// read, or if memory runs out.
 BOOL CopyTables() {
     if (EPS.wSTLength == 0) return FALSE;
-    // One byte more than the tables have. It stays 0 and terminates a truncated last string.
+    // One byte more than the tables contain. It stays 0, so that it terminates a truncated last string.
     pSMBTables = static_cast<unsigned char*>(std::calloc(1, EPS.wSTLength + size_t{1}));
     smb_record_sizes = static_cast<uint16_t*>(std::malloc((EPS.wSTLength + size_t{1}) * sizeof(uint16_t)));
     if (pSMBTables == nullptr || smb_record_sizes == nullptr ||

@@ -11,11 +11,11 @@ using smbios::MemoryDevice;
 
 namespace {
 
-constexpr int kNotInTable = 1;  // for a form factor or a technology without an entry below
+constexpr int kNotInTable = 1;  // number for a form factor or technology that isn't in the tables below
 
 struct FormFactor {
-    uint8_t code;  // in SMBIOS records
-    int number;    // in the inventory
+    uint8_t code;  // code in the SMBIOS record
+    int number;    // number in the inventory
 };
 
 constexpr FormFactor SmbMemFormFactorTable[] = {
@@ -32,7 +32,7 @@ struct TypeDetail {
     int number;
 };
 
-// The first entry whose bit is set decides.
+// If several bits are set, the first entry whose bit is set applies.
 constexpr TypeDetail SmbMemTypeDetailTable[] = {
     {0x0008, 2},  // fast-paged
     {0x0080, 5},  // synchronous
@@ -80,8 +80,8 @@ BOOL SmbFindMemoryLocation(unsigned short wType17Handle, int* plSlot, int* plSoc
     return FALSE;
 }
 
-// Reads the location of a device from its OEM record or, without one, from its locator string. A number that
-// the locator doesn't contain leaves its variable unchanged.
+// Reads the location of a device from its OEM record, or from its locator string if there is no such record.
+// A number that the locator doesn't contain leaves its variable unchanged.
 void LocateModule(const SmbRecord<MemoryDevice>& device, int* board, int* module) {
     if (SmbFindMemoryLocation(device.Handle(), board, module) == TRUE) return;
     const char* locator = device.Text(MemoryDevice::kLocator);
@@ -89,8 +89,8 @@ void LocateModule(const SmbRecord<MemoryDevice>& device, int* board, int* module
     ParseNumFromString(locator, "DIMM", module);
 }
 
-// Appends a device to gMemoryMod. `a`, `d`: the index of its array among the memory arrays and of the device
-// among the memory devices, from 0.
+// Appends a device to gMemoryMod. `a` is the index of its array among the memory arrays, and `d` that of the
+// device among the memory devices; both count from 0.
 void RecordModule(const SmbRecord<MemoryDevice>& device, int a, int d) {
     ZET_MemModule* module = AppendRecord(gMemoryMod);
     if (module == nullptr) {

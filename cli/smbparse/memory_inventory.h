@@ -1,24 +1,26 @@
-// The memory modules, the total memory, and whether it has error correction.
+// Reads from the SMBIOS tables the memory modules, the total memory, and whether the memory has error
+// correction.
 #pragma once
 
 #include "cli/command/state.h"
 #include "cli/smbios_old/smbios.h"
 
 struct ZET_MemModule {        // a socket of the system memory
-    int memBoardIndex;        // the memory board (cartridge) it is on
-    int memModuleIndex;       // its number there
-    int memModuleSize;        // KiB; 0: empty
-    int memModuleType;        // form factor
-    int memModuleTechnology;  // memory type
+    int memBoardIndex;        // number of its memory board (cartridge)
+    int memModuleIndex;       // number of the socket on that board
+    int memModuleSize;        // KiB; 0: the socket is empty
+    int memModuleType;        // number of the form factor
+    int memModuleTechnology;  // number of the memory type
     int memModuleFrequency;   // MHz; 0: unknown
 };
 
-// Fills gMemoryMod, array by array. Returns FALSE if there are no tables or no memory array.
+// Fills gMemoryMod, one memory array after another. Returns FALSE if there are no tables or no memory array.
 BOOL SmbParseMemRecords();
 
-// Stores the installed system memory, in KiB; a sum beyond 32 bits is stored as UINT_MAX. Returns FALSE and
-// leaves *pSize unchanged if there are no tables or no memory array.
+// Stores the size of the installed system memory in KiB, or UINT_MAX if it needs more than 32 bits. Returns
+// FALSE and leaves *pSize unchanged if there are no tables or no memory array.
 BOOL SmbGetTotalMemory(unsigned int* pSize);
 
-// Returns TRUE if a memory array of the system memory detects or corrects errors; FALSE without tables.
+// Returns TRUE if a memory array of the system memory detects or corrects errors. Returns FALSE if there are
+// no tables.
 BOOL SmbChkForECCSupported();

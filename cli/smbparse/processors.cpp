@@ -39,7 +39,7 @@ constexpr CodeText SmbProcTable[] = {
 };
 
 // Indexed by the low three bits of a processor record's status: unknown, enabled, disabled by the user,
-// disabled after an error in POST, idle, three undefined values. Unknown is shown as failed.
+// disabled after an error in POST, idle, and three undefined values. An unknown status is shown as failed.
 constexpr CpuStatus kStatusOfState[8] = {kCpuFailed, kCpuOk,      kCpuDisabled, kCpuDisabled,
                                          kCpuOk,     kCpuUnknown, kCpuUnknown,  kCpuUnknown};
 
@@ -60,8 +60,8 @@ PZTSMBIOS_ZET_PROC_INFO FindZetProcRec(unsigned short wType4Handle) {
     return {};
 }
 
-// Returns the socket number to print: the number in a designation like "Proc 2", or else `index` + 1. The
-// designation is ignored if the processor has an OEM record.
+// Returns the socket number to print: the number in a designation like "Proc 2", or `index` + 1 if there is
+// none. Ignores the designation if the processor has an OEM record.
 unsigned int SocketNumber(const SmbRecord<Processor>& record, int index) {
     int number = index + 1;
     if (!FindZetProcRec(record.Handle())) {
@@ -85,7 +85,7 @@ void FillCpu(const SmbRecord<Processor>& record, ZET_CPU* cpu, int index) {
     }
 }
 
-// Returns the size of a cache in its unit, 1 KiB or 64 KiB.
+// Returns the size of a cache in the record's unit: 1 KiB or 64 KiB.
 uint16_t InstalledSize(const SmbRecord<Cache>& record) {
     return record.Read(Cache::kInstalledSize) & static_cast<uint16_t>(~Cache::kIn64KiB);
 }
@@ -98,8 +98,8 @@ void ParseCache(const SmbRecord<Cache>& record, ZET_CACHE* entry, int cpu) {
     entry->cacheSize = InstalledSize(record) * (in_64KiB ? 64 : 1);
 }
 
-// Appends the cache with a handle to gCache_tbl, unless its size is 0. A handle whose first record isn't a
-// cache is ignored.
+// Appends the cache with a handle to gCache_tbl, unless its size is 0. Ignores the handle if the first record
+// with it isn't a cache.
 void RecordCache(uint16_t handle, int cpu) {
     const auto record = SmbWithHandle<Cache>(handle);
     if (!record || InstalledSize(record) == 0) return;

@@ -28,7 +28,8 @@ int CountNicsOfRom() {
 }  // namespace
 
 int detect_zet_rom() {
-    // The mapping is rounded up to whole pages, so it contains the whole area.
+    // Mapping one byte less is enough: the mapping is rounded up to whole pages, so it contains the whole
+    // area.
     constexpr unsigned int kMapped = kBiosAreaSize - 1;
     auto* area = static_cast<unsigned char*>(zetMapPhys32UnCache(kBiosArea, kMapped));
     if (area == nullptr) return 1;

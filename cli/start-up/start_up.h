@@ -1,9 +1,9 @@
-// The start-up steps that brantcli, savemachine and brantexport share. `program` is the name of the program,
-// for the messages.
+// The start-up steps that brantcli, savemachine and brantexport share. `program` is the program's name, which
+// the messages contain.
 #pragma once
 
-// Searches the BIOS area for the maker's signature. Returns 0 if it is there; returns 1 if it isn't or if the
-// area can't be mapped. Prints nothing.
+// Searches the BIOS area for the maker's signature. Returns 0 if the signature is there; returns 1 if it
+// isn't, or if the area can't be mapped. Prints nothing.
 int detect_zet_rom();
 
 // Checks that the user is root. Otherwise prints a message and returns false.

@@ -7,7 +7,8 @@
 
 namespace {
 
-// Returns whether a sensor is present. Only the MAX1617 reports this; other kinds are always present.
+// Returns whether a sensor is present. Only the sensor kind MAX1617 reports this; other kinds are always
+// present.
 bool IsPresent(const COMMONFEATUREINFO& feature) {
     return feature.ucTypeOf != kMax1617 || feature.DeviceState.s1.bit_PhysicallyPresent != 0;
 }

@@ -1,4 +1,4 @@
-// The temperature sensors, and SHOW TEMP, which prints a table with one row for each.
+// Reads the temperature sensors. The handler of SHOW TEMP prints a table with one row for each.
 #pragma once
 
 #include <optional>
@@ -6,30 +6,31 @@
 #include "cli/command/command.h"
 #include "cli/health-table/health_table.h"
 
-// The state of one sensor. If it isn't present, the other members have no values.
+// The state of one sensor. If the sensor isn't present, the other members are not set.
 struct SensorStatus {
     bool present;
     field location;
-    std::optional<int> celsius;    // the reading; empty if there is no valid one
-    std::optional<int> threshold;  // degrees Celsius; empty if there is no valid one
+    std::optional<int> celsius;    // the current temperature; empty if there is no valid reading
+    std::optional<int> threshold;  // the threshold in degrees Celsius; empty if there is none
 };
 
-constexpr int kMaxSensors = 1 + 255;  // the driver's sensor -1, and those that its header counts in a byte
+constexpr int kMaxSensors = 1 + 255;  // the sensor with index -1, and those that the header counts in a byte
 
 enum class SensorCountRead { Done, Failed, NotFound };
 
-// Reads the number of sensors, including the driver's sensor -1. A message is printed only if memory runs out
-// (see generic_dtioctl).
+// Reads the number of sensors, including the one with the driver's index -1. Prints a message only if memory
+// runs out (see generic_dtioctl).
 SensorCountRead ReadSensorCount(int& count);
 
-// Reads row `index` of the table, from 0; this is the driver's sensor `index` - 1. Returns false if a record
-// can't be read. Prints as ReadSensorCount does.
+// Reads row `index` of the table, counted from 0. This is the sensor with the driver's index `index` - 1.
+// Returns false if a record can't be read. Prints a message only if memory runs out.
 bool ReadSensor(int index, SensorStatus& sensor);
 
-// Converts degrees Celsius, 0 or more, and rounds down. 0 results in 0, not 32.
+// Converts degrees Celsius, 0 or more, to Fahrenheit and rounds down. For 0 it returns 0, not 32.
 constexpr int Fahrenheit(int celsius) {
     return celsius == 0 ? 0 : 9 * celsius / 5 + 32;
 }
 
-// Prints the table only if every sensor can be read. Takes the tokenized line; returns 0, or 1 on failure.
+// The handler of SHOW TEMP. Prints only an error message if any sensor can't be read. Takes the tokenized
+// line; returns 0, or 1 on failure.
 int do_show_temp(InputLineType* InputLine);

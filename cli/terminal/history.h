@@ -1,5 +1,5 @@
-// The command history: a ring of slots. The slot for the next command is always empty, so the ring holds one
-// command fewer than it has slots. It isn't saved when the program ends.
+// The command history: a ring of slots. The slot for the next command is always empty, so the ring contains
+// one command fewer than it has slots. The history isn't saved when the program ends.
 #pragma once
 
 // Allocates a zeroed buffer for each slot of History and sets history_index to 0. Returns false if memory
@@ -15,7 +15,7 @@ void StoreInHistory(const char* line);
 // Returns whether the line is equal to the newest command.
 bool RepeatsNewest(const char* line);
 
-// Browsing starts at `position` = history_index, the empty slot.
+// To start browsing, set `position` to history_index, the empty slot.
 
 // Moves `position` to the next older command. Returns false if there is none.
 bool BrowseOlder(int& position);

@@ -8,11 +8,11 @@
 namespace {
 
 struct Sequence {
-    char bytes[4];  // after ESC and '['; no sequence is the prefix of another
+    char bytes[4];  // the bytes after ESC and '['; no sequence is the prefix of another
     Key key;
 };
 
-// This table includes keys without a function, so that their bytes aren't inserted as text.
+// The table also contains keys that have no function here, so that their bytes aren't inserted as text.
 // clang-format off
 constexpr Sequence kSequences[] = {
     {"A",   kUp},     {"B",   kDown},   {"C",   kRight},  {"D",   kLeft},
@@ -31,10 +31,10 @@ constexpr size_t LongestSequence() {
     return longest;
 }
 
-// The state of the search for double keys: the second of two TABs or ESCs in a row is kDoubleTab or
+// State for detecting double keys: if TAB or ESC is pressed twice in a row, the second key is kDoubleTab or
 // kDoubleEscape.
 int LastKey = 0;           // the last TAB or ESC; 0 if there is none
-int MultiKeySequence = 0;  // 1: LastKey was the last key; 2: the next key is being read; 0: neither
+int MultiKeySequence = 0;  // 1: LastKey was the previous key; 2: the key after it is being read; 0: neither
 
 void BeginKey() {
     if (MultiKeySequence == 2) LastKey = 0;
@@ -54,8 +54,8 @@ int UnknownSequence() {
     return kUnknownKey;
 }
 
-// Returns the key whose sequence follows ESC and '['. Reads only while the bytes are the prefix of a
-// sequence. A missing byte reads as -1, which is in no sequence.
+// Reads the rest of a sequence after ESC and '[' and returns its key. Reads only as long as the bytes are the
+// prefix of a sequence. A missing byte reads as -1, which no sequence contains.
 int ReadSequence() {
     char bytes[LongestSequence()];
     for (size_t length = 1; length <= sizeof bytes; ++length) {

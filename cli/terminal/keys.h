@@ -1,7 +1,8 @@
 // The key decoder: turns the bytes from the keyboard into keys.
 #pragma once
 
-// The return values of GetChar. Printable characters and other control characters are returned unchanged.
+// The return values of GetChar(). Printable characters and the control characters that aren't listed are
+// returned unchanged.
 // clang-format off
 enum Key : int {
     kNoKey       = 0,
@@ -14,7 +15,7 @@ enum Key : int {
     kReturn      = 13,
     kCtrlU       = 21,
     kEscape      = 27,
-    kRubout      = 127,    // what most terminals send for Backspace
+    kRubout      = 127,    // the byte that most terminals send for Backspace
     kUnknownKey  = 255,    // a byte of 0x80 or above, or an unknown escape sequence
     kDoubleEscape = -5, kDoubleTab = -6,    // the same key twice in a row
     kInsert = -10, kDelete = -11, kHome = -12, kEnd = -13, kPageDown = -14, kPageUp = -15,
@@ -24,8 +25,8 @@ enum Key : int {
 };
 // clang-format on
 
-// Waits for a key and returns it. Doesn't wait for the other bytes of an escape sequence, which terminals
-// send together. Rings the bell at the first byte that makes a sequence unknown; later calls return the bytes
-// after it as keys. `Clear_MultiKey`: nonzero to only forget the last key, so that the next TAB or ESC isn't
-// the second of a pair, and return 0.
+// Waits for a key and returns it. Doesn't wait for the other bytes of an escape sequence, because terminals
+// send them together. If a sequence is unknown, rings the bell at the first byte that makes it so; later
+// calls return the bytes after it as keys. If `Clear_MultiKey` is nonzero, only forgets the previous key, so
+// that the next TAB or ESC isn't the second of a pair, and returns 0.
 int GetChar(int Clear_MultiKey);

@@ -8,19 +8,19 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <cstring>  // FD_ZERO calls memset on some systems
+#include <cstring>  // for FD_ZERO, which calls memset on some systems
 
 namespace {
 
 constexpr int kKeyboard = STDIN_FILENO;
-constexpr suseconds_t kEscapeWait = 10;  // microseconds
+constexpr suseconds_t kEscapeWait = 10;  // in microseconds
 constexpr int kEndOrStop[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP};
 
-// The signal handlers use these settings and flags, too.
-termios TTY;                                    // the settings to restore
-termios TTYTEMP;                                // the same in character mode
-volatile std::sig_atomic_t mode_wanted = 0;     // 1 from get_terminfo to RestoreTerminal
-volatile std::sig_atomic_t settings_saved = 0;  // 1: TTY and TTYTEMP are valid, and TTYTEMP may be in force
+// The signal handlers use these settings and flags.
+termios TTY;                                    // the original settings, to be restored
+termios TTYTEMP;                                // the settings in character mode
+volatile std::sig_atomic_t mode_wanted = 0;     // 1 between get_terminfo() and RestoreTerminal()
+volatile std::sig_atomic_t settings_saved = 0;  // 1: TTY and TTYTEMP are valid
 volatile std::sig_atomic_t continued = 0;       // 1: SIGCONT has arrived since the last check
 
 termios CharacterMode(const termios& found) {
@@ -49,7 +49,7 @@ void EnterCharacterMode() {
     if (settings_saved == 0) {
         if (tcgetattr(kKeyboard, &TTY) != 0) return;
         TTYTEMP = CharacterMode(TTY);
-        // A signal handler that reads 1 must find both settings stored.
+        // A signal handler that reads settings_saved as 1 must find both settings stored.
         std::atomic_signal_fence(std::memory_order_release);
         settings_saved = 1;
     }
@@ -92,9 +92,9 @@ void CatchEndOrStop(int signal) {
     Catch(signal, OnEndOrStop, kOnce);
 }
 
-// Restores the terminal settings and then ends or stops the process: the first delivery has reset the signal
-// to its default action (SA_RESETHAND) and has not blocked it (SA_NODEFER), so raise() acts immediately. It
-// returns only in a process that was stopped and has been continued.
+// Restores the terminal settings and then ends or stops the process. raise() acts immediately: the first
+// delivery of the signal has reset it to its default action (SA_RESETHAND) and has not blocked it
+// (SA_NODEFER). raise() returns only if the process was stopped and has been continued.
 extern "C" void OnEndOrStop(int signal) {
     const int saved_errno = errno;
     LeaveCharacterMode();
@@ -111,8 +111,8 @@ fd_set KeyboardSet() {
     return keyboard;
 }
 
-// Waits up to kEscapeWait. Returns whether read() would return immediately, with a byte or at the end of the
-// input.
+// Waits up to kEscapeWait. Returns whether read() would return immediately, with a byte or with the end of
+// the input.
 bool InputIsReady() {
     for (;;) {
         timeval timeout = {0, kEscapeWait};
@@ -123,9 +123,9 @@ bool InputIsReady() {
     }
 }
 
-// Stops the process group, as the system does when a background process reads the terminal. But the system
-// then restarts the read without a notification, so the prompt wouldn't be drawn again. Returns false if the
-// signal didn't stop the process; read() will then fail with the reason.
+// Stops the process group, as the system does when a background process reads the terminal. If the system did
+// it, read() would be restarted without a notification when the process continues, and the prompt wouldn't be
+// drawn again. Returns false if the signal didn't stop the process; read() will then fail with the reason.
 bool StopUntilContinued() {
     continued = 0;
     kill(0, SIGTTIN);
@@ -133,7 +133,7 @@ bool StopUntilContinued() {
 }
 
 // Waits until the keyboard can be read. Returns false if a signal handler has run. SIGCONT is blocked except
-// during the wait, so that none arrives unnoticed between the check and the wait.
+// during the wait, so that it can't arrive unnoticed between the check and the wait.
 bool WaitUnlessContinued() {
     sigset_t blocked, original;
     sigemptyset(&blocked);
@@ -183,7 +183,7 @@ ReadResult ReadByte(int wait, char& byte) {
         const ssize_t count = read(kKeyboard, &byte, 1);
         if (count == 1) return ReadResult::Byte;
         if (count == 0 || (errno != EINTR && errno != EAGAIN)) return ReadResult::Ended;
-        if (errno == EAGAIN && wait == 0) return ReadResult::None;  // a non-blocking descriptor
+        if (errno == EAGAIN && wait == 0) return ReadResult::None;  // the descriptor is non-blocking
     }
 }
 
