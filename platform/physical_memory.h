@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-// Opens the device for reading and writing. Returns a descriptor, or a negative number on failure.
+// Opens the device for reading and writing. Returns a descriptor, or a negative number if it can't be opened.
 int xsvc_open();
 
 // Maps `length` bytes of the device from the physical address `address`; both are multiples of the page size.

@@ -1,6 +1,6 @@
-// The platform information and control library, as far as the program uses it: a tree of nodes that describes
-// the hardware. Each node has a class and named properties. The functions return a picl_errno_t; they have C
-// linkage, because the server's library is written in C.
+// The platform information and control library (PICL), as far as the program uses it. It describes the
+// hardware as a tree of nodes; each node has a class and named properties. The functions return a
+// picl_errno_t. They have C linkage, because the server's library is written in C.
 #pragma once
 
 #include <cstddef>
@@ -22,7 +22,7 @@ enum picl_errno_t : int {
 
 extern "C" {
 
-// Connects to the service.
+// Connects the process to the PICL service.
 int picl_initialize(void);
 
 // Stores the handle of the tree's root in `*node`.

@@ -11,13 +11,13 @@ extern "C" {
 // or a negative number if the device can't be opened.
 int vxOpenRequest(char* path, int mode);
 
-// Sends a request. `code` is the request's number on that device. `arg` is the device's request block, which
-// the caller owns. The driver reads it and stores the reply in it, or in the buffer to which it points.
-// Returns 0 or the request's status, which is positive; or a negative number, with errno set, if the call
-// itself failed.
+// Sends a request. `code` is the number of a request that the device accepts. `arg` is the request block,
+// which the caller owns. The driver reads it and stores the reply in the block itself, or in the buffer that
+// it points to. Returns 0 or the request's status, which is positive. If the call itself fails, returns a
+// negative number and sets errno.
 int vxIoctlRequest(int fd, int code, void* arg);
 
-// Closes a descriptor of vxOpenRequest.
+// Closes a descriptor that vxOpenRequest returned.
 void vxCloseRequest(int fd);
 
 }  // extern "C"

@@ -1,4 +1,4 @@
-// Saves the event log, entry by entry, from the lowest number on.
+// Saves the event log, one entry after another, starting with the lowest number.
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -9,10 +9,10 @@
 
 namespace {
 
-constexpr size_t kLongestRead = sizeof(LOG_INFO) + UINT16_MAX;  // for an entry that is too long for the shell
-constexpr int kMostFailures = 3;                                // in a row, after which the log ends
+constexpr size_t kLongestRead = sizeof(LOG_INFO) + UINT16_MAX;  // for entries too long for the shell's buffer
+constexpr int kMostFailures = 3;                                // consecutive failed reads that end the log
 
-// The buffer of a read: the request, followed by the entry.
+// The buffer of a read: the request block, followed by the entry.
 class EventReader {
   public:
     // Reads with the shell's buffer size and retries with the maximum size if the driver reports that the
@@ -27,8 +27,8 @@ class EventReader {
 
     uint32_t Number() const { return HeaderOf(bytes_.data()).dwEvtNumber; }
 
-    // Returns the entry. An impossible length would end the log on the copy, so the nearest possible length
-    // replaces it; the entry's text is the same.
+    // Returns the entry. An impossible length would end the log on the copy, so it is replaced by the nearest
+    // possible length. The text of the entry doesn't change.
     std::string Entry() const {
         EVT_HEADER header = HeaderOf(bytes_.data());
         header.wEvtLength =
@@ -44,8 +44,8 @@ class EventReader {
     std::vector<uint8_t> bytes_;
 };
 
-// Converts a status of ReadEvent() to the result of a fault. A status that no driver returns becomes an
-// errno.
+// Converts a status of ReadEvent() to the result of a fault: kBufferTooSmall is unchanged, an errno becomes
+// negative, and kEntryFromBefore, which no driver returns, becomes -EPROTO.
 int FaultOf(int status) {
     if (status == kEntryFromBefore) return -EPROTO;
     return status == kBufferTooSmall ? status : -status;

@@ -1,5 +1,5 @@
-// Saves physical memory, as far as the programs read it, and the PICL tree: the parts that don't come from
-// the driver.
+// Saves the parts of the server that don't come from the driver: physical memory, as far as the programs read
+// it, and the PICL tree.
 #include <cerrno>
 #include <cstdio>
 #include <stdexcept>
@@ -15,20 +15,22 @@
 namespace {
 
 constexpr char kMemoryFile[] = "xsvc";
-constexpr uint64_t kLargestPage = 0x10000;  // in bytes, of all systems on which the copy may be read
+constexpr uint64_t kLargestPage =
+    0x10000;  // in bytes; the largest page size of the systems on which the copy may be read
 
 uint64_t PageOf(uint64_t address) {
     return address & ~(kLargestPage - 1);
 }
 
-// Appends zeros up to the end of the last page, because a mapping needs whole pages of the file.
+// Appends zeros up to the end of the last page, because only whole pages of the file can be mapped.
 std::string FilledToPage(std::string bytes, uint64_t address) {
     bytes.resize(static_cast<size_t>(PageOf(address + bytes.size() + kLargestPage - 1) - address));
     return bytes;
 }
 
-// Makes the tables unreadable on the copy, but not the BIOS area. Tables that start at the beginning of the
-// area need no fault: they extend beyond its end, where the file ends.
+// Makes the SMBIOS tables unreadable on the copy, but not the BIOS area. If they start at the beginning of
+// the area, they are unreadable because they extend beyond its end. The file ends there, too, so the copy
+// needs no fault.
 void MakeTablesUnreadable(MachineCopy& copy) {
     const unsigned long page = EPS.dwSTAddr & -static_cast<unsigned long>(__brantcli_pgsz);
     char what[32];
@@ -36,7 +38,7 @@ void MakeTablesUnreadable(MachineCopy& copy) {
     copy.ReportFailedCall(what, page == kBiosArea ? kMissing : -EIO);
 }
 
-// Formats a line of the tree.
+// Formats a line of the file `picl`.
 std::string Node(size_t level, const std::string& text) {
     return std::string(2 * level, ' ') + text + '\n';
 }
@@ -52,8 +54,8 @@ void SaveFirmware(MachineCopy& copy) {
     } else if (EPS.wSTLength != 0) {
         MakeTablesUnreadable(copy);
     }
-    // The area follows the tables: if they are in the BIOS area, it overwrites the zeros that fill their last
-    // page.
+    // The BIOS area is written after the tables. If the tables are in the area, it overwrites the zeros that
+    // were appended to their last page.
     std::string area(kBiosAreaSize, '\0');
     if (ReadPhysMem(kBiosArea, kBiosAreaSize, reinterpret_cast<unsigned char*>(area.data())) != TRUE) {
         throw std::runtime_error("the BIOS area can't be read any more");

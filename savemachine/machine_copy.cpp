@@ -32,12 +32,13 @@ void EraseProgress() {
     if (HasTerminal()) std::fputs(kEraseLine, stderr);
 }
 
-// O_NONBLOCK: a FIFO in the directory's place must not make the program wait. (There is no O_DIRECTORY on the
-// server's system.)
+// O_NONBLOCK keeps the program from waiting if a FIFO has replaced the directory. (The server's system has no
+// O_DIRECTORY.)
 constexpr int kOpenDirectory = O_RDONLY | O_NONBLOCK;
 
-// Creates a directory that only its owner can open. The server's system has no mkdirat, and a path could lead
-// into a directory that was replaced, so the parent is the working directory during the call.
+// Creates a directory that only its owner can open, in the directory `parent`. The server's system has no
+// mkdirat(), and a path could lead to a directory that has replaced the parent. So the parent is the working
+// directory during the call.
 int MakeDirectoryAt(int parent, const std::string& name) {
     const OwnedDescriptor before(open(".", kOpenDirectory));
     if (before.Get() < 0 || fchdir(parent) != 0) return -1;
@@ -48,14 +49,14 @@ int MakeDirectoryAt(int parent, const std::string& name) {
     return result;
 }
 
-// Returns whether the descriptor is a directory that only this user can access.
+// Returns whether the descriptor refers to a directory that only this user can access.
 bool IsPrivateDirectory(int fd) {
     struct stat status {};
     return fstat(fd, &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
            (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }
 
-// Returns whether the entry of the directory `parent` is the open file `fd`.
+// Returns whether the entry `name` of the directory `parent` is the file that is open as `fd`.
 bool IsEntry(int parent, const std::string& name, int fd) {
     struct stat entry {};
     struct stat open_file {};
@@ -66,7 +67,7 @@ bool IsEntry(int parent, const std::string& name, int fd) {
 // Returns a dot and six random letters and digits.
 std::string RandomSuffix() {
     constexpr char kLetters[] = "abcdefghijklmnopqrstuvwxyz234567";
-    constexpr unsigned kBits = 5;  // of a letter
+    constexpr unsigned kBits = 5;  // bits for each character
     unsigned bits = std::random_device()();
     std::string suffix = ".";
     for (int i = 0; i < 6; ++i, bits >>= kBits) suffix += kLetters[bits % (1U << kBits)];
@@ -102,7 +103,7 @@ void NoticeInterrupts() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction action {};
         sigaction(signal, nullptr, &action);
-        if (action.sa_handler == SIG_IGN) continue;  // as nohup has it
+        if (action.sa_handler == SIG_IGN) continue;  // nohup ignores SIGHUP; keep that
         action.sa_handler = Interrupt;
         action.sa_flags = SA_RESTART;
         sigaction(signal, &action, nullptr);
@@ -111,7 +112,7 @@ void NoticeInterrupts() {
 
 MachineCopy::MachineCopy(const std::string& path)
     : path_(WithoutTrailingSlashes(path)),
-      name_(path_.substr(path_.rfind('/') + 1)),  // npos + 1 is 0
+      name_(path_.substr(path_.rfind('/') + 1)),  // without a slash, npos + 1 is 0
       parent_(open(ParentOf(path_).c_str(), kOpenDirectory)) {
     if (parent_.Get() < 0) Fail();
     struct stat status {};
@@ -131,7 +132,7 @@ MachineCopy::~MachineCopy() {
     Remove();
 }
 
-// Sets temporary_ and has_temporary_. Returns -1 with errno on failure.
+// Sets temporary_ and has_temporary_. Returns 0, or -1 with errno set on failure.
 int MachineCopy::MakeTemporaryDirectory() {
     constexpr int kAttempts = 100;
     for (int i = 0; i < kAttempts; ++i) {
@@ -143,8 +144,8 @@ int MachineCopy::MakeTemporaryDirectory() {
     return -1;
 }
 
-// Removes the entries that this object has created, and no others, then the directory. Reports the first
-// failure. Allocates nothing, because memory may have run out.
+// Removes the entries that this object has created, and no others, then the directory. Prints a message for
+// the first failure. Doesn't allocate memory, because memory may have run out.
 void MachineCopy::Remove() const {
     if (!has_temporary_) return;
     int reason = 0;

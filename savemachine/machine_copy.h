@@ -1,8 +1,8 @@
-// The machine directory that savemachine writes. It has a temporary name next to its destination until it is
-// complete, and is removed if it never is.
+// The machine directory that savemachine writes. Until it is complete, it has a temporary name next to its
+// destination. If it is never completed, it is removed.
 //
 // The parent directory may belong to an untrusted user, who can rename and replace its entries at any moment.
-// So the new directory gets a random name, and everything below it is created and removed through its
+// So the new directory gets a random name, and the program creates and removes everything in it through its
 // descriptor.
 #pragma once
 
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-// A file descriptor, closed at the end of its scope; negative if opening failed.
+// A file descriptor, which is closed at the end of its scope. It is negative if opening failed.
 class OwnedDescriptor {
   public:
     explicit OwnedDescriptor(int fd = -1) : fd_(fd) {}
@@ -20,7 +20,7 @@ class OwnedDescriptor {
     OwnedDescriptor& operator=(const OwnedDescriptor&) = delete;
 
     int Get() const { return fd_; }
-    void Set(int fd);  // closes the present one first
+    void Set(int fd);  // closes the old descriptor first
 
   private:
     int fd_;
@@ -34,29 +34,30 @@ struct Extent {
 
 class MachineCopy {
   public:
-    // Creates the temporary directory. `path` is the destination and must not exist. All members that write
-    // throw std::system_error, with `path` and the reason.
+    // Creates the temporary directory. `path` is the destination, which must not exist. All members that
+    // write throw std::system_error, whose message contains `path` and the reason.
     explicit MachineCopy(const std::string& path);
     ~MachineCopy();
     MachineCopy(const MachineCopy&) = delete;
     MachineCopy& operator=(const MachineCopy&) = delete;
 
-    // Shows on a terminal what is read next. Throws std::runtime_error if a signal has interrupted the
-    // program.
+    // Prints on a terminal what the program reads next. Throws std::runtime_error if a signal has interrupted
+    // the program.
     void ShowProgress(const std::string& what) const;
 
-    // Creates the folder of a device.
+    // Creates the directory of a device.
     void CreateFolder(const std::string& name);
-    // Creates a file. `path` is relative to the machine directory. Where extents overlap, the later one wins.
+    // Creates a file. `path` is relative to the machine directory. If extents overlap, the later one
+    // overwrites the earlier.
     void Write(const std::string& path, const std::vector<Extent>& extents);
     void Write(const std::string& path, const std::string& bytes);
 
-    // Reports a failed call on standard error. `what` is the call, in the words of the file `faults`;
-    // `result` is what the call returned, or -errno. If the missing file alone would not make the call fail
-    // in the same way on the copy, the copy gets a fault.
+    // Prints a message about a failed call on standard error. `what` is the call, as in the file `faults`;
+    // `result` is its result or -errno. If the missing file alone doesn't make the call fail in the same way
+    // on the copy, adds a fault to the copy.
     void ReportFailedCall(const std::string& what, int result);
 
-    // Writes the faults and gives the directory its final name.
+    // Writes the file `faults` and renames the directory to its final name.
     void Finish();
 
   private:
@@ -67,33 +68,35 @@ class MachineCopy {
 
     int MakeTemporaryDirectory();
     void Remove() const;
-    [[noreturn]] void Fail() const;            // with errno
-    [[noreturn]] void FailWithoutLastEntry();  // with errno; the entry could not be created
+    [[noreturn]] void Fail() const;            // throws with the reason in errno
+    [[noreturn]] void FailWithoutLastEntry();  // the same, if the newest entry could not be created
     [[noreturn]] void FailAsReplaced() const;
 
-    std::string path_;  // the destination, as the user named it
-    std::string name_;  // its last component
+    std::string path_;  // the destination, as the user has typed it
+    std::string name_;  // last component of path_
     OwnedDescriptor parent_;
     std::string temporary_;       // name_, a dot and six random characters
-    bool has_temporary_ = false;  // whether it exists
+    bool has_temporary_ = false;  // whether the temporary directory exists
     OwnedDescriptor directory_;
-    std::vector<Entry> entries_;  // in directory_, in the order of their creation
+    std::vector<Entry> entries_;  // the entries of directory_, in the order in which they were created
     std::string faults_;
 };
 
-// The result of a request on a simulated machine when the request's file is missing.
+// The result of a request on a simulated machine that has no file for it.
 constexpr int kMissing = 1;
 
-// Returns kMissing or -errno for the call that has just failed. The caller sets errno to 0 before the call.
+// Returns kMissing or -errno for the call that has just failed. The caller must set errno to 0 before the
+// call.
 int FailedResult();
 
-// Lets the program remove an incomplete copy before it ends: from now on SIGINT, SIGTERM and SIGHUP are
-// reported by MachineCopy::ShowProgress, and a closed pipe or a file-size limit only makes the write fail.
+// Lets the program remove an incomplete copy before it ends. After this call, MachineCopy::ShowProgress
+// reports SIGINT, SIGTERM and SIGHUP, and a write fails, instead of ending the process, if a pipe is closed
+// or a file-size limit is exceeded.
 void NoticeInterrupts();
 
-// Each function reads one part of a machine as the shell's commands read it, and writes it into the copy. A
-// part that can't be read is reported and left out. Parts of a device need the device open and its folder
-// created.
+// Each function reads one part of a machine, in the same way as the shell's commands, and writes it into the
+// copy. If a part can't be read, it prints a message and omits the part. Before the parts of a device can be
+// saved, the device must be open and its directory created.
 
 void SaveTables(MachineCopy& copy);     // the driver's data tables
 void SaveTimer(MachineCopy& copy);      // the automatic server recovery timer's state

@@ -1,4 +1,4 @@
-// savemachine DIR: writes the data that the shell can read on this server into a machine directory. On this
+// savemachine DIR: writes all data that the shell can read on this server into a machine directory. On this
 // directory, the shell's SHOW commands print the same as on the server.
 
 #include <sys/stat.h>
@@ -18,7 +18,7 @@ namespace {
 
 constexpr char kProgram[] = "savemachine";
 
-// The data that is saved of each device, in the order in which the devices are opened.
+// The functions that save the data of each device, in the order in which the devices are opened.
 struct DeviceData {
     HealthDeviceIndex index;
     void (*save)(MachineCopy& copy);
@@ -30,7 +30,7 @@ constexpr DeviceData kDeviceData[] = {
     {kCevtDevice, SaveEvents},
 };
 
-// Returns false if the device can't be opened; the copy then has no folder for that device.
+// Saves a device. Returns false if the device can't be opened; the copy then has no directory for it.
 bool SaveDevice(MachineCopy& copy, const DeviceData& data) {
     const HealthDevice& device = kHealthDevices[data.index];
     errno = 0;

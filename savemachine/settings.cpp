@@ -10,11 +10,11 @@
 
 namespace {
 
-// A ROM variable with the number of bytes that the longest read of a command requests.
+// A ROM variable, and the largest number of bytes that a command reads of it.
 struct Variable {
     const char* name;
     int size;
-    bool is_optional = false;  // some firmware stores it in another form or place
+    bool is_optional = false;  // not reported if missing: some firmware stores this elsewhere
 };
 // clang-format off
 constexpr Variable kVariables[] = {

@@ -1,6 +1,6 @@
-// Saves the data tables: every record that a command can request, with the size that the command requests.
-// Bytes beyond that size can't be distinguished from the zeros of a shorter record, and no command reads
-// them.
+// Saves the data tables: every record that a command can request, with the size that the command requests. It
+// doesn't request more: no command reads further bytes, and zeros among them could be the padding of a
+// shorter record.
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
@@ -19,16 +19,16 @@ constexpr bool kOptional = true;
 struct Table {
     DataTableType type;
     size_t size;
-    // Some drivers lack it. A missing record is not reported, and no further record of the table is
-    // requested.
+    // Some drivers don't have this table. A missing record is then not reported, and no further record of the
+    // table is requested.
     bool is_optional = false;
 };
 
-// A family of devices: a header, and records of several tables for each device.
+// A family of devices: the table of its header, and the tables that contain a record for each device.
 struct Family {
     const char* name;
     Table header;
-    int first;  // the first index; the driver reads -1 as 255
+    int first;  // index of the first device; -1 is sent to the driver as 255
     Table tables[3];
 };
 // clang-format off
@@ -58,7 +58,7 @@ struct HeaderPrefix {
 
 using Record = std::unique_ptr<void, decltype(&std::free)>;
 
-// Returns the record's name in `cdt` and `faults`, such as "356.0.0".
+// Returns the record's name in the directory `cdt` and in `faults`, such as "356.0.0".
 std::string NameOf(const Table& table, int index, int index2) {
     return std::to_string(table.type) + "." + std::to_string(index & 255) + "." +
            std::to_string(index2 & 255);
@@ -68,7 +68,7 @@ void Store(MachineCopy& copy, const std::string& name, const void* record, size_
     copy.Write("cdt/" + name, std::string(static_cast<const char*>(record), size));
 }
 
-// Reads a record and stores it. Returns null if the request fails.
+// Reads a record and stores it in the copy. Returns null if the request fails.
 Record Save(MachineCopy& copy, const Table& table, int index, int index2 = 0) {
     const std::string name = NameOf(table, index, index2);
     errno = 0;
@@ -102,8 +102,8 @@ constexpr Table kCartridge = {kCartridgeTable, sizeof(CartridgePrefix), kOptiona
 constexpr Table kModuleConfig = {kModuleConfigTable, sizeof(RESMEM_DIMM_CONFIG), kOptional};
 constexpr Table kModuleStatus = {kModuleStatusTable, sizeof(RESMEM_DIMM_STATUS)};
 
-// Saves the modules of the cartridges from `from` to `to` - 1. Stops at the first failed request, as the
-// commands do.
+// Saves the modules of the cartridges from `from` to `to` - 1. Ends at the first failed request, like the
+// commands.
 void SaveModules(MachineCopy& copy, int from, int to, int sockets) {
     for (int cartridge = from; cartridge < to; ++cartridge) {
         for (int module = 0; module < sockets; ++module) {
@@ -115,7 +115,7 @@ void SaveModules(MachineCopy& copy, int from, int to, int sockets) {
     }
 }
 
-// Saves the memory tables. A server has its memory on the system board or in cartridges, so both are
+// Saves the memory tables. A server has its memory either on the system board or in cartridges; both are
 // requested.
 void SaveMemory(MachineCopy& copy) {
     copy.ShowProgress("memory modules");
@@ -126,7 +126,8 @@ void SaveMemory(MachineCopy& copy) {
     SaveModules(copy, 0, sockets.carts, sockets.dimms);
 }
 
-// Saves the indicators. The light's state is read by a control request, which generic_dtioctl can't send.
+// Saves the indicators. The state of the light is read with a control request, which generic_dtioctl can't
+// send.
 void SaveIndicators(MachineCopy& copy) {
     copy.ShowProgress("indicators");
     Save(copy, {kIndicatorHeaderTable, sizeof(INDCHEADER)}, 0);

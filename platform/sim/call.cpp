@@ -17,9 +17,9 @@ namespace {
 constexpr char kTraceFile[] = "trace";
 constexpr size_t kLongestLine = kSubjectSize + kDetailSize + sizeof " -> -1 errno=2147483647\n";
 
-// Opens the trace, if there is one. A trace with a second name isn't written: that name may be a file of
-// another user. Returns an empty descriptor, and reports on standard error why, if the trace can't be
-// written.
+// Opens the trace, if there is one. Doesn't open a trace that has a second name (a hard link), because that
+// name may be a file of another user. If the trace can't be written, prints the reason on standard error and
+// returns an empty descriptor.
 Descriptor OpenTrace() {
     const Descriptor machine = OpenMachine();
     if (!machine) return Descriptor();
@@ -44,7 +44,8 @@ const Session& TheSession() {
     return session;
 }
 
-// Appends a line to the trace. `format` ends in a newline; a line that is too long is truncated before it.
+// Appends a line to the trace. `format` ends in a newline; a line that is too long is truncated before the
+// newline.
 __attribute__((format(printf, 1, 2))) void Append(const char* format, ...) {
     const Descriptor& trace = TheSession().trace;
     if (!trace) return;
@@ -54,14 +55,15 @@ __attribute__((format(printf, 1, 2))) void Append(const char* format, ...) {
     const int wanted = std::vsnprintf(line, sizeof line, format, arguments);
     va_end(arguments);
     if (wanted <= 0) return;
-    // A request may contain any bytes in a name; control characters among them must not break the line.
+    // A name in a request may contain any bytes. Control characters are replaced, so that the call stays on
+    // one line.
     char* const end = line + std::min(static_cast<size_t>(wanted), sizeof line - 1) - 1;
     for (char* next = line; next < end; ++next) {
         if (static_cast<unsigned char>(*next) < ' ') *next = '?';
     }
     *end = '\n';
-    // A single write, so that the lines of two processes don't mix. If the disk is full, the line is lost,
-    // but the call goes on.
+    // A single write, so that the lines of two processes don't mix. If the disk is full, the line is lost and
+    // the call continues.
     if (write(trace.Get(), line, static_cast<size_t>(end + 1 - line)) < 0) return;
 }
 

@@ -1,5 +1,6 @@
-// Calls of the platform abstraction layer. Each may be replaced by an injected fault, and each appends a line
-// to the trace. `faults` and `trace` are read and opened at the process's first call.
+// Calls of the platform abstraction layer. The machine's file `faults` contains injected faults: results that
+// replace those of calls. Each call appends a line to the file `trace`. Both files are opened at the
+// process's first call.
 #pragma once
 
 #include <cerrno>
@@ -8,29 +9,31 @@
 
 #include "include/rom_variables.h"
 
-// Long enough for the longest call: a write of a ROM variable, with its name and its bytes in hexadecimal.
+// Large enough for the longest subject: a write of a ROM variable, with its name and its bytes in
+// hexadecimal.
 constexpr size_t kSubjectSize = sizeof "crom write " + sizeof EV_IOCTL_STRUCT::EvName;
 constexpr size_t kDetailSize = sizeof " length=4294967295 data=" + 2 * sizeof EV_IOCTL_STRUCT::DataBuffer;
 
-// A call as `faults` and `trace` describe it.
+// The description of a call in `faults` and `trace`.
 struct Call {
-    char subject[kSubjectSize] = "";  // the part that a fault names: "cdt 351.0.0"
-    char detail[kDetailSize] = "";    // the rest of the trace line: " size=4 cru=0.0"
-    unsigned long request = 0;        // the number of the request in this process, from 1; 0 for other calls
+    char subject[kSubjectSize] = "";  // the part that a line of `faults` contains: "cdt 351.0.0"
+    char detail[kDetailSize] = "";    // further parts of the trace line: " size=4 cru=0.0"
+    unsigned long request = 0;        // number of the request in this process, from 1; 0 for other calls
 
     __attribute__((format(printf, 2, 3))) void SetSubject(const char* format, ...);
     __attribute__((format(printf, 2, 3))) void SetDetail(const char* format, ...);
 };
 
-// Returns whether the machine has faults or a trace. Without either, calls aren't described: formatting the
-// descriptions would add a tenth to the cost of a short run.
+// Returns whether the machine has faults or a trace. If it has neither, calls aren't described, because
+// formatting the descriptions would add a tenth to the cost of a short run.
 bool NeedsDescriptions();
 
 // Looks for a fault that replaces the call. Returns whether there is one, and stores its result (0 or more,
 // or -errno) in `*result`.
 bool FindFault(const Call& call, int* result);
 
-// Append the call's line to the trace. `result` is -errno if the call failed; some calls have no result.
+// Append the call's line to the trace. `result` is -errno if the call failed. The second function is for
+// calls without a result.
 void Trace(const Call& call, int result);
 void Trace(const Call& call);
 
@@ -44,8 +47,8 @@ int Run(Action action, int out_of_memory) {
     }
 }
 
-// Makes a call: runs `action`, or takes the result of a fault instead, and traces the result. `describe`
-// fills in a Call.
+// Makes a call: runs `action`, unless a fault replaces the call, and traces the result. `describe` fills in a
+// Call.
 template <typename Describe, typename Action>
 int Perform(Describe describe, Action action, int out_of_memory = -ENOMEM) {
     if (!NeedsDescriptions()) return Run(action, out_of_memory);
@@ -57,7 +60,7 @@ int Perform(Describe describe, Action action, int out_of_memory = -ENOMEM) {
     return result;
 }
 
-// Traces a call that has no result and that no fault can replace.
+// Traces a call that has no result and can't be replaced by a fault.
 template <typename Describe>
 void TraceWithoutResult(Describe describe) {
     if (!NeedsDescriptions()) return;
@@ -66,5 +69,5 @@ void TraceWithoutResult(Describe describe) {
     Trace(call);
 }
 
-// Converts a result to the convention of system calls: returns -1 and sets errno for -errno.
+// Converts a result to the convention of system calls: for -errno, returns -1 and sets errno.
 int ReturnValue(int result);

@@ -1,4 +1,4 @@
-// The recovery timer: the file `enabled`, which contains a number that is nonzero if the timer runs.
+// The recovery timer: the machine's file `enabled` contains a number, which is nonzero if the timer runs.
 #include <cerrno>
 #include <climits>
 #include <cstdint>
@@ -13,10 +13,10 @@
 namespace {
 
 constexpr char kStateFile[] = "enabled";
-constexpr size_t kLongestNumber = 32;  // bytes of the file
+constexpr size_t kLongestNumber = 32;  // maximum size of the file in bytes
 
 bool Accepts(int /*code*/, const void* /*block*/) {
-    return true;  // so that every code is traced alike; Request() rejects the invalid ones
+    return true;  // so that calls with any code are traced; Request() rejects invalid codes
 }
 
 void Describe(int code, const void* /*block*/, Call& call) {

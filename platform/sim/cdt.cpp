@@ -1,4 +1,4 @@
-// The data tables: one file per record, whose name is the three numbers of the request.
+// The data tables: one file for each record. The three numbers of the request are the file's name.
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr size_t kLargestIndicator = size_t{1} << 16;  // bytes of its record
+constexpr size_t kLargestIndicator = size_t{1} << 16;  // maximum size of its record in bytes
 constexpr size_t kStateOffset = offsetof(INDCBASIC, ucCurrState);
 
 std::string RecordName(const DT_IOCTL_HEADER& header) {
@@ -36,7 +36,7 @@ int Report(const DT_IOCTL& block) {
     return ReadAt(file.Get(), block.pData, block.DtHdr.size, 0) < 0 ? -errno : 0;
 }
 
-// Stores an indicator's new state and replies with the stored record.
+// Stores an indicator's new state. The reply is the stored record.
 int SetIndicator(const DT_IOCTL& block, IndicatorState state) {
     const std::string name = RecordName(block.DtHdr);
     const DeviceChange change(kCdt.name);

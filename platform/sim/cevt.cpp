@@ -30,16 +30,16 @@ void Describe(int /*code*/, const void* arg, Call& call) {
     call.SetDetail(" length=%u", block.length);
 }
 
-// Returns whether a file is the same, with the same contents: each change sets st_ctim.
+// Returns whether `now` is the status of the same file with unchanged contents. Each change updates st_ctim.
 bool IsUnchanged(const struct stat& before, const struct stat& now) {
     return before.st_dev == now.st_dev && before.st_ino == now.st_ino && before.st_size == now.st_size &&
            before.st_ctim.tv_sec == now.st_ctim.tv_sec && before.st_ctim.tv_nsec == now.st_ctim.tv_nsec;
 }
 
-// Returns whether a change from now on would set another st_ctim. File systems use a clock that advances
+// Returns whether a later change would result in a different st_ctim. The clock of file systems advances
 // every 10 ms or more often, so two changes in quick succession can have the same time.
 bool WouldShowChange(const struct stat& status) {
-    constexpr double kClockTick = 0.05;  // seconds, with a margin
+    constexpr double kClockTick = 0.05;  // in seconds, including a margin
     timespec now;
     clock_gettime(CLOCK_REALTIME, &now);
     const double age = static_cast<double>(now.tv_sec - status.st_ctim.tv_sec) +
@@ -47,24 +47,24 @@ bool WouldShowChange(const struct stat& status) {
     return age > kClockTick;
 }
 
-// The log's file and its index, which are kept from one request to the next until the file changes.
+// The log's file and its index. Both are kept from one request to the next, until the file changes.
 class Log {
   public:
-    // Opens and indexes the log, unless it is unchanged. Returns 0; 1 if there is no log; or -errno.
+    // Opens and indexes the log, unless the log is unchanged. Returns 0; 1 if there is no log; or -errno.
     int Refresh();
 
     // Copies the requested entry. Returns the request's status, or -errno.
     int Read(const LOG_INFO& block, void* entry) const;
 
   private:
-    Descriptor file_;  // open, so that no other file can get its inode number
+    Descriptor file_;  // kept open, so that no other file can get its inode number
     EventIndex index_;
-    struct stat status_ {};    // of the file when it was indexed
-    bool is_current_ = false;  // the index is valid as long as the file's status stays the same
+    struct stat status_ {};    // status of the file when it was indexed
+    bool is_current_ = false;  // whether the index is valid as long as the file's status doesn't change
 };
 
 int Log::Refresh() {
-    // The path is only compared with the open file, so a symbolic link in it does no harm.
+    // The path is only used to compare the file with the open one, so a symbolic link in it is harmless.
     const std::string path = std::string(MachinePath()) + '/' + kCevt.name + '/' + kLogFile;
     struct stat now;
     if (is_current_ && fstatat(AT_FDCWD, path.c_str(), &now, AT_SYMLINK_NOFOLLOW) == 0 &&
@@ -96,7 +96,7 @@ int Clear() {
     return change.Replace(kLogFile, {});
 }
 
-// The entry follows the request block.
+// Reads an entry into the bytes after the request block.
 int Read(LOG_INFO& block) {
     static Log log;
     const int refreshed = log.Refresh();

@@ -1,4 +1,4 @@
-// The ROM variables: one file each, which contains the variable's bytes.
+// The ROM variables: each is a file that contains the variable's bytes.
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr size_t kLargestValue = size_t{1} << 20;  // bytes, including those that a write keeps
+constexpr size_t kLargestValue =
+    size_t{1} << 20;  // maximum size in bytes, including the bytes that a write doesn't change
 
 size_t NameLength(const EV_IOCTL_STRUCT& block) {
     return static_cast<size_t>(std::find(block.EvName, std::end(block.EvName), '\0') - block.EvName);
@@ -23,14 +24,15 @@ bool IsValidInName(char letter) {
            (letter >= '0' && letter <= '9') || letter == '_' || letter == '-';
 }
 
-// Returns whether the name is a valid file name, so that no request reaches outside the directory.
+// Returns whether the variable's name is a valid file name, so that no request can access a file outside the
+// directory.
 bool HasValidName(const EV_IOCTL_STRUCT& block) {
     const size_t length = NameLength(block);
     return length > 0 && length < sizeof block.EvName &&
            std::all_of(block.EvName, block.EvName + length, IsValidInName);
 }
 
-// The bytes that a write stores, in lower-case hexadecimal.
+// The bytes that a write stores, as lower-case hexadecimal digits.
 struct Hexadecimal {
     char text[2 * sizeof EV_IOCTL_STRUCT::DataBuffer + 1];
     explicit Hexadecimal(const EV_IOCTL_STRUCT& block) {

@@ -1,4 +1,4 @@
-// The request library: descriptors, and requests on the devices to which they refer.
+// The request library: opens and closes descriptors, and sends each request to its descriptor's device.
 #include "platform/sim/device.h"
 
 #include <cerrno>
@@ -12,10 +12,10 @@ namespace {
 const Device* const kDevices[] = {&kCdt, &kCevt, &kCasr, &kCrom};
 
 constexpr int kMaxOpen = 64;
-const Device* open_devices[kMaxOpen];  // by descriptor; null: not open
+const Device* open_devices[kMaxOpen];  // indexed by descriptor; null if the descriptor isn't open
 unsigned long requests_made = 0;
 
-// Returns null if `path` isn't one of the four.
+// Returns the device with this path, or null if there is none.
 const Device* FindDevice(std::string_view path) {
     for (const Device* device : kDevices) {
         if (path == device->path) return device;
@@ -23,12 +23,12 @@ const Device* FindDevice(std::string_view path) {
     return nullptr;
 }
 
-// Returns null if `fd` isn't open.
+// Returns the device of a descriptor, or null if `fd` isn't open.
 const Device* DeviceOf(int fd) {
     return fd >= 0 && fd < kMaxOpen ? open_devices[fd] : nullptr;
 }
 
-// Returns a descriptor, or -errno.
+// Opens a descriptor of `device`. Returns it, or -errno.
 int OpenDescriptor(const Device* device) {
     if (device == nullptr) return -ENOENT;
     if (!OpenDevice(device->name)) {

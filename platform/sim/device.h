@@ -4,11 +4,11 @@
 #include "platform/sim/call.h"
 
 struct Device {
-    const char* name;  // also the name of its directory
-    const char* path;  // of the driver's device file
+    const char* name;  // name of the device, and of its directory in the machine
+    const char* path;  // path of the driver's device file
 
-    // Returns whether a request is valid: the device has such a code, and the block isn't missing. `code` and
-    // `block` are those of vxIoctlRequest.
+    // Returns whether a request is valid: whether the device accepts such a code, and the block isn't null.
+    // `code` and `block` are the arguments of vxIoctlRequest.
     bool (*accepts)(int code, const void* block);
 
     // Describes a valid request.

@@ -10,11 +10,11 @@
 
 namespace {
 
-// The replacement is written under this name. No request can name this file. Only the holder of the lock uses
-// it, so a file that a killed process left can be removed.
+// The name under which the replacement is written. No request can access this file. Only the process that
+// holds the lock uses it, so the process can remove one that a killed process has left.
 constexpr char kNewFile[] = ".new";
 
-constexpr mode_t kReadAndWrite = 0666;  // the permission bits that a replaced file keeps: no set-user-ID bit
+constexpr mode_t kReadAndWrite = 0666;  // permission bits that a replaced file keeps: no set-user-ID bit
 constexpr mode_t kOfNewFile = 0644;
 
 // Chooses the permissions of a file's replacement. Returns 0, or -errno if `name` isn't a regular file.

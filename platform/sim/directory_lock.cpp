@@ -13,19 +13,19 @@ namespace {
 
 constexpr int kKeyboard = STDIN_FILENO;
 constexpr cc_t kControlC = 3;
-constexpr double kReportAfter = 1;       // second of waiting
-constexpr long kShortPause = 1'000'000;  // nanoseconds between two attempts before the report
-constexpr long kLongPause = 50'000'000;  // and after it
+constexpr double kReportAfter = 1;       // seconds of waiting before the report
+constexpr long kShortPause = 1'000'000;  // nanoseconds between two attempts, before the report
+constexpr long kLongPause = 50'000'000;  // the same after the report
 
-// Returns whether the process may change the terminal's settings: while it runs in the background, another
+// Returns whether the process may change the terminal's settings. While it is in the background, another
 // process uses the terminal.
 bool IsInForeground() {
     return tcgetpgrp(kKeyboard) == getpgrp();
 }
 
-// Makes ^C end a wait in which the program reads no keys. The shell switches its terminal to character mode,
-// in which ^C is a byte like any other. Looking for that byte would consume the keys typed ahead, so the
-// terminal sends SIGINT for ^C while this object exists. All other keys stay in the terminal's queue.
+// Makes ^C end a wait in which the program reads no keys. In character mode, ^C is a byte like any other, and
+// reading the input to find it would consume the keys typed ahead. So while this object exists, the terminal
+// sends SIGINT for ^C. All other keys stay in the terminal's queue.
 //
 // If standard input isn't a terminal in character mode, nothing changes: ^C then ends the process.
 class ControlC {
@@ -43,8 +43,8 @@ class ControlC {
     bool TakeInterrupt(long nanoseconds) const;
 
     bool is_enabled_ = false;
-    termios character_mode_{};             // if enabled
-    sigset_t interrupt_{}, found_mask_{};  // interrupt_: SIGINT if enabled, otherwise empty
+    termios character_mode_{};             // only valid if is_enabled_
+    sigset_t interrupt_{}, found_mask_{};  // interrupt_ contains SIGINT if is_enabled_, otherwise nothing
 };
 
 ControlC::ControlC() {
@@ -52,14 +52,16 @@ ControlC::ControlC() {
     sigprocmask(SIG_BLOCK, &interrupt_, &found_mask_);
 }
 
-// A ^C that was typed just before the wait ended must not end the process, so its SIGINT is discarded.
+// Restores the terminal settings and the signal mask. Discards the SIGINT of a ^C that was typed just before
+// the wait ended, so that it doesn't end the process.
 ControlC::~ControlC() {
     if (is_enabled_ && IsInForeground()) tcsetattr(kKeyboard, TCSANOW, &character_mode_);
     TakeInterrupt(0);
     sigprocmask(SIG_SETMASK, &found_mask_, nullptr);
 }
 
-// ^\ and ^Z stay bytes. NOFLSH keeps the keys typed ahead, which the terminal would discard at ^C.
+// Makes ^C send SIGINT; ^\ and ^Z remain ordinary bytes. NOFLSH keeps the keys typed ahead, which the
+// terminal would otherwise discard at ^C.
 void ControlC::Enable(const termios& character_mode) {
     is_enabled_ = true;
     character_mode_ = character_mode;
@@ -87,8 +89,8 @@ bool ControlC::TakeInterrupt(long nanoseconds) const {
 }
 
 bool ControlC::TypedWithin(long nanoseconds) {
-    // Checked each time: the shell also switches to character mode when it continues after a stop, or in the
-    // foreground.
+    // Checked at each call, because the shell switches to character mode again when it continues after a stop
+    // or gets to the foreground.
     termios settings;
     const bool is_character_mode =
         IsInForeground() && tcgetattr(kKeyboard, &settings) == 0 && (settings.c_lflag & ISIG) == 0;
@@ -110,7 +112,7 @@ void Report(const char* device) {
 
 }  // namespace
 
-// Polls, because flock has no timeout.
+// Polls the lock, because flock() has no timeout.
 int LockDirectory(const Descriptor& directory, const char* device) {
     if (flock(directory.Get(), LOCK_EX | LOCK_NB) == 0) return 0;
 

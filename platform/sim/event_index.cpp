@@ -31,8 +31,8 @@ int EventIndex::ReadEntries(const Descriptor& log) {
     }
 }
 
-// Adds the entries whose headers are in the chunk. `offset` is that of the chunk in the log. Returns the
-// offset after the last entry. An invalid length ends the log, because the next entry can't be found.
+// Adds the entries whose headers are in `chunk`, which starts at `offset` of the log. Returns the offset
+// after the last entry. An entry with an invalid length ends the log, because the next entry can't be found.
 off_t EventIndex::AddEntries(std::string_view chunk, off_t offset, off_t log_size) {
     const off_t end = offset + static_cast<off_t>(chunk.size());
     EVT_HEADER header;

@@ -1,4 +1,4 @@
-// An index of the event log, so that reading an entry costs the same however long the log is.
+// An index of the event log, so that the cost of reading an entry doesn't depend on the length of the log.
 #pragma once
 
 #include <sys/types.h>
@@ -11,8 +11,8 @@
 
 struct IndexedEvent {
     uint32_t number;
-    uint16_t length;  // bytes of the entry
-    off_t offset;     // in the file
+    uint16_t length;  // size of the entry in bytes
+    off_t offset;     // offset of the entry in the file
 };
 
 class EventIndex {
@@ -28,5 +28,5 @@ class EventIndex {
     int ReadEntries(const Descriptor& log);
     off_t AddEntries(std::string_view chunk, off_t offset, off_t log_size);
 
-    std::vector<IndexedEvent> events_;  // by number, then by offset
+    std::vector<IndexedEvent> events_;  // sorted by number, then by offset
 };

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr char kFile[] = "faults";
-constexpr size_t kLargestFile = size_t{1} << 20;  // bytes
+constexpr size_t kLargestFile = size_t{1} << 20;  // in bytes
 constexpr char kAnyEvent[] = "cevt read *";
 constexpr std::string_view kEventRead = "cevt read ";
 
@@ -18,8 +18,8 @@ bool StartsWith(std::string_view text, std::string_view start) {
     return text.substr(0, start.size()) == start;
 }
 
-// Parses the operand of a fault and appends it to `subject` in the form that calls use. Returns false if the
-// operand is invalid.
+// Parses the operand of a fault and appends it to `subject`, in the form in which calls are described.
+// Returns false if the operand is invalid.
 using ParseOperand = bool (*)(std::string_view text, std::string& subject);
 
 bool AppendNumber(std::string_view text, uint64_t largest, std::string& subject) {
@@ -79,8 +79,8 @@ bool RequestNumber(std::string_view text, std::string& subject) {
 
 struct Form {
     std::string_view words;
-    ParseOperand operand;  // null: there is no operand
-    int lowest, highest;   // valid results
+    ParseOperand operand;  // null if the call has no operand
+    int lowest, highest;   // the range of valid results
 };
 
 constexpr int kNegative = -INT_MAX;
@@ -105,7 +105,7 @@ constexpr Form kForms[] = {
 };
 // clang-format on
 
-// Converts the first part of a line to the subject of the calls that it describes. Returns false if it
+// Converts the first part of a line to the subject of the calls to which it applies. Returns false if it
 // doesn't have this form.
 bool ReadSubject(std::string_view text, const Form& form, std::string& subject) {
     if (!StartsWith(text, form.words)) return false;

@@ -1,4 +1,5 @@
-// The machine's file `faults`: calls that fail or return another status, one per line, each with its result.
+// The machine's file `faults`. Each line contains an injected fault: a call, and the result that replaces the
+// call's own.
 #pragma once
 
 #include <string>
@@ -9,14 +10,14 @@
 
 class Faults {
   public:
-    // Reads the file, if there is one. Reports on standard error each line that can't be parsed, or that the
-    // file can't be read.
+    // Reads the file, if there is one. Prints a message on standard error for each line that can't be parsed,
+    // or if the file can't be read.
     Faults();
 
     bool Empty() const { return faults_.empty(); }
 
-    // Looks for a fault that replaces a call. `subject` is the call in the words of the file. `request` is
-    // its number among the process's requests, from 1; 0 if it isn't a request. Returns whether there is a
+    // Looks for a fault that replaces a call. `subject` describes the call, as in the file. `request` is the
+    // request's number in this process, from 1; it is 0 for other calls. Returns whether there is such a
     // fault, and stores its result (0 or more, or -errno) in `*result`.
     bool Find(std::string_view subject, unsigned long request, int* result) const;
 
@@ -28,5 +29,5 @@ class Faults {
     bool Read(const Descriptor& file);
     bool ReadLine(std::string_view line);
 
-    std::vector<Fault> faults_;  // in file order: the first that matches applies
+    std::vector<Fault> faults_;  // in the order of the file: the first one that matches a call applies
 };

@@ -70,8 +70,8 @@ int FileTypeError(const struct stat& status) {
 }
 
 // The type is checked before the file is opened, because opening a device can have an effect (it starts a
-// watchdog timer), and again afterwards, because another program may have replaced the file in between.
-// Without O_NONBLOCK, opening a FIFO would wait for its other end.
+// watchdog timer). It is checked again afterwards, because another program may have replaced the file in
+// between. O_NONBLOCK keeps open() from waiting for the other end of a FIFO.
 Descriptor OpenFile(const Descriptor& directory, const char* name, int flags) {
     if (!directory) return Descriptor();
     struct stat status;

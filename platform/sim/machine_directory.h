@@ -1,6 +1,6 @@
-// The machine directory: every fact about the simulated machine is a regular file in it. It may come from
-// another user and contain anything, so nothing but regular files is opened, no symbolic link is followed,
-// and no more of a file is read than its reader can use.
+// The machine directory, which contains the state of the simulated machine in regular files. It may come from
+// another user and contain anything. So only regular files are opened, symbolic links aren't followed, and no
+// more of a file is read than the reader can use.
 #pragma once
 
 #include <fcntl.h>
@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-// An open file or directory, closed when the scope ends.
+// An open file or directory, which is closed at the end of the scope.
 class Descriptor {
   public:
     explicit Descriptor(int fd = -1) : fd_(fd) {}
@@ -22,7 +22,7 @@ class Descriptor {
 
     explicit operator bool() const { return fd_ >= 0; }
     int Get() const { return fd_; }
-    int Release();  // gives up ownership
+    int Release();  // returns the descriptor without closing it; the caller must close it
 
   private:
     int fd_;
@@ -31,29 +31,30 @@ class Descriptor {
 // Returns the path of the machine directory: BRANT_MACHINE, or /var/lib/brant/machine.
 const char* MachinePath();
 
-// Reports on standard error that `name` can't be opened, why (errno, which stays) and what to do about it.
-// Only the first failure of the process is reported, because later calls fail for the same reason.
+// Prints on standard error that `name` can't be opened, the reason (errno, which doesn't change) and what the
+// user can do about it. Prints only the first failure of the process, because later calls fail for the same
+// reason.
 void ReportFailure(const char* name, const char* advice = "");
 
-// Opens the machine directory, whose path may be a symbolic link. Reports a failure. Returns an empty
-// descriptor, with errno set, on failure.
+// Opens the machine directory, whose path may be a symbolic link. On failure, prints a message and returns an
+// empty descriptor, with errno set.
 Descriptor OpenMachine();
 
-// Opens the directory of a device ("crom"). A symbolic link isn't followed (ENOTDIR). Returns an empty
+// Opens the directory of a device, such as "crom". Doesn't follow a symbolic link (ENOTDIR). Returns an empty
 // descriptor, with errno set, on failure.
 Descriptor OpenDevice(const char* device);
 
-// Opens a regular file in one of these directories, without waiting. `flags`: O_RDONLY, or how to write.
-// Returns an empty descriptor, with errno set, on failure: ENOENT if there is no such file; ELOOP, EISDIR or
-// ENODEV if `name` is a symbolic link, a directory or anything else. If `directory` is empty, errno stays as
-// the failed opening of the directory set it.
+// Opens a regular file in one of these directories, without waiting. `flags` is O_RDONLY, or flags for
+// writing. On failure, returns an empty descriptor and sets errno: ENOENT if there is no such file; ELOOP,
+// EISDIR or ENODEV if `name` is a symbolic link, a directory or another special file. If `directory` is
+// empty, errno keeps the value that the failed opening of the directory has set.
 Descriptor OpenFile(const Descriptor& directory, const char* name, int flags = O_RDONLY);
 
-// Opens a file that a request on a device reads. Returns 0; 1 if the device has no such file; -errno on any
-// other failure, among them an empty `directory`.
+// Opens a file that a request reads. Returns 0; 1 if the device has no such file; or -errno after any other
+// failure, also if `directory` is empty.
 int OpenDeviceFile(const Descriptor& directory, const char* name, Descriptor& file);
 
-// Returns 0 if `status` is that of a regular file, otherwise the errno with which OpenFile rejects it.
+// Returns 0 if `status` is that of a regular file, otherwise the errno that OpenFile() sets for such a file.
 int FileTypeError(const struct stat& status);
 
 // Reads from `offset` until `buffer` has `size` bytes or the file ends. Returns the number of bytes read, or
@@ -64,11 +65,11 @@ ssize_t ReadAt(int fd, void* buffer, size_t size, off_t offset);
 // is larger. Throws std::bad_alloc.
 bool ReadWhole(const Descriptor& file, size_t limit, std::string& bytes);
 
-// The lines of a text file, except empty lines and comments (which begin with '#'). White space at the end of
-// a line is removed, including the carriage return that some editors write.
+// The lines of a text file, except empty lines and comments, which begin with '#'. White space at the end of
+// a line is removed, including the carriage returns that some editors write.
 class Lines {
   public:
-    // `file` is the file's name for Reject(), `text` its contents. Both must outlive this object.
+    // `file` is the file's name, for Reject(); `text` is its contents. Both must outlive this object.
     Lines(const char* file, std::string_view text) : file_(file), rest_(text) {}
 
     // Advances to the next line. Returns false at the end.
@@ -76,18 +77,18 @@ class Lines {
 
     // Returns the current line, with its indentation.
     std::string_view Line() const { return line_; }
-    size_t Indentation() const;  // in spaces
+    size_t Indentation() const;  // number of spaces at the start of the line
 
-    // Reports on standard error that the current line can't be parsed.
+    // Prints on standard error that the current line can't be parsed.
     void Reject() const;
 
   private:
     const char* file_;
     std::string_view rest_;
     std::string_view line_;
-    int number_ = 0;  // from 1
+    int number_ = 0;  // line number, from 1
 };
 
-// Parses a number of at most `largest`, decimal or hexadecimal after "0x". Returns false, and leaves `value`
-// unchanged, if `text` is anything else.
+// Parses a decimal number, or a hexadecimal one after "0x". Returns false and leaves `value` unchanged if
+// `text` isn't a number or exceeds `largest`.
 bool ReadNumber(std::string_view text, uint64_t largest, uint64_t& value);

@@ -21,10 +21,10 @@ bool Contains(int fd, off_t address, size_t length) {
     return length <= static_cast<uint64_t>(status.st_size - address);
 }
 
-// Stores a copy of the range in `mapping`. Returns 0, or -errno.
+// Stores the address of a private copy of the range in `mapping`. Returns 0, or -errno.
 int Map(int fd, off_t address, size_t length, void*& mapping) {
     if (!Contains(fd, address, length)) return -EINVAL;
-    // A mapping of the file itself would raise SIGBUS if the file shrank later.
+    // Not a mapping of the file itself: reading it would raise SIGBUS if the file shrank later.
     void* const pages = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (pages == MAP_FAILED) {
         if (errno == ENOMEM) ReportFailure(kMemoryFile);

@@ -1,4 +1,4 @@
-// The PICL service: the machine's file `picl`, which is read when a program connects.
+// The PICL service. The tree is in the machine's file `picl`, which is read when a program connects.
 #include "platform/picl.h"
 
 #include <cerrno>
@@ -14,14 +14,14 @@
 namespace {
 
 constexpr char kFile[] = "picl";
-constexpr size_t kLargestTree = size_t{1} << 24;  // bytes
+constexpr size_t kLargestTree = size_t{1} << 24;  // in bytes
 
 PiclTree& Tree() {
     static PiclTree tree;
     return tree;
 }
 
-// Returns the node of a handle, which is its index among the nodes plus 1. Returns null if there is none.
+// Returns the node of a handle, or null if there is none. A handle is a node's index plus 1.
 const PiclNode* NodeOf(picl_nodehdl_t handle) {
     const auto& nodes = Tree().Nodes();
     return handle >= 1 && handle <= nodes.size() ? &nodes[static_cast<size_t>(handle - 1)] : nullptr;

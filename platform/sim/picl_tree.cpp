@@ -9,7 +9,7 @@ namespace {
 
 constexpr size_t kSpacesPerLevel = 2;
 
-// Removes the first word, which ends at a space, from `text` and returns it; returns "" at the end.
+// Removes the first word of `text`, which ends at a space, and returns it. Returns "" at the end.
 std::string_view TakeWord(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     const std::string_view word = text.substr(0, text.find(' '));
@@ -17,7 +17,7 @@ std::string_view TakeWord(std::string_view& text) {
     return word;
 }
 
-// Parses NAME=NUMBER. Returns false if the word has another form.
+// Parses a property, NAME=NUMBER. Returns false if the word isn't one.
 bool ReadProperty(std::string_view word, PiclProperty& property) {
     const size_t equals = word.find('=');
     uint64_t number = 0;
@@ -33,7 +33,7 @@ void PiclTree::Read(const char* file, std::string text) {
     nodes_.clear();
     properties_.clear();
     text_ = std::move(text);
-    size_t skipped = SIZE_MAX;  // indentation of a rejected line; the lines below it in the tree are skipped
+    size_t skipped = SIZE_MAX;  // indentation of a rejected line; the nodes below it are skipped
     for (Lines lines(file, text_); lines.Next();) {
         const size_t indentation = lines.Indentation();
         if (indentation > skipped) continue;

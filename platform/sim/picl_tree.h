@@ -1,5 +1,5 @@
-// The machine's file `picl`: one node per line, indented by two spaces per level. A line contains the node's
-// class, then its properties.
+// The machine's file `picl`: one line for each node, indented by two spaces per level. A line contains the
+// node's class, then its properties.
 #pragma once
 
 #include <cstddef>
@@ -9,28 +9,29 @@
 #include <vector>
 
 struct PiclProperty {
-    std::string_view name;  // within PiclTree::text_
+    std::string_view name;  // points into PiclTree::text_
     uint32_t value;
 };
 
 struct PiclNode {
-    size_t level;                       // 0: the root
-    std::string_view class_name;        // within PiclTree::text_
-    size_t properties, properties_end;  // range of indexes in PiclTree::properties_
+    size_t level;                       // 0 for the root
+    std::string_view class_name;        // points into PiclTree::text_
+    size_t properties, properties_end;  // a range of indexes in PiclTree::properties_
 };
 
 class PiclTree {
   public:
-    // Replaces the tree by the one in `text`. Reports invalid lines on standard error, with the name `file`,
-    // and skips them with the nodes below them: a second root, indentation by half a level or by more than
-    // one, a property whose value isn't a 32-bit number. Throws std::bad_alloc.
+    // Replaces the tree with the one in `text`. Prints a message on standard error, with the name `file`, for
+    // each invalid line, and skips this node and the nodes below it. These lines are invalid: a second root,
+    // a line that is indented by half a level or by more than one level, and a property whose value isn't a
+    // 32-bit number. Throws std::bad_alloc.
     void Read(const char* file, std::string text);
 
-    // Returns the nodes in file order. The nodes below a node follow it, at higher levels.
+    // Returns the nodes in file order. The nodes below a node follow it and have higher levels.
     const std::vector<PiclNode>& Nodes() const { return nodes_; }
 
-    // Stores the value of a node's property. Returns false, and leaves `value` unchanged, if the node has no
-    // such property.
+    // Stores the value of a node's property in `value`. If the node has no such property, returns false and
+    // leaves `value` unchanged.
     bool FindProperty(const PiclNode& node, std::string_view name, uint32_t& value) const;
 
   private:

@@ -1,5 +1,5 @@
-// The physical-memory device of the real server. A mapping requests all three access rights, although the
-// program only reads: whether the device would grant less isn't documented.
+// The physical-memory device of the real server. A mapping requests read, write and execute access, although
+// the program only reads: it isn't documented whether the device accepts fewer rights.
 #include "platform/physical_memory.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// Reads numbers and strings from external bytes, within the bytes' bounds.
+// Reads numbers and strings from untrusted bytes, never beyond their end.
 #pragma once
 
 #include <algorithm>
@@ -13,8 +13,7 @@ struct Bytes {
     size_t size;
 };
 
-// Returns the little-endian field of 1, 2 or 4 bytes at `offset`. Bytes after the end count as 0, so a
-// truncated field is read as far as it goes.
+// Returns the little-endian field of 1, 2 or 4 bytes at `offset`. Bytes after the end count as 0.
 template <typename Unsigned>
 constexpr Unsigned ReadPaddedField(Bytes bytes, size_t offset) {
     size_t available = offset < bytes.size ? std::min(bytes.size - offset, sizeof(Unsigned)) : 0;
@@ -25,15 +24,15 @@ constexpr Unsigned ReadPaddedField(Bytes bytes, size_t offset) {
     return value;
 }
 
-// Returns the little-endian field of 1, 2 or 4 bytes at `offset`, or `missing` if the bytes don't contain all
-// of it.
+// Returns the little-endian field of 1, 2 or 4 bytes at `offset`, or `missing` if part of it is after the
+// end.
 template <typename Unsigned>
 constexpr Unsigned ReadField(Bytes bytes, size_t offset, Unsigned missing = 0) {
     if (offset > bytes.size || bytes.size - offset < sizeof(Unsigned)) return missing;
     return ReadPaddedField<Unsigned>(bytes, offset);
 }
 
-// Returns a copy of the packed record at `bytes`, which must contain all of it.
+// Returns a copy of the packed record at `bytes`, which must contain the whole record.
 template <typename Record>
 Record CopyOf(const uint8_t* bytes) {
     static_assert(std::is_trivially_copyable_v<Record>, "a record is plain bytes");

@@ -10,10 +10,11 @@ long __brantcli_pgsz = 0;
 
 namespace {
 
-// The pages that contain a range, in 64 bits on every ABI, so that a range at the end of 4 GiB doesn't wrap.
+// The pages that contain a range. The numbers have 64 bits on every ABI, so that the end of a range at 4 GiB
+// doesn't overflow.
 struct Pages {
     uint64_t start;
-    uint64_t length;  // bytes
+    uint64_t length;  // in bytes
 };
 
 Pages PagesAround(uint64_t start, uint64_t length) {

@@ -4,11 +4,12 @@
 // The system's page size in bytes; 0 until the first call of a function below.
 extern long __brantcli_pgsz;
 
-// Maps the pages that contain the `ulLength` bytes from physical address `ulPhysAddr` on; opens the device
-// only for this call. Returns a pointer to the range's first byte (release it with zetUnMapPhys32UnCache), or
-// null if `ulPhysAddr` is 0, or the device can't be opened or rejects the range. Prints nothing.
+// Maps the pages that contain the `ulLength` bytes at the physical address `ulPhysAddr`. Opens the device
+// only for this call. Returns a pointer to the range's first byte, which the caller releases with
+// zetUnMapPhys32UnCache. Returns null if `ulPhysAddr` is 0, or if the device can't be opened or rejects the
+// range. Prints nothing.
 void* zetMapPhys32UnCache(unsigned long ulPhysAddr, unsigned long ulLength);
 
-// Releases a mapping. `VirtAddr`: the pointer that zetMapPhys32UnCache returned; null is ignored. `size`: the
-// length that was passed to it.
+// Releases a mapping. `VirtAddr` is the pointer that zetMapPhys32UnCache returned, or null to do nothing.
+// `size` is the length that was passed to it.
 void zetUnMapPhys32UnCache(unsigned char* VirtAddr, unsigned int size);

@@ -11,13 +11,13 @@
 
 namespace {
 
-int found_flags = 0;  // of standard output, if it was non-blocking
+int found_flags = 0;  // original flags of standard output; 0 if they were not changed
 
 }  // namespace
 
 bool KeepStandardDescriptors() {
     for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        // The streams below fd are open, so an open() returns fd if fd is free.
+        // open() returns the lowest free descriptor. Those below fd are open, so it returns fd if fd is free.
         if (fcntl(fd, F_GETFD) >= 0 || open("/dev/null", O_RDONLY) == fd) continue;
         std::fprintf(stderr, "ERROR: Could not open /dev/null: %s.\n", std::strerror(errno));
         return false;

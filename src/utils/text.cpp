@@ -39,7 +39,7 @@ void TextWriter::Hex(uint32_t value, int digits) {
 }
 
 void TextWriter::Digits(uint32_t value, uint32_t base, int least) {
-    char digits[10];  // the largest number of decimal digits
+    char digits[10];  // as many decimal digits as a uint32_t can have
     char* const end = std::end(digits);
     char* first = end;
     for (; value != 0 || end - first < least; value /= base) *--first = "0123456789ABCDEF"[value % base];

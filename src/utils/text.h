@@ -1,4 +1,4 @@
-// Writes strings within a buffer, compares them, parses numbers, and looks codes and names up in tables.
+// Writes strings into a buffer, compares strings, parses numbers, and looks up codes and names in tables.
 #pragma once
 
 #include <algorithm>
@@ -9,11 +9,11 @@
 #include <cstring>
 #include <string_view>
 
-// Appends strings and numbers to a string in the caller's buffer. Never writes past the buffer, and always
-// ends the string with a NUL. If the buffer is full, it keeps the beginning and drops the rest.
+// Appends strings and numbers to a string in the caller's buffer. Never writes past the end of the buffer;
+// the string always ends with a NUL. Text that doesn't fit is dropped.
 class TextWriter {
   public:
-    // `size`: bytes of the buffer including the NUL, at least 1. The string starts empty.
+    // `size` is the size of the buffer including the NUL, at least 1. The string starts empty.
     TextWriter(char* buffer, size_t size);
     TextWriter(const TextWriter&) = delete;
     TextWriter& operator=(const TextWriter&) = delete;
@@ -26,39 +26,40 @@ class TextWriter {
     void Hex(uint32_t value, int digits);
 
     bool Empty() const { return next_ == begin_; }
-    bool Truncated() const { return truncated_; }  // whether text was dropped
+    bool Truncated() const { return truncated_; }  // whether text was dropped because the buffer was full
     size_t Length() const { return static_cast<size_t>(next_ - begin_); }
 
   private:
     void Digits(uint32_t value, uint32_t base, int least);
 
     char* begin_;
-    char* next_;  // address of the NUL
-    char* last_;  // last byte of the buffer
+    char* next_;  // address of the NUL terminator
+    char* last_;  // address of the buffer's last byte
     bool truncated_ = false;
 };
 
-// Returns whether `text` begins with `beginning`. Case matters.
+// Returns whether `text` begins with `beginning`. Upper and lower case differ.
 inline bool StartsWith(std::string_view text, std::string_view beginning) {
     return text.substr(0, beginning.size()) == beginning;
 }
 
-// Compares like strcmp, but ignores the case of ASCII letters. Returns 0 if the strings are equal, else the
-// difference of the first two bytes that differ, after converting capitals to small letters. The end of a
-// string counts as 0.
+// Compares like strcmp, but ignores the case of ASCII letters. Returns 0 if the strings are equal. Otherwise
+// returns the difference of the first two bytes that differ, after converting upper case to lower case; the
+// end of a string counts as 0.
 int strcmpi(std::string_view a, std::string_view b);
 
 // Parses a decimal number at the beginning of `text`, after optional white space and an optional sign.
-// Returns 0 if there is none. Clamps numbers out of range to INT_MIN or INT_MAX.
+// Returns 0 if there is no number. Clamps a number out of range to INT_MIN or INT_MAX.
 inline int DecimalNumber(const char* text) {
     const long number = std::strtol(text, nullptr, 10);
     return static_cast<int>(std::clamp(number, long{INT_MIN}, long{INT_MAX}));
 }
 
-// Tables that assign a name for the user (`word`) to a code of the firmware (`code`).
+// The functions below search a table whose rows contain a code of the firmware (`code`) and its name for the
+// user (`word`).
 
-// Returns the row whose `word` is equal to the argument, or null if there is none. Ignores rows whose `word`
-// is null.
+// Returns the row whose `word` equals the argument, or null if there is none. Skips rows whose `word` is
+// null.
 template <typename Row, size_t kCount>
 const Row* FindWord(const Row (&rows)[kCount], const char* word) {
     for (const Row& row : rows) {
@@ -67,7 +68,7 @@ const Row* FindWord(const Row (&rows)[kCount], const char* word) {
     return nullptr;
 }
 
-// Returns the row with this `code`, or null if there is none.
+// Returns the row whose `code` equals the argument, or null if there is none.
 template <typename Row, size_t kCount>
 constexpr const Row* FindCode(const Row (&rows)[kCount], unsigned code) {
     for (const Row& row : rows) {
@@ -76,8 +77,8 @@ constexpr const Row* FindCode(const Row (&rows)[kCount], unsigned code) {
     return nullptr;
 }
 
-// A row that contains only a code and its text. The text is an array, because the dynamic loader would have
-// to set a pointer at each start.
+// A row with a code and its text. The text is stored in an array, because the dynamic loader would have to
+// relocate a pointer at every start.
 struct CodeText {
     unsigned code;
     char text[28];
