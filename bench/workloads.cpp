@@ -1,4 +1,5 @@
-// workloads NAME N: does a part of the program's work N times, so that bench/run can measure it separately.
+// workloads NAME N: runs the workload NAME, a part of brantcli's work, N times, so that bench/run can measure
+// it.
 // workloads full-table DIR: creates the default machine with SMBIOS tables of the maximum size.
 #include <cstdio>
 #include <cstdlib>
@@ -16,7 +17,7 @@
 
 namespace {
 
-constexpr unsigned kTextSize = 256;  // bytes of the buffer for an event's text, as in SHOW HLOG
+constexpr unsigned kTextSize = 256;  // buffer size for an event's text in bytes, as in SHOW HLOG
 
 // Returns an entry for each sample event.
 std::vector<std::string> Entries() {
@@ -40,7 +41,7 @@ void TranslateTimes(size_t count) {
     for (size_t i = 0; i < count; ++i) Translate(entries[i % entries.size()], text);
 }
 
-// The reference for SHOW HLOG: prints `count` entries with printf. Their texts are translated beforehand.
+// The reference for SHOW HLOG: prints `count` entries with printf. The texts are translated before the loop.
 void PrintLines(size_t count) {
     struct Line {
         EVT_HEADER header;
@@ -63,7 +64,7 @@ void PrintLines(size_t count) {
     }
 }
 
-// Completes a line `count` times, like the TAB key.
+// Completes a line `count` times, as the TAB key does.
 void CompleteTimes(size_t count) {
     CreateCommands();
     for (size_t i = 0; i < count; ++i) {

@@ -1,12 +1,12 @@
-# Compiler and linker options of optimised builds. docs/performance.md lists what each costs or saves.
+# Compiler and linker options of optimised builds. docs/performance.md lists the cost or benefit of each.
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 
-# Hardening of every target, as far as the compiler and the linker support it: a random load address, tables of
-# pointers that become read-only at start, a guard after the buffers on the stack, and C library calls that check the
-# size of the buffers that they fill.
-# To check a program: readelf -hldW FILE prints DYN, GNU_RELRO, NOW and PIE; nm -D FILE prints __stack_chk_fail and
-# names that end in _chk.
+# Hardening of every target, as far as the compiler and the linker support it: a random load address; tables of pointers
+# that become read-only at start; a guard value after the buffers on the stack; and C library calls that check the size
+# of the buffers that they fill.
+# To check a program, run readelf -hldW FILE, which must print DYN, GNU_RELRO, NOW and PIE, and nm -D FILE, which must
+# print __stack_chk_fail and names that end in _chk.
 check_linker_flag(CXX -pie BRANT_HAS_PIE)
 check_cxx_compiler_flag(-fstack-protector-strong BRANT_HAS_STACK_PROTECTOR)
 check_linker_flag(CXX -Wl,-z,relro,-z,now BRANT_HAS_RELRO)
@@ -23,9 +23,9 @@ target_link_options(hardened INTERFACE
   "$<${pie}:-pie>"
   "$<$<AND:${release},$<BOOL:${BRANT_HAS_RELRO}>>:-Wl,-z,relro,-z,now>")
 
-# For the programs: links the C++ library and the compiler's support library statically, without the functions that
-# aren't used, because dynamic loading of these libraries takes six times as long as everything else in a run. The C
-# library stays shared, so that the system keeps it up to date.
+# Options for the programs. They link the C++ library and the compiler's support library statically, without unused
+# functions, because loading these libraries dynamically takes six times as long as the rest of a run. The C library
+# stays shared, so that system updates fix it, too.
 check_linker_flag(CXX -Wl,--gc-sections BRANT_HAS_GC_SECTIONS)
 add_library(own_cxx_library INTERFACE)
 target_link_options(own_cxx_library INTERFACE

@@ -1,7 +1,7 @@
 # Installs the programs and their documentation, and defines the packages that tools/package builds and tests.
 include(GNUInstallDirs)
 
-foreach(program brantcli brantexport savemachine)  # these need root
+foreach(program brantcli brantexport savemachine)  # these programs need root
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
   endif()
@@ -10,7 +10,7 @@ if(BRANT_PLATFORM STREQUAL "sim")
   install(TARGETS mkmachine RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 
-# Installs a file compressed. gzip -n omits the file's name and time, so that the result is reproducible.
+# Installs a compressed copy of a file. gzip -n omits the file's name and time, so that the result is reproducible.
 function(install_compressed file folder name)
   set(compressed ${CMAKE_BINARY_DIR}/compressed/${name}.gz)
   install(CODE "
@@ -33,7 +33,7 @@ install(DIRECTORY contrib/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples USE_SOUR
 install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_INSTALL_DOCDIR} changelog)
 
-# Checks that the newest release in the changelog is this version. A section "Unreleased" may precede it.
+# Checks that the newest release in the changelog has this version. A section "Unreleased" may precede it.
 file(STRINGS CHANGELOG.md releases REGEX "^## [0-9]")
 list(GET releases 0 release)
 if(NOT release MATCHES "^## ([0-9.]+), ([0-9-]+)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)

@@ -1,8 +1,8 @@
 // Fuzzes the translation of a log entry into text.
 //
-// Input: one byte, the size of the text buffer; one byte of flags; then the entry. Flag 1: it is an entry of
-// the management processor. Flag 2: the length in the entry's header is used if it is less than the length of
-// the input.
+// Input: one byte, the size of the text buffer; one byte of flags; then the entry. With flag 1, the entry is
+// one of the management processor. With flag 2, the length in the entry's header is used, unless the input is
+// shorter.
 #include <algorithm>
 #include <cstring>
 #include <vector>

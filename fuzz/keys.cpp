@@ -13,11 +13,11 @@
 
 namespace {
 
-// Follow the input, because the end of standard input would end the process. They complete the last line; the
-// first ones may still belong to an escape sequence.
+// These keys follow the input, because the end of standard input would end the process. They complete the
+// last line; the first ones may still belong to an escape sequence.
 constexpr char kEnters[] = "\r\r\r\r\r";
 
-// Makes a file that contains `keys` the standard input.
+// Redirects standard input to a file that contains `keys`.
 void TypeOnKeyboard(const std::string& keys) {
     static const int memory = memfd_create("keys", MFD_CLOEXEC);
     Require(ftruncate(memory, 0) == 0);
@@ -29,7 +29,7 @@ void StartShell() {
     FreeHistory();
     Require(AllocateHistory());
     if (Cmds == nullptr) CreateCommands();
-    GetChar(1);  // forgets a TAB or ESC that could be the first of a pair
+    GetChar(1);  // so that the first key isn't the second TAB or ESC of a pair
 }
 
 }  // namespace

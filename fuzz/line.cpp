@@ -24,13 +24,13 @@
 
 namespace {
 
-// Replaces the handler of EXIT and QUIT.
+// The handler that replaces that of EXIT and QUIT, which would end the fuzzer.
 int Continue(InputLineType* /*InputLine*/) {
     return 0;
 }
 
-// The state of the program on one machine. It is started only once, because start-up takes ten times as long
-// as most lines.
+// The program's state on one machine. The program is started only once, because start-up takes ten times as
+// long as most lines.
 class Program {
   public:
     explicit Program(const Model& model) : machine_(model.name) {
@@ -63,7 +63,7 @@ class Program {
     std::string started_;
 };
 
-// Returns a log of more than one screen: eight of the sample events, starting at `number` * 8.
+// Returns a log that is longer than one screen: eight of the sample events, starting at number `number` * 8.
 std::string SomeEvents(unsigned number) {
     static const SampleEvents events = EveryEvent();
     std::string log;
@@ -74,7 +74,7 @@ std::string SomeEvents(unsigned number) {
     return log;
 }
 
-// Checks that every word is in ParseLine. The sanitizers don't detect a pointer into another part of the
+// Checks that every word lies in ParseLine. The sanitizers don't detect a pointer to another member of the
 // record.
 void CheckWords(const InputLineType& line) {
     for (int i = 0; i < line.NumWords; ++i) {
@@ -82,7 +82,8 @@ void CheckWords(const InputLineType& line) {
     }
 }
 
-// Returns a program for each model, and one for firmware that has only the legacy variable of the NICs.
+// Returns a program for each model, and one for firmware that stores the NIC settings only in the legacy
+// variable.
 std::vector<std::unique_ptr<Program>> StartPrograms() {
     CreateCommands();
     for (const char* word : {"EXIT", "QUIT"}) FindChild(Cmds, word)->Function = Continue;

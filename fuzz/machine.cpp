@@ -1,8 +1,8 @@
 // Fuzzes the simulator's parsers of the files `picl`, `faults` and `cevt/hlog`.
 //
-// Input: the contents of these files; the first two end with a NUL. A process reads `faults` only once, at
-// its first call, so this target calls its parser directly. It reads the other two through the platform
-// layer, too.
+// Input: the contents of these files; a NUL ends each of the first two. This target calls the parsers
+// directly. It also reads `picl` and `cevt/hlog` through the platform layer, but not `faults`, which a
+// process reads only once, at its first call.
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/misc-commands/event_log.h"
 #include "cli/pci/kelm.h"
@@ -20,7 +20,7 @@ class Machine : public TestMachine {
     Machine() {
         setenv("BRANT_MACHINE", Directory().c_str(), 1);
         cevt_fd = vxOpenRequest(cevt_path, kReadWrite);
-        Require(cevt_fd >= 0);  // the first call: it finds no file `faults`
+        Require(cevt_fd >= 0);  // the first call of the process: `faults` doesn't exist yet
     }
 };
 
@@ -46,7 +46,7 @@ void ReadFaults() {
     }
 }
 
-// Checks that every indexed entry lies within the file and that the numbers ascend, so that a listing ends.
+// Checks that every indexed entry lies within the file, and that the numbers ascend, so that a listing ends.
 void ReadLog(const Machine& machine) {
     EventIndex index;
     const Descriptor log = OpenFile(OpenDevice("cevt"), "hlog");

@@ -34,9 +34,9 @@ class Seeds {
     int count_ = 0;
 };
 
-// Adds three inputs for each model, see smbios.cpp: with a valid entry point at the address that mkmachine
-// uses; with an entry point in the input at the first possible address; and with one at the last address,
-// whose length extends beyond the BIOS area.
+// Adds three inputs for each model (smbios.cpp describes the format): with a valid entry point at the address
+// that mkmachine uses; with an entry point in the input, at the first possible address; and with one at the
+// last possible address, whose length extends beyond the BIOS area.
 void AddTables(Seeds& seeds) {
     for (const Model& model : Models()) {
         const SmbiosTable table = TablesOf(model);
@@ -48,8 +48,9 @@ void AddTables(Seeds& seeds) {
     }
 }
 
-// Adds three inputs for each sample event, see event.cpp: a log entry; an entry of the management processor;
-// and the same with letters instead of the last NUL, up to the end of the bytes that may be read.
+// Adds three inputs for each sample event (event.cpp describes the format): a log entry; an entry of the
+// management processor; and such an entry whose last NUL is replaced by letters, up to the end of the bytes
+// that may be read.
 void AddEvents(Seeds& seeds) {
     for (const SampleEvent& event : EveryEvent()) {
         const EVT_HEADER header = EventHeader(1, event.severity, event.event_class, event.code);
@@ -64,8 +65,8 @@ void AddEvents(Seeds& seeds) {
     }
 }
 
-// Adds every command on every machine, and as keys with TABs after it; every event log; and every pair of
-// modifying commands, each on one of the machines.
+// Adds inputs for two targets. For `line`: every command on every machine, every event log, and every pair of
+// modifying commands, each on one of the machines. For `keys`: every command, followed by TABs.
 void AddCommands(Seeds& lines, Seeds& keys) {
     std::vector<std::string> changes;
     for (const std::string& command : Commands()) {
@@ -80,8 +81,8 @@ void AddCommands(Seeds& lines, Seeds& keys) {
     }
 }
 
-// Adds the words of `text` that can be words of a command: those in upper case, and numbers. Omits words of
-// one character, which the fuzzer finds without a dictionary.
+// Adds the words of `text` that a command can contain: words in upper case, and numbers. Omits words of one
+// character, which the fuzzer finds without a dictionary.
 void AddWords(const std::string& text, std::set<std::string>& words) {
     const auto in_word = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
     for (auto begin = text.begin(); begin != text.end();) {
@@ -116,7 +117,7 @@ void AddEditing(Seeds& keys) {
     keys.Add(std::string(252, 'x') + "\33[1~yyyy\r");
 }
 
-// Adds the files of a machine, which it creates in the directory `machine` and removes again.
+// Adds the files of a machine, which it creates in the directory `machine` and then removes.
 void AddMachine(Seeds& seeds, const std::string& machine) {
     MakeMachine(Models().front(), machine);
     std::ifstream file(machine + "/picl", std::ios::binary);

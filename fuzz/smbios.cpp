@@ -2,7 +2,7 @@
 //
 // Input: one byte; two bytes, which select the address of the entry point; then the tables. If the first byte
 // is even, the target adds a valid entry point. If it is odd, the input contains an entry point before the
-// tables, of which the target corrects only the anchor and the checksums.
+// tables, and the target corrects only its anchor and its checksums.
 #include <algorithm>
 #include <cstring>
 
@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr uint32_t kTables = 0x10000;  // physical address
+constexpr uint32_t kTables = 0x10000;  // physical address of the tables
 constexpr size_t kMostTables = UINT16_MAX;
 
 // The number of addresses at which an entry point fits: every 16th byte of the BIOS area, up to the maker's
@@ -38,7 +38,7 @@ SMBIOSEntryPoint EntryPointFor(bool from_input, std::string& input) {
     return entry;
 }
 
-// A part of physical memory. Put() clears the bytes of the previous input before it writes the next ones.
+// A range of physical memory. Put() clears the bytes of the previous input before it writes new ones.
 class MemoryRange {
   public:
     void Put(TestMachine& machine, uint32_t address, const std::string& bytes) {
@@ -91,6 +91,6 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         CountEmbeddedNics();
         RunInventoryCommands();
     }
-    ResetState();  // frees all memory: otherwise libFuzzer would search for leaks after this input
+    ResetState();  // frees all memory; otherwise libFuzzer would search for leaks after this input
     return 0;
 }

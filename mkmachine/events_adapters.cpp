@@ -2,8 +2,8 @@
 
 namespace {
 
-// The server itself, an external chassis without a name, one with a name. These events don't depend on the
-// type, so the types are those of other chassis.
+// The server itself (number 0), an external chassis without a name, and one with a name. The texts of these
+// events don't depend on the chassis type, so the types here are unusual ones.
 constexpr SampleChassis kChassis[] = {
     {{kChassisInternalStorage, 0, 8}, "SELF"},
     {{kChassisExternalStorage, 3, 8}, ""},

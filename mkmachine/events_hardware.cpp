@@ -2,8 +2,8 @@
 
 namespace {
 
-// The server itself and an external chassis: they differ in the number. These events don't depend on the
-// type, so the types are those of other chassis.
+// The server itself (number 0) and an external chassis. The texts of these events don't depend on the chassis
+// type, so the types here are unusual ones.
 constexpr EVT_CHASSIS kServerAndAnother[] = {{kChassisBladeEnclosure, 0, 0}, {kChassisInternalStorage, 2, 0}};
 
 }  // namespace

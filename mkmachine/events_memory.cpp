@@ -2,8 +2,8 @@
 
 namespace {
 
-// Adds an event for each location that an error of a module or bank can have, with and without a serial
-// number. Spaces in the serial number are printed unchanged.
+// Adds an event for each kind of location that an error of a module or bank can have, with and without a
+// serial number. The serial number contains spaces, which are printed unchanged.
 void AddLocations(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t module_or_bank) {
     constexpr uint8_t kNotKnown = 255;
     const EVT_MAIN_MEMORY locations[] = {

@@ -10,7 +10,8 @@ void AddUnit(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t unit
     });
 }
 
-// Does the same for a record with a second field. `extra` is the string after the chassis name.
+// Adds an event of one power supply or power module whose record has a second field. `extra` is the string
+// after the chassis name.
 template <typename Record>
 void AddUnit(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t unit, uint8_t value,
              const std::string& extra = "") {

@@ -3,22 +3,22 @@
 namespace {
 
 constexpr char kMaker[] = "VX";
-constexpr unsigned kUnsupported = 0xFF;      // release number: not supported
-constexpr unsigned kSafe = 3;                // state of a part of the chassis
-constexpr unsigned kNoErrorRecord = 0xFFFE;  // handle: errors aren't recorded
+constexpr unsigned kUnsupported = 0xFF;      // number of a release that isn't supported
+constexpr unsigned kSafe = 3;                // state of a part of the chassis: no problem
+constexpr unsigned kNoErrorRecord = 0xFFFE;  // handle that means that errors aren't recorded
 
 }  // namespace
 
 SmbiosRecord BiosRecord(const std::string& version, const std::string& date) {
     SmbiosRecord record(smbios::Bios::kType, 0x0000);
     record.Text(kMaker).Text(version);
-    record.Word(0xF000);  // segment
+    record.Word(0xF000);  // segment of the BIOS
     record.Text(date);
-    record.Byte(0x3F);         // size of the ROM: 4 MiB, as the number of 64 KiB blocks - 1
+    record.Byte(0x3F);         // ROM size, as the number of 64 KiB blocks minus 1: 4 MiB
     record.Qword(0x00019880);  // PCI, upgradeable, shadowed, boots from CD, boot device selectable
-    record.Byte(0x03);         // ACPI, USB legacy
-    record.Byte(0x05);         // BIOS boot specification, targeted content distribution
-    for (int i = 0; i < 4; ++i) record.Byte(kUnsupported);  // releases of the BIOS and the controller
+    record.Byte(0x03);         // more features: ACPI, USB legacy
+    record.Byte(0x05);         // more features: BIOS boot specification, targeted content distribution
+    for (int i = 0; i < 4; ++i) record.Byte(kUnsupported);  // release numbers of the BIOS and the controller
     return record;
 }
 
@@ -26,7 +26,7 @@ SmbiosRecord SystemRecord(const std::string& product, const std::string& serial)
     SmbiosRecord record(smbios::System::kType, 0x0100);
     record.Text(kMaker).Text(product).Text("").Text(serial);
     record.Qword(0x11DD3A7B62C51E40).Qword(0x5A0C9F37E8D41B86);  // UUID
-    record.Byte(6);                                              // wake-up by the power switch
+    record.Byte(6);                                              // woken up by the power switch
     record.Text("").Text("Corvex");
     return record;
 }
@@ -34,10 +34,10 @@ SmbiosRecord SystemRecord(const std::string& product, const std::string& serial)
 SmbiosRecord ChassisRecord(uint8_t kind, const std::string& serial) {
     SmbiosRecord record(3, 0x0300);
     record.Text(kMaker).Byte(kind).Text("").Text(serial).Text("");
-    for (int i = 0; i < 3; ++i) record.Byte(kSafe);  // at the last boot: chassis, power supplies, cooling
-    record.Byte(3);                                  // no security
+    for (int i = 0; i < 3; ++i) record.Byte(kSafe);  // last boot: chassis, power supplies, cooling
+    record.Byte(3);                                  // no security lock
     record.Dword(0);
-    record.Byte(0).Byte(0);  // height, power cords: not specified
+    record.Byte(0).Byte(0);  // height and number of power cords: not specified
     record.Byte(0).Byte(0);  // no contained elements
     return record;
 }
@@ -45,14 +45,14 @@ SmbiosRecord ChassisRecord(uint8_t kind, const std::string& serial) {
 SmbiosRecord ProcessorRecord(const Processor& part) {
     SmbiosRecord record(smbios::Processor::kType, part.handle);
     record.Text(part.socket).Byte(part.type).Byte(part.family).Text("Intel");
-    record.Dword(part.id).Dword(0xBFEBFBFF);  // signature, feature flags
-    record.Text("").Byte(0x8C);               // 1.2 V
+    record.Dword(part.id).Dword(0xBFEBFBFF);  // processor ID: signature, feature flags
+    record.Text("").Byte(0x8C);               // no version string; voltage 1.2 V
     record.Word(part.bus).Word(part.speed).Word(part.speed).Byte(part.status);
     record.Byte(0x15);  // socket type
     record.Word(part.l1_cache).Word(part.l2_cache).Word(part.l3_cache);
     record.Text("").Text("").Text("");
     record.Byte(part.cores).Byte(part.cores).Byte(part.threads);
-    record.Word(0x0004);  // 64 bits
+    record.Word(0x0004);  // 64-bit processor
     record.Word(part.family);
     return record;
 }
@@ -62,7 +62,7 @@ SmbiosRecord CacheRecord(const Cache& part) {
     record.Text(part.name);
     record.Word(0x0180U | (part.level - 1U));  // enabled, internal, write back
     record.Word(part.size).Word(part.size);
-    record.Word(0x0020).Word(0x0020);  // synchronous
+    record.Word(0x0020).Word(0x0020);  // supported and current type: synchronous
     record.Byte(0);                    // speed unknown
     record.Byte(5).Byte(5).Byte(7);    // single-bit ECC, unified, 8-way
     return record;
@@ -70,7 +70,7 @@ SmbiosRecord CacheRecord(const Cache& part) {
 
 SmbiosRecord MemoryArrayRecord(const MemoryArray& part) {
     SmbiosRecord record(smbios::MemoryArray::kType, part.handle);
-    record.Byte(3);  // on the system board
+    record.Byte(3);  // located on the system board
     record.Byte(part.use).Byte(part.error_correction);
     record.Dword(part.capacity).Word(kNoErrorRecord).Word(part.sockets);
     return record;
@@ -79,9 +79,9 @@ SmbiosRecord MemoryArrayRecord(const MemoryArray& part) {
 SmbiosRecord MemoryDeviceRecord(const MemoryDevice& part) {
     SmbiosRecord record(smbios::MemoryDevice::kType, part.handle);
     record.Word(part.array).Word(kNoErrorRecord);
-    record.Word(72).Word(64);  // width in bits with and without error correction
+    record.Word(72).Word(64);  // width in bits, with and without error correction
     record.Word(part.size).Byte(part.form_factor);
-    record.Byte(0);  // not part of a set
+    record.Byte(0);  // the module isn't part of a set
     record.Text(part.locator).Text("");
     record.Byte(part.type).Word(part.type_detail).Word(part.speed);
     record.Text("").Text("").Text("").Text("");
@@ -98,7 +98,7 @@ SmbiosRecord MappedAddressRecord(uint16_t handle, uint16_t array, uint32_t size)
 SmbiosRecord BootRecord(uint16_t handle) {
     SmbiosRecord record(32, handle);
     for (int i = 0; i < 6; ++i) record.Byte(0);
-    record.Byte(0);  // no error
+    record.Byte(0);  // status of the last boot: no error
     return record;
 }
 

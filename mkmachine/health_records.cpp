@@ -94,7 +94,8 @@ void AddIndicators(MachineBuilder& machine, IndicatorState uid) {
 
 namespace {
 
-// Adds the records of a cartridge. `index` is the driver's number, `id` the label on the cartridge.
+// Adds the records of a cartridge. `index` is the number that the driver uses, `id` the number on the
+// cartridge's label.
 void AddCartridge(MachineBuilder& machine, int index, uint32_t id, const std::vector<Module>& modules) {
     RESMEM_CARTRIDGE_CONFIG cartridge{};
     cartridge.ulCartID = id;
@@ -121,7 +122,7 @@ void AddCartridge(MachineBuilder& machine, int index, uint32_t id, const std::ve
     }
 }
 
-// Adds the record that counts the modules of each cartridge and the cartridges.
+// Adds the record that contains the number of cartridges and the number of modules in each.
 void AddMemory(MachineBuilder& machine, size_t modules, size_t cartridges) {
     RESMEM_CONFIG memory{};
     memory.ulNumberModules = static_cast<uint32_t>(modules);

@@ -17,7 +17,8 @@ namespace {
     throw std::system_error(errno, std::generic_category(), path);
 }
 
-// Writes `bytes` at `offset` into a file, which it creates if necessary. `flags` are further flags of open().
+// Writes `bytes` at `offset` of a file, which it creates if necessary. `flags` are additional flags for
+// open().
 void WriteFile(const std::string& path, int flags, const std::string& bytes, off_t offset = 0) {
     const int fd = open(path.c_str(), flags | O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (fd < 0) FailOn(path);

@@ -1,4 +1,4 @@
-// Writes the files of a simulated machine, for mkmachine and for the tests.
+// Writes the files of a simulated machine. mkmachine and the tests use it.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,8 @@
 
 class MachineBuilder {
   public:
-    // Starts a machine in `directory`, which it creates if it doesn't exist: creates the directories of the
-    // four devices and an empty event log. All members that write throw std::system_error on failure.
+    // Starts a machine: creates `directory`, if it doesn't exist, the directories of the four devices and an
+    // empty event log. All members that write throw std::system_error on failure.
     explicit MachineBuilder(std::string directory);
 
     const std::string& Directory() const { return directory_; }
@@ -20,7 +20,7 @@ class MachineBuilder {
     }
     void NoTable(int type, int index, int index2) { Remove(TableFile(type, index, index2)); }
 
-    // Write a ROM variable. `value` is its record, or a number of its size.
+    // Write a ROM variable. `value` is its record, or a number of the same size.
     template <typename Record>
     void Variable(const char* name, const Record& value) {
         Variable(name, Plain(value));
@@ -30,12 +30,12 @@ class MachineBuilder {
     // Sets the state of the recovery timer.
     void Asr(bool enabled) { Write("casr/enabled", enabled ? "1\n" : "0\n"); }
 
-    // Replace, extend or remove a file of the machine. `path` is relative to the directory.
+    // Replace a file of the machine, append to it, or remove it. `path` is relative to the machine directory.
     void Write(const std::string& path, const std::string& bytes);
     void Append(const std::string& path, const std::string& bytes);
     void Remove(const std::string& path);
 
-    // Writes physical memory from `address` on. Memory that was never written reads as zeros.
+    // Writes `bytes` to physical memory at `address`. Memory that was never written reads as zeros.
     void PhysicalMemory(uint64_t address, const std::string& bytes);
 
     // Returns the bytes of a record.

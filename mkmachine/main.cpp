@@ -20,12 +20,12 @@ namespace {
 
 struct Options {
     const Model* model = &Models().front();
-    std::optional<size_t> events;  // entries of the event log; by default one per sample event
+    std::optional<size_t> events;  // entries of the event log; default: one for each sample event
     std::string directory;
 };
 
-// Parses a decimal number. Returns nothing if `word` has another form or more than nine digits: the numbers
-// of the entries have 32 bits.
+// Parses a decimal number. Returns nothing if `word` isn't a number or has more than nine digits, because the
+// number of an entry has 32 bits.
 std::optional<size_t> ReadCount(const std::string& word) {
     constexpr size_t kMostDigits = 9;
     if (word.empty() || word.size() > kMostDigits) return {};
@@ -58,8 +58,8 @@ void PrintUsage() {
     std::fprintf(stderr, "usage: mkmachine [--model %s] [--events N] DIR\n", names.c_str());
 }
 
-// Creates the directory `path`, if it doesn't exist, and makes it the working directory. The machine is
-// written into the working directory, so that a user who renames a parent directory can't redirect the
+// Creates the directory `path`, if it doesn't exist, and makes it the working directory. The files are
+// written relative to the working directory, so that a user who renames a parent directory can't redirect the
 // writes. Throws if another user could write to the directory.
 void EnterDirectory(const std::string& path) {
     const std::filesystem::path parent = std::filesystem::path(path).parent_path();
@@ -85,7 +85,7 @@ int main(int argc, char** argv) try {
         PrintUsage();
         return 2;
     }
-    umask(077);  // only the owner can open the directories, and with them lock the devices
+    umask(077);  // only the owner can open the directories and, with them, lock the devices
     EnterDirectory(options.directory);
     if (!std::filesystem::is_empty(".")) {
         std::fprintf(stderr, "mkmachine: %s exists and isn't empty\n", options.directory.c_str());

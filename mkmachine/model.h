@@ -8,8 +8,8 @@
 #include "mkmachine/rom_settings.h"
 
 struct Model {
-    const char* name;          // the argument of --model
-    const char* product_name;  // in the SMBIOS tables
+    const char* name;          // argument of the option --model
+    const char* product_name;  // product name in the SMBIOS tables
     std::vector<Fan> fans;
     std::vector<Sensor> sensors;
     std::vector<Supply> supplies;

@@ -19,7 +19,7 @@ SmbiosTable TablesOf(const Model& model) {
 }
 
 void MakeMachine(const Model& model, const std::string& directory, std::optional<size_t> events) {
-    // The log is built first: if memory runs out, the directory stays as it was.
+    // The log is built first, so that the directory doesn't change if memory runs out.
     const std::string log = EventLog(events ? *events : EveryEvent().size());
 
     MachineBuilder machine(directory);

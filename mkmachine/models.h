@@ -1,4 +1,4 @@
-// The models, and the simulated machines made of them.
+// The list of models, and the simulated machines that are created from them.
 #pragma once
 
 #include <cstddef>
@@ -11,15 +11,15 @@
 #include "mkmachine/models/tr300.h"
 #include "mkmachine/models/tr500k2.h"
 
-// Returns all models; the first is the default.
+// Returns all models; the first one is the default.
 const std::vector<Model>& Models();
 
-// Returns the model with a name, or null if there is none.
+// Returns the model with the name `name`, or null if there is none.
 const Model* FindModel(const std::string& name);
 
 // Returns a model's SMBIOS tables.
 SmbiosTable TablesOf(const Model& model);
 
-// Creates a machine of a model in a directory that is empty or doesn't exist. The event log has `events`
-// entries, by default one for each sample event. Throws std::system_error.
+// Creates a machine of a model in a directory that is empty or doesn't exist. `events` is the number of
+// entries in the event log; by default there is one for each sample event. Throws std::system_error.
 void MakeMachine(const Model& model, const std::string& directory, std::optional<size_t> events = {});

@@ -32,7 +32,7 @@ void AddBoot(MachineBuilder& machine, const RomSettings& settings) {
 }
 
 void AddNics(MachineBuilder& machine, const RomSettings& settings) {
-    std::string boot(10, '\0');  // a byte per NIC; no model has more NICs
+    std::string boot(10, '\0');  // one byte for each NIC; no model has more than 10
     NicPxeFlags flags{};
     for (size_t i = 0; i < settings.nics.size(); ++i) {
         boot[i] = static_cast<char>(settings.nics[i]);

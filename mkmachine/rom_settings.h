@@ -1,4 +1,4 @@
-// The firmware's settings as ROM variables, and the recovery timer's state.
+// The settings that the firmware stores in ROM variables, and the state of the recovery timer.
 #pragma once
 
 #include <cstdint>
@@ -15,10 +15,10 @@ struct RomSettings {
     const char* asset = "";
     const char* name = "";                 // at most 14 characters
     bool shutdown = false;                 // automatic shutdown in an abnormal environment
-    std::vector<uint8_t> boot_order = {};  // of BootDevice, at most 8
+    std::vector<uint8_t> boot_order = {};  // BootDevice codes, at most 8
     BootOnce boot_once = kBootOnceNone;
-    std::vector<NicBoot> nics = {};  // from NIC 1, at most 5
-    // Serial ports: the interrupt line in the four high bits, a Uart in the three low bits.
+    std::vector<NicBoot> nics = {};  // settings of NIC 1, NIC 2 and so on, at most 5
+    // Serial ports. The four high bits are the interrupt line, the three low bits a Uart.
     uint8_t port_a = 0, port_b = 0, virtual_port = 0;
     WakeOnLan wake_on_lan = kWakeOnLanDisabled;
     F1Prompt f1_prompt = kF1Undefined;
@@ -26,7 +26,7 @@ struct RomSettings {
     BiosPortCode bios_port = kBiosPortDisabled;
     BiosBaudRate bios_baud = {};
     VERSEVREC versions = {};
-    // Only for firmware without the OEM record of the NICs in its SMBIOS tables; at most 8.
+    // At most 8. Only for firmware whose SMBIOS tables don't contain the OEM record of the NICs.
     std::vector<smbios_nic> nic_addresses = {};
 };
 void AddRomSettings(MachineBuilder& machine, const RomSettings& settings);

@@ -1,4 +1,4 @@
-// A sample event, and functions that build the payloads of several similar events.
+// A sample event, and functions that build the payloads of events with similar records.
 #pragma once
 
 #include <cstdint>
@@ -47,7 +47,8 @@ struct SampleChassis {
 };
 
 // Adds the event for each kind of chassis. Every second chassis has a name: the first, third and fifth if
-// `code` is even, the others if it is odd. `make` returns the payload for a chassis and its name.
+// `code` is even, the second, fourth and sixth if it is odd. `make` returns the payload for a chassis and its
+// name.
 template <typename Make>
 void AddForEachChassis(SampleEvents& events, uint8_t severity, uint16_t event_class, uint16_t code,
                        Make make) {

@@ -8,7 +8,8 @@ namespace {
 
 constexpr uint8_t kMajorVersion = 2;
 
-// Returns the byte that makes the sum of all bytes 0, modulo 256. The checksum field itself contains 0.
+// Returns the checksum of `bytes`: the byte that makes the sum of all bytes 0, modulo 256. The checksum field
+// must contain 0.
 uint8_t Checksum(const uint8_t* bytes, size_t count) {
     return static_cast<uint8_t>(-std::accumulate(bytes, bytes + count, 0));
 }

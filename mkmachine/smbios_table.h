@@ -1,4 +1,4 @@
-// Builds SMBIOS tables and their entry point. Format: DMTF DSP0134.
+// Builds SMBIOS tables and their entry point (DMTF DSP0134).
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 #include "include/smbios_records.h"
 #include "mkmachine/machine_builder.h"
 
-// A record. Each call appends a field.
+// A record under construction. Each call appends a field to it.
 class SmbiosRecord {
   public:
     SmbiosRecord(uint8_t type, uint16_t handle);
@@ -17,13 +17,13 @@ class SmbiosRecord {
     SmbiosRecord& Word(unsigned value) { return Number(value, 2); }
     SmbiosRecord& Dword(uint32_t value) { return Number(value, 4); }
     SmbiosRecord& Qword(uint64_t value) { return Number(value, 8); }
-    // Appends a string field: adds `text` to the strings of the record and its number to the fields. The
-    // number of an empty string is 0.
+    // Appends a string field: adds `text` to the record's strings and the number of the string to the fields.
+    // An empty string has the number 0 and isn't added.
     SmbiosRecord& Text(const std::string& text);
     // Truncates the formatted area to `length` bytes, as in an older version of the standard.
     SmbiosRecord& CutTo(size_t length);
 
-    // Returns the record with its strings, as in the tables.
+    // Returns the record with its strings, in the format of the tables.
     std::string Bytes() const;
 
   private:
@@ -36,7 +36,7 @@ class SmbiosRecord {
 
 class SmbiosTable {
   public:
-    // `minor_version` is stored in the entry point; the major version is 2.
+    // `minor_version` is the minor version in the entry point; the major version is 2.
     explicit SmbiosTable(uint8_t minor_version = 6) : minor_version_(minor_version) {}
 
     SmbiosTable& Add(const SmbiosRecord& record);
@@ -52,12 +52,12 @@ class SmbiosTable {
     uint8_t minor_version_;
 };
 
-// Computes the two checksums of an entry point.
+// Computes the two checksums of an entry point and stores them in it.
 void SetChecksums(SMBIOSEntryPoint& entry);
 
 // The physical addresses at which mkmachine stores the tables and their entry point.
 constexpr uint32_t kTablesAddress = 0xE8000;
 constexpr uint32_t kEntryPointAddress = 0xF5000;
 
-// Writes tables and their entry point into a machine's physical memory.
+// Writes tables and their entry point into the physical memory of a machine.
 void AddTables(MachineBuilder& machine, const SmbiosTable& table);

@@ -15,8 +15,7 @@
 namespace {
 
 constexpr char kMemoryFile[] = "xsvc";
-constexpr uint64_t kLargestPage =
-    0x10000;  // in bytes; the largest page size of the systems on which the copy may be read
+constexpr uint64_t kLargestPage = 0x10000;  // maximum page size of the systems that may read the copy
 
 uint64_t PageOf(uint64_t address) {
     return address & ~(kLargestPage - 1);

@@ -4,12 +4,12 @@ namespace {
 
 // clang-format off
 const std::vector<Fan> kFans = {
-    // state, zone, instance, speed, percent, hot-plug, partner, legacy record
+    // columns: state, zone, instance, speed, percent, hot-plug, partner, legacy record
     {kPresent | kRedundant, kVirtualZone, 0, kFanNormal, 40, false, 1, false},
 };
 
 const std::vector<Sensor> kSensors = {
-    // kind, state, zone, instance, reading, threshold
+    // columns: kind, state, zone, instance, reading, threshold
     {kBasicSensor, kPresent, kSystemBoardZone, 0, 27, 65},
     {kLm75,        kPresent, kProcessorZone,   1, 48, 95},
 };
@@ -17,7 +17,7 @@ const std::vector<Sensor> kSensors = {
 const std::vector<Supply> kSupplies = {};
 
 const std::vector<Module> kModules = {
-    // present, MiB, MHz, form factor, type, status
+    // columns: present, MiB, MHz, form factor, type, status
     {1, 4096, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {1, 4096, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
@@ -31,7 +31,7 @@ const std::vector<smbios_nic> kNics = {
     {0x00, 5, {0x00, 0x1C, 0x4E, 0x31, 0x07, 0x62}},
 };
 
-const std::vector<MappedPort> kPorts = {  // bay offsets from 0; the mezzanine in slot 2 is double-wide
+const std::vector<MappedPort> kPorts = {  // bay offsets from 0; the mezzanine card in slot 2 is double-wide
     {0, 0, {1, 0, 15, 0, 0, 0}},
     {0, 1, {2, 0, 15, 0, 0, 0}},
     {1, 2, {1, 0, 1, 0, 0, 0}},
@@ -42,19 +42,19 @@ const std::vector<MappedPort> kPorts = {  // bay offsets from 0; the mezzanine i
 };
 
 const std::vector<Cache> kCaches = {
-    // handle, name, level, size
+    // columns: handle, name, level, size
     {0x0700, "Proc 1 L1", 1, 128}, {0x0701, "Proc 1 L2", 2, 6144},
     {0x0702, "Proc 2 L1", 1, 128}, {0x0703, "Proc 2 L2", 2, 6144},
 };
 
 const std::vector<Processor> kProcessors = {
-    // handle, socket, MHz, cores, threads, caches
+    // columns: handle, socket, MHz, cores, threads, caches
     {0x0400, "Proc 1", 2500, 4, 4, 0x0700, 0x0701},
     {0x0401, "Proc 2", 2500, 4, 4, 0x0702, 0x0703},
 };
 
 const std::vector<MemoryDevice> kDevices = {
-    // handle, array, locator, MiB, MHz, form factor, type
+    // columns: handle, array, locator, MiB, MHz, form factor, type
     {0x1100, kArray, "DIMM 1", 4096, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1101, kArray, "DIMM 2", 4096, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1102, kArray, "DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},
@@ -85,7 +85,7 @@ RomSettings Settings() {
     settings.asset = "Enclosure 2, bay 7";
     settings.name = "blade-07";
     settings.shutdown = true;
-    settings.boot_order = {kBootPxe, kBootHdd};  // no floppy, no CD-ROM
+    settings.boot_order = {kBootPxe, kBootHdd};  // the blade has no floppy drive and no CD-ROM
     settings.boot_once = kBootOncePxe;
     settings.nics = {kNicBootPxe};
     settings.port_a = 0x40 | kUartCom1;

@@ -1,4 +1,4 @@
-// The Corvex BX20: a blade, cooled and powered by its enclosure.
+// The model Corvex BX20: a blade, which its enclosure cools and powers.
 #pragma once
 
 #include "mkmachine/model.h"

@@ -4,7 +4,7 @@ namespace {
 
 // clang-format off
 const std::vector<Fan> kFans = {
-    // state, zone, instance, speed, percent, hot-plug, partner, legacy record
+    // columns: state, zone, instance, speed, percent, hot-plug, partner, legacy record
     {kPresent | kRedundant, kSystemBoardZone,    0, kFanNormal,  45,         false, 2, true},
     {kPresent | kRedundant, kSystemBoardZone,    0, kFanNormal,  45,         false, 1, true},
     {kPresent,              kProcessorZone,      1, kFanHigh,    90,         false, 0, true},
@@ -13,7 +13,7 @@ const std::vector<Fan> kFans = {
 };
 
 const std::vector<Sensor> kSensors = {
-    // kind, state, zone, instance, reading, threshold
+    // columns: kind, state, zone, instance, reading, threshold
     {kBasicSensor, kPresent, kSystemBoardZone, 0, 26, 60},
     {kBasicSensor, kPresent, kAmbientZone,     0, 22, 42},
     {kMax1617,     kPresent, kProcessorZone,   1, 43, 90},
@@ -21,10 +21,10 @@ const std::vector<Sensor> kSensors = {
 };
 
 const std::vector<Supply> kSupplies = {
-    // state, hot-plug, legacy record
+    // columns: state, hot-plug, legacy record
     {kPresent,           true,  LegacyRecord::Present},
     {kAbsent,            true,  LegacyRecord::Absent},
-    {kAbsent,            false, LegacyRecord::Present},  // the two records disagree
+    {kAbsent,            false, LegacyRecord::Present},  // the two records contradict each other
     {kPresent | kFailed, true,  LegacyRecord::None},
     {kAbsent,            true,  LegacyRecord::None},
 };
@@ -32,18 +32,18 @@ const std::vector<Supply> kSupplies = {
 const DriverMemory kDriverMemory = {};
 
 const std::vector<Cache> kCaches = {
-    // handle, name, level, size
+    // columns: handle, name, level, size
     {0x0700, "Proc 1 L1", 1, 64}, {0x0701, "Proc 1 L2", 2, 4096},
 };
 
-const std::vector<Processor> kProcessors = {  // the version of SMBIOS has no counts of cores and threads
-    // handle, socket, MHz, cores, threads, caches, status
+const std::vector<Processor> kProcessors = {  // this version of SMBIOS has no numbers of cores and threads
+    // columns: handle, socket, MHz, cores, threads, caches, status
     {0x0400, "Proc 1", 2333, 2, 2, 0x0700, 0x0701},
     {0x0401, "Proc 2", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
 };
 
 const std::vector<MemoryDevice> kDevices = {
-    // handle, array, locator, MiB, MHz, form factor, type
+    // columns: handle, array, locator, MiB, MHz, form factor, type
     {0x1100, kArray, "SLOT 0 DIMM 1", 1024, 533, kDimm, kDdr2},
     {0x1101, kArray, "SLOT 0 DIMM 2", 512,  533, kDimm, kDdr2},
     {0x1102, kArray, "SLOT 0 DIMM 3", 0,    0,   kDimm, kDdr2},

@@ -4,7 +4,7 @@ namespace {
 
 // clang-format off
 const std::vector<Fan> kFans = {
-    // state, zone, instance, speed, percent, hot-plug, partner, legacy record
+    // columns: state, zone, instance, speed, percent, hot-plug, partner, legacy record
     {kPresent | kRedundant, kSystemZone,        0, kFanNormal,  35,         true,  2, false},
     {kPresent | kRedundant, kSystemZone,        0, kFanNormal,  35,         true,  1, false},
     {kPresent,              kProcessorZone,     1, kFanHigh,    100,        true,  0, false},
@@ -19,7 +19,7 @@ const std::vector<Fan> kFans = {
 };
 
 const std::vector<Sensor> kSensors = {
-    // kind, state, zone, instance, reading, threshold
+    // columns: kind, state, zone, instance, reading, threshold
     {kBasicSensor, kPresent, kSystemZone,         0, 24,       60},
     {kBasicSensor, kPresent, kSystemBoardZone,    0, 31,       65},
     {kMax1617,     kPresent, kProcessorZone,      1, 37,       85},
@@ -40,7 +40,7 @@ const std::vector<Sensor> kSensors = {
 };
 
 const std::vector<Supply> kSupplies = {
-    // state, hot-plug, legacy record
+    // columns: state, hot-plug, legacy record
     {kPresent | kRedundant,           true,  LegacyRecord::None},
     {kPresent | kFailed | kRedundant, true,  LegacyRecord::None},
     {kPresent | kFailed,              false, LegacyRecord::None},
@@ -48,19 +48,19 @@ const std::vector<Supply> kSupplies = {
 };
 
 const std::vector<Module> kCartridge1 = {
-    // present, MiB, MHz, form factor, type, status
+    // columns: present, MiB, MHz, form factor, type, status
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {0, 0,    0,   kFbDimm, kDdr2FullyBuffered, 4},
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 9},
-    {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 3},  // a status without a name
+    {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 3},  // status 3 has no name
 };
 const std::vector<Module> kCartridge2 = {
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 2},
     {1, 1024, 533, kFbDimm, kDdr2FullyBuffered, 6},
     {1, 4096, 800, kFbDimm, kDdr2FullyBuffered, 7},
     {1, 2048, 667, kFbDimm, kDdr2FullyBuffered, 8},
-    {2, 0,    0,   kFbDimm, kDdr2FullyBuffered, 5},  // expected, but missing
+    {2, 0,    0,   kFbDimm, kDdr2FullyBuffered, 5},  // the driver expects this module, but it is missing
 };
 
 const std::vector<smbios_nic> kNics = {
@@ -74,13 +74,13 @@ const std::vector<smbios_nic> kNics = {
 const DriverMemory kDriverMemory = {{kCartridge1, kCartridge2}, {}};
 
 const std::vector<Cache> kCaches = {
-    // handle, name, level, size; the second processor has the smaller L3 cache
+    // columns: handle, name, level, size; the second processor has the smaller L3 cache
     {0x0700, "Proc 1 L1", 1, 256}, {0x0701, "Proc 1 L2", 2, 1024}, {0x0702, "Proc 1 L3", 3, 0x8100},
     {0x0703, "Proc 2 L1", 1, 256}, {0x0704, "Proc 2 L2", 2, 1024}, {0x0705, "Proc 2 L3", 3, 0x8080},
 };
 
 const std::vector<Processor> kProcessors = {
-    // handle, socket, MHz, cores, threads, caches, status
+    // columns: handle, socket, MHz, cores, threads, caches, status
     {0x0403, "Proc 4", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
     {0x0402, "Proc 3", 0, 0, 0, kNoHandle, kNoHandle, kNoHandle, kEmptySocket},
     {0x0401, "Proc 2", 2933, 4, 8, 0x0703, 0x0704, 0x0705},
@@ -88,7 +88,7 @@ const std::vector<Processor> kProcessors = {
 };
 
 const std::vector<MemoryDevice> kDevices = {
-    // handle, array, locator, MiB, MHz, form factor, type
+    // columns: handle, array, locator, MiB, MHz, form factor, type
     {0x1100, kArray, "Board 1 DIMM 1", 2048, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1101, kArray, "Board 1 DIMM 2", 2048, 667, kFbDimm, kDdr2FullyBuffered},
     {0x1102, kArray, "Board 1 DIMM 3", 0,    0,   kFbDimm, kDdr2FullyBuffered},

@@ -1,4 +1,4 @@
-// The Corvex TR500 K2: a server with every part and setting that a machine can have.
+// The model Corvex TR500 K2: a server with every part and setting that the shell can show.
 #pragma once
 
 #include "mkmachine/model.h"

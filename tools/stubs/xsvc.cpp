@@ -1,5 +1,5 @@
-// Replaces open() so that the physical-memory device, which only a server has, is the file `xsvc` of the
-// simulated machine.
+// Replaces open(), so that the physical-memory device, which exists only on a server, is the file `xsvc` of
+// the simulated machine.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -7,10 +7,10 @@
 #include <cstdlib>
 #include <string>
 
-// Replaces open64(), which the C library's headers call for open() because file offsets have 64 bits.
+// Replaces open64(), which is called for open() because file offsets have 64 bits.
 extern "C" int Open(const char* path, int flags, ...) asm("open64");
 
-// Files are created only with openat(), so `flags` is never followed by permissions.
+// Files are created only with openat(), so this function never gets a third argument with permissions.
 int Open(const char* path, int flags, ...) {
     std::string file = path;
     if (file == "/dev/xsvc") {

@@ -1,5 +1,5 @@
-// On the server FD_ZERO calls memset(). This header does the same, so that tools/check detects a source that
-// uses FD_ZERO without including <cstring>.
+// On the server, FD_ZERO calls memset(). This header does the same, so that tools/check detects a source file
+// that uses FD_ZERO without including <cstring>.
 #ifndef BRANT_STUB_SELECT_H
 #define BRANT_STUB_SELECT_H
 #include_next <sys/select.h>
