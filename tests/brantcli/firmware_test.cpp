@@ -40,18 +40,18 @@ std::string System(const char* product) {
 struct ServerCase {
     const char* catches;
     std::string tables;
-    std::string output;  // the output of SHOW SERVER begins with it
+    std::string output;  // the beginning of the output of SHOW SERVER
 };
 
 const ServerCase kServers[] = {
-    // the server line, which a product name must begin with
+    // cases: the product name must begin with the server line "Corvex"
     {"the name is accepted anywhere in the product name", System("Vertex Corvex"), kOtherLine},
     {"a part of the name is accepted", System("Corve"), kOtherLine},
     {"the case of letters matters", System("cORVEX9") + kRom + kArray, "\nSystem        : cORVEX9\n"},
     {"an empty product name is accepted", System(""), kOtherLine},
     {"a missing system record is accepted", kRom,
      "\nERROR: Failed to get SMBIOS system data.\nThis does not seem to be a VX Corvex Server." + kOtherLine},
-    // the records that the command requires
+    // cases: the records that the command requires
     {"the command runs without tables", "",
      "\nThis command requires an SMBIOS which is not available on this sytem.\n\n"},
     {"the ROM record is checked before the memory", System("Corvex"),
@@ -60,7 +60,8 @@ const ServerCase kServers[] = {
      "\nERROR: Failed to get SMBIOS ROM data.\n\n"},
 };
 
-constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};  // present because its bus number isn't 0
+// A NIC that is present because its bus number isn't 0, and another one.
+constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};
 constexpr smbios_nic kOther = {8, 0, {6, 7, 8, 9, 10, 11}};
 constexpr smbios_nic kNone = {0, 0, {9, 9, 9, 9, 9, 9}};
 const std::string kMac1 = "\n\tNIC1 MAC: 00:01:02:03:04:ff";
@@ -74,8 +75,8 @@ std::string ManyNics() {
 
 struct NicCase {
     const char* catches;
-    std::vector<smbios_nic> rom;  // the entries of the ROM variable; if empty, there is no variable
-    std::string record;           // the OEM NIC record
+    std::vector<smbios_nic> rom;  // entries of the ROM variable; if empty, the variable doesn't exist
+    std::string record;           // the OEM record of the NICs
     std::string lines;
 };
 
@@ -108,14 +109,14 @@ constexpr TreeCase kTrees[] = {
      true},
 };
 
-int visited = 0;  // nodes for which the callback ran
+int visited = 0;  // number of nodes for which the callback has run
 
 int CountedIsKelm(picl_nodehdl_t node, void* found) {
     ++visited;
     return is_kelm(node, found);
 }
 
-// Returns the part of the output of SHOW SERVER between two strings.
+// Returns the part of the output of SHOW SERVER from `from` to `to`.
 std::string ServerText(const TestMachine& machine, const std::string& from, const char* to) {
     const std::string output = machine.Script("SHOW SERVER").output;
     const size_t start = output.find(from) + from.size();
@@ -211,7 +212,7 @@ TEST(ManagementProcessor, IsSearchedForInThePiclTree) {
 }
 
 // Runs a script and returns the number of memory blocks that are allocated when the process ends.
-int BlocksKept(const TestMachine& machine, const char* commands) {
+int BlocksAtExit(const TestMachine& machine, const char* commands) {
     RunOptions options;
     options.environment = {"BRANT_COUNT_BLOCKS=1"};
     const RunResult run =
@@ -222,12 +223,12 @@ int BlocksKept(const TestMachine& machine, const char* commands) {
 TEST(StartUp, FreesItsMemoryOnEveryExitPath) {
     TestMachine nothing_started;
     nothing_started.Remove("cdt");
-    const int kept = BlocksKept(nothing_started, "HELP");
+    const int kept = BlocksAtExit(nothing_started, "HELP");
     LoadedTables other(System("Vertex")), ours(System("Corvex"));
-    EXPECT_EQ(BlocksKept(other.Machine(), "HELP"), kept) << "another line of servers";
+    EXPECT_EQ(BlocksAtExit(other.Machine(), "HELP"), kept) << "another line of servers";
     const int with_tree = kept + 1;  // the command tree is never freed
-    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), with_tree) << "the end of a script";
-    EXPECT_EQ(BlocksKept(ours.Machine(), "EXIT"), with_tree) << "EXIT";
+    EXPECT_EQ(BlocksAtExit(ours.Machine(), "HELP"), with_tree) << "the end of a script";
+    EXPECT_EQ(BlocksAtExit(ours.Machine(), "EXIT"), with_tree) << "EXIT";
     ours.Machine().Remove("cdt");
-    EXPECT_EQ(BlocksKept(ours.Machine(), "HELP"), kept) << "a device that can't be opened";
+    EXPECT_EQ(BlocksAtExit(ours.Machine(), "HELP"), kept) << "a device that can't be opened";
 }

@@ -1,4 +1,4 @@
-// Tests of a run as a whole: the order of its steps, its options and its exit status.
+// Tests of a whole run: the order of its steps, its options and its exit status.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -16,8 +16,8 @@ const std::string kBanner = "VX management CLI for Solaris (v1.1)\n" + kRule +
                             "\nNOTE: Some brantcli commands may not be supported on all Corvex servers.\n" +
                             kRule + "\n";
 
-// Runs the program and lets it append its output to the trace of the machine. Returns this file from the
-// first occurrence of `first` on, and the exit status.
+// Runs the program and makes it append its output to the machine's trace, so that the order of the output and
+// the calls is visible. Returns the trace from the first occurrence of `first` on, and the exit status.
 std::string RunInOrder(TestMachine& machine, const std::string& words, const char* first = "open cdt",
                        const RunOptions& options = {}) {
     machine.StartTrace();
@@ -27,8 +27,8 @@ std::string RunInOrder(TestMachine& machine, const std::string& words, const cha
     return "\nbrantcli" + words + "\n" + all.substr(std::min(all.find(first), all.size()));
 }
 
-// Runs the program again and again, each time failing a later allocation, until it prints the message.
-// Returns the output of that run.
+// Runs the program repeatedly. Each run fails a later allocation, until a run prints the message. Returns the
+// output of that run.
 std::string RunOutOfMemory(TestMachine& machine, const std::string& message) {
     for (int failing = 1; failing < 1000; ++failing) {
         RunOptions options;
@@ -58,7 +58,7 @@ struct OptionCase {
     std::vector<std::string> arguments;
     std::string output;
     int status;
-    bool reads_machine;  // whether it makes calls of the platform layer
+    bool reads_machine;  // whether the program calls the platform layer
 };
 
 constexpr char kUsage[] = "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<commandN>\"]\n";

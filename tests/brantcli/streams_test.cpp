@@ -23,7 +23,7 @@ struct StreamCase {
 
 constexpr char kNoNull[] = "ERROR: Could not open /dev/null: No such file or directory.\n";
 
-// If a closed stream can't be replaced, the program must end before it opens anything. Otherwise its output
+// If the program can't replace a closed stream, it must end before it opens anything. Otherwise its output
 // would be written into the first file that it opens.
 TEST(Streams, EndTheProgramIfAClosedOneCannotBeReplaced) {
     const StreamCase cases[] = {
@@ -62,7 +62,7 @@ RunResult RunNonBlocking(const char* program, const std::vector<std::string>& ar
         ExecProgram(ProgramPath(program), arguments);
     }
     close(ends[1]);
-    usleep(100000);  // the program fills the pipe
+    usleep(100000);  // so that the program fills the pipe
     RunResult run;
     char chunk[4096];
     for (ssize_t count = 1; count > 0 && run.output.size() < limit;) {

@@ -9,8 +9,8 @@ namespace {
 constexpr size_t kMaxPayload = kEventEntryCapacity - sizeof(EVT_HEADER);
 constexpr char kUnwritten = '#';
 
-// Translates the entry into a buffer of `size` bytes, of which the translator may use `capacity`. Returns the
-// buffer.
+// Translates the entry into a buffer of `size` bytes, but passes `capacity` as the buffer's size. Returns the
+// whole buffer.
 std::string BufferAfter(const std::string& entry, unsigned capacity, size_t size) {
     std::vector<char> bytes(entry.begin(), entry.end());
     std::string buffer(size, kUnwritten);
@@ -34,7 +34,7 @@ TEST(EventText, IsTruncatedAtTheEndOfTheBufferOnly) {
     }
 }
 
-// A buffer for the NUL alone holds no text, so not even a known event is reported as translated.
+// A buffer of one byte has only space for the NUL, so even a known event counts as not translated.
 TEST(EventText, IsEmptyInABufferOfOneByteAndNotWrittenWithoutABuffer) {
     const std::string known = EventEntry(EventHeader(1, kCaution, 13, 1), "");
     EXPECT_EQ(BufferAfter(known, 0, 4), std::string(4, kUnwritten));
@@ -42,7 +42,7 @@ TEST(EventText, IsEmptyInABufferOfOneByteAndNotWrittenWithoutABuffer) {
     EXPECT_EQ(TranslateEntry(known, 2), (Translation{"A", true}));
 }
 
-// A long name is truncated at the end of the buffer; the text before it is complete.
+// A long name is truncated at the end of the buffer. The text before it is complete.
 TEST(EventText, IsCompleteBeforeALongName) {
     const std::string name(240, 'N');
     const std::string text =
@@ -65,7 +65,7 @@ TEST(EventPayload, IsPaddedWithZerosWhereverItIsTruncated) {
 
 struct LengthCase {
     const char* catches;
-    uint16_t length;  // wEvtLength
+    uint16_t length;  // value of wEvtLength
     const char* text;
 };
 

@@ -1,5 +1,5 @@
-// The constraints of the event tables. A constant table that violates one doesn't compile; these rows are
-// built at run time, where a violation is an exception or a result.
+// Tests of the constraints on the event tables. A constant table that violates a constraint doesn't compile.
+// These rows are built at run time, where a violation is an exception or a result.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ using namespace eventstr;
 constexpr auto kFan = Field<&EVT_MACH_FAN_FAIL::bFanId, Byte2Str>;
 constexpr auto kSlotIs1 = Is<&EVT_EISA_BUS::bSlot>(1);
 
-// Returns the first words of the constraint that the row violates, or "".
+// Returns the first words of the constraint that the row violates, or "" if it violates none.
 template <typename Build>
 std::string Violation(Build build) {
     try {

@@ -1,6 +1,6 @@
-// Compares the SHOW HLOG listing of every event, in every variant, with golden files. every_event.txt was
-// reviewed entry by entry against the meaning of the firmware's events; review each difference in the same
-// way.
+// Compares the listing of every event in every variant, as SHOW HLOG prints it, with golden files.
+// every_event.txt was reviewed entry by entry against the meaning of the firmware's events; review each
+// difference in the same way.
 
 #include <gtest/gtest.h>
 
@@ -18,8 +18,8 @@ TEST(EveryEvent, MatchesTheGoldenFiles) {
     without_paging.input = "c";
     for (const Model& model : Models()) {
         std::istringstream listing(TestMachine(model.name).Script("SHOW HLOG", without_paging).output);
-        std::string events,
-            numbers_and_dates;  // separated, so that an added event changes only its own lines
+        // Separate golden files, so that a new event changes only its own lines of every_event.txt.
+        std::string events, numbers_and_dates;
         for (std::string line; std::getline(listing, line);) {
             (line.rfind("Event: ", 0) == 0 ? numbers_and_dates : events) += line + "\n";
         }
@@ -88,7 +88,7 @@ const std::vector<SelectorByte>& SelectorBytes() {
     return rows;
 }
 
-// Returns the text of each value of the byte, one line per range of values with the same text.
+// Returns the texts for all values of the byte. Each line contains a range of values that have the same text.
 std::string TextsByValue(SelectorByte row) {
     std::string listing = "[" + std::string(row.name) + "]\n";
     std::string run;

@@ -1,4 +1,5 @@
-// Tests how event fields are printed at the limits of their range, and that no other event has a text.
+// Tests how fields of events are printed at the limits of their ranges, and that codes without an event have
+// no text.
 
 #include <gtest/gtest.h>
 
@@ -158,7 +159,7 @@ Cases ExtraTexts() {
 }
 // clang-format on
 
-// Returns `text` with each byte that isn't printable ASCII as "\x1f".
+// Returns `text` with each byte that isn't printable ASCII replaced by an escape such as "\x1f".
 std::string Shown(const std::string& text) {
     std::string shown;
     for (const char letter : text) {
@@ -167,8 +168,8 @@ std::string Shown(const std::string& text) {
     return shown;
 }
 
-// limits.txt contains the text of each case, after "1:", or "0:" for an unknown event. It was reviewed
-// against the meaning of the firmware's events.
+// limits.txt contains the text of each case after "1:", or after "0:" if the event is unknown. It was
+// reviewed against the meaning of the firmware's events.
 TEST(EventFields, MatchTheGoldenFileAtTheirLimits) {
     std::string listing;
     for (const Cases& cases : {NumbersAtTheirLimits(), ChassisNames(), PackedBytes(), SasEnclosures(),
@@ -182,8 +183,8 @@ TEST(EventFields, MatchTheGoldenFileAtTheirLimits) {
     ExpectGolden("eventstr/limits.txt", listing);
 }
 
-// A byte of 255 is printed as "Unknown", except in these events: class, code, and how many of the bytes print
-// as 255.
+// A byte of 255 is printed as "Unknown", except in the events of this table. A row contains the class, the
+// code, and how many of the payload's bytes are printed as 255.
 TEST(EventFields, PrintUnknownFor255ExceptInTheseEvents) {
     const std::map<std::pair<int, int>, int> shown = {
         {{2, 11}, 2}, {{2, 12}, 2}, {{3, 18}, 2}, {{11, 20}, 2}, {{19, 7}, 2}, {{19, 8}, 3},
@@ -200,7 +201,7 @@ TEST(EventFields, PrintUnknownFor255ExceptInTheseEvents) {
     }
 }
 
-// A name that doesn't begin with an ASCII letter or digit isn't a serial number.
+// A name that begins with anything but an ASCII letter or digit isn't a serial number.
 TEST(EventFields, PrintASerialNumberIfItBeginsWithALetterOrDigit) {
     for (int first = 1; first < 256; ++first) {
         const std::string name = static_cast<char>(first) + std::string("1");
@@ -216,7 +217,8 @@ TEST(EventFields, PrintASerialNumberIfItBeginsWithALetterOrDigit) {
 TEST(Events, HaveNoTextUnderAnyOtherCode) {
     std::set<std::pair<int, int>> known;
     for (const SampleEvent& event : EveryEvent()) known.insert({event.event_class, event.code});
-    const std::string payload = '\1' + std::string(9, '\0');  // the server itself, all other bytes 0
+    // An event of the server itself; all other bytes are 0.
+    const std::string payload = '\1' + std::string(9, '\0');
     for (const int event_class : {2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,  14,   15,
                                   16, 17, 18, 19, 20, 21, 31, 32, 33, 34, 35, 258, 65535}) {
         for (const int code : {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12,  13,  14,  15,   16,

@@ -1,5 +1,5 @@
-// Helpers that translate an entry for the tests. The entry is in a buffer of its exact size, so the
-// sanitizers detect a read beyond its end.
+// Translates an entry for the tests. The entry is in a buffer of its exact size, so that the sanitizers
+// detect a read beyond its end.
 #pragma once
 
 #include <cstring>
@@ -14,7 +14,7 @@
 struct Translation {
     std::string text;
     bool known;
-    std::string event = "";  // its class and code, for the message of a failed test
+    std::string event = "";  // class and code of the event, for failure messages
 };
 
 inline bool operator==(const Translation& a, const Translation& b) {
@@ -25,7 +25,7 @@ inline void PrintTo(const Translation& translation, std::ostream* out) {
     *out << translation.event << (translation.known ? "" : "unknown: ") << '"' << translation.text << '"';
 }
 
-// Translates `bytes`, an entry, into a buffer of `capacity` bytes.
+// Translates the entry `bytes` into a buffer of `capacity` bytes.
 inline Translation TranslateEntry(const std::string& bytes, unsigned capacity = 256) {
     std::vector<char> entry(bytes.begin(), bytes.end());
     std::vector<char> text(capacity, '#');

@@ -1,5 +1,6 @@
-// Runs every command with an argument too many, and without the arguments that it needs. arguments.txt
-// contains the status and the output, and marks the commands that make requests nevertheless.
+// Runs every command with one argument too many, and without the arguments that it needs. arguments.txt
+// contains the status and the output. It marks the commands that make requests in spite of the wrong
+// arguments.
 #include <gtest/gtest.h>
 
 #include <algorithm>

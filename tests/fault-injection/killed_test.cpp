@@ -22,15 +22,16 @@ constexpr Change kChanges[] = {
     {"CLEAR HLOG", "cevt", "hlog", "HLOG Log successfully cleared."},
 };
 
-// Returns a pattern of a complete command's output: the system calls in order, then the report. The new file
-// is synced before it replaces the old one, and the directory is synced before the command reports success.
-// There is no write if the new file is empty.
+// Returns a pattern for the output of a command that completes: the system calls in order, then the command's
+// message. The new file is synced before it replaces the old one, and the directory is synced before the
+// command reports success. An empty file is created without a write.
 std::string CallsInOrder(const Change& change) {
     return std::string("unlink .new\nopen .new\n(write .new\n)*fsync .new\nrename ") + change.file +
            "\nfsync " + change.device + "\n\\s*" + change.report;
 }
 
-// Runs the command. `kill_at`: the system call before which it is killed, from 1; 0: it isn't killed.
+// Runs the command. `kill_at` is the number, from 1, of the system call before which it is killed; 0 if it
+// isn't killed.
 RunResult RunChange(const RestorableMachine& machine, const Change& change, size_t kill_at) {
     RunOptions options;
     options.environment = {"BRANT_KILL_AT=" + std::to_string(kill_at)};

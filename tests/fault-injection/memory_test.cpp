@@ -1,4 +1,5 @@
-// Fails one allocation of a process: the first, then the second, and so on until a run has none that fails.
+// Fails one allocation of a process: in the first run the first one, in the second run the second one, and so
+// on, until a run has no failing allocation.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -9,9 +10,9 @@
 
 namespace {
 
-constexpr int kAnyStatus = -1;  // 1, or 0 if the command doesn't need the request for which memory ran out
+constexpr int kAnyStatus = -1;  // 1, or 0 if the command doesn't need the record that could not be read
 
-// Messages that report a lack of memory, and the exit status of the command that prints it.
+// Messages about a lack of memory, and the exit status of the commands that print them.
 const std::map<std::string, int> kMessages = {
     {"ERROR: Could not allocate memory for command.", kAnyStatus},
     {"ERROR: Could not allocate memory for \"SHOW UID\" command.", 1},
@@ -23,8 +24,8 @@ const std::map<std::string, int> kMessages = {
 
 class FailingAllocations : public testing::TestWithParam<std::string> {
   protected:
-    // Fails each allocation of a script in turn, from number `failing` on. Returns the first number that the
-    // script doesn't reach.
+    // Fails one allocation of a script after another, starting with number `failing`. Returns the first
+    // number that the script doesn't reach.
     size_t FailEach(RestorableMachine& machine, const std::string& script, size_t failing) {
         const Files original = machine.State();
         std::vector<Files> states;
@@ -69,7 +70,7 @@ TEST_P(FailingAllocations, AreReportedByEveryCommand) {
 
 INSTANTIATE_TEST_SUITE_P(Model, FailingAllocations, testing::ValuesIn(ModelNames()));
 
-// From one allocation on, all allocations fail. If that is the first one, there is no memory even for an
+// All allocations fail from a certain one on. If that is the first one, there is no memory even for an
 // exception.
 TEST(SaveMachine, ReportsALackOfMemoryAndRemovesTheCopy) {
     const TestMachine machine("tr300");
@@ -96,8 +97,8 @@ TEST(SaveMachine, ReportsALackOfMemoryAndRemovesTheCopy) {
     }
 }
 
-// Returns the number of blocks that a script leaves allocated, as the interposed allocator reports it.
-// `failing`: the request that fails, from 1.
+// Returns the number of blocks that are still allocated when a script ends, as the interposed allocator
+// prints it. `failing` is the number of the failing request, from 1.
 std::string LeakedBlocks(RestorableMachine& machine, const std::string& script, size_t failing) {
     machine.Write("faults", "request " + std::to_string(failing) + " -5\n");
     RunOptions options;

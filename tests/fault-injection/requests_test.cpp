@@ -1,10 +1,12 @@
-// Fails one request of a command: the first, then the second, and so on, until the command completes.
+// Fails one request of a command: in the first run the first one, in the second run the second one, and so
+// on, until the command completes.
 //
-// failures.txt contains the status and the output for each kind of request, as the first model gives them.
-// The status is 0 instead of 1 in these cases:
-// - The command doesn't need the answer: a legacy record (cdt 352, cdt 158), the counts of a walk that also
-//   ends without them (cdt 1700, 1702, 1706), a variable for which there is a legacy one (ENABLE PXE).
-// - The command reports a failed write with status 0, such as SET F1, or ignores it, such as SET UID.
+// failures.txt contains the status and the output for each kind of failing request, from the first model that
+// makes it. The status is 0 instead of 1 in these cases:
+// - The command doesn't need the reply: a legacy record (cdt 352, cdt 158), the counts for a listing that
+//   also ends without them (cdt 1700, 1702, 1706), or a variable that has a legacy variant (ENABLE PXE).
+// - The command prints that a write has failed, but returns 0, such as SET F1, or ignores the failure, such
+//   as SET UID.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -16,21 +18,20 @@
 
 namespace {
 
-// Returns the part of a request's trace line that requests of the same kind share: "cdt 353",
-// "crom read ZTHNIC".
+// Returns the part of a request's trace line that names its kind: "cdt 353" or "crom read ZTHNIC".
 std::string KindOf(const std::string& request) {
     return ReplaceAll(request, "(\\.| length=| -> ).*", "");
 }
 
 struct Outcome {
     RunResult run;
-    std::vector<std::string> requests;  // trace lines
-    Files state;                        // of the machine after the run
+    std::vector<std::string> requests;  // lines of the trace
+    Files state;                        // files of the machine after the run
 };
 
 class FailingRequests : public testing::TestWithParam<std::string> {
   protected:
-    // Runs a command on the original machine. `failing`: the request that fails, from 1.
+    // Runs a command on the restored machine. `failing` is the number of the failing request, from 1.
     Outcome Run(const std::string& command, size_t failing) {
         machine_.Write("faults", "request " + std::to_string(failing) + (first_ ? " -5\n" : " 7\n"));
         Outcome outcome;
@@ -39,8 +40,8 @@ class FailingRequests : public testing::TestWithParam<std::string> {
         outcome.state = machine_.Restore();
         return outcome;
     }
-    // Fails each request of a command in turn. `at_start`: the number of requests that the program makes
-    // before the command.
+    // Fails one request of a command after another. `at_start` is the number of requests that the program
+    // makes before it runs the command.
     void FailEach(const std::string& command, size_t at_start) {
         const Outcome baseline = Run(command, kNoRequest);
         for (size_t i = at_start; i < baseline.requests.size(); ++i) {
@@ -48,14 +49,14 @@ class FailingRequests : public testing::TestWithParam<std::string> {
             ++failures_;
         }
     }
-    // Checks the outcome of a run in which request `failed` (from 0) failed. `changed`: the files after the
-    // same command without a failure.
+    // Checks the outcome of a run in which request `failed` (from 0) failed. `changed` contains the files
+    // after the same command without a failure.
     void Check(const std::string& command, const Outcome& outcome, size_t failed, const Files& changed) {
         const std::string what = command + ": " + KindOf(outcome.requests[failed]) + " -> " +
                                  std::to_string(outcome.run.status) + "\n";
         SCOPED_TRACE(what + outcome.run.output);
         EXPECT_NE(golden_.find(what), golden_.npos) << "not in failures.txt";
-        EXPECT_EQ(outcome.run.errors, "");  // the sanitizers write here
+        EXPECT_EQ(outcome.run.errors, "");  // the sanitizers print their reports here
         if (seen_.insert(what).second) listing_ += what + outcome.run.output;
         if (MayChangePartially(command)) return;
 
@@ -68,8 +69,8 @@ class FailingRequests : public testing::TestWithParam<std::string> {
     const bool first_ = GetParam() == ModelNames().front();
     const Files original_ = machine_.State();
     const std::string golden_ = GoldenText("fault-injection/failures.txt");
-    std::set<std::string> seen_;  // kinds of failing requests, with the status
-    std::string listing_;         // the new text of failures.txt
+    std::set<std::string> seen_;  // kinds of failing requests, each with the status
+    std::string listing_;         // the new contents of failures.txt
     size_t failures_ = 0;
 };
 

@@ -1,5 +1,5 @@
 // Tests of SHOW FANS, SHOW TEMP, SHOW POWERSUPPLY, SHOW UID and SET UID: the output for every model, and the
-// messages for parts that the server lacks. tests/fault-injection tests failing requests for every command.
+// messages on servers without these parts. tests/fault-injection tests failing requests for all commands.
 
 #include <gtest/gtest.h>
 
@@ -13,13 +13,13 @@ using namespace std::string_view_literals;
 namespace {
 
 struct Case {
-    const char* reply;       // describes the new contents
-    const char* file;        // the record that is replaced
-    std::string_view bytes;  // its new contents
+    const char* reply;       // description of the new contents
+    const char* file;        // file of the record that is replaced
+    std::string_view bytes;  // new contents of the file
     Step step;
 };
 
-constexpr char kLight[] = "cdt/1503.0.0";  // SET UID changes it
+constexpr char kLight[] = "cdt/1503.0.0";  // the record that SET UID changes
 
 // clang-format off
 const Case kCases[] = {

@@ -1,5 +1,5 @@
-// Tests of SHOW FANS and SHOW TEMP: each case changes one fact of a device, and facts.txt contains the row of
-// the table; the last test prints tables of maximum length, which contain every zone.
+// Tests of SHOW FANS and SHOW TEMP. Each case changes one property of a device, and facts.txt contains the
+// device's row of the table. The last test prints tables of maximum length, which contain every zone.
 
 #include <gtest/gtest.h>
 
@@ -10,14 +10,14 @@
 
 namespace {
 
-// Returns the rows of a table, without its heading and the newlines after it.
+// Returns the rows of a table, without the heading and the newlines at the end.
 std::string Rows(const TestMachine& machine, const char* command) {
     const std::string output = machine.Script(command).output;
     const size_t first = output.find('#');
     return output.substr(first, output.size() - 2 - first);
 }
 
-// The three records of a fan.
+// The three records that describe a fan.
 struct Fan {
     bool has_legacy = false;
     FANDDATA legacy{};
@@ -45,13 +45,13 @@ struct FanCase {
 // clang-format off
 constexpr FanCase kFans[] = {
     {"the fan that the other cases change", [](Fan&) {}},
-    // All bits except the one that is read are 1.
+    // cases: all bits are 1 except the one that must be read
     {"hot-plug is read from another bit", [](Fan& f) { f.basic.FanDescriptor.usFanDescriptor = 0xFFFB; }},
     {"redundancy of the shared group is used", [](Fan& f) { f.feature.DeviceState.usDeviceState = 0xFFF9; }},
     {"bits of the group number are lost or shifted",
      [](Fan& f) { f.feature.DeviceState.usDeviceState = 5, f.feature.RedGroup.usRedundancyInfo = 0xFD7F; }},
     {"bits next to the location are read", [](Fan& f) { f.feature.Location.usLocation = 0xFFE3; }},
-    // The legacy record differs from the common feature record.
+    // cases: the legacy record differs from the common feature record
     {"presence is not taken from the legacy record (absent)", [](Fan& f) { f.Legacy(0, 0, 9); }},
     {"presence is not taken from the legacy record (present)",
      [](Fan& f) { f.Legacy(255, 2, 200), f.feature.DeviceState.usDeviceState = kAbsent; }},
@@ -59,13 +59,13 @@ constexpr FanCase kFans[] = {
      [](Fan& f) { f.Legacy(1, 0, 7), f.feature.DeviceState.usDeviceState = kPresent | kRedundant; }},
     {"a failed fan counts as present",
      [](Fan& f) { f.Legacy(0, 1, 3), f.feature.DeviceState.usDeviceState = kPresent | kFailed; }},
-    // Speed.
+    // cases: the speed
     {"an undefined speed state has a name", [](Fan& f) { f.basic.ucSpeedState = 255; }},
     {"a percentage is read as a signed byte", [](Fan& f) { f.basic.ucSpeedPct = 255; }},
 };
 // clang-format on
 
-constexpr int kIndexOfRow0 = 255;  // the driver's index -1
+constexpr int kIndexOfRow0 = 255;  // the index -1, as the driver receives it
 
 struct SensorCase {
     const char* catches;
@@ -110,7 +110,7 @@ TEST(HealthTable, ShowsEachFactOfAFanAndOfASensor) {
     ExpectGolden("health-table/facts.txt", listing);
 }
 
-// all_zones.txt contains both tables. The zones of the rows are 0 to 31, repeatedly.
+// all_zones.txt contains both tables. The rows have the zones 0 to 31, repeatedly.
 TEST(HealthTable, ShowsAsManyFansAndSensorsAsAByteCanCount) {
     TestMachine machine("bx20");
     machine.Table(kFanHeaderTable, 0, 0, FANHEADER{255, 255, 0, 0});
@@ -119,7 +119,7 @@ TEST(HealthTable, ShowsAsManyFansAndSensorsAsAByteCanCount) {
         const COMMONFEATUREINFO feature = Feature(i, kPresent, static_cast<ZoneType>(i % 32));
         machine.Table(kFanFeatureTable, i, 0, feature);
         machine.Table(kFanBasicTable, i, 0, FANBASIC{});
-        machine.Table(kTemperatureFeatureTable, (i + 255) % 256, 0, feature);  // row 0 is index 255
+        machine.Table(kTemperatureFeatureTable, (i + 255) % 256, 0, feature);  // row 0: index 255
         machine.Table(kTemperatureNumbersTable, i, 0, TEMPERATURENUMBERS{});
     }
     ExpectGolden("health-table/all_zones.txt", Rows(machine, "SHOW FANS") + Rows(machine, "SHOW TEMP"));

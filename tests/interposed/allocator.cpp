@@ -1,7 +1,7 @@
 // Replaces the C library's allocator. If BRANT_FAIL_ALLOCATION is N, the N-th allocation of the process
-// fails; if it is N+, all from the N-th on fail. Each failure is reported on standard error, so that the test
-// knows whether the process got that far. If BRANT_COUNT_BLOCKS is set, the process reports at its end how
-// many blocks it has not freed.
+// fails; if it is N+, all allocations from the N-th on fail. Each failure is reported on standard error, so
+// that the test can check whether the process got that far. If BRANT_COUNT_BLOCKS is set, the process prints,
+// when it ends, the number of blocks that it has not freed.
 #include <unistd.h>
 
 #include <cerrno>
@@ -44,7 +44,7 @@ __attribute__((destructor)) void ReportBlocks() {
 
 }  // namespace
 
-// operator new calls malloc.
+// operator new also allocates with malloc.
 extern "C" void* malloc(size_t size) {
     return Fails() ? nullptr : Counted(__libc_malloc(size));
 }

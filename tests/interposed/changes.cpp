@@ -1,9 +1,11 @@
 // Replaces the system calls with which a program changes the files of a machine directory:
-// - Each call first flushes standard output, so that the output printed before a kill is complete.
-// - A write of a file writes only half of the bytes, except to the trace.
-// - BRANT_KILL_AT=N: each call is printed on standard output, and SIGKILL ends the process before the N-th.
-// - BRANT_AFTER_MKDIR: a shell command that runs after the process has created a directory; MADE is its path.
-// - BRANT_NO_NULL: opening /dev/null fails.
+// - Each call first flushes standard output, so that the test sees everything that was printed before a kill.
+// - A write to a file writes only half of the bytes, except to the trace.
+// - With BRANT_KILL_AT=N, each call is printed on standard output, and SIGKILL ends the process before the
+//   N-th.
+// - BRANT_AFTER_MKDIR contains a shell command, which runs after the process has created a directory. The
+//   variable MADE contains the directory's path.
+// - With BRANT_NO_NULL, opening /dev/null fails.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -17,7 +19,7 @@
 
 namespace {
 
-// Runs before each call that changes a file.
+// Called before each call that changes a file.
 void Before(const char* call, const char* file) {
     std::fflush(stdout);
     const char* const kill_at = std::getenv("BRANT_KILL_AT");
@@ -49,13 +51,13 @@ int UnlinkAt(int directory, const char* path, int flags) asm("unlinkat");
 int MakeDirectory(const char* path, mode_t mode) asm("mkdir");
 }
 
-// The programs create files only with openat, so the mode argument isn't passed on.
+// The programs create files only with openat, so this function never gets a third argument with permissions.
 int Open(const char* path, int flags, ...) {
     if (std::getenv("BRANT_NO_NULL") != nullptr && std::strcmp(path, "/dev/null") == 0) path = "";  // ENOENT
     return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags | O_LARGEFILE));
 }
 
-// The only caller that creates a file passes the mode 0600.
+// The only call that creates a file passes the permissions 0600, so they are constant here.
 int OpenAt(int directory, const char* path, int flags, ...) {
     if ((flags & O_ACCMODE) != O_RDONLY) Before("open", path);
     return static_cast<int>(syscall(SYS_openat, directory, path, flags | O_LARGEFILE, 0600));
@@ -89,7 +91,7 @@ int MakeDirectory(const char* path, mode_t mode) {
     if (const char* const command = std::getenv("BRANT_AFTER_MKDIR")) {
         const int reason = errno;
         setenv("MADE", path, 1);
-        const pid_t shell = fork();  // system() would ignore SIGINT
+        const pid_t shell = fork();  // not system(), which would ignore SIGINT during the command
         if (shell == 0) execl("/bin/sh", "sh", "-c", command, nullptr);
         int status = 0;
         if (waitpid(shell, &status, 0) != shell || status != 0) std::abort();

@@ -1,5 +1,5 @@
-// Adds a page without access after each memory mapping, so that reading past the end of a mapping ends the
-// process by a signal.
+// Adds an inaccessible guard page after each memory mapping, so that a signal ends the process if it reads
+// past the end of a mapping.
 #include <dlfcn.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -17,7 +17,7 @@ size_t WholePages(size_t length) {
     return (length + PageSize() - 1) / PageSize() * PageSize();
 }
 
-// Returns the C library's function of that name.
+// Returns the C library's function with this name.
 template <typename Function>
 Function* Original(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));

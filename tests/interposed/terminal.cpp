@@ -1,6 +1,6 @@
 // Simulates a terminal for a process that has none. Its initial settings are seven bits and parity, which a
 // pseudo-terminal doesn't support. Each call that changes the settings or waits for a key appends a line to
-// the machine's trace, so that the order of these calls and the device requests can be compared.
+// the machine's trace, so that a test can check the order of these calls and the device requests.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/select.h>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr tcflag_t kInitialFlags = CS7 | PARENB;
 
-// Appends a line to the trace. Doesn't allocate memory, because tests number the allocations.
+// Appends a line to the trace. Doesn't allocate memory, because the tests count the allocations.
 __attribute__((format(printf, 1, 2))) void AppendToTrace(const char* format, ...) {
     char text[4096];
     std::snprintf(text, sizeof text, "%s/trace", std::getenv("BRANT_MACHINE"));

@@ -1,5 +1,5 @@
-// Tests of SHOW POWERSUPPLY, SHOW UID, SET UID and SHOW DIMM: values at the limits, and the sockets that SHOW
-// DIMM requests.
+// Tests of SHOW POWERSUPPLY, SHOW UID, SET UID and SHOW DIMM: values at their limits, and the sockets that
+// SHOW DIMM requests.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,8 @@
 
 namespace {
 
-// All bits of the records differ from those that the command reads. The second bay is empty.
+// In each record, the bits that the command doesn't read are the opposite of those that it reads. The second
+// bay is empty.
 TEST(ShowPowerSupply, ReadsOnlyItsBits) {
     TestMachine machine("bx20");
     machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{2, 255, 0, 0, 0});
@@ -63,11 +64,11 @@ TEST(ShowDimm, PrintsLargeNumbersAsSignedOrHexadecimal) {
 
 struct WalkCase {
     const char* catches;
-    bool has_counts;                // whether the driver has a record of the two counts
-    uint32_t modules, cartridges;   // the counts
-    RESMEM_CARTRIDGE_CONFIG board;  // the record of the system board
-    int requested;                  // the number of requested sockets, which are all empty
-    const char* last;               // the last one
+    bool has_counts;                // whether the driver has a record with the two counts
+    uint32_t modules, cartridges;   // the two counts
+    RESMEM_CARTRIDGE_CONFIG board;  // record of the system board
+    int requested;                  // number of sockets that are requested; all are empty
+    const char* last;               // the last socket that is requested
 };
 
 // clang-format off

@@ -1,4 +1,4 @@
-// Tests of SHOW HLOG and CLEAR HLOG with logs and faults that are made for each case.
+// Tests of SHOW HLOG and CLEAR HLOG. Each case has its own log and faults.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace {
 
 using Numbers = std::vector<uint32_t>;
 
-// Returns a log with entries of these numbers.
+// Returns a log whose entries have these numbers.
 std::string Log(const Numbers& numbers) {
     std::string log;
     for (const uint32_t number : numbers) log += EventEntry(EventHeader(number, kCaution, 13, 1), "");
@@ -35,8 +35,8 @@ RunOptions Typed(const std::string& keys) {
 struct ListingCase {
     const char* catches;
     Numbers log;
-    std::string keys;   // typed at the prompts
-    const char* shape;  // the output, as Shape() returns it
+    std::string keys;   // keys that are typed at the prompts
+    const char* shape;  // expected output, abbreviated by Shape()
     const char* fault = "";
     int status = 0;
 };
@@ -44,12 +44,12 @@ struct ListingCase {
 TEST(ShowHlog, ListsTheLogScreenByScreen) {
     const ListingCase cases[] = {
         {"no message for an empty log", {}, "", "/E//"},
-        // Paging: six requests per screen, including the one that finds the end of the log.
+        // cases: paging; a screen has six requests, including the one that returns the end of the log
         {"a prompt before the screen is full", UpTo(4), "", "/1 2 3 4 //"},
         {"the last request is not counted", UpTo(5), "", "/1 2 3 4 5 ?///"},
         {"a second prompt after a full last screen", UpTo(6), "", "/1 2 3 4 5 6 ?///"},
         {"the count is not reset after a screen", UpTo(12), "", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?///"},
-        // Keys.
+        // cases: keys at the prompt
         {"q does not quit", UpTo(12), "q", "/1 2 3 4 5 6 ?//"},
         {"Q does not quit", UpTo(12), "Q", "/1 2 3 4 5 6 ?//"},
         {"q does not quit on the last screen", UpTo(5), "q", "/1 2 3 4 5 ?//"},
@@ -58,7 +58,7 @@ TEST(ShowHlog, ListsTheLogScreenByScreen) {
         {"Enter is ignored", UpTo(12), "\nq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
         {"a NUL byte ends the input", UpTo(12), {"\0q", 2}, "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
         {"a byte of 0xFF ends the input", UpTo(12), "\xFFq", "/1 2 3 4 5 6 ?/7 8 9 10 11 12 ?//"},
-        // Numbers.
+        // cases: event numbers
         {"entries in the order of the file, or a request for each missing number",
          {9, 3, 400, 4},
          "",
@@ -73,7 +73,7 @@ TEST(ShowHlog, ListsTheLogScreenByScreen) {
          {1, 2, 3, 4, 5, 0xFFFFFFFF},
          "",
          "/1 2 3 4 5 -1 //"},
-        // Failures of the driver.
+        // cases: failures of the driver
         {"status 3 is repeated without end", UpTo(3), "", "/SSSSSS?/SSSSSS//", "cevt read * 3", 1},
         {"status 3 is repeated without end if paging is off", UpTo(3), "c", "/SSSSSS?/SSSSSS//",
          "cevt read * 3", 1},
@@ -112,7 +112,7 @@ TEST(ShowHlog, ConsumesOneKeyPerPrompt) {
     EXPECT_NE(listing.find("brantcli> CLEAR HLOG\nHLOG Log successfully cleared.\n"), std::string::npos);
 }
 
-// Reads the output through a pipe, and sends the key only after the whole prompt has arrived.
+// Reads the output through a pipe, and sends the key only when the whole prompt has arrived.
 TEST(ShowHlog, WritesThePromptBeforeItWaitsForTheKey) {
     TestMachine machine;
     machine.Write("cevt/hlog", Log(UpTo(7)));
@@ -125,7 +125,7 @@ TEST(ShowHlog, WritesThePromptBeforeItWaitsForTheKey) {
     EXPECT_EQ(RunProgram("/bin/sh", {"-c", command}, machine.Directory()).output, shown);
 }
 
-// Shows an entry that fills the buffer. The driver rejects a longer one with status 3.
+// Lists an entry that fills the buffer. The driver rejects a longer entry with status 3.
 TEST(ShowHlog, ReadsAnEntryAsLongAsTheBuffer) {
     TestMachine machine;
     const std::string fits(268, 'x');
@@ -144,14 +144,14 @@ TEST(ShowHlog, PrintsTheUpdateTimeAndReplacesUnprintableCharacters) {
     for (const char letter : note) shown += letter < ' ' ? ' ' : letter;
     EVT_HEADER header = EventHeader(0x80000000, kRepaired, 33, 2);
     header.InitTime = {19, 99, 10, 11, 12, 13};
-    header.UpdateTime = {251, 252, 253, 254, 255, 250};  // the longest lines
+    header.UpdateTime = {251, 252, 253, 254, 255, 250};  // numbers that result in the longest lines
     machine.Write("cevt/hlog", EventEntry(header, note));
     EXPECT_EQ(machine.Script("SHOW HLOG").output,
               "\n\nEvent: -2147483648 Added: 253/254/251252 255:250\nREPAIRED: Maintenance Note - " + shown +
                   ".\n\n\n");
 }
 
-// The codes are those that no event in a model's log has.
+// Tests the codes that no event in a model's log has.
 TEST(ShowHlog, NamesEverySeverityAndClass) {
     const struct {
         uint8_t severity;

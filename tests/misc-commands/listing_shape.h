@@ -1,12 +1,12 @@
-// A short form of the output of SHOW HLOG.
+// Abbreviates the output of SHOW HLOG for the tests.
 #pragma once
 
 #include <string>
 #include <utility>
 
-// Abbreviates an output to one line: an entry to its number, the prompt to ?, a newline to /, the message for
-// a buffer that is too small to S, the message for an invalid status to !, that for an empty log to E. From
-// the first unknown text on, the output is unchanged.
+// Abbreviates an output to one line. An entry becomes its number, the prompt '?', a newline '/'. The message
+// about a buffer that is too small becomes 'S', that about an invalid status '!', and that about an empty log
+// 'E'. The output from the first unknown text on is unchanged.
 inline std::string Shape(std::string output) {
     const std::pair<std::string, std::string> kTokens[] = {
         {"\nPress q to quit, c to continue without pagination\n"

@@ -1,6 +1,5 @@
 // Tests of all commands for ROM settings. The golden files contain the settings of each model, the value of
-// each variable after each command that modifies it, and the output for unusual settings, arguments and
-// faults.
+// each variable after each modifying command, and the output for unusual settings, arguments and faults.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -17,8 +16,8 @@ constexpr char kShows[] =
     "SHOW ASR; SHOW ASSET; SHOW BOOT; SHOW EAAS; SHOW F1; SHOW HT; SHOW IPL; SHOW NAME; SHOW NIC; SHOW WOL; "
     "SHOW VERSIONS; SHOW SERIAL BIOS; SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL";
 
-// Runs each command of a list for Items(). Returns its status, its output, with '~' for each NUL, and its
-// requests.
+// Runs each command of a list, as Items() splits it. Returns the status of each, its output with '~' for each
+// NUL, and its requests.
 std::string Runs(TestMachine& machine, const char* commands) {
     std::string listing;
     for (const std::string& command : Items(commands)) {
@@ -40,10 +39,10 @@ TEST(RomListings, ShowTheSettingsOfEachModel) {
     ExpectGolden("misc-commands/settings_shown.txt", listing);
 }
 
-// The modifying commands and their arguments. serial_test.cpp has those of the embedded serial ports.
+// The modifying commands and their arguments, except those of the embedded serial ports (serial_test.cpp).
 struct Changes {
     const char* command;
-    const char* values;  // a list for Items()
+    const char* values;  // a list of arguments, for Items()
 };
 constexpr Changes kChanges[] = {
     {"SET", "NAME web7; ASSET \"Rack 4\""},
@@ -61,8 +60,9 @@ constexpr Changes kChanges[] = {
     {"DISABLE ISCSI", "NIC1; NIC2; NIC3; NIC4; NIC5"},
 };
 
-// The variables before each command: first all bits 0, a boot order with a USB key and the NICs' variable;
-// then all bits 1, a boot order without it and the NICs' legacy variable.
+// The values of the variables before each command. In the first run all bits are 0, the boot order contains a
+// USB key, and the NICs have their new variable. In the second run all bits are 1, the boot order has no USB
+// key, and the NICs have only their legacy variable.
 #define ZEROS "0000000000000000000000000000"
 #define ONES "ffffffffffffffffffffffffffff"
 struct Before {
@@ -113,14 +113,14 @@ TEST(RomListings, ChangeTheSettings) {
 
 struct Case {
     const char* model;
-    const char* catches;   // the defect that changes the output
-    const char* facts;     // for SetFacts()
-    const char* commands;  // a list for Items()
+    const char* catches;   // the bug that would change the output
+    const char* facts;     // changes of the machine, for SetFacts()
+    const char* commands;  // a list of commands, for Items()
 };
 #define NICS5 "ZTHMAC=" NIC NIC NIC NIC NIC
 // clang-format off
 constexpr Case kCases[] = {
-    // the boot order and the one-time boot device
+    // cases: the boot order and the one-time boot device
     {kOrdinary, "a device that only the other command knows is accepted", "", "SET BOOT ONCE USBKEY; SET BOOT FIRST KONF"},
     {kOrdinary, "USBKEY is accepted on a server without it", "", "SET BOOT FIRST USBKEY"},
     {kOrdinary, "the status of a failed write is 1", "ZTHNIPL=02; ZTHIPL=0001; !crom write ZTHIPL 1", "SET BOOT FIRST FLOPPY"},
@@ -137,7 +137,7 @@ constexpr Case kCases[] = {
     {kFull, "the names are those of the other servers", "ZTHNIPL=02; ZTHIPL=0304", "SHOW BOOT; SHOW IPL"},
     {kFull, "the names are those of the other servers", "ZTHIPL=04", "SHOW BOOT"},
     {kFull, "a code without a device has a name", "ZTHIPL=05", "SHOW BOOT"},
-    // the NICs
+    // cases: the NICs
     {kOrdinary, "PXE remains enabled on two NICs", "ZTHMAC=" NIC NIC NIC "; ZTHNIC=01000155667788", "ENABLE PXE NIC2"},
     {kOrdinary, "iSCSI, or PXE of a NIC that doesn't exist, is disabled", "ZTHMAC=" NIC NIC "; ZTHNIC=020001", "ENABLE PXE NIC2; ENABLE PXE NIC2; DISABLE PXE NIC1"},
     {kOrdinary, "DISABLE clears all flags, or ENABLE prints more than the lowest one", NICS5 "; -ZTHNIC; ZTHPXE=1e", "DISABLE PXE NIC3; ENABLE PXE NIC5"},
@@ -149,7 +149,7 @@ constexpr Case kCases[] = {
     {kOrdinary, "a NIC after the last one is accepted", "ZTHMAC=" NIC NIC, "DISABLE PXE NIC3; ENABLE ISCSI NIC3"},
     {kOrdinary, "NICs are used although their number is unknown", "-ZTHMAC; ZTHNIC=01", "DISABLE PXE NIC1; SHOW NIC"},
     {kOrdinary, "an unknown setting has a name", "ZTHMAC=" NIC NIC NIC NIC "; ZTHNIC=0001020304", "SHOW NIC"},
-    // the serial ports
+    // cases: the serial ports
     {kOrdinary, "an invalid port or baud rate is accepted", "", "SET SERIAL BIOS COM3 9600; SET SERIAL BIOS COM2 2400; SET SERIAL BIOS COM1"},
     {kOrdinary, "the baud rate is not written if writing the port fails", "!crom write ZTHCON 1", "SET SERIAL BIOS COM1 9600; SET SERIAL BIOS DISABLED 1"},
     {kFull, "both embedded ports are disabled, or other bits are changed", "ZTSBKT=0000a1c100000000000032aabb", "set serial virtual com1"},
@@ -170,7 +170,7 @@ constexpr Case kCases[] = {
     {kFull, "an undefined number has a name", "ZTSBKT=0000f5fe000000000000fd", "SHOW SERIAL EMBEDDED; SHOW SERIAL VIRTUAL"},
     {kFull, "an undefined number has a name", "ZTSBKT=00000000000000000000f8", "SHOW SERIAL VIRTUAL"},
     {kFull, "an undefined number has a name", "ZTSBKT=00000000000000000000fe", "SHOW SERIAL VIRTUAL"},
-    // the recovery timer, the server's name, the switches, and the versions
+    // cases: the recovery timer, the server's name, the switches and the versions
     {kOrdinary, "the state is shown as the minutes", "ZTHCPR=0203140405060708", "ENABLE ASR; SHOW ASR; DISABLE ASR; SHOW ASR"},
     {kOrdinary, "an invalid number is accepted, or one that wraps to a valid one", "", "SET ASR 12; SET ASR TEN; SET ASR 4294967301"},
     {kOrdinary, "a half has one character too many or too few, or no NULs", "",
@@ -188,7 +188,7 @@ constexpr Case kCases[] = {
 };
 // clang-format on
 
-// settings_cases.txt contains the results of each case on a machine of its own.
+// settings_cases.txt contains the results of each case. Each case has a new machine.
 TEST(RomListings, OfUnusualSettingsArgumentsAndFaults) {
     std::string listing;
     for (const Case& c : kCases) {

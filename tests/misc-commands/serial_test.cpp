@@ -9,11 +9,11 @@
 
 namespace {
 
-// Sets each embedded port to each number on both kinds of servers, while no port, the other embedded port or
-// the virtual port has that number. embedded_ports.txt contains the variable, the output, and the variable
-// afterwards.
+// Sets each embedded port to each number, on both kinds of servers, while the number belongs to no port, to
+// the other embedded port or to the virtual port. embedded_ports.txt contains the variable before the
+// command, the output, and the variable after the command.
 TEST(SerialPorts, EmbeddedPortsGetEveryNumber) {
-    constexpr size_t kNoPort = 0, kPortA = 2, kPortB = 3, kVirtual = 10;  // bytes of the variable
+    constexpr size_t kNoPort = 0, kPortA = 2, kPortB = 3, kVirtual = 10;  // offsets in the variable
     RomShell shell;
     std::string listing;
     const auto set = [&](const std::string& command, size_t holder, int number) {

@@ -35,7 +35,7 @@ TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
     }
 }
 
-// A user who can open a device's directory can lock it, and every modifying command would wait.
+// A user who can open a device's directory can also lock it, and then every modifying command would wait.
 TEST(MakeMachineProgram, CreatesDirectoriesThatOnlyTheOwnerCanOpen) {
     for (const char* mask : {"0", "022", "0777"}) {
         const TestMachine parent;
@@ -49,7 +49,7 @@ TEST(MakeMachineProgram, CreatesDirectoriesThatOnlyTheOwnerCanOpen) {
     }
 }
 
-// The owner of the directory could redirect the program's writes to other files.
+// If the directory belonged to another user, that user could redirect the program's writes to other files.
 TEST(MakeMachineProgram, WritesOnlyIntoAnEmptyDirectoryOfItsUser) {
     TestMachine parent;
     const std::string directory = parent.Directory() + "/casr";

@@ -1,5 +1,5 @@
-// Tests of the line editor. All keys of a test are typed in advance. The tests check the bytes that the
-// editor writes, their effect on a screen, and the line that Enter returns.
+// Tests of the line editor. All keys of a test are in the input before the editor starts. The tests check the
+// bytes that the editor writes, their effect on a screen, and the line that Enter returns.
 #include "cli/parse/editor.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,8 @@ std::string Trimmed(const std::string& text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-// Returns the bytes of a name in angle brackets: of a key, or of something that the editor writes.
+// Returns the bytes for a name in angle brackets, which is that of a key or of something that the editor
+// writes.
 std::string BytesOfName(const std::string& name) {
     // clang-format off
     static const std::pair<const char*, const char*> names[] = {
@@ -39,7 +40,7 @@ std::string BytesOfName(const std::string& name) {
         if (name == known) return bytes;
     }
     if (name.rfind("Erase ", 0) == 0) return Erased(std::stoul(name.substr(6)));
-    return {static_cast<char>(std::stoi(name, nullptr, 16))};  // two digits: the byte itself
+    return {static_cast<char>(std::stoi(name, nullptr, 16))};  // two hexadecimal digits: this byte
 }
 
 // Replaces each name in angle brackets with its bytes.
@@ -59,14 +60,14 @@ std::string Bytes(const std::string& notation) {
 
 struct KeyCase {
     const char* catches;
-    const char* keys;     // as Bytes() takes them, like the next two
-    const char* written;  // after the prompt
+    const char* keys;     // this member and the next two are arguments for Bytes()
+    const char* written;  // the output after the prompt
     const char* line;
-    int column;  // of the cursor, from the start of the line
+    int column;  // final column of the cursor in the line
 };
 // clang-format off
 constexpr KeyCase kKeys[] = {
-    // editing before the end of the line
+    // cases: editing before the end of the line
     {"the rest of the line is overwritten",        "ac<Left>b",                "ac<BS>bc<BS>",                   "abc", 2},
     {"the last character stays on the screen",     "abc<Left><Rubout>",        "abc<BS><BS>c <BS><BS>",          "ac",  1},
     {"Backspace at the start has an effect",       "abc<Home><BS>",            "abc<BS><BS><BS>",                "abc", 0},
@@ -75,14 +76,15 @@ constexpr KeyCase kKeys[] = {
     {"the cursor moves past the ends",             "<Left><Home>a<Right><End><Delete>", "<Bell><Bell>a<Bell><Bell><Bell>", "a", 1},
     {"End prints from the wrong column",           "abc<Home><Right><End>",    "abc<BS><BS><BS>abc",             "abc", 3},
     {"the line is cleared from the cursor only",   "ab<Left><^C>c",            "ab<BS>b<Erase 2>c",              "c",   1},
-    // double keys
+    // cases: double keys
     {"two ESCs that aren't a pair clear the line", "a<Esc><Esc>b<Esc><Esc><80><Esc><Esc><FF><Esc><Esc>", "a<Bell>b<Bell><Bell><Bell><Bell><Bell>", "ab", 2},
     {"a double ESC or Ctrl-U doesn't clear",       "a<Esc><Esc><Esc><Esc>b<^U>", "a<Bell><Erase 1>b<Erase 1>",   "",    0},
     {"0xFF after ESC stays in the input",          "a<Esc><FF>",               "a<Bell>",                        "a",   1},
     {"two TABs make a pair in spite of a byte between them", "s<Tab><00><Tab><80><Tab><FF><Tab>",
         "s<Bell><Erase 1>s<Bell><Erase 1>s<Bell><Bell><Erase 1>s<Bell><Bell><Erase 1>s", "s", 1},
     {"a TAB and an ESC make a pair",               "z<Tab><Esc><FF>",          "z<Bell><Bell>",                  "z",   1},
-    // bytes that aren't keys, and unknown sequences; the bytes after the first unknown one are typed
+    // cases: bytes that aren't keys, and unknown sequences; the bytes after the first unknown one are
+    // inserted
     {"a byte of 0x80 or above is a key code",      "a<EB><F8>",                "a<Bell><Bell>",                  "a",   1},
     {"a control character is inserted",            "<01><04><1A>",             "<Bell><Bell><Bell>",             "",    0},
     {"too much of a sequence is read", "<Esc>[22~<Esc>[16~<Esc>[7~<Esc>[1x~",  "<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~", "~~~~", 4},
@@ -90,7 +92,7 @@ constexpr KeyCase kKeys[] = {
     {"a key without a function rings twice",
         "<Esc>[5~<Esc>[6~<Esc>[12~<Esc>[14~<Esc>[15~<Esc>[17~<Esc>[18~<Esc>[19~<Esc>[20~<Esc>[21~<Esc>[23~<Esc>[24~",
         "<Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell>", "", 0},
-    // the line that TAB makes
+    // cases: the line that TAB produces
     {"a synonym makes a word ambiguous",           "show fa<Tab>",             "show fa<Erase 7>SHOW FAN ",      "SHOW FAN ", 9},
     {"a synonym is replaced with its command",     "show fans Xy<Tab>",        "show fans Xy<Erase 12>SHOW FANS Xy ", "SHOW FANS Xy ", 13},
     {"a prefix that isn't the last word matches",  "sho x<Tab>",               "sho x<Bell>",                    "sho x", 5},
@@ -98,7 +100,7 @@ constexpr KeyCase kKeys[] = {
     {"an empty line rings the bell",               " <Tab>",                   " ",                              " ",   1},
     {"the 25th word is lost",                      "<24Words> y <Tab>",        "<24Words> y <Erase 50><24Words> y ", "<24Words> y ", 50},
     {"the 26th word is lost",                      "<24Words> y z<Tab>",       "<24Words> y z<Bell>",            "<24Words> y z", 51},
-    // TAB and F1 on the screen
+    // cases: the screen after TAB and F1
     {"the cursor stays inside the word",           "sh<Left><Tab>",            "sh<BS><Erase 1>SHOW ",           "SHOW ", 5},
     {"the TAB after a completed word is the second of a pair", "sh<Tab><Tab>", "sh<Erase 2>SHOW <Erase 5>SHOW ", "SHOW ", 5},
     {"the TAB after a completed prefix is the second of a pair", "show s<Tab><Tab>",
@@ -122,10 +124,11 @@ InputLineType line;
 
 bool at_prompt = false;
 
-// The state of a shell after start-up, without a terminal.
+// The state of the shell after start-up; there is no terminal.
 struct Shell : FreshState {
     Shell() {
-        // The end of the input would end the process with status 0, which looks like success.
+        // If a test read to the end of the input, the editor would end the process with status 0, which looks
+        // like success.
         static const int registered = std::atexit([] {
             if (at_prompt) std::abort();
         });
@@ -135,7 +138,7 @@ struct Shell : FreshState {
     }
 };
 
-// Reads `line` from these keys. Returns the output, including the prompt.
+// Types `keys` and stores the line that results in `line`. Returns the output, including the prompt.
 std::string Type(const std::string& keys) {
     const std::string bytes = Bytes(keys);
     int keyboard[2];
@@ -212,8 +215,8 @@ TEST(Editor, LimitsTheLengthOfALine) {
     EXPECT_EQ(full.c_str(), std::string(253, 'a'));
 }
 
-// The rest of a line that is too long must not run as a command. From a pipe the editor discards it up to
-// Enter, on a terminal only the part that has been typed already.
+// The rest of a line that is too long must not run as a command. The editor discards the rest up to Enter if
+// the input is a pipe; on a terminal it discards what has already been typed.
 TEST(Editor, DiscardsALineThatIsTooLongAndItsRest) {
     const TestMachine machine("tr500k2");
     const std::string too_long = "SET ASSET " + std::string(243, 'x'), log = machine.Read("cevt/hlog"),
@@ -239,19 +242,20 @@ TEST(Editor, DiscardsALineThatIsTooLongAndItsRest) {
 }
 
 // clang-format off
-// A simple model of the editor: a string and an index. Each capital letter is a key; other characters are typed.
+// A simple model of the editor: a string and an index. Each capital letter is a key; other characters are
+// inserted.
 struct Model {
-    std::vector<std::string> entered;  // the last 49 can be recalled
+    std::vector<std::string> entered;  // all lines that were entered; the last 49 can be recalled
     std::string line;
     size_t cursor = 0, recalled = 0;
-    int bells = 0;  // expected bells
+    int bells = 0;  // number of expected bells
 
     void Recall(size_t index) {
         recalled = index;
         line = index < entered.size() ? entered[index] : "";
         cursor = line.size();
     }
-    std::string Press(char key) {  // returns the key's name for Bytes()
+    std::string Press(char key) {  // presses a key; returns its name for Bytes()
         if (std::string(cursor == 0 ? "LH" : "").find(key) != std::string::npos) ++bells;
         if (std::string(cursor == line.size() ? "RED" : "").find(key) != std::string::npos) ++bells;
         const bool has_older = recalled > 0 && recalled + 49 > entered.size();

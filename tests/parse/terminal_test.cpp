@@ -1,4 +1,4 @@
-// Tests of the terminal settings, which must be restored however the program ends or stops, and of reading
+// Tests of the terminal settings, which must be restored on every exit or stop of the program, and of reading
 // from the terminal.
 #include "cli/terminal/terminal.h"
 
@@ -15,10 +15,10 @@ namespace {
 struct ExitPath {
     const char* name;
     std::vector<std::string> arguments;
-    const char* prompt;      // the end of the output when the program waits for a key
-    int signal;              // sent at this prompt; 0: none
-    void (*inherited)(int);  // the action for SIGTERM when the program starts
-    std::string keys;        // typed at this prompt
+    const char* prompt;      // end of the output when the program waits for a key
+    int signal;              // signal that is sent at this prompt; 0: none
+    void (*inherited)(int);  // action for SIGTERM that the program inherits
+    std::string keys;        // keys that are typed at this prompt
     int status;
 };
 constexpr char kAtPrompt[] = "\nbrantcli> ";
@@ -79,7 +79,7 @@ TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramContinues) {
     EXPECT_EQ(session.ReceiveUntil("\b\b"), "brantcli> show\b\b");
     EXPECT_EQ(session.screen.CursorLine(), "brantcli> show");
     EXPECT_TRUE(session.Settings() == CharacterMode(session.found));
-    if (!Emulated()) kill(session.program, SIGTSTP);  // has no effect on a session leader
+    if (!Emulated()) kill(session.program, SIGTSTP);  // the signal has no effect on a session leader
     session.Type("x");
     EXPECT_EQ(session.ReceiveUntil("\b\b"), "xow\b\b");
     EXPECT_EQ(session.screen.CursorLine(), "brantcli> shxow");
@@ -122,7 +122,7 @@ TEST(Terminal, AStopAtThePagerIsNoKey) {
     TerminalSession session(machine, {"-s", "SHOW HLOG"});
     session.ReceiveUntil("screen.: ");
     session.StopAndContinue();
-    usleep(100000);  // until the program goes on
+    usleep(100000);  // so that the program runs again
     session.Type("q");
     EXPECT_EQ(session.ReceiveUntil("\xFF"), "\n\n");
     EXPECT_EQ(session.End(), 0);
@@ -145,7 +145,7 @@ extern "C" void Tick(int /*signal*/) {
 }
 
 TEST(Terminal, WaitsForAKeyThroughInterruptions) {
-    struct sigaction action {};  // no SA_RESTART, so that system calls fail with EINTR
+    struct sigaction action {};  // without SA_RESTART, so that system calls fail with EINTR
     action.sa_handler = Tick;
     sigaction(SIGALRM, &action, nullptr);
     const itimerval every_millisecond = {{0, 1000}, {0, 1000}}, never = {};

@@ -1,4 +1,4 @@
-// Tests of Parse(): the words of a line.
+// Tests of Parse(), which splits a line into words.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -10,9 +10,9 @@
 namespace {
 
 struct Word {
-    std::string text;           // in Words
-    bool quoted = false;        // in Quote
-    std::string original = {};  // in OrigCaseWords; "": equal to `text`
+    std::string text;           // the word in Words
+    bool quoted = false;        // the flag in Quote
+    std::string original = {};  // the word in OrigCaseWords; "" if it equals `text`
 };
 
 struct TokenizerCase {
@@ -23,7 +23,7 @@ struct TokenizerCase {
 
 InputLineType Tokenize(const std::string& text) {
     InputLineType line;
-    std::memset(&line, 0x5A, sizeof line);  // values from an earlier line
+    std::memset(&line, 0x5A, sizeof line);  // fills the line with values, as an earlier line would leave them
     std::memset(line.CmdLine, 0, sizeof line.CmdLine);
     std::memcpy(line.CmdLine, text.data(), text.size());
     Parse(&line);
@@ -36,7 +36,7 @@ std::string Repeat(const std::string& part, int times) {
     return text;
 }
 
-// Returns the largest number of words: 24 times "a", and `last`.
+// Returns as many words as a line can have: 24 times "a", then `last`.
 std::vector<Word> WithLast(const Word& last) {
     std::vector<Word> words(24, Word{"A", false, "a"});
     words.push_back(last);
@@ -45,14 +45,14 @@ std::vector<Word> WithLast(const Word& last) {
 
 // clang-format off
 const TokenizerCase kCases[] = {
-    // separators
+    // cases: separators
     {"an empty line has a word", "", {}},
     {"a word consists of spaces", "   ", {}},
     {"spaces are part of words", "  show   fans ", {{"SHOW", false, "show"}, {"FANS", false, "fans"}}},
     {"control characters are part of words", "a\x01\x1F\rb", {{"A", false, "a"}, {"B", false, "b"}}},
     {"a TAB separates words", "a\tb c", {{"A\tB", false, "a\tb"}, {"C", false, "c"}}},
     {"bytes of 0x80 and above are part of words", "a\200b\377c", {{"A", false, "a"}, {"B", false, "b"}, {"C", false, "c"}}},
-    // quotes
+    // cases: quotes
     {"case or spaces in quotes change", "set name \"Main Server\"", {{"SET", false, "set"}, {"NAME", false, "name"}, {"Main Server", true}}},
     {"a separator in quotes ends the word", "\"a\x80\x01 b\"", {{"a\x80\x01 b", true}}},
     {"a space after the opening quote clears the flag", "\" a\" b", {{" a", true}, {"B", false, "b"}}},
@@ -64,14 +64,14 @@ const TokenizerCase kCases[] = {
     {"two quotes aren't an empty word", "a \"\" b", {{"A", false, "a"}, {"", false}, {"B", false, "b"}}},
     {"the second of two quotes in a word closes the first", "a\"\" b c", {{"A", false, "a"}}},
     {"a quote after an empty word doesn't open quotes", "\"\"\"x y\" z", {{"", false}, {"Z", false, "z"}}},
-    // limits
+    // cases: limits
     {"there is a 26th word", Repeat("a ", 24) + "y \"z\"  A", WithLast({"Y \"Z\"  A", false, "y \"z\"  A"})},
     {"the longest line is truncated", std::string(254, 'X'), {{std::string(254, 'X')}}},
 };
 // clang-format on
 
 TEST(Tokenizer, SplitsALineIntoWords) {
-    MakeUpper(nullptr);  // must not crash
+    MakeUpper(nullptr);  // a null pointer must not crash it
     for (const TokenizerCase& c : kCases) {
         SCOPED_TRACE(c.line + ": " + c.catches);
         const InputLineType line = Tokenize(c.line);

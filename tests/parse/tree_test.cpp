@@ -21,7 +21,7 @@ int Nothing(InputLineType*) {
     return 0;
 }
 
-// Returns a line for each node below `parent`: its path and its help text.
+// Returns one line for each node below `parent`, with the node's path and its help text.
 std::string Listing(const CmdType* parent, const std::string& path) {
     std::string listing;
     for (const CmdType* node = parent->Sub; node != nullptr; node = node->Next) {
@@ -30,7 +30,7 @@ std::string Listing(const CmdType* parent, const std::string& path) {
     return listing;
 }
 
-// Help texts are an interface: they must not change.
+// The help texts are an interface, so they must not change.
 TEST(CommandTree, ContainsEveryCommandWithItsHelpText) {
     const FreshState state;
     CreateCommands();
@@ -38,12 +38,12 @@ TEST(CommandTree, ContainsEveryCommandWithItsHelpText) {
     ExpectGolden("parse/help_texts.golden", Listing(Cmds, "") + shown);
 }
 
-// A tree that contains only its root.
+// A command tree that contains only its root.
 struct EmptyTree : FreshState {
     EmptyTree() { Cmds = NewCommandNode("", nullptr, "the root's help", nullptr); }
 };
 
-// Returns the output of a function that gets `line` as its command line.
+// Calls a function with `line` as the command line. Returns the output.
 template <typename Function>
 std::string Printed(Function function, const std::string& line) {
     InputLineType input{};
@@ -115,7 +115,7 @@ const LineCase kLines[] = {
     {"the status isn't that of the last command",       {"SHOW FANS extra;sho;;HELP EXIT", kInvalidArguments + "\n\nInvalid Command\n\n\nUSAGE: EXIT: Exit brantcli."}},
     {"a segment isn't truncated to 254 characters",  {std::string(250, ' ') + "HELP" + std::string(46, 'X'), kAllCommands}},
     {"a segment is truncated to fewer characters",       Fails(std::string(248, ' ') + "HELPXX", "\nInvalid Command")},
-    // help
+    // cases: help
     {"the first command is on a separate line", {"?", kAllCommands}},
     {"TREE is a command",      {"HELP TREE X", kRootHelp}},
     {"the search starts at HELP",                {"help set serial", "\nUSAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]"}},

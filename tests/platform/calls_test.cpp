@@ -1,4 +1,4 @@
-// Tests of the calls' results, of injected faults, of the trace and of failure reports.
+// Tests of the results of calls, of injected faults, of the trace, and of the messages about failures.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Replaces \n by a newline and \xHH by the byte HH.
+// Replaces \n with a newline and \xHH with the byte HH.
 std::string Unescape(const std::string& text) {
     std::string bytes;
     for (const Match& match : MatchAll(text, "\\\\x(..)|(\\\\n)|(.)")) {
@@ -24,8 +24,8 @@ std::string Unescape(const std::string& text) {
     return bytes;
 }
 
-// Runs a line of calls.txt: a call, or a change or read of a file of the machine. Returns the result. Appends
-// to `calls` the trace line of a call.
+// Runs a line of calls.txt: a call, or a command that changes or reads a file of the machine. Returns the
+// result. If it is a call, appends its trace line to `calls`.
 std::string RunLine(TestMachine& machine, const std::string& line, std::string& calls) {
     Match words;
     const auto is = [&](const char* pattern) { return !(words = MatchWhole(line, pattern)).empty(); };
@@ -55,8 +55,8 @@ std::string RunLine(TestMachine& machine, const std::string& line, std::string& 
 
 }  // namespace
 
-// Each paragraph of calls.txt uses a new machine. A comment after '#' names the defect that the line detects.
-// '!' begins a line of standard error.
+// Each paragraph of calls.txt uses a new machine. A comment after '#' names the bug that the line detects. A
+// line that begins with '!' is one of standard error.
 TEST(Calls, HaveTheResultsOfTheGoldenFile) {
     constexpr char kGolden[] = "platform/calls.txt";
     std::istringstream golden(GoldenText(kGolden));
@@ -110,7 +110,8 @@ TEST(Trace, IsOpenedAtTheFirstCallAndAppendedTo) {
     EXPECT_EQ(machine.Read("trace"), "") << "the trace was opened after the first call";
 }
 
-// The programs' own message is only that they don't run on foreign hardware.
+// On standard output, the programs print only that they don't run on foreign hardware. The reason is on
+// standard error.
 TEST(Opening, ReportsOnceWhyTheMachineDirectoryCannotBeOpened) {
     const TestMachine machine;
     const std::string xsvc = machine.Directory() + "/xsvc";

@@ -1,4 +1,5 @@
-// Tests of the ROM variables' files and of the event log that changes. calls.txt has the other requests.
+// Tests of the files of the ROM variables, and of an event log that changes. calls.txt tests the other
+// requests.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -29,12 +30,12 @@ TEST(Devices, WriteTheLongestVariableAndKeepOnlyReadAndWriteBits) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
 }
 
-// The log is replaced while a listing reads it: overwritten, or replaced by another file.
+// Changes the log while a listing reads it: overwrites it, or replaces it with another file.
 TEST(Devices, ListTheCurrentLog) {
     TestMachine machine;
     InChild(machine, [&] {
         Make("open cevt");
-        uint32_t next = 1;  // each log begins with another number
+        uint32_t next = 1;  // each log begins with a different number
         const auto expect_next = [&next](const char* catches) {
             const std::string call = "cevt read " + std::to_string(next) + " length=56";
             EXPECT_EQ(Make(call), "0 = " + Hexadecimal(LogEntry(next, 40))) << catches;
@@ -50,7 +51,7 @@ TEST(Devices, ListTheCurrentLog) {
             }
             expect_next(renamed ? "the file before it was replaced"
                                 : "the contents before they were overwritten");
-            if (i < 3) usleep(60000);  // until the file is old enough for its index to be reused
+            if (i < 3) usleep(60000);  // so that the file is old enough for its index to be kept
             expect_next("an old log");
             expect_next("an old log");
         }
@@ -63,7 +64,7 @@ TEST(Devices, ListALongLogByNumber) {
     constexpr uint32_t kNumbers = 3000;
     std::mt19937 random(81);
     std::string log;
-    std::map<uint32_t, std::string> first_of;  // each number, in order
+    std::map<uint32_t, std::string> first_of;  // each number, in ascending order
     for (uint32_t i = 0; i < kNumbers; ++i) {
         const auto number = static_cast<uint32_t>(random() % kNumbers);
         const std::string entry = LogEntry(number, static_cast<unsigned>(28 + random() % 300));
@@ -71,8 +72,8 @@ TEST(Devices, ListALongLogByNumber) {
         log += entry;
     }
     TestMachine machine;
-    machine.Write("cevt/hlog", log + "\x1d" + std::string(27, '\0'));  // the last entry lacks a byte
-    usleep(60000);  // until the file is old enough for its index to be reused
+    machine.Write("cevt/hlog", log + "\x1d" + std::string(27, '\0'));  // the last entry is one byte too short
+    usleep(60000);  // so that the file is old enough for its index to be kept
     InChild(machine, [&] {
         Make("open cevt");
         for (const auto& [number, entry] : first_of) {

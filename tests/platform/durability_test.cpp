@@ -1,4 +1,5 @@
-// A change to the machine directory is complete or absent, and never lost because of another process.
+// Tests that a change to the machine directory is complete or absent, and never lost because of another
+// process.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -19,7 +20,7 @@ std::string Write(size_t length, unsigned byte) {
            " data=" + Hexadecimal(std::string(length, static_cast<char>(byte)));
 }
 
-// Changes the first byte of the variable in one process after another, each of which is killed at a random
+// Starts one process after another. Each changes the first byte of the variable and is killed at a random
 // moment. Never returns.
 [[noreturn]] void ChangeAndBeKilled(const TestMachine& machine) {
     setpgid(0, 0);
@@ -39,8 +40,8 @@ std::string Write(size_t length, unsigned byte) {
 
 }  // namespace
 
-// One process changes the whole variable, the others only its first byte. If a change is lost, the bytes that
-// they keep are wrong.
+// One process changes the whole variable, the others only its first byte and keep the rest. If a change is
+// lost, the rest is wrong.
 TEST(Durability, ProcessesLoseNoChangeEvenIfTheyAreKilled) {
     constexpr unsigned kChanges = 200;
     TestMachine machine;

@@ -1,4 +1,4 @@
-// Tests of machine directories with links, special files and huge files, as another user may create them.
+// Tests of machine directories with links, special files and huge files, which another user may have created.
 // Requests fail, and nothing outside the directory is read or written.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -11,7 +11,8 @@
 
 namespace {
 
-// Things other than a regular file, and the result of each request that needs the file.
+// Each case replaces files with something other than a regular file, and contains the result of each request
+// that needs a file.
 const struct {
     const char* name;
     void (*create)(const std::string& path);
@@ -87,7 +88,7 @@ TEST(Hostile, NoLinkToADeviceDirectoryIsFollowed) {
         << "a request has changed a file of the linked directory";
 }
 
-// The second name may be a file of another user, to which every run would append.
+// The second name may be that of another user's file, and every run would append to it.
 TEST(Hostile, ATraceWithASecondNameIsNotWritten) {
     TestMachine machine;
     machine.Write("kept", "kept\n");

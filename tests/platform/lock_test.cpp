@@ -9,7 +9,7 @@
 
 namespace {
 
-// Holds the lock of crom, the device of the ROM variables.
+// Holds the lock of the device crom (the ROM variables).
 class Lock {
   public:
     explicit Lock(const TestMachine& machine)
@@ -42,7 +42,7 @@ TEST(Lock, ControlCEndsTheWaitAndTheScriptContinues) {
               "simulated machine: waiting for another program, which has locked " + machine.Directory() +
                   kReported);
     session.StopAndContinue();
-    usleep(200000);  // until the program has made ^C a signal again
+    usleep(200000);  // so that the program has made ^C send a signal again
     session.Type("\3");
     EXPECT_EQ(session.ReceiveUntil(kFailed), kFailed);
     EXPECT_EQ(session.ReceiveUntil("off.\n"), "\nUID is currently off.\n");
@@ -57,12 +57,13 @@ TEST(Lock, TheWaitKeepsTypedKeysAndTheTerminalMode) {
     TerminalSession session(machine);
     session.ReceiveUntil(kPrompt);
     termios character_mode = session.Settings();
-    character_mode.c_lflag &= ~tcflag_t{NOFLSH};  // NOFLSH would keep the keys at ^C anyway
+    // With NOFLSH, the terminal would keep the keys at ^C even if the program did nothing.
+    character_mode.c_lflag &= ~tcflag_t{NOFLSH};
     tcsetattr(session.terminal, TCSANOW, &character_mode);
 
     session.Type("set asset web7\r");
     session.ReceiveUntil(kReported);
-    session.Type("sho\34");  // ^\ types a character, as at the prompt
+    session.Type("sho\34");  // ^\ is inserted as a character, as at the prompt
     session.Type("\3");
     session.ReceiveUntil(kFailed);
     session.ReceiveUntil("sho");

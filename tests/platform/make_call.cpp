@@ -19,17 +19,17 @@
 
 namespace {
 
-constexpr char kUnwritten = '\xEE';  // fills a buffer before the call
-constexpr size_t kGuard = 64;        // bytes after a buffer, in which Answer() shows a write beyond its end
+constexpr char kUnwritten = '\xEE';  // value of the bytes in a buffer before the call
+constexpr size_t kGuard = 64;        // bytes after a buffer, so that Answer() detects a write beyond its end
 
-using Words = const Match&;  // a call, and the groups that its pattern captures
+using Words = const Match&;  // the text of a call, and the groups that its pattern captures
 
 std::map<std::string, int> descriptors;
 int memory = -1;
 char* mapping = nullptr;
 picl_nodehdl_t root = 0;
 
-// Converts a word to a number of any type.
+// Converts a captured group to a number of any type.
 struct Number {
     explicit Number(const std::string& word) : value(std::stoull(word, nullptr, 0)) {}
     template <typename Wanted>
@@ -39,7 +39,7 @@ struct Number {
     unsigned long long value;
 };
 
-// Formats the result of a call, and the bytes of its buffer up to the last one that was written.
+// Formats the result of a call and its reply: the bytes of the buffer up to the last one that was written.
 std::string Answer(int result, std::string buffer = "") {
     buffer.resize(buffer.find_last_not_of(kUnwritten) + 1);
     return std::to_string(result) + (result < 0 ? " errno=" + std::to_string(errno) : "") +
@@ -92,7 +92,7 @@ std::string OpenMemory(Words) {
     return Answer(std::min(memory, 0));
 }
 
-// Returns the first and the last byte of the mapping as the reply.
+// Maps a range. The reply consists of the first and the last byte of the mapping.
 std::string MapMemory(Words words) {
     const Number address(words[1]), length(words[2]);
     mapping = static_cast<char*>(xsvc_map(memory, address, length));
@@ -109,7 +109,7 @@ std::string CloseMemory(Words) {
     return "";
 }
 
-// Returns as the reply one byte of each node's property "id", or ff if it has none.
+// Walks the tree. The reply consists of one byte of the property "id" of each node, or ff if it has none.
 std::string WalkPicl(Words words) {
     std::string ids;
     const auto add_id = [](picl_nodehdl_t node, void* arg) -> int {

@@ -27,8 +27,8 @@ int Visit(picl_nodehdl_t, void* arg) {
 }
 
 TEST(Picl, ReturnsTheCallbacksResultAndRejectsInvalidArguments) {
-    const int walks[][2] = {{PICL_WALK_TERMINATE, PICL_SUCCESS},  // the callback's result, the walk's result
-                            {PICL_PROPNOTFOUND, PICL_PROPNOTFOUND}};
+    // Each row: the result of the callback, and the expected result of the walk.
+    const int walks[][2] = {{PICL_WALK_TERMINATE, PICL_SUCCESS}, {PICL_PROPNOTFOUND, PICL_PROPNOTFOUND}};
     TestMachine machine;
     machine.Write("picl", "r id=258\n  a\n    a\n  a\n");
     InChild(machine, [&] {

@@ -1,6 +1,6 @@
-// Compares the driver's requests byte for byte, and tests how replies are used, also those that a correct
-// driver never sends. This test program replaces the request library: its functions record each call and
-// return the reply that a test has set.
+// Compares the requests to the driver byte for byte, and tests how replies are used, also replies that a
+// correct driver never sends. This test program replaces the request library: its functions record each call
+// and return the reply that the test has set.
 
 #include <gtest/gtest.h>
 
@@ -21,19 +21,18 @@
 
 namespace {
 
-std::vector<std::string> calls;  // each request's code and the bytes of its block
-int result;                      // of each request; the reply is stored even if this is a failure
-int32_t timer_state;             // reply of the ASR timer
+std::vector<std::string> calls;  // the code of each request, and the bytes of its block
+int result;                      // result of each request; a failing request also stores the reply
+int32_t timer_state;             // reply to a read of the recovery timer
 EV_IOCTL_STRUCT variable;        // reply to a read of a ROM variable
-int record;                      // reply of the data tables: each byte of the record
-DataTableType failing_table;     // requests of this table fail
+int record;                      // reply of the data tables: the value of each byte of the record
+DataTableType failing_table;     // the table whose requests fail
 
 struct EventReply {
     int status;
-    std::string entry;  // replaces the beginning of the entry in the request block
+    std::string entry;  // bytes that replace the beginning of the entry
 };
-std::deque<EventReply>
-    event_replies;  // to reads of the event log; afterwards, each reply is the end of the log
+std::deque<EventReply> event_replies;  // replies to reads of the event log; after the last one, the log ends
 
 }  // namespace
 
@@ -73,8 +72,8 @@ int vxIoctlRequest(int, int code, void* arg) {
 
 namespace {
 
-// Runs an action that makes one call, and returns the call. Fills the stack before, so that the call shows
-// whether the block was cleared.
+// Runs an action that makes one call, and returns the call. Fills the stack with a value before, so that the
+// call shows whether the block was cleared.
 template <typename Action>
 std::string CallOf(const Action& action) {
     volatile char stack[4096];
@@ -84,7 +83,7 @@ std::string CallOf(const Action& action) {
     return calls.size() == 1 ? calls[0] : std::to_string(calls.size()) + " calls instead of one";
 }
 
-// Returns the expected call: a request whose block contains these bytes, and otherwise zeros.
+// Builds the expected call: a request whose block contains these bytes and zeros elsewhere.
 struct Byte {
     size_t offset;
     int value;
@@ -95,7 +94,7 @@ std::string Request(int code, size_t size, std::initializer_list<Byte> bytes) {
     return std::to_string(code) + ":" + block;
 }
 
-InputLineType line = [] {  // of a command without arguments
+InputLineType line = [] {  // the line of a command without arguments
     InputLineType words{};
     words.NumWords = 2;
     return words;
@@ -172,17 +171,18 @@ TEST(RequestBlocks, WrongRepliesEndTheEventListingOrAreRequestedAgain) {
     const struct {
         const char* catches;
         std::deque<EventReply> replies;
-        const char* shape;  // of the listing, as Shape() writes it
+        const char* shape;  // expected listing, abbreviated by Shape()
         int result;
-        std::vector<uint32_t> requested;  // event numbers
+        std::vector<uint32_t> requested;  // event numbers that are requested
     } cases[] = {
-        // Without the check, an entry numbered below the requested number would make the listing loop forever.
+        // cases: an entry whose number is below the requested one, which would make the listing loop forever
+        // without a check
         {"the same entry again", {Event(5), Event(5), Event(7)}, "/5 !", 1, {0, 6}},
         {"an entry numbered below the requested number", {Event(5), Event(1), Event(7)}, "/5 !", 1, {0, 6}},
         {"status 0 without an entry", {empty, empty}, "/0 !", 1, {0, 1}},
         {"numbers compared as signed", {Event(0x7FFFFFFF), Event(0x80000000), Event(7)}, "/2147483647 -2147483648 !", 1, {0, 0x80000000, 0x80000001}},
         {"a request after the largest number", {Event(0xFFFFFFFF), Event(1)}, "/-1 ", 0, {0}},
-        // Status 3, "buffer too small": the same entry is requested again.
+        // cases: after status 3 (buffer too small), the same entry is requested again
         {"an entry skipped after status 3", {Event(1), small, Event(7)}, "/1 S7 ", 0, {0, 2, 2, 8}},
         {"replies with status 3 counted across an entry", {small, small, small, small, small, small, Event(1), small, small, small, small, small, small}, "/SSSSSS?/1 SSSSS?/S", 0, {0, 0, 0, 0, 0, 0, 0, 2, 2, 2, 2, 2, 2, 2}},
     };

@@ -1,4 +1,4 @@
-// Tests of savemachine: on a machine and on its copy, every SHOW command prints the same bytes and has the
+// Tests of savemachine: on a machine and on its copy, every SHOW command prints the same output and has the
 // same status.
 #include <gtest/gtest.h>
 
@@ -16,8 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Copies the machine to the directory `copy`. If `variable` isn't empty, it is a NAME=VALUE of
-// interposed/changes.cpp, and savemachine_interposed runs.
+// Copies the machine to the directory `copy`. If `variable` isn't empty, it is a setting NAME=VALUE for
+// interposed/changes.cpp, and savemachine_interposed makes the copy.
 RunResult Save(const TestMachine& machine, const std::string& copy, const std::string& variable = "") {
     RunOptions options;
     options.detect_leaks = true;
@@ -28,10 +28,11 @@ RunResult Save(const TestMachine& machine, const std::string& copy, const std::s
 
 class MachineCopies : public testing::TestWithParam<std::string> {
   protected:
-    enum Scripts { kOnePerCommand, kOneForAll };  // of SHOW commands; kOnePerCommand compares each status
+    // How the SHOW commands run. Only with kOnePerCommand, the status of each command is compared.
+    enum Scripts { kOnePerCommand, kOneForAll };
 
-    // Copies the machine and compares the output of SHOW commands on the copy with that on the machine.
-    // `what` describes the machine. Returns savemachine's messages.
+    // Copies the machine, and compares the output of SHOW commands on the machine and on the copy. `what`
+    // describes the machine for failure messages. Returns savemachine's messages.
     std::string Compare(const RestorableMachine& machine, const std::string& what,
                         Scripts scripts = kOnePerCommand) {
         SCOPED_TRACE(what);
@@ -54,7 +55,7 @@ class MachineCopies : public testing::TestWithParam<std::string> {
         log_ = parent.Read("copy/cevt/hlog");
         return saved.errors;
     }
-    std::string log_;  // the event log of the last copy
+    std::string log_;  // event log of the last copy
 
   private:
     static std::vector<std::string> ShowScripts(Scripts scripts) {
@@ -69,7 +70,7 @@ class MachineCopies : public testing::TestWithParam<std::string> {
     }
 };
 
-// As many bytes as ENABLE PXE reads, more than SHOW NIC.
+// Copies all bytes that ENABLE PXE reads, not only those that SHOW NIC reads.
 TEST(SaveMachine, CopiesWholeNicSettings) {
     TestMachine machine("tr500k2");
     machine.Variable("ZTHNIC", std::string(100, '\1'));
@@ -78,7 +79,7 @@ TEST(SaveMachine, CopiesWholeNicSettings) {
     EXPECT_EQ(parent.Read("copy/crom/ZTHNIC"), std::string(100, '\1'));
 }
 
-// Every file is damaged in one of kMachines machines. The test is repeated for each kind of damage: the file
+// Each file is damaged in one of kMachines machines. The test is repeated for each kind of damage: the file
 // is missing, a directory, or truncated.
 TEST_P(MachineCopies, OfDamagedMachinesShowTheSame) {
     constexpr size_t kMachines = 3;
@@ -124,8 +125,8 @@ TEST_P(MachineCopies, OfMachinesWithFaultsShowTheSame) {
     EXPECT_EQ(log_, EventLog(1) + third) << "an unreadable entry ended the copied log";
 }
 
-// The copy ends at the third unreadable entry in a row; entries in between that can be read start the count
-// again.
+// The copy of the log ends at the third consecutive entry that can't be read. An entry that can be read
+// resets the count.
 TEST_P(MachineCopies, HaveTheLogUpToThreeUnreadableEntriesInARow) {
     constexpr size_t kEvents = 11;
     const int unreadable[] = {2, 3, 5, 6, 8, 9, 10};
@@ -140,13 +141,13 @@ TEST_P(MachineCopies, HaveTheLogUpToThreeUnreadableEntriesInARow) {
 TEST_P(MachineCopies, OfALogWithAnEntryTooLongToListShowTheSame) {
     RestorableMachine machine(GetParam());
     std::string entry(65535, 'x');
-    entry.replace(0, 6, {'\xFF', '\xFF', 4, 0, 0, 0});  // its length and its number
+    entry.replace(0, 6, {'\xFF', '\xFF', 4, 0, 0, 0});  // the entry's length and number
     machine.Append("cevt/hlog", entry);
     EXPECT_EQ(Compare(machine, "long", kOneForAll), "");
 }
 
 // First the tables begin in the BIOS area and extend beyond the end of the memory. Then their last byte is
-// the first of a page, and the file ends there unless it is filled.
+// the first byte of a page, and the file ends there, so the copy must fill the page.
 TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     RestorableMachine machine(GetParam());
     const std::string memory = machine.Read("xsvc");
@@ -173,8 +174,8 @@ INSTANTIATE_TEST_SUITE_P(Model, MachineCopies, testing::ValuesIn(ModelNames()));
 TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
     const struct {
         const char* what;
-        const char* command;  // $1: the program; $2: an empty directory
-        const char* errors;   // with $2
+        const char* command;  // shell command; $1 is the program, $2 an empty directory
+        const char* errors;   // expected messages; $2 is the directory
         int status;
     } cases[] = {
         {"no argument", "$1", "usage: savemachine DIR\n", 2},
@@ -188,7 +189,7 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
         {"a full disk", "ulimit -f 1000; $1 $2/a", "savemachine: $2/a: File too large\n", 1},
         {"foreign hardware", "BRANT_MACHINE=/ $1 $2/a", "ERROR: savemachine only runs on VX hardware.\n", 1},
         {"another user", "setpriv --ruid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
-        // The copy succeeds, and the command removes it.
+        // cases: the copy succeeds, and the command removes it
         {"messages that nobody reads",
          "cd $BRANT_MACHINE; echo casr 6 1 >faults; { sleep .1; $1 $2/a; } 2>&1 | :; rm -r faults $2/a", "",
          0},
@@ -213,14 +214,14 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
     }
 }
 
-// The copy lacks a record that the machine lacks. Any other failed call is a fault of the copy.
+// If the machine lacks a record, the copy lacks it, too. Every other failed call becomes a fault of the copy.
 TEST(SaveMachine, ReportsFailedCallsAndCopiesThemAsFaults) {
     TestMachine machine("tr500k2");
     const char* const faults[] = {"cdt 351.0.0 1",      "cdt 1702.255.0 -5",  "cdt 1503.0.0 1",
                                   "crom read ZTSBKT 1", "crom read ZTHMAC 1", "crom read ZTHIPL -5",
                                   "casr 6 1",           "cdt 1700.0.0 1",     "cevt read 0 3",
                                   "cevt read 2 -5",     "picl root 7",        "cdt 1707.0.2 -5"};
-    for (const char* const fault : faults) machine.Fault(fault);  // the last: of an empty socket
+    for (const char* const fault : faults) machine.Fault(fault);  // the last fault is that of an empty socket
     const TestMachine parent;
     EXPECT_EQ(Save(machine, parent.Directory() + "/copy").errors,
               "savemachine: not read: cdt 351.0.0: refused\n"
@@ -236,10 +237,11 @@ TEST(SaveMachine, ReportsFailedCallsAndCopiesThemAsFaults) {
               "cdt 1702.255.0 -5\ncrom read ZTHIPL -5\ncevt read 0 3\ncevt read 2 -5\npicl root 7\n");
 }
 
-// Tables without devices are worth a copy, devices without tables too, but not a machine that has neither.
+// A machine is saved if it has devices but no tables, or tables but no devices, but not if it has neither.
 TEST(SaveMachine, SavesDevicesOrTablesAlone) {
     TestMachine machine, with_tables("tr300");
-    machine.Write("cevt/hlog", EventEntry(EventHeader(UINT32_MAX, 9, 13, 1), ""));  // no number follows
+    // This is the highest number, so the log ends after the entry.
+    machine.Write("cevt/hlog", EventEntry(EventHeader(UINT32_MAX, 9, 13, 1), ""));
     const auto save = [](const TestMachine& from) {
         const TestMachine parent;
         return Save(from, parent.Directory() + "/copy");
@@ -258,7 +260,7 @@ TEST(SaveMachine, SavesDevicesOrTablesAlone) {
     EXPECT_EQ(neither.status, 1);
 }
 
-// Two killed runs leave directories whose names nobody can guess.
+// Two runs are killed. They leave directories whose names can't be guessed.
 TEST(SaveMachine, HasARandomTemporaryName) {
     const TestMachine machine, parent;
     const std::string folder = parent.Directory() + "/casr";
@@ -310,13 +312,13 @@ TEST(SaveMachine, RemovesTheCopyIfASignalInterruptsIt) {
 }
 
 // The owner of the parent directory can replace the new directory at any moment. The program then fails,
-// changes no file of the replacement, and removes what it has written into its own directory.
+// changes no file of the replacement, and removes the files in its own directory.
 TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesTheNewOne) {
     const std::string replaced = "the new directory was replaced by another user";
     struct Attack {
         const char* replacement;
-        const char* after;    // the new directory is replaced after savemachine creates this directory
-        const char* command;  // creates the replacement, $d
+        const char* after;    // name of the directory after whose creation the new directory is replaced
+        const char* command;  // shell command that creates the replacement, $d
         std::string error;
     };
     const Attack attacks[] = {

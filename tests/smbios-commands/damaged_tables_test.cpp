@@ -1,4 +1,5 @@
-// Runs the start-up steps and commands on damaged tables. Each must succeed or print one of its messages.
+// Runs the start-up steps and commands on damaged tables. Each must succeed or print one of its error
+// messages.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -20,8 +21,8 @@ int ShowPortMap() {
     return do_show_nic_port_mapping(nullptr);
 }
 
-// Expects that a step succeeds and prints its heading first, or fails and prints one line that begins with
-// `message`.
+// Runs a step. Expects that it succeeds and its output begins with `heading`, or that it fails and prints one
+// line that begins with `message`.
 void ExpectOutputOrMessage(int (*step)(), const std::string& heading, const std::string& message) {
     testing::internal::CaptureStdout();
     const int result = step();

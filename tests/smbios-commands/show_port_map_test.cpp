@@ -16,19 +16,19 @@ std::string Rack(const char* bay) {
     return RackRecord(1, "", bay).Bytes();
 }
 
-// Returns the bytes of a port map record, with version 0x201.
+// Returns the bytes of a port map record with version 0x201.
 std::string Map(const SmbiosRecord& record) {
     std::string bytes = record.Bytes();
     bytes[offsetof(SMBIOS_NIC_PORT_MAP_INFO, wGbxTableVersion) + 1] = 2;
     return bytes;
 }
 
-// The map has only the last port of the record. All bits that aren't printed are set.
+// The map contains only the last port of the record. All bits that aren't printed are set.
 const std::string kMap = Map(PortMapRecord(2, {{3, 7, {2, 3, 15, 31, 3, 1}}}));
 
 struct Case {
     const char* catches;
-    std::string tables;  // after the system record
+    std::string tables;  // the records after the system record
     std::string output;
 };
 

@@ -11,7 +11,8 @@ TEST(ShowServer, MatchesTheGoldenFileOfEachModel) {
     ExpectGoldenModels("smbios-commands");
 }
 
-// Values that no model has: other processor states, a size that isn't whole MiB, a form factor above 9.
+// Tests values that no model has: other processor states, a size that isn't a multiple of 1 MiB, a form
+// factor above 9.
 TEST(ShowServer, NamesProcessorStatesAndRoundsSizesDown) {
     std::string records = SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes();
     records += MemoryArrayRecord({1}).Bytes();

@@ -15,7 +15,7 @@ enum End { kLoaded, kRejected, kEmpty, kUnreadable };  // kEmpty, kUnreadable: a
 struct Case {
     const char* catches;
     uint32_t address;
-    uint16_t version;  // major and minor number, a byte each
+    uint16_t version;  // one byte each for the major and the minor number
     uint8_t length, checksum_error;
     uint16_t tables_length;
     uint32_t tables_address;
@@ -70,8 +70,8 @@ TEST(EntryPoint, IsFoundOnlyIfItIsCompleteAndValid) {
     }
 }
 
-// The entry point's length extends beyond the search area. If the bytes after the area were summed, too, one
-// of the 256 checksums would be right.
+// The length in the entry point extends beyond the search area. If the program summed bytes after the area,
+// one of these 256 checksums would be valid.
 TEST(EntryPoint, IsNotSummedBeyondTheSearchArea) {
     LoadedTables tables;
     Case c = {"", 0xFFFC0, 0x206, 255, 0, 6, kTablesAddress, kRejected};

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Converts a literal that contains NULs.
+// Converts a literal that contains NULs to a string.
 template <size_t kSize>
 std::string Raw(const char (&bytes)[kSize]) {
     return std::string(bytes, kSize - 1);
@@ -29,15 +29,16 @@ struct WalkCase {
     const char* handles;
 };
 
-// A record: type, length, handle (a letter and 0), then the strings and a NUL, or two NULs without strings.
+// Each record consists of the type, the length, the handle (a letter and 0), then the strings and a NUL, or
+// two NULs if there are no strings.
 const WalkCase kWalks[] = {
-    // the offset of the next record
+    // cases: the offset of the next record
     {"two NULs without strings not skipped", Raw("\1\4a\0\0\0\2\4b\0\0\0"), "ab"},
     {"NULs in the formatted area taken for the end of the strings", Raw("\1\6a\0\0\0\0\0\2\4b\0\0\0"), "ab"},
     {"the end of a string taken for the end of the strings", Raw("\1\4a\0x\0y\0\0\2\4b\0\0\0"), "ab"},
     {"strings that begin with an empty one", Raw("\1\4a\0\0x\0\0\2\4b\0\0\0"), "ab"},
     {"the end-of-table record taken for the end", Raw("\177\4a\0\0\0\2\4b\0\0\0"), "ab"},
-    // the end of the tables
+    // cases: the end of the tables
     {"a last record with truncated strings not found", Raw("\1\4a\0\0\0\2\4b\0x"), "ab"},
     {"a last record truncated after its formatted area not found", Raw("\1\4a\0\0\0\2\4b\0"), "ab"},
     {"a truncated formatted area accepted", Raw("\1\4a\0\0\0\2\6b\0\0"), "a"},
@@ -50,7 +51,7 @@ struct StringCase {
     const char* catches;
     std::string record;
     unsigned short number;
-    const char* text;  // null: no string
+    const char* text;  // null: the record has no such string
 };
 
 const StringCase kStrings[] = {

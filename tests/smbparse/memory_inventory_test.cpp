@@ -9,9 +9,10 @@
 
 namespace {
 
-constexpr uint16_t kHandle = 0x10;  // of the memory array
+constexpr uint16_t kHandle = 0x10;  // handle of the memory array
 
-// Returns gMemoryMod, one line per socket: board.module, KiB, MHz, form factor/technology.
+// Returns the contents of gMemoryMod, one line for each socket: board.module, KiB, MHz, form
+// factor/technology.
 std::string Inventory() {
     std::string text;
     for (const ZET_MemModule* module : gMemoryMod) {
@@ -29,7 +30,8 @@ SmbiosRecord Array(uint16_t handle, uint8_t use = smbios::MemoryArray::kSystemMe
     return MemoryArrayRecord({handle, 0, 0, correction, use});
 }
 
-// Memory devices of the array kHandle, with a size of 1 MiB and a speed of 1 MHz unless stated otherwise.
+// Build memory devices of the array kHandle. Their size is 1 MiB and their speed 1 MHz unless stated
+// otherwise.
 SmbiosRecord Sized(uint16_t size) {
     return MemoryDeviceRecord({0x11, kHandle, "", size, 1});
 }
@@ -46,28 +48,28 @@ std::string Of(uint16_t array, uint16_t size) {
     return MemoryDeviceRecord({0x21, array, "", size}).Bytes();
 }
 
-// Three arrays with mixed devices: 8 MiB of flash memory, 5 MiB of system memory without error correction,
-// and 2 MiB of system memory with it.
+// Three arrays; their devices are mixed: 8 MiB of flash memory, 5 MiB of system memory without error
+// correction, and 2 MiB of system memory with error correction.
 const std::string kSeveral = Array(0x20, 5).Bytes() + Of(0x30, 1) + Of(0x20, 8) + Of(0x40, 2) +
                              Array(0x30, 3, 3).Bytes() + Array(0x40, 5).Bytes() + Array(0x40).Bytes() +
                              Of(0x30, 4);
 
 struct Case {
     const char* catches;
-    std::string records;  // before the record of the array
+    std::string records;  // the records before that of the array
     const char* inventory;
 };
 
 const Case kCases[] = {
-    // size
+    // cases: the size
     {"MiB", Sized(0x0400).Bytes(), "0.1 1048576 1 8/5\n"},
     {"KiB", Sized(0x8200).Bytes(), "0.1 512 1 8/5\n"},
     {"an empty socket left out", Sized(0).Bytes(), "0.1 0 1 8/5\n"},
-    // codes
+    // cases: codes
     {"the last entry tried first", Kind(kDimm, 0x0280).Bytes(), "0.1 1024 1 8/5\n"},
     {"the first entry not tried", Kind(kDimm, 0x0288).Bytes(), "0.1 1024 1 8/2\n"},
     {"bits without an entry", Kind(kDimm, 0xFD77).Bytes(), "0.1 1024 1 8/1\n"},
-    // the location
+    // cases: the location
     {"a word of the locator ignored", At("slot 2 Dimm 4").Bytes(), "2.4 1024 1 8/5\n"},
     {"one word without the other", At("DIMM 4").Bytes(), "0.4 1024 1 8/5\n"},
     {"the system board", At("SLOT 2 DIMM 4").Bytes() + DimmLocationRecord(1, 0x11, 0xFF, 3).Bytes(),
@@ -76,12 +78,12 @@ const Case kCases[] = {
      At("").Bytes() + DimmLocationRecord(1, 0x12, 1, 1).Bytes() + DimmLocationRecord(2, 0x11, 5, 6).Bytes() +
          DimmLocationRecord(3, 0x11, 7, 8).Bytes(),
      "5.6 1024 1 8/5\n"},
-    // short records
+    // cases: short records
     {"a truncated speed", At("").CutTo(22).Bytes(), "0.1 1024 0 8/5\n"},
     {"a truncated type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
     {"a locator beyond the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
     {"a truncated array handle", At("").CutTo(5).Bytes(), ""},
-    // several arrays
+    // cases: several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
      "1.1 1024 0 8/5\n1.4 4096 0 8/5\n3.3 2048 0 8/5\n"},
 };

@@ -8,7 +8,8 @@
 
 namespace {
 
-// Returns gCpu_tbl, one line per processor: MHz, socket, status, cores/threads, caches as level:KiB.
+// Returns the contents of gCpu_tbl, one line for each processor: MHz, socket, status, cores/threads, caches
+// as level:KiB.
 std::string Inventory() {
     std::string text;
     for (const ZET_CPU* cpu : gCpu_tbl) {
@@ -25,7 +26,7 @@ std::string Inventory() {
     return text;
 }
 
-// Records of processors with a speed of 1 MHz. Other fields are 0 or empty unless stated otherwise.
+// Build records of processors. Their speed is 1 MHz, and other fields are 0 or empty unless stated otherwise.
 std::string Status(uint8_t status, uint8_t type = smbios::Processor::kCentral) {
     Processor part = {1, "", 1};
     part.status = status;
@@ -55,15 +56,15 @@ struct Case {
 };
 
 const Case kCases[] = {
-    // selection and order of records
+    // cases: selection and order of records
     {"records in the wrong order", ProcessorRecord({2, "", 7}).Bytes() + Socket("")},
     {"an empty socket", Status(0x41) + Status(0x01)},
     {"a coprocessor", Status(0x41, 4)},
     {"a record without the status", ProcessorRecord({1, ""}).CutTo(24).Bytes()},
-    // status
+    // cases: the status
     {"an undefined state, or a neighbouring bit read", Status(0xFF) + Status(0x46) + Status(0x45)},
     {"unknown, disabled, idle", Status(0x44) + Status(0x43) + Status(0x42) + Status(0x40)},
-    // socket numbers
+    // cases: socket numbers
     {"the designation ignored", Socket("PROC 7")},
     {"letter case, signs, TABs", Socket("\t \tA\tpROC\t \t#12b3")},
     {"no word after \"Proc\"", Socket("A Proc")},
@@ -74,11 +75,11 @@ const Case kCases[] = {
     {"characters after the 255th", Socket(std::string(250, ' ') + "Proc 72")},
     {"an OEM record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7")},
     {"an OEM record of another processor", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7")},
-    // cores and threads
+    // cases: cores and threads
     {"cores without threads", FourCores().CutTo(37).Bytes()},
     {"the last byte of the record ignored", FourCores().CutTo(38).Bytes()},
     {"128 threads, which a signed byte can't hold", ProcessorRecord({1, "", 1, 4, 128}).Bytes()},
-    // caches
+    // cases: caches
     {"L1 consulted, L3 before L2",
      Cached(0x70, 1, 64) + Cached(0x73, 3, 0x8010) + Cached(0x72, 2, 0x0200) + Caches(0x72, 0x73).Bytes()},
     {"an empty cache", Cached(0x72, 2, 0x8000) + Caches(0x72).Bytes()},
@@ -92,7 +93,7 @@ const Case kCases[] = {
 
 }  // namespace
 
-// processors.txt contains the inventory of each case.
+// processors.txt contains the inventory that each case results in.
 TEST(Processors, AreRecordedFromTheirSmbiosRecords) {
     std::string listing;
     for (const Case& c : kCases) {
@@ -102,9 +103,9 @@ TEST(Processors, AreRecordedFromTheirSmbiosRecords) {
     ExpectGolden("smbparse/processors.txt", listing);
 }
 
-// codes.txt has one line for each code: the name of the processor family, the form factor, and the memory
-// technology if the bit with this number is set (0 to 15). Codes for which all three are the defaults are
-// left out.
+// codes.txt contains one line for each code: the name of the processor family with this code, the form factor
+// with this code, and (for 0 to 15) the memory technology if the bit with this number is set. Codes for which
+// all three have their default are omitted.
 TEST(Processors, AndModulesAreNamedAsInTheGoldenFile) {
     std::string listing;
     LoadedTables tables;

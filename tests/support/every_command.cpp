@@ -91,7 +91,7 @@ std::vector<std::string> RestorableMachine::TakeRequests() {
     std::istringstream trace(TakeTrace());
     for (std::string line; std::getline(trace, line);) {
         const bool is_request =
-            line.rfind('c', 0) == 0 && line.rfind("close ", 0) != 0;  // casr, cdt, cevt, crom
+            line.rfind('c', 0) == 0 && line.rfind("close ", 0) != 0;  // to casr, cdt, cevt or crom
         if (is_request) requests.push_back(line);
     }
     return requests;

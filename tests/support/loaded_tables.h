@@ -9,15 +9,15 @@
 
 class LoadedTables {
   public:
-    // Creates a simulated machine for the tables. Nothing is loaded yet.
+    // Creates a simulated machine for the tables. Doesn't load any tables yet.
     LoadedTables();
     explicit LoadedTables(const std::string& records) : LoadedTables() { Load(records); }
     ~LoadedTables();
 
-    // Writes the records to the machine's memory, replacing earlier ones, and runs the start-up steps up to
+    // Writes the records to the machine's memory, replaces earlier ones, and runs the start-up steps up to
     // the inventory. Returns whether tables are available.
     bool Load(const std::string& records);
-    // Does the same with the current contents of the machine's memory.
+    // Runs the start-up steps with the current contents of the machine's memory.
     bool Load();
 
     TestMachine& Machine() { return machine_; }

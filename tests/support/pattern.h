@@ -1,11 +1,11 @@
-// Regular expressions (ECMAScript). A file that includes <regex> takes seconds to compile, so only
-// pattern.cpp does.
+// Regular expressions (ECMAScript). Only pattern.cpp includes <regex>, because a file that does takes seconds
+// to compile.
 #pragma once
 
 #include <string>
 #include <vector>
 
-// The text that matches the pattern, then the text of each group; "" for a group that matches nothing.
+// The text that matches a pattern, followed by the text of each group; "" for a group that matches nothing.
 using Match = std::vector<std::string>;
 
 // Matches the whole of `text`. Returns an empty Match if the pattern doesn't match.
@@ -17,5 +17,5 @@ bool Contains(const std::string& text, const std::string& pattern);
 // Returns all matches in `text`, from left to right.
 std::vector<Match> MatchAll(const std::string& text, const std::string& pattern);
 
-// Replaces each match in `text`. `replacement` may contain groups: $1.
+// Replaces each match in `text`. `replacement` may refer to groups, such as $1.
 std::string ReplaceAll(const std::string& text, const std::string& pattern, const std::string& replacement);

@@ -1,5 +1,5 @@
-// Resets and saves the program's state (cli/command/state.h lists it), for tests and fuzz targets, which
-// start the program's code more than once in a process.
+// Resets and saves the program's state, which cli/command/state.h lists. Tests and fuzz targets need this,
+// because they start the program's code more than once in a process.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ struct FreshState {
     FreshState& operator=(const FreshState&) = delete;
 };
 
-// Returns the variables that start-up fills, so that ReturnToState can restore them. The memory that they
-// point to isn't copied; only ResetState frees it.
+// Returns the values of the variables that start-up fills, so that ReturnToState() can restore them. Doesn't
+// copy the memory that they point to; only ResetState() frees it.
 std::string StateNow();
 void ReturnToState(const std::string& state);

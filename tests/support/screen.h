@@ -1,4 +1,5 @@
-// A terminal emulator (libvterm), and a program that runs on a pseudo-terminal with its screen.
+// A terminal emulator (libvterm), and a program that runs on a pseudo-terminal and is shown on the emulator's
+// screen.
 #pragma once
 
 #include <poll.h>
@@ -22,12 +23,12 @@ class Screen {
   public:
     explicit Screen(int columns) : columns_(columns), terminal_(vterm_new(24, columns), vterm_free) {
         vterm_screen_reset(vterm_obtain_screen(terminal_.get()), 1);
-        Show("\33[20h");  // a newline also moves the cursor to column 0
+        Show("\33[20h");  // mode in which a newline also moves the cursor to column 0
     }
     void Show(const std::string& written) {
         vterm_input_write(terminal_.get(), written.data(), written.size());
     }
-    // Returns the text of the row in which the cursor is, without trailing spaces.
+    // Returns the row of the screen that contains the cursor, without trailing spaces.
     std::string CursorLine() const {
         const VTermRect row = {Cursor().row, Cursor().row + 1, 0, columns_};
         char text[512];
@@ -51,8 +52,8 @@ inline bool operator==(const termios& one, const termios& other) {
     return std::memcmp(&one, &other, sizeof one) == 0;
 }
 
-// brantcli, or the program at `path`, on a pseudo-terminal of 80 columns. Each initial setting of the
-// terminal differs from that of character mode.
+// Runs brantcli, or the program at `path`, on a pseudo-terminal of 80 columns. Each initial setting of the
+// terminal differs from that in character mode.
 struct TerminalSession {
     explicit TerminalSession(const TestMachine& machine, const std::vector<std::string>& arguments = {},
                              const std::string& path = ProgramPath("brantcli")) {
@@ -79,16 +80,16 @@ struct TerminalSession {
     void Type(const std::string& keys) const {
         if (write(terminal, keys.data(), keys.size()) < 0) std::abort();
     }
-    // Stops the program with SIGSTOP, which it can't catch, resets the terminal settings and continues the
-    // program.
+    // Stops the program with SIGSTOP, for which it can't have a handler, resets the terminal settings and
+    // continues the program.
     void StopAndContinue() const {
         kill(program, SIGSTOP);
         waitpid(program, nullptr, WUNTRACED);
         tcsetattr(terminal, TCSANOW, &found);
         kill(program, SIGCONT);
     }
-    // Returns the output, without carriage returns, up to and including `end`. Returns what it has if the
-    // program ends or writes nothing for 20 seconds.
+    // Returns the output up to and including `end`, without carriage returns. If the program ends, or writes
+    // nothing for 20 seconds, returns the output so far.
     std::string ReceiveUntil(const std::string& end) {
         std::string received;
         while (received.size() < end.size() || received.substr(received.size() - end.size()) != end) {
@@ -104,7 +105,7 @@ struct TerminalSession {
         close(terminal);
         terminal = -1;
     }
-    // Waits until the program ends, and kills one that does not. Returns its status, or 128 + N if signal N
+    // Waits until the program ends, or kills it if it doesn't. Returns its status, or 128 + N if signal N
     // ended it.
     int End() {
         if (terminal >= 0) ReceiveUntil("\xFF");
@@ -122,12 +123,12 @@ struct TerminalSession {
         return settings;
     }
 
-    // Flags that character mode clears.
+    // Flags that are cleared in character mode.
     static constexpr tcflag_t kInputFlags = IGNBRK | BRKINT | PARMRK | ISTRIP | INLCR | IGNCR | ICRNL | IXON;
     static constexpr tcflag_t kLocalFlags = ECHO | ECHONL | ICANON | ISIG | IEXTEN;
 
     Screen screen{80};
-    int terminal = -1;  // descriptor of the pseudo-terminal's controlling end
+    int terminal = -1;  // descriptor of the controlling side of the pseudo-terminal
     pid_t program = -1;
-    termios found{};  // Settings() before the program started
+    termios found{};  // settings before the program started
 };

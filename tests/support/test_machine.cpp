@@ -16,12 +16,12 @@
 
 namespace {
 
-// Creates a temporary directory, in memory if possible: each change of a machine is flushed to disk.
+// Creates a temporary directory, in memory if possible, because each change of a machine is synced to disk.
 std::string NewDirectory() {
     const std::filesystem::path memory = "/dev/shm";
     const bool has_memory = access(memory.c_str(), W_OK) == 0;
     std::string name = (has_memory ? memory : std::filesystem::temp_directory_path()) / "brant.";
-    name += std::string(6, 'X');  // which mkdtemp replaces
+    name += std::string(6, 'X');  // mkdtemp replaces these characters
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("mkdtemp");
     std::filesystem::permissions(name, std::filesystem::perms(0755));
     return name;
@@ -29,7 +29,8 @@ std::string NewDirectory() {
 
 std::string ReadWhole(const std::string& path) {
     std::ifstream file;
-    file.rdbuf()->pubsetbuf(nullptr, 0);  // saves a buffer of 8 KiB for each of thousands of small files
+    // Without a buffer, because allocating 8 KiB for each of thousands of small files takes time.
+    file.rdbuf()->pubsetbuf(nullptr, 0);
     file.open(path, std::ios::binary);
     std::string bytes;
     char chunk[4096];
@@ -39,7 +40,7 @@ std::string ReadWhole(const std::string& path) {
     return bytes;
 }
 
-// A file in memory, for the standard streams of a program. Unlike a pipe, it can't fill up and needs no
+// A file in memory, for a standard stream of a program. Unlike a pipe, it can't fill up and doesn't need a
 // reader.
 class MemoryFile {
   public:
@@ -57,7 +58,7 @@ class MemoryFile {
     int fd_;
 };
 
-// Returns a command line. It begins with the emulator if the built programs need one.
+// Returns a command line. If the built programs need an emulator, the line begins with it.
 std::vector<std::string> Words(const std::string& program, const std::vector<std::string>& arguments) {
     std::vector<std::string> words = {BRANT_EMULATOR, program};
     if (words[0].empty() || program.rfind(BRANT_BIN_DIR, 0) != 0) words.erase(words.begin());
@@ -65,8 +66,8 @@ std::vector<std::string> Words(const std::string& program, const std::vector<std
     return words;
 }
 
-// Adds the variables of this process whose names aren't in `environment` yet. Of two variables with the same
-// name, some programs use the first, others the last.
+// Adds the environment variables of this process, except those whose names are already in `environment`: if a
+// name occurs twice, some programs use the first value, others the last.
 void AddOwnVariables(std::vector<std::string>& environment) {
     std::set<std::string> names;
     for (const std::string& variable : environment) names.insert(variable.substr(0, variable.find('=')));
@@ -76,8 +77,8 @@ void AddOwnVariables(std::vector<std::string>& environment) {
     }
 }
 
-// Returns pointers to the strings, then a null pointer, as exec takes them. They are valid as long as `texts`
-// is.
+// Returns pointers to the strings, followed by a null pointer, for exec(). They are valid as long as `texts`
+// exists.
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
     for (std::string& text : texts) pointers.push_back(text.data());

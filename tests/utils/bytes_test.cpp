@@ -1,4 +1,4 @@
-// Tests of reading within the bounds of a buffer.
+// Tests that reads stay within the bounds of a buffer.
 
 #include "src/utils/bytes.h"
 
@@ -13,7 +13,7 @@ constexpr uint8_t kBytes[] = {0x34, 0x12, 0xFF, 0x80, 0x01};
 struct FieldCase {
     const char* catches;
     size_t size, offset;
-    uint32_t whole, padded;  // results of ReadField and ReadPaddedField
+    uint32_t whole, padded;  // expected results of ReadField and ReadPaddedField
 };
 
 TEST(Bytes, ReadsFieldsWithinTheirBounds) {

@@ -1,4 +1,4 @@
-// Tests of mapping physical memory in whole pages.
+// Tests that physical memory is mapped in whole pages.
 #include "src/utils/map_physical.h"
 
 #include <gtest/gtest.h>
@@ -24,14 +24,14 @@ constexpr long kUnknown = -1;
 
 struct MapCase {
     const char* catches;
-    long page_size;  // from an earlier call; 0: none; kUnknown: none, and sysconf() fails
+    long page_size;  // page size from an earlier call; 0: none; kUnknown: none, and sysconf() fails
     unsigned long address, length;
     bool maps;
     const char* trace;
 };
 
 constexpr MapCase kCases[] = {
-    // rounding
+    // cases: rounding
     {"the last page isn't mapped", 0, 0xFFFF8, 16, true,
      "xsvc open -> 0\nxsvc map 0x000ff000 8192 -> 0\nxsvc close\nxsvc unmap 8192\n"},
     {"one page too many is mapped", 0, 0xF0010, 16, true,
@@ -40,7 +40,7 @@ constexpr MapCase kCases[] = {
      "xsvc open -> 0\nxsvc map 0x000f0800 2048 -> 0\nxsvc close\nxsvc unmap 2048\n"},
     {"there is no default page size", kUnknown, 0xF0010, 16, true,
      "xsvc open -> 0\nxsvc map 0x000f0000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n"},
-    // ranges that are rejected
+    // cases: ranges that are rejected
     {"address 0 is mapped", 0, 0, 16, false, ""},
     {"an empty range is mapped", 0, 0xF0000, 0, false,
      "xsvc open -> 0\nxsvc map 0x000f0000 0 -> -1 errno=22\nxsvc close\n"},
