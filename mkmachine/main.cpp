@@ -14,6 +14,7 @@
 #include <system_error>
 
 #include "mkmachine/models.h"
+#include "src/files/descriptor.h"
 #include "src/utils/standard_streams.h"
 
 namespace {
@@ -65,14 +66,16 @@ void EnterDirectory(const std::string& path) {
     const std::filesystem::path parent = std::filesystem::path(path).parent_path();
     if (!parent.empty()) std::filesystem::create_directories(parent);
     const bool made = mkdir(path.c_str(), 0700) == 0 || errno == EEXIST;
-    const int fd = made ? open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC) : -1;
+    const Descriptor directory(made ? open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)
+                                    : -1);
     struct stat status;
-    if (fd < 0 || fstat(fd, &status) != 0) throw std::system_error(errno, std::generic_category(), path);
+    if (!directory || fstat(directory.Get(), &status) != 0) {
+        throw std::system_error(errno, std::generic_category(), path);
+    }
     if (status.st_uid != geteuid() || (status.st_mode & 022) != 0) {
         throw std::runtime_error(path + ": other users can write to this directory");
     }
-    if (fchdir(fd) != 0) throw std::system_error(errno, std::generic_category(), path);
-    close(fd);
+    if (fchdir(directory.Get()) != 0) throw std::system_error(errno, std::generic_category(), path);
 }
 
 }  // namespace

@@ -40,8 +40,8 @@ constexpr int kOpenDirectory = O_RDONLY | O_NONBLOCK;
 // mkdirat(), and a path could lead to a directory that has replaced the parent. So the parent is the working
 // directory during the call.
 int MakeDirectoryAt(int parent, const std::string& name) {
-    const OwnedDescriptor before(open(".", kOpenDirectory));
-    if (before.Get() < 0 || fchdir(parent) != 0) return -1;
+    const Descriptor before(open(".", kOpenDirectory));
+    if (!before || fchdir(parent) != 0) return -1;
     const int result = mkdir(name.c_str(), S_IRWXU);
     const int reason = errno;
     if (fchdir(before.Get()) != 0) return -1;
@@ -86,15 +86,6 @@ std::string ParentOf(const std::string& path) {
 
 }  // namespace
 
-OwnedDescriptor::~OwnedDescriptor() {
-    Set(-1);
-}
-
-void OwnedDescriptor::Set(int fd) {
-    if (fd_ >= 0) close(fd_);
-    fd_ = fd;
-}
-
 int FailedResult() {
     return errno == 0 || errno == ENOENT ? kMissing : -errno;
 }
@@ -114,14 +105,14 @@ MachineCopy::MachineCopy(const std::string& path)
     : path_(WithoutTrailingSlashes(path)),
       name_(path_.substr(path_.rfind('/') + 1)),  // without a slash, npos + 1 is 0
       parent_(open(ParentOf(path_).c_str(), kOpenDirectory)) {
-    if (parent_.Get() < 0) Fail();
+    if (!parent_) Fail();
     struct stat status {};
     if (name_.empty() || fstatat(parent_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
         errno = EEXIST;
         Fail();
     }
     if (MakeTemporaryDirectory() != 0) Fail();
-    directory_.Set(openat(parent_.Get(), temporary_.c_str(), kOpenDirectory | O_NOFOLLOW));
+    directory_ = Descriptor(openat(parent_.Get(), temporary_.c_str(), kOpenDirectory | O_NOFOLLOW));
     if (IsPrivateDirectory(directory_.Get())) return;
     Remove();
     FailAsReplaced();
@@ -188,9 +179,9 @@ void MachineCopy::CreateFolder(const std::string& name) {
 
 void MachineCopy::Write(const std::string& path, const std::vector<Extent>& extents) {
     entries_.push_back({path, false});
-    const OwnedDescriptor file(
+    const Descriptor file(
         openat(directory_.Get(), path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR));
-    if (file.Get() < 0) FailWithoutLastEntry();
+    if (!file) FailWithoutLastEntry();
     for (const Extent& extent : extents) {
         if (lseek(file.Get(), extent.offset, SEEK_SET) < 0 || !WriteAll(file.Get(), extent.bytes)) Fail();
     }

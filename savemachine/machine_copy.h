@@ -11,20 +11,7 @@
 #include <string>
 #include <vector>
 
-// A file descriptor, which is closed at the end of its scope. It is negative if opening failed.
-class OwnedDescriptor {
-  public:
-    explicit OwnedDescriptor(int fd = -1) : fd_(fd) {}
-    ~OwnedDescriptor();
-    OwnedDescriptor(const OwnedDescriptor&) = delete;
-    OwnedDescriptor& operator=(const OwnedDescriptor&) = delete;
-
-    int Get() const { return fd_; }
-    void Set(int fd);  // closes the old descriptor first
-
-  private:
-    int fd_;
-};
+#include "src/files/descriptor.h"
 
 // Bytes and their offset in a file.
 struct Extent {
@@ -74,10 +61,10 @@ class MachineCopy {
 
     std::string path_;  // the destination, as the user has typed it
     std::string name_;  // last component of path_
-    OwnedDescriptor parent_;
+    Descriptor parent_;
     std::string temporary_;       // name_, a dot and six random characters
     bool has_temporary_ = false;  // whether the temporary directory exists
-    OwnedDescriptor directory_;
+    Descriptor directory_;
     std::vector<Entry> entries_;  // the entries of directory_, in the order in which they were created
     std::string faults_;
 };

@@ -28,20 +28,11 @@ int GetPermissions(const Descriptor& directory, const char* name, mode_t& permis
     return -FileTypeError(status);
 }
 
-bool WriteAll(const Descriptor& file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = write(file.Get(), bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return false;
-        bytes.remove_prefix(static_cast<size_t>(count));
-    }
-    return true;
-}
-
 bool WriteNewFile(const Descriptor& directory, mode_t permissions, std::string_view bytes) {
     if (unlinkat(directory.Get(), kNewFile, 0) != 0 && errno != ENOENT) return false;
     const Descriptor file(openat(directory.Get(), kNewFile, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    return file && WriteAll(file, bytes) && fchmod(file.Get(), permissions) == 0 && fsync(file.Get()) == 0;
+    return file && WriteRest(file.Get(), bytes) && fchmod(file.Get(), permissions) == 0 &&
+           fsync(file.Get()) == 0;
 }
 
 }  // namespace

@@ -12,7 +12,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <system_error>
-#include <utility>
 
 namespace {
 
@@ -20,19 +19,6 @@ constexpr char kDefaultMachine[] = "/var/lib/brant/machine";
 constexpr int kOpenDirectory = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
 }  // namespace
-
-Descriptor::~Descriptor() {
-    if (fd_ >= 0) close(fd_);
-}
-
-Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
-    std::swap(fd_, other.fd_);
-    return *this;
-}
-
-int Descriptor::Release() {
-    return std::exchange(fd_, -1);
-}
 
 const char* MachinePath() {
     const char* path = std::getenv("BRANT_MACHINE");

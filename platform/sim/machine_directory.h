@@ -12,21 +12,7 @@
 #include <string>
 #include <string_view>
 
-// An open file or directory, which is closed at the end of the scope.
-class Descriptor {
-  public:
-    explicit Descriptor(int fd = -1) : fd_(fd) {}
-    ~Descriptor();
-    Descriptor(Descriptor&& other) noexcept : fd_(other.Release()) {}
-    Descriptor& operator=(Descriptor&& other) noexcept;
-
-    explicit operator bool() const { return fd_ >= 0; }
-    int Get() const { return fd_; }
-    int Release();  // returns the descriptor without closing it; the caller must close it
-
-  private:
-    int fd_;
-};
+#include "src/files/descriptor.h"
 
 // Returns the path of the machine directory: BRANT_MACHINE, or /var/lib/brant/machine.
 const char* MachinePath();

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "src/files/descriptor.h"
+
 namespace {
 
 int found_flags = 0;  // original flags of standard output; 0 if they were not changed
@@ -39,16 +41,10 @@ int MessagesToStandardError() {
 }
 
 bool WriteAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = write(fd, bytes.data(), bytes.size());
-        if (count >= 0) {
-            bytes.remove_prefix(static_cast<size_t>(count));
-        } else if (errno == EAGAIN) {
-            pollfd writable = {fd, POLLOUT, 0};
-            if (poll(&writable, 1, -1) < 0 && errno != EINTR) return false;
-        } else if (errno != EINTR) {
-            return false;
-        }
+    while (!WriteRest(fd, bytes)) {
+        if (errno != EAGAIN) return false;
+        pollfd writable = {fd, POLLOUT, 0};
+        if (poll(&writable, 1, -1) < 0 && errno != EINTR) return false;
     }
     return true;
 }
