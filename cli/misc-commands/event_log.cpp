@@ -11,6 +11,7 @@
 #include "cli/command/command.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
+#include "cli/terminal/terminal.h"
 #include "platform/request.h"
 #include "src/utils/text.h"
 
@@ -35,6 +36,16 @@ class Pager {
     int displayed_ = 0;  // requests since the last prompt; kOff: pauses are switched off
 };
 
+// Waits for a key, also if standard input is non-blocking. Returns EOF at the end of the input.
+int ReadKey() {
+    for (;;) {
+        errno = 0;
+        const int key = std::fgetc(stdin);
+        if (key != EOF || errno != EAGAIN) return key;
+        WaitForInput();
+    }
+}
+
 bool Pager::Continue() {
     if (displayed_ == kOff || ++displayed_ < kRequestsAScreen) return true;
 
@@ -43,7 +54,7 @@ bool Pager::Continue() {
         "\nPress q to quit, c to continue without pagination\n"
         "or any other key to see the next screen.: ");
     std::fflush(stdout);
-    const int key = std::fgetc(stdin);
+    const int key = ReadKey();
     if (key == 'q' || key == 'Q') return false;
     if (key == 'c' || key == 'C') displayed_ = kOff;
     std::printf("\n");

@@ -187,6 +187,11 @@ ReadResult ReadByte(int wait, char& byte) {
     }
 }
 
+void WaitForInput() {
+    fd_set keyboard = KeyboardSet();
+    select(kKeyboard + 1, &keyboard, nullptr, nullptr, nullptr);
+}
+
 char ReadChar(int wait) {
     char byte = 0;
     return ReadByte(wait, byte) == ReadResult::Byte ? byte : static_cast<char>(-1);

@@ -24,6 +24,9 @@ ReadResult ReadByte(int wait, char& byte);
 // also returned as -1.
 char ReadChar(int wait);
 
+// Waits until descriptor 0 can be read, or until a signal handler has run.
+void WaitForInput();
+
 // Discards the input up to and including the next Enter. On a terminal, discards only what has already been
 // typed; otherwise waits for the rest.
 void DropRestOfLine();

@@ -112,15 +112,17 @@ TEST(ShowHlog, ConsumesOneKeyPerPrompt) {
     EXPECT_NE(listing.find("brantcli> CLEAR HLOG\nHLOG Log successfully cleared.\n"), std::string::npos);
 }
 
-// Reads the output through a pipe, and sends the key only when the whole prompt has arrived.
+// Reads the output through a pipe, and sends the key only after the whole prompt has arrived. Standard input
+// is non-blocking: dd leaves its mode to the open file.
 TEST(ShowHlog, WritesThePromptBeforeItWaitsForTheKey) {
     TestMachine machine;
     machine.Write("cevt/hlog", Log(UpTo(7)));
     const std::string shown = machine.Script("SHOW HLOG", Typed("q")).output;
     const size_t until_prompt = shown.size() - 2;
-    const std::string script = "mkfifo keys; exec 3<>keys; timeout 20 " + InShell("brantcli") +
-                               " -s 'SHOW HLOG' <&3 | { head -c " + std::to_string(until_prompt) +
-                               "; echo q >&3; cat; }";
+    const std::string script =
+        "mkfifo keys; exec 3<>keys; dd count=0 iflag=nonblock status=none <&3; timeout 20 " +
+        InShell("brantcli") + " -s 'SHOW HLOG' <&3 | { head -c " + std::to_string(until_prompt) +
+        "; echo q >&3; cat; }";
     const std::string command = "cd '" + machine.Directory() + "'; " + script;
     EXPECT_EQ(RunProgram("/bin/sh", {"-c", command}, machine.Directory()).output, shown);
 }
