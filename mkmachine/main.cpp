@@ -15,14 +15,18 @@
 
 #include "mkmachine/models.h"
 #include "src/files/descriptor.h"
+#include "src/utils/program_arguments.h"
 #include "src/utils/standard_streams.h"
 
 namespace {
+
+constexpr char kProgram[] = "mkmachine";
 
 struct Options {
     const Model* model = &Models().front();
     std::optional<size_t> events;  // entries of the event log; default: one for each sample event
     std::string directory;
+    std::string reply;  // to --help or --version
 };
 
 // Parses a decimal number. Returns nothing if `word` isn't a number or has more than nine digits, because the
@@ -34,29 +38,42 @@ std::optional<size_t> ReadCount(const std::string& word) {
     return std::stoul(word);
 }
 
-// Parses the command line. Returns false if it is invalid.
+std::string Usage() {
+    std::string names;
+    for (const Model& model : Models()) names += (names.empty() ? "" : "|") + std::string(model.name);
+    std::string usage = "usage: mkmachine [--model %s] [--events N] DIR\n";
+    return usage.replace(usage.find("%s"), 2, names);
+}
+
+std::string Help() {
+    return Usage() +
+           "Creates a simulated machine in DIR, a new or empty directory.\n\n"
+           "  --model MODEL  the model of the simulated server\n"
+           "  --events N     the number of entries in its event log\n"
+           "  --help         print this text\n"
+           "  --version      print the version\n\n"
+           "See mkmachine(1).\n";
+}
+
+// Parses the command line, up to the first --help or --version. Returns false if it is invalid.
 bool ReadOptions(int argc, char** argv, Options& options) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        if (word == "--model" && i + 1 < argc) {
-            options.model = FindModel(argv[++i]);
+    ProgramArguments arguments(argc, argv);
+    std::string value;
+    while (arguments.Next()) {
+        if (arguments.AsksForReply(kProgram, Help(), options.reply)) return true;
+        if (arguments.HasValue("--model", value)) {
+            options.model = FindModel(value);
             if (options.model == nullptr) return false;
-        } else if (word == "--events" && i + 1 < argc) {
-            options.events = ReadCount(argv[++i]);
+        } else if (arguments.HasValue("--events", value)) {
+            options.events = ReadCount(value);
             if (!options.events) return false;
-        } else if (word.empty() || word[0] == '-' || !options.directory.empty()) {
-            return false;
+        } else if (arguments.IsOperand() && options.directory.empty()) {
+            options.directory = arguments.Text();
         } else {
-            options.directory = word;
+            return false;
         }
     }
     return !options.directory.empty();
-}
-
-void PrintUsage() {
-    std::string names;
-    for (const Model& model : Models()) names += (names.empty() ? "" : "|") + std::string(model.name);
-    std::fprintf(stderr, "usage: mkmachine [--model %s] [--events N] DIR\n", names.c_str());
 }
 
 // Creates the directory `path`, if it doesn't exist, and makes it the working directory. The files are
@@ -85,9 +102,10 @@ int main(int argc, char** argv) try {
     IgnoreWriteSignals();
     Options options;
     if (!ReadOptions(argc, argv, options)) {
-        PrintUsage();
+        std::fputs(Usage().c_str(), stderr);
         return 2;
     }
+    if (!options.reply.empty()) return PrintReply(STDOUT_FILENO, kProgram, options.reply);
     umask(077);  // only the owner can open the directories and, with them, lock the devices
     EnterDirectory(options.directory);
     if (!std::filesystem::is_empty(".")) {

@@ -12,11 +12,35 @@
 #include "cli/start-up/start_up.h"
 #include "platform/request.h"
 #include "savemachine/machine_copy.h"
+#include "src/utils/program_arguments.h"
 #include "src/utils/standard_streams.h"
 
 namespace {
 
 constexpr char kProgram[] = "savemachine";
+constexpr char kUsage[] = "usage: savemachine DIR\n";
+constexpr char kDescription[] =
+    "Copies this server's state into a simulated machine, the new directory DIR.\n\n"
+    "  --help     print this text\n"
+    "  --version  print the version\n\n"
+    "See savemachine(8).\n";
+
+struct Options {
+    std::string directory;
+    std::string reply;  // to --help or --version
+};
+
+// Parses the command line, up to the first --help or --version. Returns false if it is invalid.
+bool ReadOptions(int argc, char** argv, Options& options) {
+    const std::string help = std::string(kUsage) + kDescription;
+    ProgramArguments arguments(argc, argv);
+    while (arguments.Next()) {
+        if (arguments.AsksForReply(kProgram, help, options.reply)) return true;
+        if (!arguments.IsOperand() || !options.directory.empty()) return false;
+        options.directory = arguments.Text();
+    }
+    return !options.directory.empty();
+}
 
 // The functions that save the data of each device, in the order in which the devices are opened.
 struct DeviceData {
@@ -56,17 +80,21 @@ void Save(MachineCopy& copy) {
 }  // namespace
 
 int main(int argc, char** argv) try {
-    if (!KeepStandardDescriptors() || MessagesToStandardError() < 0) return 1;
+    if (!KeepStandardDescriptors()) return 1;
+    const int output = MessagesToStandardError();
+    if (output < 0) return 1;
     IgnoreWriteSignals();
     umask(077);
-    if (argc != 2 || argv[1][0] == '\0' || argv[1][0] == '-') {
-        std::fprintf(stderr, "usage: savemachine DIR\n");
+    Options options;
+    if (!ReadOptions(argc, argv, options)) {
+        std::fputs(kUsage, stderr);
         return 2;
     }
+    if (!options.reply.empty()) return PrintReply(output, kProgram, options.reply);
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     NoticeInterrupts();
-    MachineCopy copy(argv[1]);
+    MachineCopy copy(options.directory);
     Save(copy);
     copy.Finish();
     return 0;

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "mkmachine/events.h"
+#include "src/utils/version.h"
 #include "tests/support/test_machine.h"
 
 namespace {
@@ -19,6 +20,9 @@ TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
     } cases[] = {
         {"no event", {"--events", "0"}, 0, 0},
         {"more events than samples", {"--model", "bx20", "--events", "1000"}, 0, 1000},
+        {"a value after '='", {"--events=3", "--model=bx20"}, 0, 3},
+        {"no value after '='", {"--model="}, 2, 0},
+        {"another option with the same beginning", {"--eventsx5"}, 2, 0},
         {"--events without a number", {"--events"}, 2, 0},
         {"a sign before the number", {"--events", "-1"}, 2, 0},
         {"a letter after the number", {"--events", "5x"}, 2, 0},
@@ -32,6 +36,22 @@ TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
         const RunResult run = RunProgram(ProgramPath("mkmachine"), words, parent.Directory());
         EXPECT_EQ(run.status, c.status) << c.catches;
         EXPECT_EQ(parent.Read("made/cevt/hlog"), EventLog(c.entries)) << c.catches;
+    }
+}
+
+TEST(MakeMachineProgram, PrintsItsHelpAndVersionOnStandardOutput) {
+    for (const char* const program : {"mkmachine", "savemachine"}) {
+        for (const char* const option : {"--help", "--version"}) {
+            const RunResult run = RunProgram(ProgramPath(program), {option, "--unknown"}, "/nowhere");
+            const bool help = option == std::string("--help");
+            const std::string start =
+                help ? std::string("usage: ") + program : std::string(program) + " " + kVersion;
+            EXPECT_EQ(run.output.substr(0, start.size()), start);
+            EXPECT_EQ(run.errors, "");
+            EXPECT_EQ(run.status, 0);
+            const std::string full_disk = InShell(program) + " " + option + " >/dev/full";
+            EXPECT_EQ(RunProgram("/bin/sh", {"-c", full_disk}, "/nowhere").status, 1) << full_disk;
+        }
     }
 }
 

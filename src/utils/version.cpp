@@ -1,0 +1,3 @@
+#include "src/utils/version.h"
+
+const char kVersion[] = BRANT_VERSION;
