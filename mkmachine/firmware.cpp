@@ -30,7 +30,7 @@ void AddMemory(SmbiosTable& table, const Hardware& hardware) {
     table.Add(MemoryArrayRecord(hardware.array));
     uint32_t installedMiB = 0;
     for (const MemoryDevice& device : hardware.devices) {
-        table.Add(MemoryDeviceRecord(device).CutTo(MemoryDeviceLength(hardware.smbios_minor_version)));
+        table.Add(MemoryDeviceRecord(device).TruncateTo(MemoryDeviceLength(hardware.smbios_minor_version)));
         installedMiB += device.size;
     }
     table.Add(MappedAddressRecord(0x1300, hardware.array.handle, installedMiB * 1024));
@@ -72,7 +72,7 @@ SmbiosTable TablesOf(const std::string& product_name, const Hardware& hardware) 
     table.Add(SystemRecord(product_name, hardware.serial));
     table.Add(ChassisRecord(hardware.chassis, hardware.serial));
     for (const Processor& processor : hardware.processors) {
-        table.Add(ProcessorRecord(processor).CutTo(ProcessorLength(hardware.smbios_minor_version)));
+        table.Add(ProcessorRecord(processor).TruncateTo(ProcessorLength(hardware.smbios_minor_version)));
     }
     for (const Cache& cache : hardware.caches) table.Add(CacheRecord(cache));
     AddMemory(table, hardware);

@@ -31,7 +31,7 @@ SmbiosRecord& SmbiosRecord::Text(const std::string& text) {
     return Byte(static_cast<unsigned>(++string_count_));
 }
 
-SmbiosRecord& SmbiosRecord::CutTo(size_t length) {
+SmbiosRecord& SmbiosRecord::TruncateTo(size_t length) {
     formatted_.resize(std::min(formatted_.size(), length));
     return *this;
 }

@@ -21,7 +21,7 @@ class SmbiosRecord {
     // An empty string has the number 0 and isn't added.
     SmbiosRecord& Text(const std::string& text);
     // Truncates the formatted area to `length` bytes, as in an older version of the standard.
-    SmbiosRecord& CutTo(size_t length);
+    SmbiosRecord& TruncateTo(size_t length);
 
     // Returns the record with its strings, in the format of the tables.
     std::string Bytes() const;

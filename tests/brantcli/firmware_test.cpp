@@ -87,7 +87,7 @@ const NicCase kNics[] = {
     {"neither the record nor the variable exists", {}, "", "UNKNOWN"},
     {"the ROM variable is preferred to the record, or empty entries are stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
     {"entries after the eighth NIC are stored, or an empty one counts", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes(), ManyNics()},
-    {"a truncated entry counts", {}, NicRecord(1, {kNic, kOther}).CutTo(19).Bytes(), "1" + kMac1},
+    {"a truncated entry counts", {}, NicRecord(1, {kNic, kOther}).TruncateTo(19).Bytes(), "1" + kMac1},
 };
 // clang-format on
 
@@ -195,7 +195,7 @@ TEST(ManagementProcessor, IsSearchedForInThePiclTree) {
     LoadedTables tables(kRom + System("Corvex") + kArray);
     TestMachine& machine = tables.Machine();
     const auto present = [&] { return ServerText(machine, "Kelm present  : ", "\n") == "Yes"; };
-    EXPECT_FALSE(present()) << "without a PICL service";
+    EXPECT_FALSE(present()) << "found although there is no PICL service";
     for (const TreeCase& c : kTrees) {
         machine.Write("picl", c.picl);
         EXPECT_EQ(present(), c.present) << c.catches;
@@ -208,7 +208,7 @@ TEST(ManagementProcessor, IsSearchedForInThePiclTree) {
     EXPECT_EQ(found, 1);
     EXPECT_EQ(visited, 3) << "the search must end at the management processor";
     machine.Fault("picl root 1");
-    EXPECT_FALSE(present()) << "with a failing PICL service";
+    EXPECT_FALSE(present()) << "found although the PICL service fails";
 }
 
 // Runs a script and returns the number of memory blocks that are allocated when the process ends.
@@ -225,10 +225,13 @@ TEST(StartUp, FreesItsMemoryOnEveryExitPath) {
     nothing_started.Remove("cdt");
     const int kept = BlocksAtExit(nothing_started, "HELP");
     LoadedTables other(System("Vertex")), ours(System("Corvex"));
-    EXPECT_EQ(BlocksAtExit(other.Machine(), "HELP"), kept) << "another line of servers";
+    EXPECT_EQ(BlocksAtExit(other.Machine(), "HELP"), kept)
+        << "memory is left allocated on another line of servers";
     const int with_tree = kept + 1;  // the command tree is never freed
-    EXPECT_EQ(BlocksAtExit(ours.Machine(), "HELP"), with_tree) << "the end of a script";
-    EXPECT_EQ(BlocksAtExit(ours.Machine(), "EXIT"), with_tree) << "EXIT";
+    EXPECT_EQ(BlocksAtExit(ours.Machine(), "HELP"), with_tree)
+        << "memory is left allocated at the end of a script";
+    EXPECT_EQ(BlocksAtExit(ours.Machine(), "EXIT"), with_tree) << "memory is left allocated after EXIT";
     ours.Machine().Remove("cdt");
-    EXPECT_EQ(BlocksAtExit(ours.Machine(), "HELP"), kept) << "a device that can't be opened";
+    EXPECT_EQ(BlocksAtExit(ours.Machine(), "HELP"), kept)
+        << "memory is left allocated if a device can't be opened";
 }

@@ -85,11 +85,12 @@ TEST(Streams, LoseNoOutputIfItIsNonBlockingAndTheReaderSlow) {
         EXPECT_GT(run.output.size(), 3 * 4096U);
         EXPECT_EQ(run.output, blocking.output) << program;
         EXPECT_EQ(run.status, 0) << program;
-        EXPECT_EQ(RunNonBlocking(program, arguments, machine, 1).status, 1) << program << ", reader gone";
+        EXPECT_EQ(RunNonBlocking(program, arguments, machine, 1).status, 1)
+            << program << " should fail if its reader is gone";
     }
 }
 
-TEST(Streams, GetTheirModeBack) {
+TEST(Streams, HaveTheirOriginalModeAfterTheRun) {
     int ends[2];
     ASSERT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
     std::fflush(stdout);

@@ -119,12 +119,14 @@ TEST(Memory, IsFreedByEveryCommandWhicheverRequestFails) {
     ASSERT_NE(baseline.find(" blocks"), baseline.npos) << "the allocator reported: " << baseline;
 
     machine.StartTrace();
-    EXPECT_EQ(LeakedBlocks(machine, all, kNoRequest), baseline) << "without a failing request";
+    EXPECT_EQ(LeakedBlocks(machine, all, kNoRequest), baseline)
+        << "memory is left allocated although no request fails";
     const size_t requests = machine.TakeRequests().size();
     machine.Remove("trace");
-    EXPECT_GT(requests, 150U) << "all commands together make more requests than this";
+    EXPECT_GT(requests, 150U) << "expected more requests: has a command ended early?";
     for (size_t failing = 1; failing <= requests; ++failing) {
-        EXPECT_EQ(LeakedBlocks(machine, all, failing), baseline) << "request " << failing << " failed";
+        EXPECT_EQ(LeakedBlocks(machine, all, failing), baseline)
+            << "memory is left allocated after request " << failing << " failed";
     }
 }
 

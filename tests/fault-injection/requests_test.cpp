@@ -86,7 +86,7 @@ TEST_P(FailingRequests, EndEachCommandAsInTheGoldenFile) {
     std::printf("%zu failed requests\n", failures_);
     if (!first_) return;
     ExpectGolden("fault-injection/failures.txt", listing_);
-    EXPECT_GT(failures_, 80U) << "all commands together make more requests than this";
+    EXPECT_GT(failures_, 80U) << "expected more requests: has a command ended early?";
 }
 
 INSTANTIATE_TEST_SUITE_P(Model, FailingRequests, testing::ValuesIn(ModelNames()));

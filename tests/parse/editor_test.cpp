@@ -190,7 +190,8 @@ TEST(Editor, ShowsLineAndCursorOnATerminal) {
         session.Type(Bytes(c.keys));
         ASSERT_EQ(session.ReceiveUntil(written), written);
         EXPECT_EQ(session.screen.CursorLine(), Trimmed(kPrompt + text));
-        EXPECT_EQ(session.screen.Cursor().col, static_cast<int>(kPrompt.size()) + c.column) << "the cursor";
+        EXPECT_EQ(session.screen.Cursor().col, static_cast<int>(kPrompt.size()) + c.column)
+            << "the cursor is in the wrong column";
         session.Type(Bytes("<^C>"));
         session.ReceiveUntil(text.substr(static_cast<size_t>(c.column)) + Erased(text.size()));
     }
@@ -201,11 +202,12 @@ TEST(Editor, LimitsTheLengthOfALine) {
     const std::string longest = "help " + std::string(246, 'x'), completed = "HELP" + longest.substr(4) + " ";
     EXPECT_EQ(Type(longest + "<Tab><Enter>"), kPrompt + longest + Erased(251) + completed);
     EXPECT_EQ(line.CmdLine, completed);
-    EXPECT_EQ(Type(longest + "x<Tab><Enter>"), kPrompt + longest + "x\a") << "completed beyond the limit";
+    EXPECT_EQ(Type(longest + "x<Tab><Enter>"), kPrompt + longest + "x\a")
+        << "TAB has completed a line beyond the limit";
     EXPECT_EQ(line.CmdLine, longest + "x");
     Type(longest + "x<Home><Right>123<Delete><Enter>");
     EXPECT_EQ(line.CmdLine, "h12" + longest.substr(2) + "x")
-        << "only two more characters fit into the buffer";
+        << "the buffer should take exactly two more characters";
 
     std::string full(254, 'a');
     EXPECT_EQ(InsertChar(0, 'b', full.data()), -1);
@@ -228,9 +230,10 @@ TEST(Editor, DiscardsALineThatIsTooLongAndItsRest) {
     ASSERT_NE(output.find(rejection), output.npos) << output;
     EXPECT_EQ(output.substr(output.find(rejection)),
               rejection + "HELP QUIT\nUSAGE: QUIT: Exit brantcli.\n" + kPrompt + "\n");
-    EXPECT_EQ(machine.Type(too_long).status, 0) << "the input ends inside the discarded line";
+    EXPECT_EQ(machine.Type(too_long).status, 0)
+        << "expected status 0 if the input ends inside the discarded line";
     EXPECT_EQ(machine.Type("CLEAR HLOG").output.find("cleared"), std::string::npos)
-        << "a line without Enter ran";
+        << "a line without Enter was run";
 
     TerminalSession session(machine);
     session.ReceiveUntil("\n" + kPrompt);
@@ -238,7 +241,7 @@ TEST(Editor, DiscardsALineThatIsTooLongAndItsRest) {
     EXPECT_EQ(kPrompt + session.ReceiveUntil("\n" + kPrompt), rejection);
     session.Type(too_long + "CLEAR HLOG\rexit\r");
     EXPECT_EQ(session.End(), 0);
-    EXPECT_EQ(machine.Read("cevt/hlog"), log) << "CLEAR HLOG ran";
+    EXPECT_EQ(machine.Read("cevt/hlog"), log) << "the rest of the rejected line, CLEAR HLOG, was run";
 }
 
 // clang-format off

@@ -66,7 +66,7 @@ TEST(Terminal, EndsTheInputWhenItIsHungUp) {
     std::signal(SIGHUP, SIG_DFL);
     session.ReceiveUntil(kAtPrompt);
     session.HangUp();
-    EXPECT_EQ(session.End(), 1) << "the output can't be written, so the status isn't 0";
+    EXPECT_EQ(session.End(), 1) << "expected status 1, because the output can't be written";
 }
 
 TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramContinues) {
@@ -117,7 +117,7 @@ TEST(Terminal, EndsTheInputOfABackgroundProgramThatIgnoresSigttin) {
     EXPECT_EQ(session.End(), 0);
 }
 
-TEST(Terminal, AStopAtThePagerIsNoKey) {
+TEST(Terminal, AStopAtThePagerDoesNotCountAsAKey) {
     const TestMachine machine("tr500k2");
     TerminalSession session(machine, {"-s", "SHOW HLOG"});
     session.ReceiveUntil("screen.: ");

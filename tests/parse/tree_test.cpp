@@ -135,12 +135,12 @@ TEST(Dispatcher, RunsTheDeepestNodeOrPrintsAnError) {
     char commands[] = ";HELP X;?;x";
     char help[] = "HELP";
     testing::internal::CaptureStdout();
-    EXPECT_EQ(do_scripted_command(help), 1) << "the result outside script mode";
+    EXPECT_EQ(do_scripted_command(help), 1) << "the prompt's commands always return 1";
     do_scripted_command(commands);
     testing::internal::GetCapturedStdout();
     EXPECT_EQ(std::string(commands, sizeof commands), std::string("\0HELP X\0?\0x", 12))
-        << "NULs at other positions";
-    EXPECT_EQ(current_command, nullptr) << "the command of the line before";
+        << "the NULs are at wrong positions";
+    EXPECT_EQ(current_command, nullptr) << "current_command is still that of the previous line";
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ TEST(Devices, WriteTheLongestVariableAndKeepOnlyReadAndWriteBits) {
     const auto mode = [](const std::string& path) {
         return static_cast<unsigned>(std::filesystem::status(path).permissions());
     };
-    EXPECT_EQ(mode(changed), 0466u) << "the file's own read and write bits, and no others";
-    EXPECT_EQ(mode(machine.Directory() + "/crom/" + longest), 0644u) << "the mode of a new file";
+    EXPECT_EQ(mode(changed), 0466u) << "a changed file should keep its read and write bits, and no others";
+    EXPECT_EQ(mode(machine.Directory() + "/crom/" + longest), 0644u) << "a new file has the wrong mode";
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
 }
 
@@ -56,7 +56,7 @@ TEST(Devices, ListTheCurrentLog) {
             expect_next("an old log");
         }
         machine.Remove("cevt/hlog");
-        EXPECT_EQ(Make("cevt read 1 length=56"), "1") << "a removed log";
+        EXPECT_EQ(Make("cevt read 1 length=56"), "1") << "a removed log should have no entries";
     });
 }
 

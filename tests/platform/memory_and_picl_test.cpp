@@ -39,11 +39,11 @@ TEST(Picl, ReturnsTheCallbacksResultAndRejectsInvalidArguments) {
         for (const auto& [returned, result] : walks) {
             int words[] = {0, returned};
             EXPECT_EQ(picl_walk_tree_by_class(root, "a", words, Visit), result);
-            EXPECT_EQ(words[0], 1) << "visited nodes";
+            EXPECT_EQ(words[0], 1) << "wrong number of visited nodes";
         }
         int below_first[] = {0, PICL_WALK_CONTINUE};
         EXPECT_EQ(picl_walk_tree_by_class(root + 1, "a", below_first, Visit), PICL_SUCCESS);
-        EXPECT_EQ(below_first[0], 1) << "visited nodes below the first child";
+        EXPECT_EQ(below_first[0], 1) << "wrong number of visited nodes below the first child";
         for (const picl_nodehdl_t invalid : {root - 1, root + 4, root + (uint64_t{1} << 32)}) {
             EXPECT_EQ(picl_get_propval_by_name(invalid, "id", value, 4), PICL_INVALIDHANDLE) << invalid;
             EXPECT_EQ(picl_walk_tree_by_class(invalid, "a", nullptr, Visit), PICL_INVALIDHANDLE) << invalid;
@@ -53,6 +53,6 @@ TEST(Picl, ReturnsTheCallbacksResultAndRejectsInvalidArguments) {
         EXPECT_EQ(value[0], 0) << "a value was stored in a buffer that is too small";
         EXPECT_EQ(picl_get_propval_by_name(root, "id", value, sizeof value), PICL_SUCCESS);
         EXPECT_EQ(value[0] + value[1] + value[4], 3)
-            << "the value 258 has 4 bytes, and the rest of the buffer is unchanged";
+            << "expected the 4 bytes of 258 and an unchanged rest of the buffer";
     });
 }

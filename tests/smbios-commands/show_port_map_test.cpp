@@ -38,14 +38,14 @@ const Case kCases[] = {
     {"a bay that isn't a number", Rack("five") + kMap, kNoBay},
     {"a negative bay", Rack("-1") + kMap, kNoBay},
     {"an empty bay string", Rack("") + kMap, kNoBay},
-    {"a rack record without the field", RackRecord(1, "", "5").CutTo(7).Bytes() + kMap, kNoBay},
+    {"a rack record without the field", RackRecord(1, "", "5").TruncateTo(7).Bytes() + kMap, kNoBay},
     {"no port map", Rack("5"), "\nERROR: Failed to get SMBIOS system data.\n\n"},
     {"bits of a neighbouring field", Rack("5") + kMap,
      kHeading + "0         2         8         36        \n\n\n"},
     {"a sum that wraps", Rack(" 99999999999") + kMap,
      kHeading + "0         2         8         2147483647\n\n\n"},
-    {"a port beyond the record", Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).CutTo(68)),
-     kHeading + "\n\n"},
+    {"a port beyond the record",
+     Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).TruncateTo(68)), kHeading + "\n\n"},
 };
 
 }  // namespace

@@ -29,5 +29,5 @@ TEST(ShowServer, NamesProcessorStatesAndRoundsSizesDown) {
     }
 
     EXPECT_TRUE(tables.Load(SystemRecord("Corvex", "").Bytes()));
-    EXPECT_EQ(get_dimminfo_smbios(), 1) << "tables without memory sockets";
+    EXPECT_EQ(get_dimminfo_smbios(), 1) << "expected 1 for tables without memory sockets";
 }

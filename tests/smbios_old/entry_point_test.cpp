@@ -103,6 +103,6 @@ TEST(EntryPoint, InAnUnreadableAreaIsReported) {
     EXPECT_FALSE(tables.Load());
     EXPECT_EQ(smbios_get_systemname(), 1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "ReadPhysMem failed\n")
-        << "no system name is looked up without tables";
+        << "a system name was looked up without tables";
     EXPECT_EQ(testing::internal::GetCapturedStderr(), kMapFailed);
 }

@@ -102,5 +102,5 @@ TEST(Records, AreFoundByTypeAndByHandle) {
     DeinitSMBIOS();
     EXPECT_EQ(IsSMBIOSAvailable(), FALSE);
     EXPECT_EQ(EPS.wSTLength, table.Bytes().size()) << "the entry point was cleared";
-    EXPECT_EQ(SmbGetRecordByType(1, 0, &unchanged), FALSE) << "a record of freed tables";
+    EXPECT_EQ(SmbGetRecordByType(1, 0, &unchanged), FALSE) << "found a record of freed tables";
 }

@@ -79,10 +79,10 @@ const Case kCases[] = {
          DimmLocationRecord(3, 0x11, 7, 8).Bytes(),
      "5.6 1024 1 8/5\n"},
     // cases: short records
-    {"a truncated speed", At("").CutTo(22).Bytes(), "0.1 1024 0 8/5\n"},
-    {"a truncated type detail", At("").CutTo(20).Bytes(), "0.1 1024 0 8/1\n"},
-    {"a locator beyond the record", At("DIMM 4").CutTo(16).Bytes(), "0.1 1024 0 8/1\n"},
-    {"a truncated array handle", At("").CutTo(5).Bytes(), ""},
+    {"a truncated speed", At("").TruncateTo(22).Bytes(), "0.1 1024 0 8/5\n"},
+    {"a truncated type detail", At("").TruncateTo(20).Bytes(), "0.1 1024 0 8/1\n"},
+    {"a locator beyond the record", At("DIMM 4").TruncateTo(16).Bytes(), "0.1 1024 0 8/1\n"},
+    {"a truncated array handle", At("").TruncateTo(5).Bytes(), ""},
     // cases: several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
      "1.1 1024 0 8/5\n1.4 4096 0 8/5\n3.3 2048 0 8/5\n"},
@@ -129,8 +129,9 @@ TEST(MemoryArrays, CorrectErrorsIfTheirRecordStatesIt) {
     const auto corrects = [&](const SmbiosRecord& array) {
         return tables.Load(array.Bytes()) && SmbChkForECCSupported() == TRUE;
     };
-    EXPECT_FALSE(corrects(Array(kHandle, 3, 3))) << "a system memory array without correction";
-    EXPECT_TRUE(corrects(Array(kHandle, 3, 4))) << "parity bits";
-    EXPECT_FALSE(corrects(Array(kHandle, 5, 6))) << "flash memory";
-    EXPECT_FALSE(corrects(Array(kHandle).CutTo(6))) << "a record without the field";
+    EXPECT_FALSE(corrects(Array(kHandle, 3, 3)))
+        << "expected no correction for a system memory array without it";
+    EXPECT_TRUE(corrects(Array(kHandle, 3, 4))) << "parity should count as error detection";
+    EXPECT_FALSE(corrects(Array(kHandle, 5, 6))) << "an array of flash memory should not count";
+    EXPECT_FALSE(corrects(Array(kHandle).TruncateTo(6))) << "a record without the field should not count";
 }

@@ -60,7 +60,7 @@ const Case kCases[] = {
     {"records in the wrong order", ProcessorRecord({2, "", 7}).Bytes() + Socket("")},
     {"an empty socket", Status(0x41) + Status(0x01)},
     {"a coprocessor", Status(0x41, 4)},
-    {"a record without the status", ProcessorRecord({1, ""}).CutTo(24).Bytes()},
+    {"a record without the status", ProcessorRecord({1, ""}).TruncateTo(24).Bytes()},
     // cases: the status
     {"an undefined state, or a neighbouring bit read", Status(0xFF) + Status(0x46) + Status(0x45)},
     {"unknown, disabled, idle", Status(0x44) + Status(0x43) + Status(0x42) + Status(0x40)},
@@ -76,15 +76,15 @@ const Case kCases[] = {
     {"an OEM record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7")},
     {"an OEM record of another processor", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7")},
     // cases: cores and threads
-    {"cores without threads", FourCores().CutTo(37).Bytes()},
-    {"the last byte of the record ignored", FourCores().CutTo(38).Bytes()},
+    {"cores without threads", FourCores().TruncateTo(37).Bytes()},
+    {"the last byte of the record ignored", FourCores().TruncateTo(38).Bytes()},
     {"128 threads, which a signed byte can't hold", ProcessorRecord({1, "", 1, 4, 128}).Bytes()},
     // cases: caches
     {"L1 consulted, L3 before L2",
      Cached(0x70, 1, 64) + Cached(0x73, 3, 0x8010) + Cached(0x72, 2, 0x0200) + Caches(0x72, 0x73).Bytes()},
     {"an empty cache", Cached(0x72, 2, 0x8000) + Caches(0x72).Bytes()},
     {"handle 0xFFFF looked up", Cached(kNoHandle, 2, 8) + Caches(kNoHandle).Bytes()},
-    {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).CutTo(28).Bytes()},
+    {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).TruncateTo(28).Bytes()},
     {"a record that isn't a cache, or a later one",
      BiosRecord("", "").Bytes() + Cached(0, 2, 8) + Caches(0).Bytes()},
     {"a shared cache shown for one processor only",
