@@ -35,6 +35,6 @@ enum class FanRead { Done, FeatureFailed, BasicFailed };
 // memory runs out.
 FanRead ReadFan(int index, LegacyFans& legacy_fans, FanStatus& fan);
 
-// The handler of SHOW FANS. Prints only an error message if any fan can't be read. Takes the tokenized line;
-// returns 0, or 1 on failure.
+// The handler of SHOW FANS. If any fan can't be read, it prints an error message instead of the table.
+// Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_fans(InputLineType* InputLine);

@@ -31,6 +31,6 @@ constexpr int Fahrenheit(int celsius) {
     return celsius == 0 ? 0 : 9 * celsius / 5 + 32;
 }
 
-// The handler of SHOW TEMP. Prints only an error message if any sensor can't be read. Takes the tokenized
-// line; returns 0, or 1 on failure.
+// The handler of SHOW TEMP. If any sensor can't be read, it prints an error message instead of the table.
+// Takes the tokenized line; returns 0, or 1 on failure.
 int do_show_temp(InputLineType* InputLine);

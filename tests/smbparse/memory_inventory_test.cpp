@@ -65,7 +65,7 @@ const Case kCases[] = {
     {"MiB", Sized(0x0400).Bytes(), "0.1 1048576 1 8/5\n"},
     {"KiB", Sized(0x8200).Bytes(), "0.1 512 1 8/5\n"},
     {"an empty socket left out", Sized(0).Bytes(), "0.1 0 1 8/5\n"},
-    // cases: codes
+    // cases: the form factor and the memory technology
     {"the last entry tried first", Kind(kDimm, 0x0280).Bytes(), "0.1 1024 1 8/5\n"},
     {"the first entry not tried", Kind(kDimm, 0x0288).Bytes(), "0.1 1024 1 8/2\n"},
     {"bits without an entry", Kind(kDimm, 0xFD77).Bytes(), "0.1 1024 1 8/1\n"},
