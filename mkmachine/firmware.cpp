@@ -18,8 +18,8 @@ constexpr char kPiclWithoutKelm[] =
     "    obp-device vendor-id=0x8086 device-id=0x25d8\n"
     "      obp-device vendor-id=0x1002 device-id=0x515e\n";
 
-// Handles of OEM records. kProcInfo and kDimmLocation are the handles of the first record of their type;
-// further records count up from them.
+// Handles of OEM records. The handles of the processors' records count up from kProcInfo + 1, those of the
+// memory modules' records from kDimmLocation.
 constexpr uint16_t kProcInfo = 0xC500;
 constexpr uint16_t kDimmLocation = 0xCA00;
 constexpr uint16_t kRack = 0xCC00;
