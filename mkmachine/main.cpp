@@ -26,7 +26,7 @@ struct Options {
     const Model* model = &Models().front();
     std::optional<size_t> events;  // entries of the event log; default: one for each sample event
     std::string directory;
-    std::string reply;  // to --help or --version
+    std::string reply;  // reply to --help or --version
 };
 
 // Parses a decimal number. Returns nothing if `word` isn't a number or has more than nine digits, because the

@@ -27,7 +27,7 @@ constexpr char kDescription[] =
 
 struct Options {
     std::string directory;
-    std::string reply;  // to --help or --version
+    std::string reply;  // reply to --help or --version
 };
 
 // Parses the command line, up to the first --help or --version. Returns false if it is invalid.

@@ -33,6 +33,6 @@ class ProgramArguments {
     std::string_view text_;
 };
 
-// Writes the reply to --help or --version into `output`. Returns the program's exit status: 1, after a
-// message on standard error, if it can't be written.
+// Writes the reply to --help or --version to `output`. Returns the program's exit status. If the reply can't
+// be written, prints a message on standard error and returns 1.
 int PrintReply(int output, const char* program, std::string_view reply);
