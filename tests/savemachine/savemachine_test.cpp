@@ -40,12 +40,12 @@ class MachineCopies : public testing::TestWithParam<std::string> {
         const std::string copy = parent.Directory() + "/copy";
         const RunResult saved = Save(machine, copy);
         EXPECT_EQ(saved.status, 0) << saved.errors;
-        EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_all);
         for (const std::string& script : ShowScripts(scripts)) {
             const RunResult on_machine = machine.Script(script);
             const RunResult on_copy = RunProgram(ProgramPath("brantcli"), {"-s", script}, copy);
             EXPECT_EQ(on_copy.output, on_machine.output) << script;
             EXPECT_EQ(on_copy.status, on_machine.status) << script;
+            EXPECT_EQ(on_copy.errors, on_machine.errors) << script;
         }
         for (const auto& [path, bytes] : machine.State()) {
             if (path.rfind("crom/", 0) == 0 && scripts == kOnePerCommand) {
@@ -110,7 +110,7 @@ TEST_P(MachineCopies, OfDamagedMachinesShowTheSame) {
 TEST_P(MachineCopies, OfMachinesWithFaultsShowTheSame) {
     const std::string cases[] = {
         "open casr -13",
-        "open cdt -5\nopen crom -5\npicl initialize 1",
+        "open cdt -5\nopen crom -5\npicl initialize 7",
         "xsvc map 0x000e8000 -5\ncevt read 3 3",
         "picl root 7\ncevt read * -1",
         "cdt 353.1.0 -5\ncdt 254.255.0 7\ncdt 1503.0.0 -5\ncasr 6 -5\ncrom read ZTSBKT -5\ncevt read 2 -5",
@@ -195,12 +195,16 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
          0},
         {"a hang-up that nohup ignores",
          "trap '' HUP; BRANT_AFTER_MKDIR='kill -HUP $PPID' $1_interposed $2/a && rm -r $2/a", "", 0},
+        {"an unreadable working directory, without the privileges of root",
+         "mkdir $2/d; cd $2/d; chmod 0 .; rmdir $2/d; setpriv --bounding-set=-all $1 $2/a",
+         "savemachine: $2/a: Permission denied\n", 1},
         {"few descriptors", "ulimit -n 32; $1 $2/a && rm -r $2/a", "", 0},
         {"a path without a directory", "cd $2; $1 a && rm -r a", "", 0},
         {"a relative BRANT_MACHINE", "cd $BRANT_MACHINE; BRANT_MACHINE=. $1 $2/a && rm -r $2/a", "", 0},
         {"the temporary directory of a killed run",
          "sh -c \"mkdir $2/a.\\$\\$; exec $1 $2/a\" && rm -r $2/a $2/a.*", "", 0},
-        {"a umask that removes all permissions", "umask 777; $1 $2/a && rm -r $2/a", "", 0},
+        {"a umask that removes all permissions",
+         "umask 777; $1 $2/a && stat -c %a $2/a $2/a/cdt $2/a/xsvc >&2; rm -r $2/a", "700\n700\n600\n", 0},
     };
     const TestMachine machine("tr300");
     const TestMachine parent;
