@@ -98,8 +98,13 @@ TEST(Streams, HaveTheirOriginalModeAfterTheRun) {
     dup2(ends[1], STDOUT_FILENO);
     MakeOutputBlocking();
     FinishOutput();
-    EXPECT_NE(fcntl(ends[1], F_GETFL) & O_NONBLOCK, 0);
+    const int restored = fcntl(ends[1], F_GETFL);
+    fcntl(ends[1], F_SETFL, O_APPEND);
+    FinishOutput();
+    const int kept = fcntl(ends[1], F_GETFL);
     dup2(found, STDOUT_FILENO);
+    EXPECT_NE(restored & O_NONBLOCK, 0);
+    EXPECT_EQ(kept & (O_NONBLOCK | O_APPEND), O_APPEND) << "restored twice";
     for (const int fd : {ends[0], ends[1], found}) close(fd);
 }
 

@@ -31,6 +31,7 @@ TEST(EventRow, RejectsATextThatDoesntMatchItsArguments) {
     EXPECT_EQ(row("Fan %s on %s"), "");
     EXPECT_EQ(row("Fan %s"), "a text has one ");
     EXPECT_EQ(row("Fan %s on %s %d"), "a text contains");
+    EXPECT_EQ(row("Fan %s on %s %d %C"), "a text contains");
 }
 
 TEST(ChassisEventRow, RejectsATextForAnotherChassis) {
@@ -42,6 +43,7 @@ TEST(ChassisEventRow, RejectsATextForAnotherChassis) {
     EXPECT_EQ(row("Fan %s", "External Chassis %s (%C)", "Server Blade Enclosure %s"), "");
     EXPECT_EQ(row("Fan %s", "External Chassis (%C)", ""), "a text has one ");
     EXPECT_EQ(row("", "Internal Chassis %s (%C)", ""), "a text begins w");
+    EXPECT_EQ(row("Fan %s (%d)", "", ""), "a text contains");
     EXPECT_EQ(row("Fan %s (%C)", "", ""), "%C is in the te");
     EXPECT_EQ(row("", "External Chassis %s", ""), "%C is in the te");
 }

@@ -80,6 +80,7 @@ TEST(Terminal, ShowsPromptAndLineAgainWhenTheProgramContinues) {
     EXPECT_EQ(session.screen.CursorLine(), "brantcli> show");
     EXPECT_TRUE(session.Settings() == CharacterMode(session.found));
     if (!Emulated()) kill(session.program, SIGTSTP);  // the signal has no effect on a session leader
+    usleep(100000);                                   // until its handler has run
     session.Type("x");
     EXPECT_EQ(session.ReceiveUntil("\b\b"), "xow\b\b");
     EXPECT_EQ(session.screen.CursorLine(), "brantcli> shxow");
@@ -131,11 +132,12 @@ TEST(Terminal, AStopAtThePagerDoesNotCountAsAKey) {
 TEST(Terminal, IsNotChangedByABackgroundProgramThatEnds) {
     const TestMachine machine("tr500k2");
     const std::string script = "set -m; sh -c 'echo $$; exec \"$@\"' sh " + InShell("brantcli") +
-                               "; kill %1; kill -CONT %1; sleep .5; jobs";
+                               "; kill -CONT %1; sleep .5; kill %1; kill -CONT %1; sleep .5; jobs";
     TerminalSession session(machine, {"-c", script}, "/bin/sh");
     kill(std::stoi(session.ReceiveUntil(kAtPrompt)), SIGSTOP);
     const std::string shown = session.ReceiveUntil("Terminated");
     EXPECT_NE(shown.find("Terminated"), shown.npos) << shown;
+    EXPECT_EQ(shown.find("brantcli> "), shown.npos) << "a prompt in the background: " << shown;
 }
 
 int keyboard[2];
