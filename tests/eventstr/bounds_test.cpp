@@ -38,7 +38,7 @@ TEST(EventText, IsTruncatedAtTheEndOfTheBufferOnly) {
 TEST(EventText, IsEmptyInABufferOfOneByteAndNotWrittenWithoutABuffer) {
     const std::string known = EventEntry(EventHeader(1, kCaution, 13, 1), "");
     EXPECT_EQ(BufferAfter(known, 0, 4), std::string(4, kUnwritten));
-    EXPECT_EQ(TranslateEntry(known, 1), (Translation{"", false}));
+    for (const unsigned size : {0u, 1u}) EXPECT_EQ(TranslateEntry(known, size), (Translation{"", false}));
     EXPECT_EQ(TranslateEntry(known, 2), (Translation{"A", true}));
 }
 
