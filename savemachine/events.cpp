@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "cli/misc-commands/event_log.h"
-#include "savemachine/machine_copy.h"
+#include "savemachine/parts.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "cli/pci/kelm.h"
-#include "cli/smbios_old/smbios.h"
+#include "cli/smbios_old/tables.h"
 #include "include/smbios_records.h"
 #include "platform/picl.h"
-#include "savemachine/machine_copy.h"
+#include "savemachine/parts.h"
 #include "src/utils/map_physical.h"
 
 namespace {

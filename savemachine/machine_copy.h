@@ -76,18 +76,6 @@ constexpr int kMissing = 1;
 // call.
 int FailedResult();
 
-// Lets the program remove an incomplete copy before it ends. After this call, MachineCopy::ShowProgress
-// reports SIGINT, SIGTERM and SIGHUP, and a write fails, instead of ending the process, if a pipe is closed
-// or a file-size limit is exceeded.
+// Lets the program remove an incomplete copy before it ends: after this call, MachineCopy::ShowProgress
+// reports SIGINT, SIGTERM and SIGHUP.
 void NoticeInterrupts();
-
-// Each function reads one part of a machine, in the same way as the shell's commands, and writes it into the
-// copy. If a part can't be read, it prints a message and omits the part. Before the parts of a device can be
-// saved, the device must be open and its directory created.
-
-void SaveTables(MachineCopy& copy);     // the driver's data tables
-void SaveTimer(MachineCopy& copy);      // the automatic server recovery timer's state
-void SaveVariables(MachineCopy& copy);  // the ROM variables
-void SaveEvents(MachineCopy& copy);     // the event log
-void SaveFirmware(MachineCopy& copy);   // the BIOS area and the SMBIOS tables
-void SavePicl(MachineCopy& copy);       // the management processor's node

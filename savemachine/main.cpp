@@ -11,7 +11,7 @@
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/start-up/start_up.h"
 #include "platform/request.h"
-#include "savemachine/machine_copy.h"
+#include "savemachine/parts.h"
 #include "src/utils/program_arguments.h"
 #include "src/utils/standard_streams.h"
 

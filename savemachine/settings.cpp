@@ -6,7 +6,7 @@
 #include "include/health_records.h"
 #include "include/rom_variables.h"
 #include "platform/request.h"
-#include "savemachine/machine_copy.h"
+#include "savemachine/parts.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "cli/misc-commands/uid.h"
 #include "include/health_records.h"
 #include "include/memory_records.h"
-#include "savemachine/machine_copy.h"
+#include "savemachine/parts.h"
 
 namespace {
 

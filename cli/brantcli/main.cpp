@@ -12,7 +12,7 @@
 #include "cli/misc-commands/exit.h"
 #include "cli/parse/editor.h"
 #include "cli/pci/kelm.h"
-#include "cli/smbios_old/smbios.h"
+#include "cli/smbios_old/tables.h"
 #include "cli/start-up/start_up.h"
 #include "cli/terminal/history.h"
 #include "cli/terminal/terminal.h"

@@ -5,7 +5,7 @@
 
 #include "cli/command/output.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
-#include "cli/smbios_old/smbios.h"
+#include "cli/smbios_old/tables.h"
 #include "cli/terminal/history.h"
 #include "cli/terminal/terminal.h"
 

@@ -1,7 +1,8 @@
-// The firmware's SMBIOS tables: one private copy, made at start-up and walked record by record.
-// Owner:  this module, from InitSMBIOS() to DeinitSMBIOS(). Records and strings are pointers into its copy.
-// Errors: the walk ends before a record whose formatted area extends beyond the tables; only the strings of
-// the last record may be truncated. Lookups print nothing. A lookup that finds nothing leaves its out-pointer
+// The records of the copied SMBIOS tables: the walk over them, and the lookups by type, by handle and by
+// string number. Records and strings are pointers into the copy (tables.h).
+//
+// The walk ends before a record whose formatted area extends beyond the tables; only the strings of the last
+// record may be truncated. Lookups print nothing. A lookup that finds nothing leaves its out-pointer
 // unchanged. If there are no tables, no lookup finds anything.
 #pragma once
 
@@ -16,22 +17,9 @@ using BOOL = unsigned char;
 constexpr BOOL FALSE = 0;
 constexpr BOOL TRUE = 1;
 
-// Searches a copy of the BIOS area for the entry point (version 2.1 or later) and copies the tables. Returns
-// FALSE if there is no valid entry point, the tables are empty, physical memory can't be read or memory runs
-// out. Prints a message only if physical memory can't be read.
-BOOL InitSMBIOS();
-// Frees the copy, if there is one. Doesn't change EPS.
-void DeinitSMBIOS();
-// Returns TRUE while there is a copy.
-BOOL IsSMBIOSAvailable();
-
 // Fills smb_record_sizes, for InitSMBIOS(). A run visits each record about a dozen times, and finding the end
 // of its strings on every visit would take longer than reading its fields.
 void SmbMeasureRecords();
-
-// Copies `size` bytes of physical memory from address `offset` to `buffer`. If they can't be mapped, prints a
-// line on standard error and returns FALSE with `buffer` unchanged.
-BOOL ReadPhysMem(unsigned int offset, unsigned int size, unsigned char* buffer);
 
 // Moves *ppRecord to the next record in table order; from null to the first record. Returns FALSE at the end.
 BOOL SmbGetRecord(unsigned char** ppRecord);

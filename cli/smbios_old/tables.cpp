@@ -1,5 +1,4 @@
-// Finds the SMBIOS tables in physical memory and copies them.
-#include "cli/smbios_old/smbios.h"
+#include "cli/smbios_old/tables.h"
 
 #include <algorithm>
 #include <cstdio>

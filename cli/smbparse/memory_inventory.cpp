@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 
+#include "cli/smbios_old/tables.h"
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/text.h"
 

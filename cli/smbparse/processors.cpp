@@ -1,5 +1,6 @@
 #include "cli/smbparse/processors.h"
 
+#include "cli/smbios_old/tables.h"
 #include "cli/smbparse/smbparse.h"
 #include "src/utils/text.h"
 

@@ -8,7 +8,7 @@
 #include "cli/command/state.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/smbios-commands/inventory.h"
-#include "cli/smbios_old/smbios.h"
+#include "cli/smbios_old/tables.h"
 #include "cli/smbparse/memory_inventory.h"
 #include "cli/smbparse/processors.h"
 #include "include/rom_variables.h"

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "cli/smbios_old/smbios.h"
+#include "cli/smbios_old/tables.h"
 #include "mkmachine/smbios_table.h"
 #include "tests/support/loaded_tables.h"
 

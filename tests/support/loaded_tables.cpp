@@ -1,6 +1,7 @@
 #include "tests/support/loaded_tables.h"
 
 #include "cli/command/state.h"
+#include "cli/smbios_old/tables.h"
 #include "mkmachine/smbios_table.h"
 #include "tests/support/program_state.h"
 

@@ -1,8 +1,7 @@
-// Walks the records of the copied tables, and looks up records by type and by handle, and strings by number.
+#include "cli/smbios_old/smbios.h"
+
 #include <algorithm>
 #include <cstring>
-
-#include "cli/smbios_old/smbios.h"
 
 namespace {
 
