@@ -14,7 +14,7 @@
 #include <system_error>
 
 #include "mkmachine/models.h"
-#include "src/files/descriptor.h"
+#include "src/utils/descriptor.h"
 #include "src/utils/program_arguments.h"
 #include "src/utils/standard_streams.h"
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "src/files/descriptor.h"
+#include "src/utils/descriptor.h"
 
 // Bytes and their offset in a file.
 struct Extent {

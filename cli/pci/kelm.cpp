@@ -3,7 +3,7 @@
 namespace {
 
 // Reads a property of a node. Returns false if the node doesn't have it.
-bool ReadNumber(picl_nodehdl_t node, const char* property, uint32_t& value) {
+bool ReadProperty(picl_nodehdl_t node, const char* property, uint32_t& value) {
     return picl_get_propval_by_name(node, property, &value, sizeof value) == PICL_SUCCESS;
 }
 
@@ -12,7 +12,8 @@ bool ReadNumber(picl_nodehdl_t node, const char* property, uint32_t& value) {
 int is_kelm(picl_nodehdl_t p, void* arg) {
     uint32_t vendor = 0;
     uint32_t device = 0;
-    if (!ReadNumber(p, "vendor-id", vendor) || !ReadNumber(p, "device-id", device)) return PICL_WALK_CONTINUE;
+    if (!ReadProperty(p, "vendor-id", vendor) || !ReadProperty(p, "device-id", device))
+        return PICL_WALK_CONTINUE;
     if (vendor != kKelmVendor || device != kKelmDevice) return PICL_WALK_CONTINUE;
 
     *static_cast<int*>(arg) = 1;

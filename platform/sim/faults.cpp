@@ -7,16 +7,14 @@
 #include <cstring>
 #include <new>
 
+#include "src/utils/text.h"
+
 namespace {
 
 constexpr char kFile[] = "faults";
 constexpr size_t kLargestFile = size_t{1} << 20;  // in bytes
 constexpr char kAnyEvent[] = "cevt read *";
 constexpr std::string_view kEventRead = "cevt read ";
-
-bool StartsWith(std::string_view text, std::string_view start) {
-    return text.substr(0, start.size()) == start;
-}
 
 // Parses the operand of a fault and appends it to `subject`, in the form in which calls are described.
 // Returns false if the operand is invalid.

@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/files/descriptor.h"
+#include "src/utils/descriptor.h"
 
 // Returns the path of the machine directory: BRANT_MACHINE, or /var/lib/brant/machine.
 const char* MachinePath();

@@ -1,21 +1,13 @@
 #include "platform/sim/picl_tree.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/sim/machine_directory.h"
+#include "src/utils/text.h"
 
 namespace {
 
 constexpr size_t kSpacesPerLevel = 2;
-
-// Removes the first word of `text`, which ends at a space, and returns it. Returns "" at the end.
-std::string_view TakeWord(std::string_view& text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    const std::string_view word = text.substr(0, text.find(' '));
-    text.remove_prefix(word.size());
-    return word;
-}
 
 // Parses a property, NAME=NUMBER. Returns false if the word isn't one.
 bool ReadProperty(std::string_view word, PiclProperty& property) {
@@ -49,7 +41,7 @@ bool PiclTree::ReadNode(std::string_view line, size_t indentation) {
     const bool fits = nodes_.empty() ? level == 0 : level > 0 && level <= nodes_.back().level + 1;
     if (!fits || indentation % kSpacesPerLevel != 0) return false;
 
-    const std::string_view class_name = TakeWord(line);
+    const std::string_view class_name = TakeWord(line, ' ');
     const size_t properties = properties_.size();
     if (!ReadProperties(line)) {
         properties_.resize(properties);
@@ -60,7 +52,7 @@ bool PiclTree::ReadNode(std::string_view line, size_t indentation) {
 }
 
 bool PiclTree::ReadProperties(std::string_view text) {
-    for (std::string_view word = TakeWord(text); !word.empty(); word = TakeWord(text)) {
+    for (auto word = TakeWord(text, ' '); !word.empty(); word = TakeWord(text, ' ')) {
         PiclProperty property;
         if (!ReadProperty(word, property)) return false;
         properties_.push_back(property);

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "src/files/descriptor.h"
+#include "src/utils/descriptor.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
-// Writes strings into a buffer, compares strings, parses numbers, and looks up codes and names in tables.
+// Writes strings into a buffer, compares and splits strings, parses numbers, and looks up codes and names in
+// tables.
 #pragma once
 
 #include <algorithm>
@@ -41,6 +42,16 @@ class TextWriter {
 // Returns whether `text` begins with `beginning`. Upper and lower case differ.
 inline bool StartsWith(std::string_view text, std::string_view beginning) {
     return text.substr(0, beginning.size()) == beginning;
+}
+
+// Removes the first word from `text` and returns it; returns "" if there is none. `separators`: a character,
+// or a string of characters.
+template <typename Separators>
+std::string_view TakeWord(std::string_view& text, Separators separators) {
+    text.remove_prefix(std::min(text.find_first_not_of(separators), text.size()));
+    const std::string_view word = text.substr(0, text.find_first_of(separators));
+    text.remove_prefix(word.size());
+    return word;
 }
 
 // Compares like strcmp, but ignores the case of ASCII letters. Returns 0 if the strings are equal. Otherwise
