@@ -1,8 +1,5 @@
 #include "brantexport/events.h"
 
-#include <cstdio>
-#include <memory>
-
 #include "cli/eventstr/eventstr.h"
 #include "cli/misc-commands/event_log.h"
 
@@ -16,47 +13,47 @@ int DaysOf(const EVT_TIME_STAMP& time) {
     return kDays[time.bMonth - 1] + (time.bMonth == 2 && leap ? 1 : 0);
 }
 
-// Converts a time to ISO 8601 format, without a time zone because the firmware stores none. Returns null if
-// the time is invalid.
-Json Time(const EVT_TIME_STAMP& time) {
+// Returns null if the time is invalid.
+Value Time(const EVT_TIME_STAMP& time) {
     const bool valid = time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
                        time.bDay >= 1 && time.bDay <= DaysOf(time) && time.bHour < 24 && time.bMinute < 60;
-    if (!valid) return nullptr;
-    char text[32];
-    std::snprintf(text, sizeof text, "%02d%02d-%02d-%02dT%02d:%02d", time.bCentury, time.bYear, time.bMonth,
-                  time.bDay, time.bHour, time.bMinute);
-    return text;
+    if (!valid) return {};
+    int64_t number = 0;
+    for (const uint8_t part : {time.bCentury, time.bYear, time.bMonth, time.bDay, time.bHour, time.bMinute}) {
+        number = number * 100 + part;
+    }
+    return {Value::Kind::Time, number};
 }
 
-Json EventOf(uint8_t* buffer, const EVT_HEADER& header) {
-    char text[kEventTextSize];
-    TranslateEventLogMessage(EntryOf(buffer), text, sizeof text);
-    return {
-        {"number", uint32_t{header.dwEvtNumber}},
-        {"class", uint16_t{header.wClass}},
-        {"class_name", Text(EventClassName(header.wClass))},
-        {"code", uint16_t{header.wCode}},
-        {"severity", Word(SeverityWord(header.bSeverity))},
-        {"first_time", Time(header.InitTime)},
-        {"last_time", Time(header.UpdateTime)},
-        {"text", Text(text)},
-    };
+void WriteEvent(Writer& writer, uint8_t* buffer, const EVT_HEADER& header) {
+    char text[kEventTextSize] = "";
+    if (writer.NeedsEventTexts()) TranslateEventLogMessage(EntryOf(buffer), text, sizeof text);
+    writer.BeginObject();
+    writer.Add("number", uint32_t{header.dwEvtNumber});
+    writer.Add("class", uint16_t{header.wClass});
+    writer.Add("class_name", Text(EventClassName(header.wClass)));
+    writer.Add("code", uint16_t{header.wCode});
+    writer.Add("severity", Word(SeverityWord(header.bSeverity)));
+    writer.Add("first_time", Time(header.InitTime));
+    writer.Add("last_time", Time(header.UpdateTime));
+    writer.Add("text", Text(text));
+    writer.EndObject();
 }
 
 }  // namespace
 
-Json ExportEvents(Errors& errors) {
-    const auto buffer = std::make_unique<EventRead>();
-    Json events = Json::array();
-    for (uint32_t wanted = 0;;) {
-        const int status = ReadEvent(buffer->bytes, sizeof buffer->bytes, wanted);
-        if (status == kEndOfLog) return events;
-        if (status != kEntryRead) break;
-        const EVT_HEADER header = HeaderOf(buffer->bytes);
-        events.push_back(EventOf(buffer->bytes, header));
-        if (header.dwEvtNumber == UINT32_MAX) return events;
-        wanted = header.dwEvtNumber + 1;
+void WriteEvents(Writer& writer, Errors& errors) {
+    constexpr char kFailed[] = "Failed to read the event log to its end.";
+    EventRead read;
+    int status = ReadEvent(read.bytes, sizeof read.bytes, 0);
+    if (status != kEntryRead && status != kEndOfLog) return writer.Put(errors.Add(kFailed));
+    writer.BeginList();
+    while (status == kEntryRead) {
+        const EVT_HEADER header = HeaderOf(read.bytes);
+        WriteEvent(writer, read.bytes, header);
+        const bool is_last = header.dwEvtNumber == UINT32_MAX;
+        status = is_last ? kEndOfLog : ReadEvent(read.bytes, sizeof read.bytes, header.dwEvtNumber + 1);
     }
-    errors.Add("Failed to read the event log to its end.");
-    return events.empty() ? Json() : events;
+    writer.EndList();
+    if (status != kEndOfLog) errors.Add(kFailed);
 }

@@ -1,6 +1,7 @@
 // The section of the event log.
 #pragma once
 
-#include "brantexport/document.h"
+#include "brantexport/errors.h"
+#include "brantexport/writer.h"
 
-Json ExportEvents(Errors& errors);
+void WriteEvents(Writer& writer, Errors& errors);

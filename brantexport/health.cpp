@@ -1,7 +1,6 @@
 #include "brantexport/health.h"
 
 #include <cstdio>
-#include <optional>
 
 #include "cli/fan/fan.h"
 #include "cli/misc-commands/asr.h"
@@ -13,158 +12,181 @@
 
 namespace {
 
-template <typename Value>
-Json Known(const std::optional<Value>& value) {
-    return value ? Json(*value) : Json();
-}
-
-Json ModuleOf(const ModuleStatus& module) {
+// Writes a module of the driver's tables. `status_failed`: its status can't be read.
+void WriteModule(Writer& writer, const ModuleStatus& module, bool status_failed) {
     char number[24];  // as SHOW DIMM prints it
     std::snprintf(number, sizeof number, "Unknown - 0x%x", module.status);
-    return {
-        {"cartridge", module.cartridge},
-        {"module", module.module},
-        {"present", module.present},
-        {"form_factor", module.form_factor},
-        {"memory_type", module.memory_type},
-        {"size_mib", module.size},
-        {"speed_mhz", module.speed},
-        {"status", Word(module.status_text != nullptr ? module.status_text : number)},
-    };
+    const Value status = Word(module.status_text != nullptr ? module.status_text : number);
+    writer.BeginObject();
+    writer.Add("cartridge", module.cartridge);
+    writer.Add("module", module.module);
+    writer.Add("present", module.present);
+    writer.Add("form_factor", module.form_factor);
+    writer.Add("memory_type", module.memory_type);
+    writer.Add("size_mib", module.size);
+    writer.Add("speed_mhz", module.speed);
+    writer.Add("status", status_failed ? Value() : status);
+    writer.EndObject();
 }
 
-// Converts a module of the SMBIOS tables, which don't contain its status.
-Json ModuleOf(const ZET_MemModule& module) {
-    return {
-        {"cartridge", module.memBoardIndex},
-        {"module", module.memModuleIndex},
-        {"present", true},
-        {"form_factor", module.memModuleType},
-        {"memory_type", module.memModuleTechnology},
-        {"size_mib", module.memModuleSize / 1024},
-        {"speed_mhz", module.memModuleFrequency},
-        {"status", nullptr},
-    };
+// Writes a module of the SMBIOS tables, which don't contain its status.
+void WriteModule(Writer& writer, const ZET_MemModule& module) {
+    writer.BeginObject();
+    writer.Add("cartridge", module.memBoardIndex);
+    writer.Add("module", module.memModuleIndex);
+    writer.Add("present", true);
+    writer.Add("form_factor", module.memModuleType);
+    writer.Add("memory_type", module.memModuleTechnology);
+    writer.Add("size_mib", module.memModuleSize / 1024);
+    writer.Add("speed_mhz", module.memModuleFrequency);
+    writer.Add("status", {});
+    writer.EndObject();
 }
 
-Json ModulesOfSmbios(Errors& errors) {
-    Json modules = Json::array();
+void WriteModulesOfSmbios(Writer& writer, Errors& errors) {
+    writer.BeginList();
     for (const ZET_MemModule* module : gMemoryMod) {
         if (module == nullptr) break;
-        if (module->memModuleSize != 0) modules.push_back(ModuleOf(*module));
+        if (module->memModuleSize != 0) WriteModule(writer, *module);
     }
-    if (memory_modules_left_out != 0)
+    writer.EndList();
+    if (memory_modules_left_out != 0) {
         errors.Add("There are more memory modules than the inventory has room for.");
-    return modules;
+    }
 }
 
-Json FanOf(const FanStatus& fan, int number) {
-    return {
-        {"number", number},
-        {"location", Word(fan.location.data)},
-        {"present", fan.present},
-        {"failed", fan.failed},
-        {"speed", fan.present ? Word(fan.speed) : Json()},
-        {"speed_percent", Known(fan.percent)},
-        {"redundant", fan.redundant},
-        {"partner", fan.redundant ? Json(fan.partner) : Json()},
-        {"hot_pluggable", fan.failed ? Json() : Json(fan.hot_pluggable)},
-    };
+// Reads the next module of the driver's tables, from socket `next` on, and advances `next`. Returns
+// ConfigFailed after the last one.
+ModuleRead ReadNextModule(const MemorySockets& sockets, int& next, ModuleStatus& module) {
+    while (next < sockets.Count()) {
+        const ModuleRead result = ReadModule(sockets, next++, module);
+        if (result != ModuleRead::Empty) return result;
+    }
+    return ModuleRead::ConfigFailed;
 }
 
-Json SensorOf(const SensorStatus& sensor, int number) {
-    return {
-        {"number", number},
-        {"location", sensor.present ? Word(sensor.location.data) : Json()},
-        {"present", sensor.present},
-        {"temperature_celsius", Known(sensor.celsius)},
-        {"threshold_celsius", Known(sensor.threshold)},
-    };
+void WriteFan(Writer& writer, const FanStatus& fan, int number) {
+    writer.BeginObject();
+    writer.Add("number", number);
+    writer.Add("location", Word(fan.location.data));
+    writer.Add("present", fan.present);
+    writer.Add("failed", fan.present ? Value(fan.failed) : Value());
+    writer.Add("speed", fan.present ? Word(fan.speed) : Value());
+    writer.Add("speed_percent", fan.percent);
+    writer.Add("redundant", fan.redundant);
+    writer.Add("partner", fan.redundant ? Value(fan.partner) : Value());
+    writer.Add("hot_pluggable", fan.failed ? Value() : Value(fan.hot_pluggable));
+    writer.EndObject();
 }
 
-Json SupplyOf(const SupplyStatus& supply, int number) {
-    const auto if_installed = [&](const Json& value) { return supply.installed ? value : Json(); };
-    return {
-        {"number", number},
-        {"present", supply.present},
-        {"condition", if_installed(Word(supply.condition))},
-        {"redundant", if_installed(supply.redundant)},
-        {"hot_pluggable", if_installed(supply.hot_pluggable)},
-    };
+void WriteSensor(Writer& writer, const SensorStatus& sensor, int number) {
+    writer.BeginObject();
+    writer.Add("number", number);
+    writer.Add("location", sensor.present ? Word(sensor.location.data) : Value());
+    writer.Add("present", sensor.present);
+    writer.Add("temperature_celsius", sensor.celsius);
+    writer.Add("threshold_celsius", sensor.threshold);
+    writer.EndObject();
+}
+
+void WriteSupply(Writer& writer, const SupplyStatus& supply, int number) {
+    writer.BeginObject();
+    writer.Add("number", number);
+    writer.Add("present", supply.present);
+    writer.Add("condition", Word(supply.condition));
+    writer.Add("redundant", supply.installed ? Value(supply.redundant) : Value());
+    writer.Add("hot_pluggable", supply.installed ? Value(supply.hot_pluggable) : Value());
+    writer.EndObject();
+}
+
+// Writes a list of `count` parts. `write_part` reads and writes the part with an index from 0. If it returns
+// false because the part can't be read, the list lacks the part, and an error names it: `part`, such as
+// "fan", and its number, which is `first` for index 0.
+template <typename WritePart>
+void WriteParts(Writer& writer, Errors& errors, int count, const char* part, int first,
+                WritePart write_part) {
+    writer.BeginList();
+    for (int i = 0; i < count; ++i) {
+        if (write_part(i)) continue;
+        char message[64];
+        std::snprintf(message, sizeof message, "Failed to read %s %d.", part, first + i);
+        errors.Add(message);
+    }
+    writer.EndList();
 }
 
 }  // namespace
 
-Json ExportMemory(Errors& errors) {
+void WriteMemory(Writer& writer, Errors& errors) {
     const MemorySockets sockets = ReadSockets();
-    Json modules = Json::array();
-    for (int i = 0; i < sockets.Count(); ++i) {
-        ModuleStatus module;
-        const ModuleRead result = ReadModule(sockets, i, module);
-        if (result == ModuleRead::ConfigFailed) break;
-        if (result == ModuleRead::StatusFailed) {
-            return errors.Add("Failed to read the status of a memory module.");
-        }
-        if (result == ModuleRead::Done) modules.push_back(ModuleOf(module));
+    int next = 0;
+    ModuleStatus module{};
+    ModuleRead result = ReadNextModule(sockets, next, module);
+    if (result == ModuleRead::ConfigFailed && smbios_available != 0)
+        return WriteModulesOfSmbios(writer, errors);
+    if (result == ModuleRead::ConfigFailed)
+        return writer.Put(errors.Add("Neither the driver nor SMBIOS tells of memory modules."));
+    writer.BeginList();
+    while (result != ModuleRead::ConfigFailed) {
+        if (result == ModuleRead::StatusFailed) errors.Add("Failed to read the status of a memory module.");
+        WriteModule(writer, module, result == ModuleRead::StatusFailed);
+        result = ReadNextModule(sockets, next, module);
     }
-    if (!modules.empty()) return modules;
-    if (smbios_available != 0) return ModulesOfSmbios(errors);
-    return errors.Add("Neither the driver nor SMBIOS tells of memory modules.");
+    writer.EndList();
 }
 
-Json ExportFans(Errors& errors) {
-    constexpr char kFailed[] = "Failed to read the fans.";
+void WriteFans(Writer& writer, Errors& errors) {
     int count = 0;
-    if (ReadFanCount(count) == FanCountRead::Failed) return errors.Add(kFailed);
-    Json fans = Json::array();
+    if (ReadFanCount(count) == FanCountRead::Failed)
+        return writer.Put(errors.Add("Failed to read the fans."));
     LegacyFans legacy_fans;
-    for (int i = 0; i < count; ++i) {
+    WriteParts(writer, errors, count, "fan", 1, [&](int index) {
         FanStatus fan;
-        if (ReadFan(i, legacy_fans, fan) != FanRead::Done) return errors.Add(kFailed);
-        fans.push_back(FanOf(fan, i + 1));
-    }
-    return fans;
+        if (ReadFan(index, legacy_fans, fan) != FanRead::Done) return false;
+        WriteFan(writer, fan, index + 1);
+        return true;
+    });
 }
 
-Json ExportTemperatures(Errors& errors) {
-    constexpr char kFailed[] = "Failed to read the temperature sensors.";
+void WriteTemperatures(Writer& writer, Errors& errors) {
     int count = 0;
-    if (ReadSensorCount(count) == SensorCountRead::Failed) return errors.Add(kFailed);
-    Json sensors = Json::array();
-    for (int i = 0; i < count; ++i) {
+    if (ReadSensorCount(count) == SensorCountRead::Failed)
+        return writer.Put(errors.Add("Failed to read the temperature sensors."));
+    WriteParts(writer, errors, count, "temperature sensor", 0, [&](int index) {
         SensorStatus sensor;
-        if (!ReadSensor(i, sensor)) return errors.Add(kFailed);
-        sensors.push_back(SensorOf(sensor, i));
-    }
-    return sensors;
+        if (!ReadSensor(index, sensor)) return false;
+        WriteSensor(writer, sensor, index);
+        return true;
+    });
 }
 
-Json ExportPowerSupplies(Errors& errors) {
+void WritePowerSupplies(Writer& writer, Errors& errors) {
     int count = 0;
     if (ReadSupplyCount(count) == SupplyCountRead::Failed)
-        return errors.Add("No powersupplies were detected.");
-    Json supplies = Json::array();
+        return writer.Put(errors.Add("No powersupplies were detected."));
     LegacySupplies legacy_supplies;
-    for (int i = 0; i < count; ++i) {
+    WriteParts(writer, errors, count, "power supply", 1, [&](int index) {
         SupplyStatus supply;
-        if (!ReadSupply(i, legacy_supplies, supply)) return errors.Add("Failed to read the power supplies.");
-        supplies.push_back(SupplyOf(supply, i + 1));
-    }
-    return supplies;
+        if (!ReadSupply(index, legacy_supplies, supply)) return false;
+        WriteSupply(writer, supply, index + 1);
+        return true;
+    });
 }
 
-Json ExportUid(Errors& errors) {
+void WriteUid(Writer& writer, Errors& errors) {
     const char* state = nullptr;
     if (ReadLight(state) != LightRead::Done) errors.Add("Failed to read the unit identification light.");
-    return {{"state", Word(state)}};
+    writer.BeginObject();
+    writer.Add("state", Word(state));
+    writer.EndObject();
 }
 
-Json ExportAsr(Errors& errors) {
+void WriteAsr(Writer& writer, Errors& errors) {
     AsrTimer timer{};
     const bool done = ReadAsrTimer(timer) == AsrRead::Done;
     if (!done) errors.Add("Failed to read ASR status.");
-    return {
-        {"state", done ? Word(timer.enabled ? "enabled" : "disabled") : Json()},
-        {"timeout_minutes", done ? Json(timer.minutes) : Json()},
-    };
+    writer.BeginObject();
+    writer.Add("state", done ? Word(EnabledOrDisabled(timer.enabled)) : Value());
+    writer.Add("timeout_minutes", done ? Value(timer.minutes) : Value());
+    writer.EndObject();
 }

@@ -1,11 +1,12 @@
 // The sections whose values are read from the health driver.
 #pragma once
 
-#include "brantexport/document.h"
+#include "brantexport/errors.h"
+#include "brantexport/writer.h"
 
-Json ExportMemory(Errors& errors);
-Json ExportFans(Errors& errors);
-Json ExportTemperatures(Errors& errors);
-Json ExportPowerSupplies(Errors& errors);
-Json ExportUid(Errors& errors);
-Json ExportAsr(Errors& errors);
+void WriteMemory(Writer& writer, Errors& errors);
+void WriteFans(Writer& writer, Errors& errors);
+void WriteTemperatures(Writer& writer, Errors& errors);
+void WritePowerSupplies(Writer& writer, Errors& errors);
+void WriteUid(Writer& writer, Errors& errors);
+void WriteAsr(Writer& writer, Errors& errors);

@@ -1,6 +1,5 @@
 #include "brantexport/inventory.h"
 
-#include <algorithm>
 #include <cstdio>
 
 #include "cli/command/state.h"
@@ -17,45 +16,60 @@ using smbios::System;
 
 constexpr char kNoTables[] = "There are no SMBIOS tables.";
 
-Json CachesOf(const ZET_CPU& cpu) {
-    Json caches = Json::array();
+// Returns a string of a record, or null if there is no such record.
+template <typename Record, typename Field>
+Value TextOf(const Record& record, Field field) {
+    return record ? Text(record.Text(field)) : Value();
+}
+
+void WriteCaches(Writer& writer, const ZET_CPU& cpu) {
+    writer.BeginList();
     for (const ZET_CACHE* cache : gCache_tbl) {
         if (cache == nullptr) break;
         if (cache->cacheUnitIndex != cpu.cpuUnitIndex) continue;
-        caches.push_back({{"level", cache->cacheLevelIndex}, {"size_kib", cache->cacheSize}});
+        writer.BeginObject();
+        writer.Add("level", cache->cacheLevelIndex);
+        writer.Add("size_kib", cache->cacheSize);
+        writer.EndObject();
     }
-    return caches;
+    writer.EndList();
 }
 
-Json ProcessorOf(const ZET_CPU& cpu) {
+void WriteProcessor(Writer& writer, const ZET_CPU& cpu) {
     const bool known = cpu.cpucorecount != 0;
-    return {
-        {"number", cpu.cpuUnitIndex},
-        {"name", Text(cpu.cpuName)},
-        {"stepping", cpu.cpuStep},
-        {"speed_mhz", cpu.cpuSpeed},
-        {"bus_mhz", cpu.cpuExtFrequency},
-        {"cores", known ? Json(cpu.cpucorecount) : Json()},
-        {"threads", known ? Json(cpu.threadcount) : Json()},
-        {"socket", cpu.cpuSocketNumber},
-        {"status", Word(CpuStatusWord(cpu.cpuStatus))},
-        {"caches", CachesOf(cpu)},
-    };
+    writer.BeginObject();
+    writer.Add("number", cpu.cpuUnitIndex);
+    writer.Add("name", Text(cpu.cpuName));
+    writer.Add("stepping", cpu.cpuStep);
+    writer.Add("speed_mhz", cpu.cpuSpeed);
+    writer.Add("bus_mhz", cpu.cpuExtFrequency);
+    writer.Add("cores", known ? Value(cpu.cpucorecount) : Value());
+    writer.Add("threads", known ? Value(cpu.threadcount) : Value());
+    writer.Add("socket", cpu.cpuSocketNumber);
+    writer.Add("status", Word(CpuStatusWord(cpu.cpuStatus)));
+    writer.Key("caches");
+    WriteCaches(writer, cpu);
+    writer.EndObject();
 }
 
-Json MacAddress(int index) {
-    if (index >= kMaxEmbeddedNics) return nullptr;
-    const smbios_nic nic = EmbeddedNic(index);
-    const uint8_t* mac = nic.nic_mac;
-    char text[18];
-    std::snprintf(text, sizeof text, "%02x:%02x:%02x:%02x:%02x:%02x", mac[0], mac[1], mac[2], mac[3], mac[4],
-                  mac[5]);
-    return text;
+void WriteNic(Writer& writer, int index, const NicBootStates& states) {
+    char mac_address[18] = "";
+    if (index < kMaxEmbeddedNics) {
+        const smbios_nic nic = EmbeddedNic(index);
+        const uint8_t* mac = nic.nic_mac;
+        std::snprintf(mac_address, sizeof mac_address, "%02x:%02x:%02x:%02x:%02x:%02x", mac[0], mac[1],
+                      mac[2], mac[3], mac[4], mac[5]);
+    }
+    writer.BeginObject();
+    writer.Add("number", index + 1);
+    writer.Add("mac_address", index < kMaxEmbeddedNics ? Text(mac_address) : Value());
+    writer.Add("boot", index < kNicBootStates ? Word(states.nic[index]) : Value());
+    writer.EndObject();
 }
 
 }  // namespace
 
-Json ExportSystem(Errors& errors) {
+void WriteSystem(Writer& writer, Errors& errors) {
     const auto system = SmbFirst<System>();
     const auto rom = SmbFirst<Bios>();
     unsigned int memoryKiB = 0;
@@ -66,41 +80,33 @@ Json ExportSystem(Errors& errors) {
         if (!rom) errors.Add("Failed to get SMBIOS ROM data.");
         if (!has_memory) errors.Add("Failed to get SMBIOS memory data.");
     }
-    const auto text = [](const auto& record, auto field) {
-        return record ? Text(record.Text(field)) : Json();
-    };
-    return {
-        {"product_name", text(system, System::kProductName)},
-        {"serial_number", text(system, System::kSerialNumber)},
-        {"rom_version", text(rom, Bios::kVersion)},
-        {"rom_date", text(rom, Bios::kDate)},
-        {"management_processor", got_kelm != 0},
-        {"memory_mib", has_memory ? Json(memoryKiB / 1024) : Json()},
-        {"memory_ecc", has_memory ? Json(SmbChkForECCSupported() == TRUE) : Json()},
-    };
+    writer.BeginObject();
+    writer.Add("product_name", TextOf(system, System::kProductName));
+    writer.Add("serial_number", TextOf(system, System::kSerialNumber));
+    writer.Add("rom_version", TextOf(rom, Bios::kVersion));
+    writer.Add("rom_date", TextOf(rom, Bios::kDate));
+    writer.Add("management_processor", got_kelm != 0);
+    writer.Add("memory_mib", has_memory ? Value(memoryKiB / 1024) : Value());
+    writer.Add("memory_ecc", has_memory ? Value(SmbChkForECCSupported() == TRUE) : Value());
+    writer.EndObject();
 }
 
-Json ExportProcessors(Errors& errors) {
-    if (smbios_available == 0) return errors.Add(kNoTables);
-    Json processors = Json::array();
+void WriteProcessors(Writer& writer, Errors& errors) {
+    if (smbios_available == 0) return writer.Put(errors.Add(kNoTables));
+    writer.BeginList();
     for (const ZET_CPU* cpu : gCpu_tbl) {
         if (cpu == nullptr) break;
-        processors.push_back(ProcessorOf(*cpu));
+        WriteProcessor(writer, *cpu);
     }
+    writer.EndList();
     if (processors_left_out != 0) errors.Add("There are more processors than the inventory has room for.");
-    return processors;
 }
 
-Json ExportNics(Errors& errors) {
-    if (embedded_nics_installed < 0) return errors.Add("Failed to read embedded NIC status.");
+void WriteNics(Writer& writer, Errors& errors) {
+    if (embedded_nics_installed < 0) return writer.Put(errors.Add("Failed to read embedded NIC status."));
     NicBootStates states{};
     if (!ReadNicBoot(states)) errors.Add("Failed to read NIC status.");
-    Json nics = Json::array();
-    for (int i = 0; i < embedded_nics_installed; ++i) {
-        const bool known = i < kNicBootStates;
-        nics.push_back({{"number", i + 1},
-                        {"mac_address", MacAddress(i)},
-                        {"boot", known ? Word(states.nic[i]) : Json()}});
-    }
-    return nics;
+    writer.BeginList();
+    for (int i = 0; i < embedded_nics_installed; ++i) WriteNic(writer, i, states);
+    writer.EndList();
 }

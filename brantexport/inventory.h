@@ -1,8 +1,9 @@
 // The sections whose values are read from the firmware: the server, its processors and its NICs.
 #pragma once
 
-#include "brantexport/document.h"
+#include "brantexport/errors.h"
+#include "brantexport/writer.h"
 
-Json ExportSystem(Errors& errors);
-Json ExportProcessors(Errors& errors);
-Json ExportNics(Errors& errors);
+void WriteSystem(Writer& writer, Errors& errors);
+void WriteProcessors(Writer& writer, Errors& errors);
+void WriteNics(Writer& writer, Errors& errors);

@@ -1,15 +1,16 @@
 // brantexport [--json | --prometheus] [SECTION...]: prints the values of the SHOW commands for other
 // programs.
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <exception>
+#include <memory>
 #include <new>
+#include <string>
+#include <vector>
 
+#include "brantexport/document.h"
+#include "brantexport/json.h"
 #include "brantexport/prometheus.h"
 #include "brantexport/sections.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
@@ -28,7 +29,7 @@ struct Options {
 
 // Returns false if an argument is neither an option nor a section.
 bool ReadOptions(int argc, char** argv, Options& options) {
-    const std::vector<Section>& all = Sections();
+    const std::vector<Section> all = Sections();
     std::vector<bool> requested(all.size());
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
@@ -63,24 +64,6 @@ void StartUp() {
     got_kelm = find_kelm();
 }
 
-Json Export(const Options& options) {
-    Errors errors;
-    Json document = Json::object();
-    for (const Section& section : options.sections) {
-        errors.Begin(section.name);
-        document[section.name] = section.read(errors);
-    }
-    document["errors"] = errors.List();
-    return document;
-}
-
-// Ends the process as the catch block of main() does. The JSON library's destructors allocate memory and
-// can't throw, so if memory runs out in one of them, std::terminate is called instead.
-[[noreturn]] void EndWithoutMemory() {
-    std::fprintf(stderr, "%s: out of memory\n", kProgram);
-    _exit(1);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) try {
@@ -88,7 +71,6 @@ int main(int argc, char** argv) try {
     const int output = MessagesToStandardError();
     if (output < 0) return 1;
     IgnoreWriteSignals();
-    std::set_terminate(EndWithoutMemory);
     Options options;
     if (!ReadOptions(argc, argv, options)) {
         PrintUsage();
@@ -97,14 +79,12 @@ int main(int argc, char** argv) try {
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     StartUp();
-    const Json document = Export(options);
+    const std::unique_ptr<Writer> writer =
+        options.prometheus ? NewPrometheusWriter(output, options.sections) : NewJsonWriter(output);
+    Errors errors;
+    WriteDocument(*writer, options.sections, errors);
     CloseDevices();
-    if (!WriteAll(output,
-                  options.prometheus ? PrometheusText(document) : document.dump(2, ' ', true) + "\n")) {
-        std::fprintf(stderr, "%s: %s\n", kProgram, std::strerror(errno));
-        return 1;
-    }
-    return document["errors"].empty() ? 0 : 1;
+    return errors.List().empty() ? 0 : 1;
 } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "%s: out of memory\n", kProgram);
     return 1;

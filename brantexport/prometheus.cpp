@@ -1,11 +1,18 @@
 #include "brantexport/prometheus.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <iterator>
+#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
-#include <vector>
+
+#include "brantexport/entries.h"
+#include "brantexport/output.h"
+#include "brantexport/text.h"
 
 namespace {
 
@@ -18,15 +25,24 @@ constexpr Labels kByNumber = {{"number"}};
 constexpr Labels kByLocation = {{"number", "location"}};
 constexpr Labels kBySocket = {{"cartridge", "module"}};
 
+// The words of a member that has a sample for each of them.
+struct Words {
+    const char* word[6];
+};
+constexpr Words kSeverities = {{"info", "repaired", "caution", "critical", "unknown"}};
+
 // A metric: a member of a section, or of each entry if the section is a list.
 struct Metric {
     const char* name;
     const char* help;
-    const char* section;
+    const char* path;  // of the entries, as in EntryWriter
     Labels labels;
     const char* member = nullptr;  // null: the value is 1, and the labels contain the information
     double factor = 1;             // the number, or 1 for true, is multiplied by it
     const char* word = nullptr;    // the value is 1 if the member is this string, else 0
+    // If not null: the metric has a sample for each of these words, with the word in a label that is called
+    // like the member. Its value is the number of entries with that word.
+    const Words* counted = nullptr;
 };
 
 constexpr double kMebibyte = 1024 * 1024;
@@ -35,6 +51,11 @@ constexpr double kPercent = 0.01;
 
 constexpr Metric Is(const char* word, Metric metric) {
     metric.word = word;
+    return metric;
+}
+
+constexpr Metric CountOf(const Words& words, Metric metric) {
+    metric.counted = &words;
     return metric;
 }
 
@@ -96,123 +117,192 @@ constexpr Metric kMetrics[] = {
 
     {"brant_firmware_info", "A component of the firmware.",
      "versions", {{"component", "baseline", "current"}}},
+
+    CountOf(kSeverities, {"brant_events", "Entries of the event log.",
+     "events", kNone, "severity"}),
 };
 // clang-format on
 
-std::string Escaped(const std::string& value) {
-    std::string text;
+void AppendNumber(double value, std::string& text) {
+    char digits[32];
+    const auto integer = static_cast<int64_t>(value);
+    // The C library takes thousands of instructions to format a double.
+    if (static_cast<double>(integer) == value) {
+        text.append(digits, std::to_chars(digits, std::end(digits), integer).ptr);
+    } else {
+        std::snprintf(digits, sizeof digits, "%.15g", value);
+        text += digits;
+    }
+}
+
+void AppendEscaped(std::string_view value, std::string& text) {
     for (const char letter : value) {
         if (letter == '\\' || letter == '"') text += '\\';
-        text += letter == '\n' ? std::string("\\n") : std::string(1, letter);
+        if (letter == '\n') {
+            text += "\\n";
+        } else {
+            text += letter;
+        }
     }
-    return text;
 }
 
-std::string LabelValue(const Json& value) {
-    if (value.is_null()) return "";
-    return value.is_string() ? Escaped(value.get<std::string>()) : value.dump();
+void AppendValue(const Value& value, std::string& text) {
+    std::string buffer;
+    switch (value.kind) {
+        case Value::Kind::Null: break;
+        case Value::Kind::Flag: text += value.number != 0 ? "true" : "false"; break;
+        case Value::Kind::Number: AppendNumber(static_cast<double>(value.number), text); break;
+        default: AppendEscaped(Utf8(value, buffer), text);
+    }
 }
 
-// Formats a line: name{key="value",...} number
-std::string Sample(const char* name, const std::string& labels, double value) {
-    char number[32];
-    std::snprintf(number, sizeof number, " %.15g\n", value);
-    return name + (labels.empty() ? "" : "{" + labels + "}") + number;
+// Appends a label: key="value"
+void AppendLabel(std::string_view key, const Value& value, std::string& labels) {
+    if (!labels.empty()) labels += ',';
+    labels.append(key).append("=\"");
+    AppendValue(value, labels);
+    labels += '"';
 }
 
-std::string Label(const char* key, const std::string& value) {
-    return key + ("=\"" + value + "\"");
+// Appends a line: name{key="value",...} number
+void AppendSample(std::string_view name, std::string_view labels, double value, std::string& text) {
+    text += name;
+    if (!labels.empty()) text.append("{").append(labels).append("}");
+    text += ' ';
+    AppendNumber(value, text);
+    text += '\n';
 }
 
-std::string LabelsOf(const Metric& metric, const Json& entry) {
+// Appends the lines of a metric, unless it has no samples.
+void AppendMetric(const char* name, const char* help, const std::string& samples, std::string& text) {
+    if (samples.empty()) return;
+    text.append("# HELP ").append(name).append(" ").append(help) += '\n';
+    text.append("# TYPE ").append(name).append(" gauge") += '\n';
+    text += samples;
+}
+
+std::string LabelsOf(const Metric& metric, const Entry& entry) {
     std::string labels;
     for (const char* member : metric.labels.member) {
         if (member == nullptr) break;
-        labels += (labels.empty() ? "" : ",") + Label(member, LabelValue(entry[member]));
+        AppendLabel(member, entry[member], labels);
     }
     return labels;
 }
 
-double ValueOf(const Metric& metric, const Json& value) {
-    if (metric.word != nullptr) return value == metric.word ? 1 : 0;
-    return (value.is_boolean() ? int{value.get<bool>()} : value.get<double>()) * metric.factor;
+// Returns the value of a sample, or nothing if the entry has no sample: its member or, without a member, all
+// of its labels are null.
+std::optional<double> SampleOf(const Metric& metric, const Entry& entry) {
+    if (metric.member == nullptr) {
+        const auto& members = metric.labels.member;
+        const bool known = std::any_of(std::begin(members), std::end(members), [&](const char* member) {
+            return member != nullptr && entry[member].kind != Value::Kind::Null;
+        });
+        return known ? std::optional<double>(1) : std::nullopt;
+    }
+    const Value value = entry[metric.member];
+    if (value.kind == Value::Kind::Null) return {};
+    if (metric.word != nullptr) return value.text == metric.word ? 1 : 0;
+    return static_cast<double>(value.number) * metric.factor;
 }
 
-// Returns whether the entry has a sample: its member or, without a member, one of its labels isn't null.
-bool IsKnown(const Metric& metric, const Json& entry) {
-    if (metric.member != nullptr) return !entry[metric.member].is_null();
-    const auto& members = metric.labels.member;
-    return std::any_of(std::begin(members), std::end(members),
-                       [&](const char* member) { return member != nullptr && !entry[member].is_null(); });
-}
+// The samples of a metric.
+class Samples {
+  public:
+    void Add(const Metric& metric, const Entry& entry);
+    // Returns the lines of all samples.
+    std::string Lines(const Metric& metric) const;
 
-std::string SamplesOf(const Metric& metric, const Json& section) {
+  private:
+    std::vector<std::pair<std::string, double>> samples_;  // labels and value
+    std::unordered_map<std::string, size_t> index_;        // from the labels to the index in `samples_`
+    int counts_[std::size(Words{}.word)] = {};
+};
+
+void Samples::Add(const Metric& metric, const Entry& entry) {
+    if (metric.counted != nullptr) {
+        const std::string_view word = entry[metric.member].text;
+        for (size_t i = 0; i < std::size(counts_) && metric.counted->word[i] != nullptr; ++i) {
+            if (word == metric.counted->word[i]) ++counts_[i];
+        }
+        return;
+    }
+    const std::optional<double> value = SampleOf(metric, entry);
+    if (!value) return;
     // Prometheus rejects two samples with the same labels, so only the one with the lower value is printed.
     // If two memory modules have the same socket number, this reports the failed one.
-    std::vector<std::pair<std::string, double>> samples;
-    std::unordered_map<std::string, size_t> index;  // from the labels to the index in `samples`
-    const Json entries = section.is_object() ? Json::array({section}) : section;
-    for (const Json& entry : entries) {
-        if (!IsKnown(metric, entry)) continue;
-        const std::string labels = LabelsOf(metric, entry);
-        const double value = metric.member != nullptr ? ValueOf(metric, entry[metric.member]) : 1;
-        const auto [known, is_new] = index.emplace(labels, samples.size());
-        if (is_new) {
-            samples.emplace_back(labels, value);
-        } else {
-            double& lower = samples[known->second].second;
-            lower = std::min(lower, value);
-        }
+    const auto [known, is_new] = index_.emplace(LabelsOf(metric, entry), samples_.size());
+    if (is_new) {
+        samples_.emplace_back(known->first, *value);
+    } else {
+        double& lower = samples_[known->second].second;
+        lower = std::min(lower, *value);
     }
+}
+
+std::string Samples::Lines(const Metric& metric) const {
+    std::string lines;
+    for (const auto& [labels, value] : samples_) AppendSample(metric.name, labels, value, lines);
+    if (metric.counted == nullptr) return lines;
+    for (size_t i = 0; i < std::size(counts_) && metric.counted->word[i] != nullptr; ++i) {
+        std::string label;
+        AppendLabel(metric.member, Word(metric.counted->word[i]), label);
+        AppendSample(metric.name, label, counts_[i], lines);
+    }
+    return lines;
+}
+
+class PrometheusWriter : public EntryWriter {
+  public:
+    PrometheusWriter(int output, const std::vector<Section>& sections) : output_(output) {
+        for (const Section& section : sections) errors_.emplace_back(section.name, 0);
+    }
+    void Finish() override;
+
+  private:
+    void Take(std::string_view path, const Entry& entry) override;
+    // Returns whether a section was exported completely.
+    bool IsComplete(std::string_view section) const;
+
+    int output_;
+    Samples samples_[std::size(kMetrics)];
+    std::vector<std::pair<std::string_view, int>> errors_;  // of each section
+};
+
+void PrometheusWriter::Take(std::string_view path, const Entry& entry) {
+    for (size_t i = 0; i < std::size(kMetrics); ++i) {
+        if (path == kMetrics[i].path) samples_[i].Add(kMetrics[i], entry);
+    }
+    if (path != "errors") return;
+    const std::string_view failed = entry["section"].text;
+    for (auto& [section, count] : errors_) count += section == failed ? 1 : 0;
+}
+
+bool PrometheusWriter::IsComplete(std::string_view section) const {
+    return std::find(errors_.begin(), errors_.end(), std::pair(section, 0)) != errors_.end();
+}
+
+void PrometheusWriter::Finish() {
     std::string text;
-    for (const auto& [labels, value] : samples) text += Sample(metric.name, labels, value);
-    return text;
-}
-
-bool HasErrorOf(const Json& document, const char* section) {
-    const Json& errors = document["errors"];
-    return std::any_of(errors.begin(), errors.end(),
-                       [&](const Json& error) { return error["section"] == section; });
-}
-
-// Returns the lines of a metric, or an empty string if it has no samples.
-std::string Block(const char* name, const char* help, const std::string& samples) {
-    if (samples.empty()) return "";
-    const std::string help_line = std::string("# HELP ") + name + " " + help + '\n';
-    return help_line + "# TYPE " + name + " gauge" + '\n' + samples;
-}
-
-// Returns a sample for each of `words`: how many entries of `list` have it as the value of `member`.
-std::string Counts(const char* name, const Json& list, const char* member,
-                   const std::vector<std::string>& words) {
-    std::string samples;
-    for (const std::string& word : words) {
-        int count = 0;
-        for (const Json& entry : list) count += entry[member] == word ? 1 : 0;
-        samples += Sample(name, Label(member, word), count);
+    for (size_t i = 0; i < std::size(kMetrics); ++i) {
+        const Metric& metric = kMetrics[i];
+        // If the log could be read only in part, the next complete reading would look like many new events.
+        if (metric.counted != nullptr && !IsComplete(metric.path)) continue;
+        AppendMetric(metric.name, metric.help, samples_[i].Lines(metric), text);
     }
-    return samples;
+    std::string samples;
+    for (const auto& [section, count] : errors_) {
+        std::string label;
+        AppendLabel("section", Text(section), label);
+        AppendSample("brant_read_errors", label, count, samples);
+    }
+    AppendMetric("brant_read_errors", "What could not be read of a section.", samples, text);
+    text += "# EOF\n";  // a comment that shows that the text is complete
+    WriteOutput(output_, text);
 }
 
 }  // namespace
 
-std::string PrometheusText(const Json& document) {
-    std::string text;
-    std::vector<std::string> sections;
-    for (const auto& [name, section] : document.items()) {
-        if (name != "errors") sections.push_back(name);
-        for (const Metric& metric : kMetrics) {
-            if (name == metric.section) text += Block(metric.name, metric.help, SamplesOf(metric, section));
-        }
-    }
-    // If the log could be read only in part, the next complete reading would look like many new events.
-    if (document.contains("events") && !HasErrorOf(document, "events")) {
-        text += Block("brant_events", "Entries of the event log.",
-                      Counts("brant_events", document["events"], "severity",
-                             {"info", "repaired", "caution", "critical", "unknown"}));
-    }
-    return text +
-           Block("brant_read_errors", "What could not be read of a section.",
-                 Counts("brant_read_errors", document["errors"], "section", sections)) +
-           "# EOF\n";  // a comment that shows that the text is complete
+std::unique_ptr<Writer> NewPrometheusWriter(int output, const std::vector<Section>& sections) {
+    return std::make_unique<PrometheusWriter>(output, sections);
 }

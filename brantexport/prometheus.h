@@ -1,11 +1,13 @@
-// The exported document in Prometheus's text format.
+// The document in Prometheus's text format.
 #pragma once
 
-#include <string>
+#include <memory>
+#include <vector>
 
-#include "brantexport/document.h"
+#include "brantexport/sections.h"
+#include "brantexport/writer.h"
 
-// Converts the values of `document`, which contains sections and errors, to gauges with labels. A null value
-// has no sample. If the event log could not be read to its end, its entries are not counted. The last line is
-// "# EOF".
-std::string PrometheusText(const Json& document);
+// Returns a writer that converts the values of `sections` to gauges with labels and, at the end, writes them
+// into the descriptor `output`. A null value has no sample. If the event log could not be read to its end,
+// its entries are not counted. The last line is "# EOF".
+std::unique_ptr<Writer> NewPrometheusWriter(int output, const std::vector<Section>& sections);

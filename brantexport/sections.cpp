@@ -5,20 +5,19 @@
 #include "brantexport/inventory.h"
 #include "brantexport/settings.h"
 
-const std::vector<Section>& Sections() {
-    static const std::vector<Section> sections = {
-        {"system", ExportSystem},
-        {"processors", ExportProcessors},
-        {"memory", ExportMemory},
-        {"nics", ExportNics},
-        {"fans", ExportFans},
-        {"temperatures", ExportTemperatures},
-        {"power_supplies", ExportPowerSupplies},
-        {"uid", ExportUid},
-        {"asr", ExportAsr},
-        {"settings", ExportSettings},
-        {"versions", ExportVersions},
-        {"events", ExportEvents},
+std::vector<Section> Sections() {
+    return {
+        {"system", WriteSystem},
+        {"processors", WriteProcessors},
+        {"memory", WriteMemory},
+        {"nics", WriteNics},
+        {"fans", WriteFans},
+        {"temperatures", WriteTemperatures},
+        {"power_supplies", WritePowerSupplies},
+        {"uid", WriteUid},
+        {"asr", WriteAsr},
+        {"settings", WriteSettings},
+        {"versions", WriteVersions},
+        {"events", WriteEvents},
     };
-    return sections;
 }

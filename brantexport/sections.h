@@ -3,14 +3,16 @@
 
 #include <vector>
 
-#include "brantexport/document.h"
+#include "brantexport/errors.h"
+#include "brantexport/writer.h"
 
 struct Section {
     const char* name;
-    // Returns the section's value. A value that can't be read is null and adds an error. A value that neither
-    // the driver nor the firmware has is null. If the server has no such parts, a list is empty.
-    Json (*read)(Errors& errors);
+    // Reads the section's values and sends them to `writer`: one value, object or list. A value that can't be
+    // read is null and adds an error. A value that neither the driver nor the firmware has is null. If the
+    // server has no such parts, a list is empty.
+    void (*write)(Writer& writer, Errors& errors);
 };
 
-// Returns all sections, in the order in which they are printed.
-const std::vector<Section>& Sections();
+// Returns all sections, in the order in which they are exported.
+std::vector<Section> Sections();

@@ -1,68 +1,79 @@
 #include "brantexport/settings.h"
 
+#include <string>
+#include <string_view>
+
+#include "cli/command/command.h"
+#include "cli/command/state.h"
 #include "cli/misc-commands/asset_name.h"
 #include "cli/misc-commands/boot.h"
 #include "cli/misc-commands/serial_bios.h"
 #include "cli/misc-commands/serial_ports.h"
 #include "cli/misc-commands/switches.h"
 #include "cli/misc-commands/versions.h"
-
-#include <cstring>
-
-#include "cli/command/command.h"
-#include "cli/command/state.h"
+#include "src/utils/bytes.h"
+#include "src/utils/text.h"
 
 namespace {
 
 // Returns the string in a field of `size` bytes, which is NUL-terminated unless it fills the field.
-Json FieldText(const char* field, size_t size) {
-    return Text({field, strnlen(field, size)});
+std::string_view FieldText(const char* field, size_t size) {
+    return ReadText({reinterpret_cast<const uint8_t*>(field), size}, 0);
 }
 
-Json AssetTextOf(Errors& errors) {
+void WriteAsset(Writer& writer, Errors& errors) {
     AssetText asset;
-    if (!ReadAsset(asset)) return errors.Add("Failed to read Asset Text.");
-    return FieldText(asset.asset_text, sizeof asset.asset_text);
+    const bool done = ReadAsset(asset);
+    if (!done) errors.Add("Failed to read Asset Text.");
+    writer.Add("asset_text", done ? Text(FieldText(asset.asset_text, sizeof asset.asset_text)) : Value());
 }
 
-Json ServerNameOf(Errors& errors) {
+void WriteName(Writer& writer, Errors& errors) {
     ServerName name;
-    if (!ReadServerName(name)) {
-        return errors.Add(
+    const bool done = ReadServerName(name);
+    if (!done) {
+        errors.Add(
             "No Server name seems to have been set, or command failed."
             " Please use \"SET NAME\" to set a server name.");
     }
     constexpr size_t kHalf = sizeof name.zthls1 / 2;
-    std::string text(name.zthls1, strnlen(name.zthls1, kHalf));
-    return Text(text.append(name.zthls1 + kHalf, strnlen(name.zthls1 + kHalf, kHalf)));
+    std::string text(FieldText(name.zthls1, kHalf));
+    text += FieldText(name.zthls1 + kHalf, kHalf);
+    writer.Add("server_name", done ? Text(text) : Value());
 }
 
-Json BootOrderOf(Errors& errors) {
+void WriteBootOrder(Writer& writer, Errors& errors) {
+    writer.Key("boot_order");
     BootOrder order;
     switch (ReadBootOrder(order)) {
-        case BootOrderRead::CountFailed: return errors.Add("Failed to get number of IPL devices installed.");
-        case BootOrderRead::ListFailed: return errors.Add("Failed to get IPL list.");
+        case BootOrderRead::CountFailed:
+            return writer.Put(errors.Add("Failed to get number of IPL devices installed."));
+        case BootOrderRead::ListFailed: return writer.Put(errors.Add("Failed to get IPL list."));
         case BootOrderRead::Done: break;
     }
-    Json devices = Json::array();
-    for (int i = 0; i < order.count; ++i) devices.push_back(Word(order.device[i]));
-    return devices;
+    writer.BeginList();
+    for (int i = 0; i < order.count; ++i) writer.Put(Word(order.device[i]));
+    writer.EndList();
 }
 
-Json BiosPortOf(Errors& errors) {
+void WriteBiosPort(Writer& writer, Errors& errors) {
+    writer.Key("bios_serial_port");
     BiosSerialPort port{};
     switch (ReadBiosSerialPort(port)) {
-        case BiosSerialPortRead::BaudFailed: return errors.Add("Failed to read BIOS serial port baud.");
-        case BiosSerialPortRead::PortFailed: return errors.Add("Failed to read BIOS serial port status.");
+        case BiosSerialPortRead::BaudFailed:
+            return writer.Put(errors.Add("Failed to read BIOS serial port baud."));
+        case BiosSerialPortRead::PortFailed:
+            return writer.Put(errors.Add("Failed to read BIOS serial port status."));
         case BiosSerialPortRead::Done: break;
     }
-    return {
-        {"port", Word(port.port != nullptr ? port.port : "disabled")},
-        {"baud", port.port != nullptr ? Word(port.baud) : Json()},
-    };
+    const int baud = port.port != nullptr ? DecimalNumber(port.baud) : 0;  // 0: unknown
+    writer.BeginObject();
+    writer.Add("port", Word(port.port != nullptr ? port.port : "disabled"));
+    writer.Add("baud", baud != 0 ? Value(baud) : Value());
+    writer.EndObject();
 }
 
-Json VirtualPortOf(Errors& errors) {
+Value VirtualPortOf(Errors& errors) {
     const char* port = nullptr;
     switch (ReadVirtualPort(port)) {
         case VirtualPortRead::Failed: return errors.Add("Failed to read Virtual serial port status.");
@@ -77,53 +88,54 @@ Json VirtualPortOf(Errors& errors) {
 }
 
 // Returns "enabled" or "disabled".
-Json SwitchOf(Errors& errors, bool (*read)(bool& enabled), const char* message) {
+Value SwitchOf(Errors& errors, bool (*read)(bool& enabled), const char* message) {
     bool enabled = false;
-    return read(enabled) ? Json(EnabledOrDisabled(enabled)) : errors.Add(message);
+    return read(enabled) ? Word(EnabledOrDisabled(enabled)) : errors.Add(message);
 }
 
-Json WordOf(Errors& errors, bool (*read)(const char*& word), const char* message) {
+Value WordOf(Errors& errors, bool (*read)(const char*& word), const char* message) {
     const char* word = nullptr;
     return read(word) ? Word(word) : errors.Add(message);
 }
 
-Json VersionText(const VERSION& version) {
+std::string VersionText(const VERSION& version) {
     return std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
            std::to_string(version.revision);
 }
 
 }  // namespace
 
-Json ExportSettings(Errors& errors) {
+void WriteSettings(Writer& writer, Errors& errors) {
     EmbeddedPorts ports{};
     if (!ReadEmbeddedPorts(ports)) errors.Add("Failed to read embedded serial status.");
-    return {
-        {"asset_text", AssetTextOf(errors)},
-        {"server_name", ServerNameOf(errors)},
-        {"automatic_shutdown", SwitchOf(errors, ReadShutdown, "Failed to read EAAS status.")},
-        {"boot_order", BootOrderOf(errors)},
-        {"boot_once", WordOf(errors, ReadBootOnce, "Failed to get next boot device.")},
-        {"wake_on_lan", SwitchOf(errors, ReadWakeOnLan, "Failed to read Wake-On-Lan status.")},
-        {"post_f1_prompt", WordOf(errors, ReadF1Prompt, "Failed to read POST F1 status.")},
-        {"hyper_threading", SwitchOf(errors, ReadHyperThreading, "Failed to read hyper-threading status.")},
-        {"bios_serial_port", BiosPortOf(errors)},
-        {"embedded_serial_port_a", Word(ports.port[0])},
-        {"embedded_serial_port_b", Word(ports.port[1])},
-        {"virtual_serial_port", got_kelm != 0 ? VirtualPortOf(errors) : Json()},
-    };
+    writer.BeginObject();
+    WriteAsset(writer, errors);
+    WriteName(writer, errors);
+    writer.Add("automatic_shutdown", SwitchOf(errors, ReadShutdown, "Failed to read EAAS status."));
+    WriteBootOrder(writer, errors);
+    writer.Add("boot_once", WordOf(errors, ReadBootOnce, "Failed to get next boot device."));
+    writer.Add("wake_on_lan", SwitchOf(errors, ReadWakeOnLan, "Failed to read Wake-On-Lan status."));
+    writer.Add("post_f1_prompt", WordOf(errors, ReadF1Prompt, "Failed to read POST F1 status."));
+    writer.Add("hyper_threading",
+               SwitchOf(errors, ReadHyperThreading, "Failed to read hyper-threading status."));
+    WriteBiosPort(writer, errors);
+    writer.Add("embedded_serial_port_a", Word(ports.port[0]));
+    writer.Add("embedded_serial_port_b", Word(ports.port[1]));
+    writer.Add("virtual_serial_port", got_kelm != 0 ? VirtualPortOf(errors) : Value());
+    writer.EndObject();
 }
 
-Json ExportVersions(Errors& errors) {
+void WriteVersions(Writer& writer, Errors& errors) {
     ComponentVersions versions;
-    if (!ReadVersions(versions)) return errors.Add("Failed to read version information.");
-    Json list = Json::array();
-    if (!versions.known) return list;
+    if (!ReadVersions(versions)) return writer.Put(errors.Add("Failed to read version information."));
+    writer.BeginList();
     for (const ComponentVersion& version : versions.component) {
-        list.push_back({
-            {"component", Word(version.name)},
-            {"baseline", VersionText(version.baseline)},
-            {"current", VersionText(version.current)},
-        });
+        if (!versions.known) break;
+        writer.BeginObject();
+        writer.Add("component", Word(version.name));
+        writer.Add("baseline", Text(VersionText(version.baseline)));
+        writer.Add("current", Text(VersionText(version.current)));
+        writer.EndObject();
     }
-    return list;
+    writer.EndList();
 }

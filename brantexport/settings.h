@@ -1,7 +1,8 @@
 // The sections of the firmware's settings and of the versions of its components.
 #pragma once
 
-#include "brantexport/document.h"
+#include "brantexport/errors.h"
+#include "brantexport/writer.h"
 
-Json ExportSettings(Errors& errors);
-Json ExportVersions(Errors& errors);
+void WriteSettings(Writer& writer, Errors& errors);
+void WriteVersions(Writer& writer, Errors& errors);

@@ -102,9 +102,8 @@ ModuleRead ReadModule(const MemorySockets& sockets, int index, ModuleStatus& mod
     if (config->ulPresent == 0) return ModuleRead::Empty;
 
     const Reply<RESMEM_DIMM_STATUS> status(kModuleStatusTable, cartridge, socket);
-    if (!status) return ModuleRead::StatusFailed;
-    module = StatusOf(*config, status->ulStatus);
-    return ModuleRead::Done;
+    module = StatusOf(*config, status ? status->ulStatus : 0);
+    return status ? ModuleRead::Done : ModuleRead::StatusFailed;
 }
 
 int do_show_dimm(InputLineType* InputLine) {

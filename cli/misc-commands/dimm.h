@@ -40,7 +40,8 @@ MemorySockets ReadSockets();
 enum class ModuleRead { Done, Empty, ConfigFailed, StatusFailed };
 
 // Reads socket `index`, from 0 to sockets.Count() - 1. Returns ConfigFailed if the list ends before this
-// socket. Prints a message only if memory runs out.
+// socket, and StatusFailed if only the module's status can't be read. Prints a message only if memory runs
+// out.
 ModuleRead ReadModule(const MemorySockets& sockets, int index, ModuleStatus& module);
 
 // The command handler. Takes the tokenized line; returns 0, or 1 on failure.

@@ -32,8 +32,7 @@ TEST(Arguments, SelectSections) {
     for (const ArgumentsCase& c : cases) {
         const RunResult run = RunProgram(ProgramPath("brantexport"), c.arguments, machine.Directory());
         std::vector<std::string> sections;
-        const Json document = run.output.empty() ? Json::object() : Json::parse(run.output);
-        for (const auto& [name, section] : document.items()) sections.push_back(name);
+        for (const Match& key : MatchAll(run.output, "\n  \"(\\w+)\"")) sections.push_back(key[1]);
         EXPECT_EQ(sections, c.sections) << c.arguments[0];
         EXPECT_EQ(run.errors, c.sections.empty() ? kUsage : "") << c.arguments[0];
         EXPECT_EQ(run.status, c.sections.empty() ? 2 : 0) << c.arguments[0];
@@ -119,7 +118,7 @@ TEST(Program, SurvivesAFailedAllocation) {
         const RunResult run =
             RunProgram(ProgramPath("brantexport_interposed"), {}, machine.Directory(), options);
         failed = run.errors.find("allocation failed\n") != run.errors.npos;
-        if (failed && !Json::accept(run.output)) {
+        if (failed && !Contains(run.output, "\n\\}\n$")) {
             EXPECT_NE(run.errors.find("brantexport: "), run.errors.npos)
                 << "no message after failed allocation " << failing << ":\n"
                 << run.errors;
