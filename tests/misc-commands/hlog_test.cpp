@@ -69,10 +69,6 @@ TEST(ShowHlog, ListsTheLogScreenByScreen) {
          {0x7FFFFFFF, 0x80000000, 0xFFFFFFFE},
          "",
          "/2147483647 -2147483648 -2 //"},
-        {"the listing starts again after the largest number",
-         {1, 2, 3, 4, 5, 0xFFFFFFFF},
-         "",
-         "/1 2 3 4 5 -1 //"},
         // cases: failures of the driver
         {"status 3 is repeated without end", UpTo(3), "", "/SSSSSS?/SSSSSS//", "cevt read * 3", 1},
         {"status 3 is repeated without end if paging is off", UpTo(3), "c", "/SSSSSS?/SSSSSS//",

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstring>
 #include <deque>
 #include <vector>
@@ -17,7 +18,9 @@
 #include "include/rom_variables.h"
 #include "mkmachine/events.h"
 #include "platform/request.h"
+#include "savemachine/machine_copy.h"
 #include "tests/misc-commands/listing_shape.h"
+#include "tests/support/test_machine.h"
 
 namespace {
 
@@ -202,6 +205,29 @@ TEST(RequestBlocks, WrongRepliesEndTheEventListingOrAreRequestedAgain) {
         EXPECT_EQ(calls, expected) << c.catches
                                    << ": another number, or bytes of the last entry in the block";
     }
+}
+
+// Lengths are limited to those of a header and of the read. An entry numbered below the requested number is a
+// fault of the copy.
+TEST(RequestBlocks, WrongRepliesAreSavedAsEntriesThatCanBeReadOrAsFaults) {
+    EventReply empty = Event(1), too_long = Event(2);
+    empty.entry[0] = 0;
+    too_long.entry.replace(0, 2, "\xFF\xFF");
+    event_replies = {empty, too_long, Event(1)};
+    calls.clear();
+    const TestMachine parent;
+    testing::internal::CaptureStderr();
+    {
+        MachineCopy copy(parent.Directory() + "/copy");
+        copy.CreateFolder("cevt");
+        SaveEvents(copy);
+        copy.Finish();
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "savemachine: not read: cevt read 3: Protocol error\n");
+    EXPECT_EQ(parent.Read("copy/faults"), "cevt read 3 -" + std::to_string(EPROTO) + "\n");
+    EXPECT_EQ(parent.Read("copy/cevt/hlog"),
+              Event(1).entry + Event(2).entry.replace(0, 2, "\x28\1") + std::string(268, '\0'));
+    EXPECT_EQ(calls.size(), 4U);
 }
 
 }  // namespace

@@ -70,12 +70,16 @@ class MachineCopies : public testing::TestWithParam<std::string> {
     }
 };
 
-// Copies all bytes that ENABLE PXE reads, not only those that SHOW NIC reads.
-TEST(SaveMachine, CopiesWholeNicSettings) {
+// ENABLE PXE reads more bytes of the NIC settings than SHOW NIC. The faults are those of the records after
+// the last power supply, module and cartridge.
+TEST(SaveMachine, CopiesWholeNicSettingsAndRequestsNoRecordAfterTheLast) {
     TestMachine machine("tr500k2");
     machine.Variable("ZTHNIC", std::string(100, '\1'));
+    for (const char* const record : {"159.4.0", "1706.0.5", "1706.2.0"}) {
+        machine.Fault(std::string("cdt ") + record + " -5");
+    }
     const TestMachine parent;
-    Save(machine, parent.Directory() + "/copy");
+    EXPECT_EQ(Save(machine, parent.Directory() + "/copy").errors, "");
     EXPECT_EQ(parent.Read("copy/crom/ZTHNIC"), std::string(100, '\1'));
 }
 
