@@ -208,7 +208,9 @@ TEST(ManagementProcessor, IsSearchedForInThePiclTree) {
     EXPECT_EQ(found, 1);
     EXPECT_EQ(visited, 3) << "the search must end at the management processor";
     machine.Fault("picl root 1");
+    machine.StartTrace();
     EXPECT_FALSE(present()) << "found although the PICL service fails";
+    EXPECT_EQ(machine.TakeTrace("picl walk"), "") << "a tree without a root was searched";
 }
 
 // Runs a script and returns the number of memory blocks that are allocated when the process ends.

@@ -68,7 +68,7 @@ const OptionCase kOptionCases[] = {
     {"an unknown option is ignored",                   {"-x"},                  kUsage,                  0, false},
     {"-S without its value is accepted",                {"-S"},                  kUsage,                  0, false},
     {"an empty script succeeds",            {"-s", ""},              "\n",                    1, true},
-    {"-S isn't equivalent to -s",                   {"-S", "nonsense"},      "\nInvalid Command\n\n", 1, true},
+    {"-S isn't equivalent to -s, or its value is run", {"-Snonsense", "HELP EXIT"}, "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
     {"an empty command follows a final ';'",  {"-s", "HELP EXIT;"},    "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
     {"an option after another argument is read, or the end of the input doesn't end the run", {"SET UID ON", "-s"}, kBanner + "brantcli> \n", 0, true},
     {"an option after the commands is read",        {"-s", "HELP EXIT", "-x"}, "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},

@@ -175,7 +175,7 @@ constexpr Case kCases[] = {
     {kOrdinary, "an invalid number is accepted, or one that wraps to a valid one", "", "SET ASR 12; SET ASR TEN; SET ASR 4294967301"},
     {kOrdinary, "a half has one character too many or too few, or no NULs", "",
      "SET NAME abcdefghijklmnOPQRSTUVWXYZ12; SHOW NAME; SET NAME abcdefghijklmnOPQRSTUVWXYZ123; SET NAME \"My Server\""},
-    {kOrdinary, "an empty first half is shown", "ZTHLS1=0041", "SHOW NAME"},
+    {kOrdinary, "an empty first half is shown", "ZTHLS1=00410000000000000000000000000042", "SHOW NAME"},
     {kOrdinary, "no message for a failed write, or a wrong status", "!crom write ZTSBKT 1; !crom write ZTHLS1 1", "SET NAME web7; ENABLE WOL; DISABLE WOL"},
     {kOrdinary, "the case of a quoted word is ignored", "", "SET F1 \"delayed\""},
     {kOrdinary, "a neighbouring bit is read", "ZTHCSM=fe", "SHOW EAAS"},

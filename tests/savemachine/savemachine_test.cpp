@@ -10,6 +10,7 @@
 #include "mkmachine/events.h"
 #include "mkmachine/smbios_table.h"
 #include "tests/support/every_command.h"
+#include "tests/support/golden.h"
 #include "tests/support/pattern.h"
 
 namespace {
@@ -150,8 +151,9 @@ TEST_P(MachineCopies, OfALogWithAnEntryTooLongToListShowTheSame) {
     EXPECT_EQ(Compare(machine, "long", kOneForAll), "");
 }
 
-// First the tables begin in the BIOS area and extend beyond the end of the memory. Then their last byte is
-// the first byte of a page, and the file ends there, so the copy must fill the page.
+// First the tables begin in the BIOS area and extend beyond the end of the memory. Then the whole tables and
+// the rest of their page are in the area. At last their last byte is the first byte of a page, and the file
+// ends there, so the copy must fill the page.
 TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     RestorableMachine machine(GetParam());
     const std::string memory = machine.Read("xsvc");
@@ -166,10 +168,13 @@ TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     };
     move(kBiosArea + 2, 0xFFFF);
     EXPECT_NE(Compare(machine, "beyond the end", kOneForAll), "");
-    move(0x300001 - tables.size(), tables.size());
-    machine.PhysicalMemory(entry.dwSTAddr, tables + std::string(0xFFFF, '\0'));
     machine.PhysicalMemory(kTablesAddress, std::string(tables.size(), '\0'));
-    EXPECT_EQ(Compare(machine, "above"), "");
+    machine.PhysicalMemory(0x300000, std::string(0x10000, '\0'));
+    for (const size_t address : {kBiosArea + size_t{0x20}, 0x300001 - tables.size()}) {
+        move(address, tables.size());
+        machine.PhysicalMemory(address, tables);
+        EXPECT_EQ(Compare(machine, "at " + std::to_string(address)), "");
+    }
     EXPECT_NE(machine.Script("SHOW SERVER").output.find("Processor: 0"), std::string::npos);
 }
 
@@ -223,26 +228,24 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
 }
 
 // If the machine lacks a record, the copy lacks it, too. Every other failed call becomes a fault of the copy.
+// failed_calls.txt contains the messages, the faults and the requests. A result of 1 after a failure with an
+// errno shows whether that errno is reported again.
 TEST(SaveMachine, ReportsFailedCallsAndCopiesThemAsFaults) {
     TestMachine machine("tr500k2");
-    const char* const faults[] = {"cdt 351.0.0 1",      "cdt 1702.255.0 -5",  "cdt 1503.0.0 1",
-                                  "crom read ZTSBKT 1", "crom read ZTHMAC 1", "crom read ZTHIPL -5",
-                                  "casr 6 1",           "cdt 1700.0.0 1",     "cevt read 0 3",
-                                  "cevt read 2 -5",     "picl root 7",        "cdt 1707.0.2 -5"};
-    for (const char* const fault : faults) machine.Fault(fault);  // the last fault is that of an empty socket
+    machine.Write("cevt/hlog", EventLog(3));
+    machine.Write("cdt/251.0.0", {16, 0, 16});  // no data, so no sensor is requested
+    for (const char* const fault :
+         {"cdt 356.2.0 -5", "cdt 353.1.0 1", "cdt 151.0.0 1", "cdt 1700.0.0 1", "cdt 1702.255.0 -5",
+          "cdt 1706.0.4 -5", "cdt 1500.0.0 -5", "cdt 1503.0.0 1", "crom read ZTHIPL -5", "crom read ZTSBKT 1",
+          "crom read ZTHMAC 1", "crom read ZTHUV -5", "casr 6 1", "cevt read 0 3", "cevt read 2 -5",
+          "picl root 7", "cdt 1707.0.2 -5"}) {  // the last fault is that of an empty socket
+        machine.Fault(fault);
+    }
+    machine.StartTrace();
     const TestMachine parent;
-    EXPECT_EQ(Save(machine, parent.Directory() + "/copy").errors,
-              "savemachine: not read: cdt 351.0.0: refused\n"
-              "savemachine: not read: cdt 1702.255.0: Input/output error\n"
-              "savemachine: not read: cdt 1503.0.0: refused\n"
-              "savemachine: not read: crom read ZTHIPL: Input/output error\n"
-              "savemachine: not read: crom read ZTSBKT: refused\n"
-              "savemachine: not read: casr 6: refused\n"
-              "savemachine: not read: cevt read 0: refused\n"
-              "savemachine: not read: cevt read 2: Input/output error\n"
-              "savemachine: not read: picl root: refused\n");
-    EXPECT_EQ(parent.Read("copy/faults"),
-              "cdt 1702.255.0 -5\ncrom read ZTHIPL -5\ncevt read 0 3\ncevt read 2 -5\npicl root 7\n");
+    const std::string errors = Save(machine, parent.Directory() + "/copy").errors;
+    ExpectGolden("savemachine/failed_calls.txt",
+                 errors + parent.Read("copy/faults") + machine.TakeTrace("c"));
 }
 
 // A machine is saved if it has devices but no tables, or tables but no devices, but not if it has neither.
