@@ -18,6 +18,12 @@ namespace {
 constexpr char kDefaultMachine[] = "/var/lib/brant/machine";
 constexpr int kOpenDirectory = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
+// Returns false after the first call.
+bool IsFirstFailure() {
+    static bool reported = false;
+    return !std::exchange(reported, true);
+}
+
 }  // namespace
 
 const char* MachinePath() {
@@ -25,18 +31,27 @@ const char* MachinePath() {
     return path != nullptr && *path != '\0' ? path : kDefaultMachine;
 }
 
-void ReportFailure(const char* name, const char* advice) {
-    static bool reported = false;
-    if (reported) return;
-    reported = true;
+void ReportFailure(const char* name) {
+    if (!IsFirstFailure()) return;
     const int error = errno;
-    std::fprintf(stderr, "simulated machine: %s: %s%s\n", name, std::strerror(error), advice);
+    std::fprintf(stderr, "simulated machine: %s: %s\n", name, std::strerror(error));
+    errno = error;
+}
+
+void ReportNoMachine(const char* problem) {
+    if (!IsFirstFailure()) return;
+    const int error = errno;
+    std::fprintf(
+        stderr,
+        "simulated machine: %s: %s\n"
+        "simulated machine: mkmachine DIR creates one; set BRANT_MACHINE to its path (default: %s)\n",
+        MachinePath(), problem, kDefaultMachine);
     errno = error;
 }
 
 Descriptor OpenMachine() {
     Descriptor machine(open(MachinePath(), kOpenDirectory));
-    if (!machine) ReportFailure(MachinePath(), errno == ENOENT ? "; mkmachine DIR makes one" : "");
+    if (!machine) ReportNoMachine(std::strerror(errno));
     return machine;
 }
 

@@ -17,10 +17,14 @@
 // Returns the path of the machine directory: BRANT_MACHINE, or /var/lib/brant/machine.
 const char* MachinePath();
 
-// Prints on standard error that `name` can't be opened, the reason (errno, which doesn't change) and what the
-// user can do about it. Prints only the first failure of the process, because later calls fail for the same
+// Prints on standard error that `name` can't be opened, and the reason (errno, which doesn't change). Of this
+// function and the next one, only the first call of the process prints, because later calls fail for the same
 // reason.
-void ReportFailure(const char* name, const char* advice = "");
+void ReportFailure(const char* name);
+
+// Prints on standard error that the machine directory isn't one because of `problem`, and how to create one.
+// Doesn't change errno.
+void ReportNoMachine(const char* problem);
 
 // Opens the machine directory, whose path may be a symbolic link. On failure, prints a message and returns an
 // empty descriptor, with errno set.

@@ -48,8 +48,13 @@ int xsvc_open() {
     Descriptor file;
     const int result = Perform(describe, [&] {
         file = OpenFile(OpenMachine(), kMemoryFile);
-        if (!file && errno != ENOENT) ReportFailure(kMemoryFile);
-        return file ? 0 : -errno;
+        if (file) return 0;
+        if (errno == ENOENT) {
+            ReportNoMachine("there is no file xsvc");  // every machine has this file
+        } else {
+            ReportFailure(kMemoryFile);
+        }
+        return -errno;
     });
     return result < 0 ? ReturnValue(result) : file.Release();
 }

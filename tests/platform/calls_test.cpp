@@ -118,16 +118,19 @@ TEST(Opening, ReportsOnceWhyTheMachineDirectoryCannotBeOpened) {
     const struct {
         std::string command, machine, reason;
     } cases[] = {
-        {InShell("brantcli"), "/nowhere", "/nowhere: No such file or directory; mkmachine DIR makes one"},
-        {InShell("brantexport"), "/nowhere", "/nowhere: No such file or directory; mkmachine DIR makes one"},
+        {InShell("brantcli"), "/nowhere", "/nowhere: No such file or directory"},
+        {InShell("brantexport"), "/nowhere", "/nowhere: No such file or directory"},
         {InShell("savemachine") + " " + machine.Directory() + "/copy", "/nowhere",
-         "/nowhere: No such file or directory; mkmachine DIR makes one"},
+         "/nowhere: No such file or directory"},
         {InShell("brantcli"), xsvc, xsvc + ": Not a directory"},
+        {InShell("brantcli"), "/usr", "/usr: there is no file xsvc"},
     };
     for (const auto& [command, path, reason] : cases) {
         const RunResult run = RunProgram("/bin/sh", {"-c", "exec 2>&1; " + command}, path);
-        const std::string expected("simulated machine: " + reason +
-                                   "\nERROR: \\w+ only runs on VX hardware.\n+");
+        const std::string expected(
+            "simulated machine: " + reason +
+            "\nsimulated machine: mkmachine DIR creates one; set BRANT_MACHINE to its "
+            "path \\(default: /var/lib/brant/machine\\)\nERROR: \\w+ only runs on VX hardware.\n+");
         EXPECT_FALSE(MatchWhole(run.output, expected).empty())
             << command << "\nexpected: " << expected << "\nactual: " << run.output;
     }

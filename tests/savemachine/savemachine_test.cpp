@@ -196,7 +196,8 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
          "savemachine: $2/a/b: No such file or directory\n", 1},
         {"the root directory", "$1 //", "savemachine: /: File exists\n", 1},
         {"a full disk", "ulimit -f 1000; $1 $2/a", "savemachine: $2/a: File too large\n", 1},
-        {"foreign hardware", "BRANT_MACHINE=/ $1 $2/a", "ERROR: savemachine only runs on VX hardware.\n", 1},
+        {"foreign hardware", ">$2/xsvc; BRANT_MACHINE=$2 $1 $2/a; s=$?; rm $2/xsvc; exit $s",
+         "ERROR: savemachine only runs on VX hardware.\n", 1},
         {"another user", "setpriv --ruid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
         // cases: the copy succeeds, and the command removes it
         {"messages that nobody reads",

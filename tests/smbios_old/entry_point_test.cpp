@@ -97,7 +97,7 @@ TEST(EntryPoint, IsTheFirstWithAValidChecksumIfTheIntermediateOneIsInvalid) {
 
 TEST(EntryPoint, InAnUnreadableAreaIsReported) {
     LoadedTables tables;
-    tables.Machine().Remove("xsvc");
+    tables.Machine().Write("xsvc", "");
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(tables.Load());
