@@ -42,13 +42,20 @@ termios CharacterMode(termios settings) {
     return settings;
 }
 
+// Sets the action of a signal, which a new process inherits.
+void SetAction(int signal, void (*handler)(int)) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    sigaction(signal, &action, nullptr);
+}
+
 TEST(Terminal, RestoresTheSettingsOnEveryExitPath) {
     const TestMachine machine("tr500k2");
     for (const ExitPath& path : kExitPaths) {
         SCOPED_TRACE(path.name);
-        std::signal(SIGTERM, path.inherited);
+        SetAction(SIGTERM, path.inherited);
         TerminalSession session(machine, path.arguments);
-        std::signal(SIGTERM, SIG_DFL);
+        SetAction(SIGTERM, SIG_DFL);
         session.ReceiveUntil(path.prompt);
         EXPECT_TRUE(session.Settings() == CharacterMode(session.found))
             << "not in character mode at the prompt";
@@ -61,9 +68,9 @@ TEST(Terminal, RestoresTheSettingsOnEveryExitPath) {
 
 TEST(Terminal, EndsTheInputWhenItIsHungUp) {
     const TestMachine machine("tr500k2");
-    std::signal(SIGHUP, SIG_IGN);
+    SetAction(SIGHUP, SIG_IGN);
     TerminalSession session(machine);
-    std::signal(SIGHUP, SIG_DFL);
+    SetAction(SIGHUP, SIG_DFL);
     session.ReceiveUntil(kAtPrompt);
     session.HangUp();
     EXPECT_EQ(session.End(), 1) << "expected status 1, because the output can't be written";

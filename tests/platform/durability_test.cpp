@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <random>
 
+#include "src/utils/standard_streams.h"
 #include "tests/platform/make_call.h"
 #include "tests/support/pattern.h"
 
@@ -69,7 +70,7 @@ TEST(Durability, AChangeOnAFullDiskFailsAndKeepsTheFile) {
     machine.Write("crom/V", "kept");
     InChild(machine, [] {
         Make("open crom");
-        std::signal(SIGXFSZ, SIG_IGN);
+        IgnoreWriteSignals();
         const rlimit full = {0, 0};
         setrlimit(RLIMIT_FSIZE, &full);
         EXPECT_EQ(Make(Write(2, 0x5A)), "-1 errno=27");
