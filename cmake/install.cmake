@@ -9,6 +9,10 @@ endforeach()
 if(BRANT_PLATFORM STREQUAL "sim")
   install(TARGETS mkmachine RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
+foreach(program brantexport savemachine mkmachine)  # bash looks for a file with the name of the command
+  install(FILES packaging/completion.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME ${program})
+endforeach()
 
 # Installs a compressed copy of a file. gzip -n omits the file's name and time, so that the result is reproducible.
 function(install_compressed file folder name)

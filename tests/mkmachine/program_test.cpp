@@ -55,6 +55,37 @@ TEST(MakeMachineProgram, PrintsItsHelpAndVersionOnStandardOutput) {
     }
 }
 
+TEST(Completion, OffersOptionsValuesSectionsAndDirectories) {
+    const struct {
+        const char* program;
+        const char* words;  // as bash splits them; the last one is completed
+        const char* offered;
+    } cases[] = {
+        {"mkmachine", "--m", "--model"},
+        {"mkmachine", "--model ''", "bx20,tr300,tr500k2"},
+        {"mkmachine", "--model =", "bx20,tr300,tr500k2"},
+        {"mkmachine", "--model = tr5", "tr500k2"},
+        {"mkmachine", "--events ''", ""},
+        {"savemachine", "cr", "cr 1,crom"},
+        {"brantexport", "--pro", "--prometheus"},
+        {"brantexport", "fans po", "power_supplies"},
+    };
+    if (Emulated()) GTEST_SKIP() << "the completion starts the programs without the emulator";
+    const TestMachine parent;
+    std::filesystem::create_directory(parent.Directory() + "/cr 1");
+    for (const auto& [program, words, offered] : cases) {
+        const std::string command = ". " BRANT_TEST_DIR
+                                    "/../packaging/completion.bash; cd $BRANT_MACHINE; COMP_WORDS=($0 " +
+                                    std::string(words) +
+                                    "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _brant $0; printf '%s\n' "
+                                    "\"${COMPREPLY[@]}\" | sort | paste -sd,";
+        const RunResult run =
+            RunProgram("/bin/bash", {"-c", command, ProgramPath(program)}, parent.Directory());
+        EXPECT_EQ(run.output, std::string(offered) + "\n") << program << ' ' << words;
+        EXPECT_EQ(run.errors, "") << program << ' ' << words;
+    }
+}
+
 // A user who can open a device's directory can also lock it, and then every modifying command would wait.
 TEST(MakeMachineProgram, CreatesDirectoriesThatOnlyTheOwnerCanOpen) {
     for (const char* mask : {"0", "022", "0777"}) {
