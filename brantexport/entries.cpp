@@ -1,10 +1,12 @@
 #include "brantexport/entries.h"
 
+#include <cstring>
+
 #include "brantexport/text.h"
 
-Value Entry::operator[](std::string_view key) const {
+Value Entry::operator[](const char* key) const {
     for (const Member* member = members_; member != members_ + count_; ++member) {
-        if (key != member->key) continue;
+        if (std::strcmp(member->key, key) != 0) continue;
         Value value(member->kind, member->number);
         value.text = member->text;
         return value;
@@ -19,7 +21,7 @@ void EntryWriter::Put(const Value& value) {
     }
     const size_t first = count_;
     AddMember("position", ++levels_.back().elements);
-    AddMember("value", value);
+    AddMember("name", value);
     Take(path_, Entry(&members_[first], count_ - first));
     count_ = first;
 }

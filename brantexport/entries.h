@@ -19,7 +19,7 @@ class Entry {
     Entry(const Member* members, size_t count) : members_(members), count_(count) {}
     // Returns the value of a member, or null if there is no such member. The value is valid as long as the
     // entry.
-    Value operator[](std::string_view key) const;
+    Value operator[](const char* key) const;
 
   private:
     const Member* members_;
@@ -39,7 +39,7 @@ class EntryWriter : public Writer {
     // Receives an entry. `path` consists of the keys that lead to it: "fans" for each fan, and
     // "processors.caches" for each cache of each processor. It is empty for the whole document, which has the
     // members that aren't objects or lists. An element of a list that isn't an object is an entry with the
-    // members "position", from 1, and "value".
+    // members "position", from 1, and "name".
     virtual void Take(std::string_view path, const Entry& entry) = 0;
 
   private:

@@ -1,28 +1,15 @@
 #include "brantexport/events.h"
 
+#include "brantexport/time.h"
 #include "cli/eventstr/eventstr.h"
 #include "cli/misc-commands/event_log.h"
 
 namespace {
 
-// Returns the number of days in the month of `time`, whose bMonth is 1 to 12.
-int DaysOf(const EVT_TIME_STAMP& time) {
-    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const int year = time.bCentury * 100 + time.bYear;
-    const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return kDays[time.bMonth - 1] + (time.bMonth == 2 && leap ? 1 : 0);
-}
-
 // Returns null if the time is invalid.
 Value Time(const EVT_TIME_STAMP& time) {
-    const bool valid = time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
-                       time.bDay >= 1 && time.bDay <= DaysOf(time) && time.bHour < 24 && time.bMinute < 60;
-    if (!valid) return {};
-    int64_t number = 0;
-    for (const uint8_t part : {time.bCentury, time.bYear, time.bMonth, time.bDay, time.bHour, time.bMinute}) {
-        number = number * 100 + part;
-    }
-    return {Value::Kind::Time, number};
+    const std::optional<int64_t> number = TimeOf(time);
+    return number ? Value(Value::Kind::Time, *number) : Value();
 }
 
 void WriteEvent(Writer& writer, uint8_t* buffer, const EVT_HEADER& header) {

@@ -5,6 +5,7 @@
 #include "cli/command/state.h"
 #include "cli/misc-commands/nic.h"
 #include "cli/smbios-commands/inventory.h"
+#include "cli/smbios-commands/port_map.h"
 #include "cli/smbios_old/smbios.h"
 #include "cli/smbparse/memory_inventory.h"
 #include "cli/smbparse/processors.h"
@@ -109,4 +110,30 @@ void WriteNics(Writer& writer, Errors& errors) {
     writer.BeginList();
     for (int i = 0; i < embedded_nics_installed; ++i) WriteNic(writer, i, states);
     writer.EndList();
+}
+
+void WritePortMap(Writer& writer, Errors& errors) {
+    PortMap map;
+    switch (ReadPortMap(map)) {
+        case PortMapRead::NoTables: return writer.Put(errors.Add(kNoTables));
+        case PortMapRead::NoRack: return writer.Put({});
+        case PortMapRead::NoBayNumber: return writer.Put(errors.Add("Failed to get Enclosure Bay number."));
+        case PortMapRead::NoMap: return writer.Put(errors.Add("Failed to get SMBIOS port mapping data."));
+        case PortMapRead::Done: break;
+    }
+    writer.BeginObject();
+    writer.Add("table_version", map.version);
+    writer.Key("ports");
+    writer.BeginList();
+    for (int i = 0; i < map.count; ++i) {
+        const BladePort& port = map.port[i];
+        writer.BeginObject();
+        writer.Add("slot", port.slot);
+        writer.Add("slot_port", port.slot_port);
+        writer.Add("bay", port.bay);
+        writer.Add("bay_port", port.bay_port);
+        writer.EndObject();
+    }
+    writer.EndList();
+    writer.EndObject();
 }

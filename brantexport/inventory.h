@@ -7,3 +7,4 @@
 void WriteSystem(Writer& writer, Errors& errors);
 void WriteProcessors(Writer& writer, Errors& errors);
 void WriteNics(Writer& writer, Errors& errors);
+void WritePortMap(Writer& writer, Errors& errors);

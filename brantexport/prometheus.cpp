@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstdio>
 #include <iterator>
 #include <string>
@@ -13,54 +12,81 @@
 #include "brantexport/entries.h"
 #include "brantexport/output.h"
 #include "brantexport/text.h"
+#include "brantexport/time.h"
 
 namespace {
 
-// Members of an entry, which become the labels of its sample.
+// Members of an entry, which become the labels of its sample. These strings and those of a metric are arrays,
+// because the dynamic loader would have to set a pointer at each start.
 struct Labels {
-    const char* member[3];
+    char member[4][16];
 };
 constexpr Labels kNone = {};
 constexpr Labels kByNumber = {{"number"}};
 constexpr Labels kByLocation = {{"number", "location"}};
 constexpr Labels kBySocket = {{"cartridge", "module"}};
 
-// The words of a member that has a sample for each of them.
+// A metric has a sample for each of these strings, with the string in a label.
 struct Words {
-    const char* word[6];
+    const char* label;
+    const char* word[7];  // ends with a null pointer
 };
-constexpr Words kSeverities = {{"info", "repaired", "caution", "critical", "unknown"}};
+constexpr Words kSeverities = {"severity", {"info", "repaired", "caution", "critical", "unknown"}};
+constexpr Words kLightStates = {"state", {"off", "on", "blinking", "in an unknown state"}};
+constexpr Words kNicBoots = {"state", {"pxe disabled", "pxe enabled", "iscsi enabled", "unknown setting"}};
+constexpr Words kBootOnces = {"state", {"not set", "floppy", "cdrom", "hdd", "konf", "pxe"}};
+constexpr Words kF1Prompts = {"state", {"enabled", "disabled", "delayed", "undefined"}};
 
-// A metric: a member of a section, or of each entry if the section is a list.
+// How the entries of a list become samples.
+enum class Group {
+    None,        // each entry has its own
+    Count,       // one for each severity: how many entries have that severity
+    Latest,      // one for each severity: the value of the last entry that has that severity
+    LatestTime,  // the same of a time, in seconds since 1970
+};
+
+// A metric: a member of a section, or of each entry if the section is a list. Most strings are arrays,
+// because the dynamic loader would have to set a pointer at each start.
 struct Metric {
-    const char* name;
-    const char* help;
-    const char* path;  // of the entries, as in EntryWriter
+    char name[40];
+    char help[72];
+    char path[24];  // of the entries, as in EntryWriter
     Labels labels;
-    const char* member = nullptr;  // null: the value is 1, and the labels contain the information
+    char member[24] = "";          // empty: the value is 1, and the labels contain the information
     double factor = 1;             // the number, or 1 for true, is multiplied by it
-    const char* word = nullptr;    // the value is 1 if the member is this string, else 0
-    // If not null: the metric has a sample for each of these words, with the word in a label that is called
-    // like the member. Its value is the number of entries with that word.
-    const Words* counted = nullptr;
+    char word[12] = "";            // if not empty: the value is 1 if the member is this string, else 0
+    const Words* words = nullptr;  // a state set: the same for each of these strings
+    Group group = Group::None;
 };
 
 constexpr double kMebibyte = 1024 * 1024;
 constexpr double kMinute = 60;
+constexpr double kMillisecond = 0.001;
 constexpr double kPercent = 0.01;
 
-constexpr Metric Is(const char* word, Metric metric) {
-    metric.word = word;
+constexpr Metric Is(std::string_view word, Metric metric) {
+    for (size_t i = 0; i < word.size(); ++i) metric.word[i] = word[i];
     return metric;
 }
 
-constexpr Metric CountOf(const Words& words, Metric metric) {
-    metric.counted = &words;
+constexpr Metric EachOf(const Words& words, Metric metric) {
+    metric.words = &words;
+    return metric;
+}
+
+constexpr Metric BySeverity(Group group, Metric metric) {
+    metric.words = &kSeverities;
+    metric.group = group;
     return metric;
 }
 
 // clang-format off
 constexpr Metric kMetrics[] = {
+    {"brant_build_info", "The program that made these metrics.",
+     "", {{"version"}}},
+    {"brant_scrape_duration_seconds", "How long reading took.",
+     "", kNone, "duration_ms", kMillisecond},
+
     {"brant_system_info", "The server.",
      "system", {{"product_name", "serial_number", "rom_version"}}},
     {"brant_memory_installed_bytes", "Memory that the firmware has found.",
@@ -78,6 +104,10 @@ constexpr Metric kMetrics[] = {
 
     {"brant_nic_info", "An embedded NIC.",
      "nics", {{"number", "mac_address", "boot"}}},
+    EachOf(kNicBoots, {"brant_nic_boot_state", "Whether this is how an embedded NIC boots.",
+     "nics", kByNumber, "boot"}),
+    {"brant_nic_port_info", "A NIC port of a blade, and the enclosure bay that it is connected to.",
+     "port_map.ports", {{"slot", "slot_port", "bay", "bay_port"}}},
 
     {"brant_fan_present", "Whether a fan is there.",
      "fans", kByLocation, "present"},
@@ -97,11 +127,15 @@ constexpr Metric kMetrics[] = {
      "power_supplies", kByNumber, "present"},
     Is("ok", {"brant_power_supply_ok", "Whether a power supply has not failed.",
      "power_supplies", kByNumber, "condition"}),
+    Is("failed", {"brant_power_supply_failed", "Whether a power supply has failed and its group isn't redundant.",
+     "power_supplies", kByNumber, "condition"}),
+    Is("degraded", {"brant_power_supply_degraded", "Whether a power supply has failed but its group is redundant.",
+     "power_supplies", kByNumber, "condition"}),
     {"brant_power_supply_redundant", "Whether a power supply's group is redundant.",
      "power_supplies", kByNumber, "redundant"},
 
-    {"brant_uid_info", "The unit identification light.",
-     "uid", {{"state"}}},
+    EachOf(kLightStates, {"brant_uid_state", "Whether this is the state of the unit identification light.",
+     "uid", kNone, "state"}),
 
     Is("enabled", {"brant_asr_enabled", "Whether the recovery timer runs.",
      "asr", kNone, "state"}),
@@ -110,6 +144,12 @@ constexpr Metric kMetrics[] = {
 
     Is("enabled", {"brant_automatic_shutdown_enabled", "Whether the server shuts down in an abnormal environment.",
      "settings", kNone, "automatic_shutdown"}),
+    {"brant_boot_order_position", "Position of a device in the boot order.",
+     "settings.boot_order", {{"name"}}, "position"},
+    EachOf(kBootOnces, {"brant_boot_once_state", "Whether this is the one-time boot device.",
+     "settings", kNone, "boot_once"}),
+    EachOf(kF1Prompts, {"brant_post_f1_prompt_state", "Whether this is the setting of the POST F1 prompt.",
+     "settings", kNone, "post_f1_prompt"}),
     Is("enabled", {"brant_wake_on_lan_enabled", "Whether Wake-On-Lan is enabled.",
      "settings", kNone, "wake_on_lan"}),
     Is("enabled", {"brant_hyper_threading_enabled", "Whether hyper-threading is enabled.",
@@ -118,8 +158,12 @@ constexpr Metric kMetrics[] = {
     {"brant_firmware_info", "A component of the firmware.",
      "versions", {{"component", "baseline", "current"}}},
 
-    CountOf(kSeverities, {"brant_events", "Entries of the event log.",
-     "events", kNone, "severity"}),
+    BySeverity(Group::Count, {"brant_events", "Entries of the event log.",
+     "events", kNone}),
+    BySeverity(Group::Latest, {"brant_newest_event_number", "Number of the newest entry of the event log.",
+     "events", kNone, "number"}),
+    BySeverity(Group::LatestTime, {"brant_newest_event_timestamp_seconds", "Time of the newest entry of the event log.",
+     "events", kNone, "last_time"}),
 };
 // clang-format on
 
@@ -184,26 +228,25 @@ void AppendMetric(const char* name, const char* help, const std::string& samples
 std::string LabelsOf(const Metric& metric, const Entry& entry) {
     std::string labels;
     for (const char* member : metric.labels.member) {
-        if (member == nullptr) break;
+        if (*member == '\0') break;
         AppendLabel(member, entry[member], labels);
     }
     return labels;
 }
 
-// Returns the value of a sample, or nothing if the entry has no sample: its member or, without a member, all
-// of its labels are null.
-std::optional<double> SampleOf(const Metric& metric, const Entry& entry) {
-    if (metric.member == nullptr) {
-        const auto& members = metric.labels.member;
-        const bool known = std::any_of(std::begin(members), std::end(members), [&](const char* member) {
-            return member != nullptr && entry[member].kind != Value::Kind::Null;
-        });
-        return known ? std::optional<double>(1) : std::nullopt;
-    }
-    const Value value = entry[metric.member];
-    if (value.kind == Value::Kind::Null) return {};
-    if (metric.word != nullptr) return value.text == metric.word ? 1 : 0;
-    return static_cast<double>(value.number) * metric.factor;
+// Returns whether one of the members that become labels is not null.
+bool HasLabel(const Metric& metric, const Entry& entry) {
+    const auto& members = metric.labels.member;
+    return std::any_of(std::begin(members), std::end(members), [&](const char* member) {
+        return *member != '\0' && entry[member].kind != Value::Kind::Null;
+    });
+}
+
+// Returns the index of the value's string, or that of the null pointer at the end.
+size_t IndexOf(const Words& words, const Value& value) {
+    const auto found = std::find_if(std::begin(words.word), std::end(words.word),
+                                    [&](const char* word) { return word == nullptr || value.text == word; });
+    return static_cast<size_t>(found - std::begin(words.word));
 }
 
 // The samples of a metric.
@@ -214,40 +257,71 @@ class Samples {
     std::string Lines(const Metric& metric) const;
 
   private:
-    std::vector<std::pair<std::string, double>> samples_;  // labels and value
-    std::unordered_map<std::string, size_t> index_;        // from the labels to the index in `samples_`
-    int counts_[std::size(Words{}.word)] = {};
+    void AddToGroup(const Metric& metric, const Entry& entry);
+    void AddValue(const Metric& metric, const Entry& entry, double value);
+
+    std::vector<std::pair<std::string, double>>
+        values_;  // labels and value; of a state set, the index of the word
+    std::unordered_map<std::string, size_t> index_;  // from the labels to the index in `values_`
+    std::optional<double> groups_[std::size(Words{}.word)];
 };
 
 void Samples::Add(const Metric& metric, const Entry& entry) {
-    if (metric.counted != nullptr) {
-        const std::string_view word = entry[metric.member].text;
-        for (size_t i = 0; i < std::size(counts_) && metric.counted->word[i] != nullptr; ++i) {
-            if (word == metric.counted->word[i]) ++counts_[i];
-        }
+    if (metric.group != Group::None) return AddToGroup(metric, entry);
+    if (metric.member[0] == '\0') {
+        if (HasLabel(metric, entry)) AddValue(metric, entry, 1);
         return;
     }
-    const std::optional<double> value = SampleOf(metric, entry);
-    if (!value) return;
+    const Value value = entry[metric.member];
+    if (value.kind == Value::Kind::Null) return;
+    if (metric.words != nullptr) {
+        AddValue(metric, entry, static_cast<double>(IndexOf(*metric.words, value)));
+    } else if (metric.word[0] != '\0') {
+        AddValue(metric, entry, value.text == metric.word ? 1 : 0);
+    } else {
+        AddValue(metric, entry, static_cast<double>(value.number) * metric.factor);
+    }
+}
+
+void Samples::AddToGroup(const Metric& metric, const Entry& entry) {
+    std::optional<double>& sample = groups_[IndexOf(*metric.words, entry[metric.words->label])];
+    if (metric.group == Group::Count) {
+        sample = sample.value_or(0) + 1;
+    } else {
+        const Value value = entry[metric.member];
+        if (value.kind == Value::Kind::Null) return;
+        sample = static_cast<double>(value.number);
+    }
+}
+
+void Samples::AddValue(const Metric& metric, const Entry& entry, double value) {
     // Prometheus rejects two samples with the same labels, so only the one with the lower value is printed.
     // If two memory modules have the same socket number, this reports the failed one.
-    const auto [known, is_new] = index_.emplace(LabelsOf(metric, entry), samples_.size());
-    if (is_new) {
-        samples_.emplace_back(known->first, *value);
-    } else {
-        double& lower = samples_[known->second].second;
-        lower = std::min(lower, *value);
-    }
+    const auto [known, is_new] = index_.emplace(LabelsOf(metric, entry), values_.size());
+    if (is_new) values_.emplace_back(known->first, value);
+    double& lower = values_[known->second].second;
+    lower = std::min(lower, value);
 }
 
 std::string Samples::Lines(const Metric& metric) const {
     std::string lines;
-    for (const auto& [labels, value] : samples_) AppendSample(metric.name, labels, value, lines);
-    if (metric.counted == nullptr) return lines;
-    for (size_t i = 0; i < std::size(counts_) && metric.counted->word[i] != nullptr; ++i) {
-        std::string label;
-        AppendLabel(metric.member, Word(metric.counted->word[i]), label);
-        AppendSample(metric.name, label, counts_[i], lines);
+    if (metric.words == nullptr) {
+        for (const auto& [labels, value] : values_) AppendSample(metric.name, labels, value, lines);
+        return lines;
+    }
+    for (size_t i = 0; metric.words->word[i] != nullptr; ++i) {
+        const auto append = [&](std::string labels, double value) {
+            AppendLabel(metric.words->label, Text(metric.words->word[i]), labels);
+            AppendSample(metric.name, labels, value, lines);
+        };
+        for (const auto& [labels, index] : values_) append(labels, index == static_cast<double>(i) ? 1 : 0);
+        if (metric.group == Group::Count) {
+            append("", groups_[i].value_or(0));
+        } else if (groups_[i] && metric.group == Group::LatestTime) {
+            append("", static_cast<double>(SecondsOf(static_cast<int64_t>(*groups_[i]))));
+        } else if (groups_[i]) {
+            append("", *groups_[i]);
+        }
     }
     return lines;
 }
@@ -266,13 +340,20 @@ class PrometheusWriter : public EntryWriter {
 
     int output_;
     Samples samples_[std::size(kMetrics)];
+    std::string path_;                                      // of the last entry
+    std::vector<size_t> rows_;                              // of kMetrics that have this path
     std::vector<std::pair<std::string_view, int>> errors_;  // of each section
 };
 
 void PrometheusWriter::Take(std::string_view path, const Entry& entry) {
-    for (size_t i = 0; i < std::size(kMetrics); ++i) {
-        if (path == kMetrics[i].path) samples_[i].Add(kMetrics[i], entry);
+    if (path != path_) {
+        path_ = path;
+        rows_.clear();
+        for (size_t i = 0; i < std::size(kMetrics); ++i) {
+            if (path == kMetrics[i].path) rows_.push_back(i);
+        }
     }
+    for (const size_t row : rows_) samples_[row].Add(kMetrics[row], entry);
     if (path != "errors") return;
     const std::string_view failed = entry["section"].text;
     for (auto& [section, count] : errors_) count += section == failed ? 1 : 0;
@@ -287,7 +368,7 @@ void PrometheusWriter::Finish() {
     for (size_t i = 0; i < std::size(kMetrics); ++i) {
         const Metric& metric = kMetrics[i];
         // If the log could be read only in part, the next complete reading would look like many new events.
-        if (metric.counted != nullptr && !IsComplete(metric.path)) continue;
+        if (metric.group != Group::None && !IsComplete(metric.path)) continue;
         AppendMetric(metric.name, metric.help, samples_[i].Lines(metric), text);
     }
     std::string samples;

@@ -11,6 +11,7 @@ std::vector<Section> Sections() {
         {"processors", WriteProcessors},
         {"memory", WriteMemory},
         {"nics", WriteNics},
+        {"port_map", WritePortMap},
         {"fans", WriteFans},
         {"temperatures", WriteTemperatures},
         {"power_supplies", WritePowerSupplies},

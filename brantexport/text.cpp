@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "brantexport/time.h"
+
 namespace {
 
 // Checks eight bytes at a time, because most strings are ASCII.
@@ -48,15 +50,6 @@ void AssignLowerCase(std::string_view word, std::string& text) {
     text.assign(word);
     for (char& letter : text) {
         if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-}
-
-void AssignTime(int64_t time, std::string& text) {
-    text.assign("0000-00-00T00:00");
-    for (const size_t place : {14, 11, 8, 5, 2, 0}) {  // of two digits
-        text[place] = static_cast<char>('0' + time / 10 % 10);
-        text[place + 1] = static_cast<char>('0' + time % 10);
-        time /= 100;
     }
 }
 

@@ -1,7 +1,6 @@
 // The strings of exported values.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,9 +8,6 @@
 
 // Stores a name that the shell prints in `text`, in lower case.
 void AssignLowerCase(std::string_view word, std::string& text);
-
-// Stores a time in `text`, as in ISO 8601: "2006-03-15T14:07". `time` is a number as in Value.
-void AssignTime(int64_t time, std::string& text);
 
 // Returns the string of a value that is a word, text or time, as UTF-8. Text that isn't valid UTF-8 is read
 // as Latin-1. The result refers to the value's string, or to `buffer` if it had to be converted.

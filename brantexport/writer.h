@@ -12,7 +12,7 @@ struct Value {
         Null,    // unknown
         Flag,    // `number` is 0 or 1
         Number,  // `number`
-        Time,    // `number` consists of the digits of year, month, day, hour and minute: 200603151407
+        Time,    // `number` is a time of the event log, as in time.h
         Word,    // `text` is a name that the shell prints; it is exported in lower case
         Text,    // `text` is a string of the firmware or the driver, which may contain any bytes
     };

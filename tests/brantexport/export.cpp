@@ -65,15 +65,23 @@ Values ValuesOf(const std::string& json) {
     return values;
 }
 
-std::string WithoutTimes(const std::string& output) {
-    return output;
+RunResult RunExport(const TestMachine& machine, const std::vector<std::string>& arguments) {
+    RunOptions options;
+    options.environment = {"TZ=UTC0"};
+    RunResult run = RunProgram(ProgramPath("brantexport"), arguments, machine.Directory(), options);
+    const std::pair<const char*, const char*> patterns[] = {
+        {R"x((\n  "exported_at": ")\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ")x", "$012026-11-25T12:30:00Z\""},
+        {R"x((\n  "duration_ms": |duration_seconds )[\d.]+)x", "$017"},
+        {R"x((\n  "version": |info\{version=)"\d+\.\d+\.\d+")x", "$01\"1.1.0\""},
+    };
+    for (const auto& [pattern, constant] : patterns) run.output = ReplaceAll(run.output, pattern, constant);
+    return run;
 }
 
 Exported Export(const TestMachine& machine) {
-    const std::string program = ProgramPath("brantexport");
-    const RunResult json = RunProgram(program, {"--json"}, machine.Directory());
-    const RunResult metrics = RunProgram(program, {"--prometheus"}, machine.Directory());
-    Exported exported{WithoutTimes(json.output), WithoutTimes(metrics.output), json.errors, json.status};
+    const RunResult json = RunExport(machine, {"--json"});
+    const RunResult metrics = RunExport(machine, {"--prometheus"});
+    Exported exported{json.output, metrics.output, json.errors, json.status};
     const bool complete = json.output.find("\"errors\": []") != json.output.npos;
     EXPECT_EQ(json.status, complete ? 0 : 1) << json.output;
     EXPECT_EQ(metrics.status, json.status);

@@ -18,8 +18,9 @@ struct Exported {
 // "true"}. The path of a list ends with a colon, its value is the number of entries. Expects valid JSON.
 std::vector<std::pair<std::string, std::string>> ValuesOf(const std::string& json);
 
-// Replaces the document's time and duration, which differ between two runs.
-std::string WithoutTimes(const std::string& output);
+// Runs brantexport in the time zone UTC. Replaces the time, the duration and the version in its output, if
+// they have the right form, by constants.
+RunResult RunExport(const TestMachine& machine, const std::vector<std::string>& arguments);
 
 // Runs brantexport with --json and with --prometheus. Expects the same status and messages of both, and a
 // status of 1 if the document has errors, otherwise 0.

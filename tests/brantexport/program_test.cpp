@@ -1,6 +1,8 @@
 // Tests of the program brantexport: its arguments, its streams and its exit status.
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "mkmachine/models.h"
 #include "tests/brantexport/export.h"
 #include "tests/support/pattern.h"
@@ -9,7 +11,8 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: brantexport [--json | --prometheus] [SECTION...]\n"
-    "sections: system processors memory nics fans temperatures power_supplies uid asr settings versions "
+    "sections: system processors memory nics port_map fans temperatures power_supplies uid asr settings "
+    "versions "
     "events\n";
 
 struct ArgumentsCase {
@@ -32,7 +35,7 @@ TEST(Arguments, SelectSections) {
     for (const ArgumentsCase& c : cases) {
         const RunResult run = RunProgram(ProgramPath("brantexport"), c.arguments, machine.Directory());
         std::vector<std::string> sections;
-        for (const Match& key : MatchAll(run.output, "\n  \"(\\w+)\"")) sections.push_back(key[1]);
+        for (const Match& key : MatchAll(run.output, "\n  \"(\\w+)\": [^\"\\d]")) sections.push_back(key[1]);
         EXPECT_EQ(sections, c.sections) << c.arguments[0];
         EXPECT_EQ(run.errors, c.sections.empty() ? kUsage : "") << c.arguments[0];
         EXPECT_EQ(run.status, c.sections.empty() ? 2 : 0) << c.arguments[0];
@@ -104,7 +107,29 @@ TEST(Program, EndsWithAMessageAndAStatus) {
         EXPECT_EQ(run.status, c.status) << c.catches;
     }
     const std::string whole = RunProgram(ProgramPath("brantexport"), {}, machine.Directory()).output;
-    EXPECT_EQ(parent.Read("out"), whole.substr(0, 8 * 512));
+    constexpr size_t kAfterTheTime = 100;
+    EXPECT_EQ(parent.Read("out").substr(kAfterTheTime), whole.substr(kAfterTheTime, 8 * 512 - kAfterTheTime));
+}
+
+TEST(Program, ReportsTimes) {
+    TestMachine machine("tr500k2");
+    const TestMachine parent;
+    const std::string command = "cd " + parent.Directory() + "; export TZ=ABC-5; date -u +%FT%TZ >before; " +
+                                InShell("brantexport") + " events >json; date -u +%FT%TZ >after; " +
+                                InShell("brantexport") + " --prometheus events";
+    const auto start = std::chrono::steady_clock::now();
+    const std::string metrics = RunProgram("/bin/sh", {"-c", command}, machine.Directory()).output;
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    const std::string json = parent.Read("json");
+    const std::string exported_at = MatchAll(json, "exported_at\": \"([^\"]+)")[0][1] + "\n";
+    EXPECT_LE(parent.Read("before"), exported_at);
+    EXPECT_GE(parent.Read("after"), exported_at);
+    const std::chrono::milliseconds duration(std::stoi(MatchAll(json, "duration_ms\": (\\d+)")[0][1]));
+    EXPECT_GT(duration.count(), 0);
+    EXPECT_LT(duration, elapsed);
+    // The newest information is of 2006-04-11T21:37, in the server's time zone.
+    EXPECT_TRUE(Contains(metrics, "newest_event_timestamp_seconds\\{severity=\"info\"\\} 1144773420\n"))
+        << metrics;
 }
 
 // Fails one allocation of each run: each of the first 30, then at growing intervals. Expects a complete

@@ -159,6 +159,11 @@ void ShortTexts(TestMachine& machine) {
     machine.Variable(kServerNameVariable, std::string("ab\0d\0\0\0\0\0\0\0\0\0\0\0op\0q\0", 19));
 }
 
+void Utf8Texts(TestMachine& machine) {
+    machine.Variable(kAssetVariable, "Z\xC3\xBCrich \xE2\x82\xAC \xF0\x9F\x98\x80" + std::string(200, '\0'));
+    machine.Variable(kServerNameVariable, std::string("12345678901234\xC3\xBCrich-1\0\0\0\0\0\0\0\0", 30));
+}
+
 struct Case {
     const char* what;
     void (*model)(Model& model);  // either may be null
@@ -174,9 +179,9 @@ const Case kCases[] = {
     {"texts of the firmware",
      [](Model& model) {
          model.product_name = "corvex \"\\\n\xE9\x01";
-         model.hardware.serial = "";
+         model.hardware.serial = "\xED\xA0\x80";  // a surrogate
          model.hardware.rom_version = "Z\xFF\"";
-         model.hardware.rom_date = "?";
+         model.hardware.rom_date = "\xC0\xAF?\xE2\x82";  // an overlong form, and a truncated one
      },
      nullptr},
     {"no data", nullptr, NoDataAvailable},
@@ -184,6 +189,7 @@ const Case kCases[] = {
     {"events", nullptr, Events},
     {"full texts", nullptr, FullTexts},
     {"short texts", nullptr, ShortTexts},
+    {"UTF-8 texts", nullptr, Utf8Texts},
 };
 
 // Exports a machine of `model` with three events in its log, after `change`.
@@ -235,10 +241,9 @@ TEST(ExportedValues, OfEachModel) {
         TestMachine machine;
         MakeMachine(model, machine.Directory(), 3);
         const std::string golden = "brantexport/" + std::string(model.name);
-        const std::string program = ProgramPath("brantexport");
-        const std::string json = RunProgram(program, {}, machine.Directory()).output;
+        const std::string json = RunExport(machine, {}).output;
         ExpectGolden(golden + ".json", json);
-        ExpectGolden(golden + ".prom", RunProgram(program, {"--prometheus"}, machine.Directory()).output);
+        ExpectGolden(golden + ".prom", RunExport(machine, {"--prometheus"}).output);
         documents.push_back(json);
     }
     ExpectFits(documents);

@@ -1,0 +1,98 @@
+#include "brantexport/time.h"
+
+#include <cstdio>
+#include <iterator>
+
+namespace {
+
+// The positions of the two-digit numbers in a string such as "2006-03-15T14:07".
+constexpr size_t kPlaces[] = {0, 2, 5, 8, 11, 14};
+constexpr std::string_view kForm = "0000-00-00T00:00";
+
+// Return the number of days in a month, from 1 to 12, and in a year.
+int DaysOf(int year, int month) {
+    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    return kDays[month - 1] + (month == 2 && leap ? 1 : 0);
+}
+
+int DaysOf(int year) {
+    return 365 + DaysOf(year, 2) - 28;
+}
+
+bool IsValid(const EVT_TIME_STAMP& time) {
+    return time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
+           time.bDay >= 1 && time.bDay <= DaysOf(time.bCentury * 100 + time.bYear, time.bMonth) &&
+           time.bHour < 24 && time.bMinute < 60;
+}
+
+}  // namespace
+
+std::optional<int64_t> TimeOf(const EVT_TIME_STAMP& time) {
+    if (!IsValid(time)) return {};
+    int64_t number = 0;
+    for (const uint8_t part : {time.bCentury, time.bYear, time.bMonth, time.bDay, time.bHour, time.bMinute}) {
+        number = number * 100 + part;
+    }
+    return number;
+}
+
+std::optional<int64_t> ParseTime(std::string_view text) {
+    constexpr size_t kDateSize = 10;
+    std::string form(text);
+    if (form.size() == kDateSize) form += kForm.substr(kDateSize);
+    if (form.size() != kForm.size()) return {};
+    for (size_t i = 0; i < form.size(); ++i) {
+        const bool is_digit = form[i] >= '0' && form[i] <= '9';
+        if (kForm[i] == '0' ? !is_digit : form[i] != kForm[i]) return {};
+    }
+    const auto part = [&](size_t place) {
+        return static_cast<uint8_t>((form[place] - '0') * 10 + form[place + 1] - '0');
+    };
+    return TimeOf({part(0), part(2), part(5), part(8), part(11), part(14)});
+}
+
+void AssignTime(int64_t time, std::string& text) {
+    text.assign(kForm);
+    for (auto place = std::rbegin(kPlaces); place != std::rend(kPlaces); ++place) {
+        text[*place] = static_cast<char>('0' + time / 10 % 10);
+        text[*place + 1] = static_cast<char>('0' + time % 10);
+        time /= 100;
+    }
+}
+
+time_t SecondsOf(int64_t time) {
+    const auto part = [&](int64_t unit) { return static_cast<int>(time / unit % 100); };
+    std::tm parts{};
+    parts.tm_year = static_cast<int>(time / 100000000) - 1900;
+    parts.tm_mon = part(1000000) - 1;
+    parts.tm_mday = part(10000);
+    parts.tm_hour = part(100);
+    parts.tm_min = part(1);
+    parts.tm_isdst = -1;  // as the time zone has it on that day
+    return std::mktime(&parts);
+}
+
+int64_t LocalTime(time_t seconds) {
+    std::tm parts{};
+    localtime_r(&seconds, &parts);
+    int64_t number = parts.tm_year + 1900;
+    for (const int part : {parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min}) {
+        number = number * 100 + part;
+    }
+    return number;
+}
+
+std::string UtcText(time_t seconds) {
+    constexpr int kSecondsOfDay = 24 * 60 * 60;
+    auto day = static_cast<int>(seconds / kSecondsOfDay);
+    int year = 1970;
+    for (; day >= DaysOf(year); ++year) day -= DaysOf(year);
+    int month = 1;
+    for (; day >= DaysOf(year, month); ++month) day -= DaysOf(year, month);
+    const auto second = static_cast<int>(seconds % kSecondsOfDay);
+    char text[64];
+    std::snprintf(text, sizeof text, "%d-%02d-%02dT%02d:%02d:%02dZ", year, month, day + 1, second / 3600,
+                  second / 60 % 60, second % 60);
+    return text;
+}

@@ -1,0 +1,30 @@
+// Times of the event log, which have no time zone because the firmware stores none. A time is a number that
+// consists of the digits of year, month, day, hour and minute: 200603151407. So a later time is a higher
+// number.
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "include/event_log.h"
+
+// Returns nothing if the time is invalid, such as February 30.
+std::optional<int64_t> TimeOf(const EVT_TIME_STAMP& time);
+
+// Parses a time such as "2006-03-15T14:07", or a date, which is that day at 00:00. Returns nothing if `text`
+// has another form or the time is invalid.
+std::optional<int64_t> ParseTime(std::string_view text);
+
+// Stores a time in `text`, as in ISO 8601: "2006-03-15T14:07".
+void AssignTime(int64_t time, std::string& text);
+
+// Convert between a time of the server's time zone and seconds since 1970. SecondsOf returns -1 if a time_t
+// can't contain the result.
+time_t SecondsOf(int64_t time);
+int64_t LocalTime(time_t seconds);
+
+// Returns the time in UTC as in ISO 8601: "2026-11-25T12:30:00Z". gmtime_r would read the time zone, too.
+std::string UtcText(time_t seconds);
