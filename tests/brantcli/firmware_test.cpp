@@ -87,6 +87,7 @@ const NicCase kNics[] = {
     {"neither the record nor the variable exists", {}, "", "UNKNOWN"},
     {"the ROM variable is preferred to the record, or empty entries are stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
     {"entries after the eighth NIC are stored, or an empty one counts", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes(), ManyNics()},
+    {"the ROM variable is used because the record has no NIC", {kOther}, NicRecord(1, {kNone}).Bytes(), "0"},
     {"a truncated entry counts", {}, NicRecord(1, {kNic, kOther}).TruncateTo(19).Bytes(), "1" + kMac1},
 };
 // clang-format on

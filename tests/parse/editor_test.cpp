@@ -225,7 +225,7 @@ TEST(Editor, DiscardsALineThatIsTooLongAndItsRest) {
                       rejection =
                           kPrompt + too_long + "\a\nInvalid Command - command line too long.\n" + kPrompt;
     const std::string script = "{ printf 'HELP EXIT\\n" + too_long + "CLEAR'; sleep .1; " +
-                               "printf ' HLOG\\t\\377\\rHELP QUIT\\n'; } | " + InShell("brantcli");
+                               "printf ' HLOG\\t\\377\\nHELP QUIT\\n'; } | " + InShell("brantcli");
     const std::string output = RunProgram("/bin/sh", {"-c", script}, machine.Directory()).output;
     ASSERT_NE(output.find(rejection), output.npos) << output;
     EXPECT_EQ(output.substr(output.find(rejection)),

@@ -41,6 +41,7 @@ class MachineCopies : public testing::TestWithParam<std::string> {
         const std::string copy = parent.Directory() + "/copy";
         const RunResult saved = Save(machine, copy);
         EXPECT_EQ(saved.status, 0) << saved.errors;
+        EXPECT_EQ(fs::file_size(copy + "/xsvc") % 0x10000, 0U) << "not whole pages of the largest size";
         for (const std::string& script : ShowScripts(scripts)) {
             const RunResult on_machine = machine.Script(script);
             const RunResult on_copy = RunProgram(ProgramPath("brantcli"), {"-s", script}, copy);
@@ -122,6 +123,7 @@ TEST_P(MachineCopies, OfMachinesWithFaultsShowTheSame) {
     };
     for (const std::string& faults : cases) {
         RestorableMachine machine(GetParam());
+        machine.Write("casr/enabled", "2\n");  // enabled, like every number except 0
         machine.Fault(faults);
         EXPECT_NE(Compare(machine, faults, kOneForAll), "")
             << "no message about the failed calls: " << faults;
@@ -198,6 +200,10 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
         {"a full disk", "ulimit -f 1000; $1 $2/a", "savemachine: $2/a: File too large\n", 1},
         {"foreign hardware", ">$2/xsvc; BRANT_MACHINE=$2 $1 $2/a; s=$?; rm $2/xsvc; exit $s",
          "ERROR: savemachine only runs on VX hardware.\n", 1},
+        {"another line of servers",
+         "cp -r $BRANT_MACHINE $2/m; LC_ALL=C sed -i s/Corvex/Vertex/ $2/m/xsvc; BRANT_MACHINE=$2/m $1 $2/a; "
+         "s=$?; rm -r $2/m; exit $s",
+         "ERROR: savemachine only runs on VX Corvex Servers.\n", 1},
         {"another user", "setpriv --ruid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
         // cases: the copy succeeds, and the command removes it
         {"messages that nobody reads",
