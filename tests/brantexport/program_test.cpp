@@ -94,7 +94,7 @@ TEST(Program, EndsWithAMessageAndAStatus) {
         {"no standard output", "$P >&-", "brantexport: Bad file descriptor\n", 1},
         {"no standard error", "$P uid >$D/uid 2>&-", "", 0},
         {"another user", "setpriv --reuid=65534 $P", "ERROR: You must be root to run brantexport.\n", 1},
-        {"foreign hardware", "BRANT_MACHINE=/ $P", "ERROR: brantexport only runs on VX hardware.\n", 1},
+        {"foreign hardware", ">$D/xsvc; BRANT_MACHINE=$D $P", "ERROR: brantexport only runs on VX hardware.\n", 1},
     };
     TestMachine machine("tr500k2");
     const TestMachine parent;
