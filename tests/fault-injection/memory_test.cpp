@@ -29,12 +29,14 @@ class FailingAllocations : public testing::TestWithParam<std::string> {
     size_t FailEach(RestorableMachine& machine, const std::string& script, size_t failing) {
         const Files original = machine.State();
         std::vector<Files> states;
+        std::vector<std::string> outputs;
         for (;; ++failing) {
             RunOptions options;
             options.environment = {"BRANT_FAIL_ALLOCATION=" + std::to_string(failing)};
             const RunResult run =
                 RunProgram(ProgramPath("brantcli_interposed"), {"-s", script}, machine.Directory(), options);
             states.push_back(machine.Restore());
+            outputs.push_back(run.output);
             if (run.errors.empty()) break;
             ++failures_;
 
@@ -48,9 +50,12 @@ class FailingAllocations : public testing::TestWithParam<std::string> {
                 unseen_.erase(message);
             }
         }
-        for (const Files& state : states) {
-            EXPECT_TRUE(state == original || state == states.back() || MayChangePartially(script))
+        const bool examines_result = script.rfind("SET UID", 0) != 0;
+        for (size_t i = 0; i < states.size(); ++i) {
+            EXPECT_TRUE(states[i] == original || states[i] == states.back() || MayChangePartially(script))
                 << script << ": a failed allocation left a part of the change in the files";
+            EXPECT_TRUE(states[i] == states.back() || outputs[i] != outputs.back() || !examines_result)
+                << script << ": reported success without the change";
         }
         return failing;
     }

@@ -172,7 +172,7 @@ constexpr Case kCases[] = {
     {kFull, "an undefined number has a name", "ZTSBKT=00000000000000000000fe", "SHOW SERIAL VIRTUAL"},
     // cases: the recovery timer, the server's name, the switches and the versions
     {kOrdinary, "the state is shown as the minutes", "ZTHCPR=0203140405060708", "ENABLE ASR; SHOW ASR; DISABLE ASR; SHOW ASR"},
-    {kOrdinary, "an invalid number is accepted, or one that wraps to a valid one", "", "SET ASR 12; SET ASR TEN; SET ASR 4294967301"},
+    {kOrdinary, "an invalid number is accepted, or one that wraps to a valid one", "", "SET ASR 12; SET ASR TEN; SET ASR 4294967301; SET ASR -4294967291"},
     {kOrdinary, "a half has one character too many or too few, or no NULs", "",
      "SET NAME abcdefghijklmnOPQRSTUVWXYZ12; SHOW NAME; SET NAME abcdefghijklmnOPQRSTUVWXYZ123; SET NAME \"My Server\""},
     {kOrdinary, "an empty first half is shown", "ZTHLS1=00410000000000000000000000000042", "SHOW NAME"},

@@ -204,6 +204,10 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
          "cp -r $BRANT_MACHINE $2/m; LC_ALL=C sed -i s/Corvex/Vertex/ $2/m/xsvc; BRANT_MACHINE=$2/m $1 $2/a; "
          "s=$?; rm -r $2/m; exit $s",
          "ERROR: savemachine only runs on VX Corvex Servers.\n", 1},
+        {"memory that disappears",
+         "cp -r $BRANT_MACHINE $2/m; export BRANT_MACHINE=$2/m; BRANT_AFTER_MKDIR=\"rm -f $2/m/xsvc\" "
+         "$1_interposed $2/a; s=$?; rm -r $2/m; exit $s",
+         "smbios: ReadPhysMem: mmap FAILED\nsavemachine: the BIOS area can't be read any more\n", 1},
         {"another user", "setpriv --ruid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
         // cases: the copy succeeds, and the command removes it
         {"messages that nobody reads",
