@@ -1,15 +1,13 @@
 # Installs the programs and their documentation, and defines the packages that tools/package builds and tests.
 include(GNUInstallDirs)
 
-foreach(program brantcli brantexport savemachine)  # these programs need root
-  if(TARGET ${program})
-    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
-  endif()
-endforeach()
+install(TARGETS brantcli brantexport savemachine RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})  # they need root
+set(completed brantexport savemachine)
 if(BRANT_PLATFORM STREQUAL "sim")
   install(TARGETS mkmachine RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  list(APPEND completed mkmachine)
 endif()
-foreach(program brantexport savemachine mkmachine)  # bash looks for a file with the name of the command
+foreach(program IN LISTS completed)  # bash looks for a file with the name of the command
   install(FILES packaging/completion.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME ${program})
 endforeach()
@@ -23,19 +21,26 @@ function(install_compressed file folder name)
   install(FILES ${compressed} DESTINATION ${folder})
 endfunction()
 
-file(GLOB pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/man/*)
-foreach(page IN LISTS pages)
-  cmake_path(GET page EXTENSION LAST_ONLY section)
-  cmake_path(GET page FILENAME name)
-  string(SUBSTRING ${section} 1 -1 section)
-  install_compressed(${page} ${CMAKE_INSTALL_MANDIR}/man${section} ${name})
-endforeach()
+if(BRANT_PLATFORM STREQUAL "sim")
+  file(GLOB pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/man/*)
+  foreach(page IN LISTS pages)
+    cmake_path(GET page EXTENSION LAST_ONLY section)
+    cmake_path(GET page FILENAME name)
+    string(SUBSTRING ${section} 1 -1 section)
+    install_compressed(${page} ${CMAKE_INSTALL_MANDIR}/man${section} ${name})
+  endforeach()
+  install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_INSTALL_DOCDIR} changelog)
+else()
+  # Solaris can't display docs/man. Its pages are in the source archive, because mandoc, which converts them, isn't
+  # available on a server.
+  install(DIRECTORY man/ DESTINATION ${CMAKE_INSTALL_MANDIR} OPTIONAL)
+  install(FILES CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+endif()
 
 install(FILES README.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} PATTERN man EXCLUDE)
 install(DIRECTORY contrib/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples USE_SOURCE_PERMISSIONS)
 install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${CMAKE_INSTALL_DOCDIR} changelog)
 
 # Checks that the newest release in the changelog has this version. A section "Unreleased" may precede it.
 file(STRINGS CHANGELOG.md releases REGEX "^## [0-9]")
