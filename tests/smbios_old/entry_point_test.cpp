@@ -58,7 +58,8 @@ SMBIOSEntryPoint Entry(const Case& c) {
 TEST(EntryPoint, IsFoundOnlyIfItIsCompleteAndValid) {
     for (const Case& c : kCases) {
         LoadedTables tables;
-        tables.Machine().PhysicalMemory(c.address, MachineBuilder::Plain(Entry(c)));
+        // The byte before the entry point is one with which another could begin.
+        tables.Machine().PhysicalMemory(c.address - 1, "_" + MachineBuilder::Plain(Entry(c)));
         testing::internal::CaptureStderr();
         EXPECT_EQ(tables.Load(), c.end == kLoaded) << c.catches;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), c.end == kUnreadable ? kMapFailed : "")
