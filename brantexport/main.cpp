@@ -1,5 +1,7 @@
-// brantexport [--json | --prometheus] [SECTION...]: prints the values of the SHOW commands for other
+// brantexport [--json | --prometheus | --http] [SECTION...]: prints the values of the SHOW commands for other
 // programs.
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -10,7 +12,10 @@
 #include <vector>
 
 #include "brantexport/document.h"
+#include "brantexport/http.h"
 #include "brantexport/json.h"
+#include "brantexport/output.h"
+#include "brantexport/privileges.h"
 #include "brantexport/prometheus.h"
 #include "brantexport/sections.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
@@ -22,8 +27,14 @@ namespace {
 
 constexpr char kProgram[] = "brantexport";
 
+// The user who serves the metrics over HTTP, and the longest time for this in seconds, after which the system
+// ends the process. It only matters if the driver doesn't reply.
+constexpr char kHttpUser[] = "nobody";
+constexpr unsigned kLongestHttpRun = 60;
+
 struct Options {
     bool prometheus = false;
+    bool http = false;
     std::vector<Section> sections;  // the requested ones or all, in the order of Sections()
 };
 
@@ -35,8 +46,9 @@ bool ReadOptions(int argc, char** argv, Options& options) {
         const std::string argument = argv[i];
         const auto has_name = [&](const Section& section) { return argument == section.name; };
         const auto found = std::find_if(all.begin(), all.end(), has_name);
-        if (argument == "--json" || argument == "--prometheus") {
+        if (argument == "--json" || argument == "--prometheus" || argument == "--http") {
             options.prometheus = argument == "--prometheus";
+            options.http = argument == "--http";
         } else if (found == all.end()) {
             return false;
         } else {
@@ -53,7 +65,7 @@ bool ReadOptions(int argc, char** argv, Options& options) {
 void PrintUsage() {
     std::string names;
     for (const Section& section : Sections()) names += std::string(names.empty() ? "" : " ") + section.name;
-    std::fprintf(stderr, "usage: brantexport [--json | --prometheus] [SECTION...]\nsections: %s\n",
+    std::fprintf(stderr, "usage: brantexport [--json | --prometheus | --http] [SECTION...]\nsections: %s\n",
                  names.c_str());
 }
 
@@ -62,6 +74,35 @@ void StartUp() {
     OpenAvailableDevices();
     FindEmbeddedNics();
     got_kelm = find_kelm();
+}
+
+// Reads the sections as metrics and closes the devices. Returns null, or the reason if the hardware can't be
+// read at all; `metrics` is then empty.
+const char* ReadMetrics(const std::vector<Section>& sections, std::string& metrics) {
+    if (!CheckUser(kProgram)) return "brantexport was not started as root.";
+    if (!CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) {
+        return "This is not a Corvex server, or its firmware can't be read.";
+    }
+    StartUp();
+    Errors errors;
+    WriteDocument(*NewPrometheusWriter(metrics, sections), sections, errors);
+    CloseDevices();
+    return nullptr;
+}
+
+// Answers one HTTP request. Reads the hardware first and then gives up root, so that no byte of the client is
+// read as root.
+int Serve(int output, const std::vector<Section>& sections) {
+    if (!SeparateMessages(output)) return 1;
+    alarm(kLongestHttpRun);
+    std::string metrics;
+    const char* const failure = ReadMetrics(sections, metrics);
+    CloseOtherDescriptors(output);
+    if (const char* const reason = DropRoot(kHttpUser)) {
+        ReportRootRemains(kProgram, kHttpUser, reason);
+        return 1;
+    }
+    return ServeHttpRequest(STDIN_FILENO, output, metrics, failure != nullptr ? failure : "") ? 0 : 1;
 }
 
 }  // namespace
@@ -76,14 +117,17 @@ int main(int argc, char** argv) try {
         PrintUsage();
         return 2;
     }
+    if (options.http) return Serve(output, options.sections);
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     StartUp();
+    std::string metrics;
     const std::unique_ptr<Writer> writer =
-        options.prometheus ? NewPrometheusWriter(output, options.sections) : NewJsonWriter(output);
+        options.prometheus ? NewPrometheusWriter(metrics, options.sections) : NewJsonWriter(output);
     Errors errors;
     WriteDocument(*writer, options.sections, errors);
     CloseDevices();
+    WriteOutput(output, metrics);
     return errors.List().empty() ? 0 : 1;
 } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "%s: out of memory\n", kProgram);

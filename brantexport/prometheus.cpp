@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "brantexport/entries.h"
-#include "brantexport/output.h"
 #include "brantexport/text.h"
 #include "brantexport/time.h"
 
@@ -328,7 +327,7 @@ std::string Samples::Lines(const Metric& metric) const {
 
 class PrometheusWriter : public EntryWriter {
   public:
-    PrometheusWriter(int output, const std::vector<Section>& sections) : output_(output) {
+    PrometheusWriter(std::string& text, const std::vector<Section>& sections) : text_(text) {
         for (const Section& section : sections) errors_.emplace_back(section.name, 0);
     }
     void Finish() override;
@@ -338,7 +337,7 @@ class PrometheusWriter : public EntryWriter {
     // Returns whether a section was exported completely.
     bool IsComplete(std::string_view section) const;
 
-    int output_;
+    std::string& text_;
     Samples samples_[std::size(kMetrics)];
     std::string path_;                                      // of the last entry
     std::vector<size_t> rows_;                              // of kMetrics that have this path
@@ -379,11 +378,11 @@ void PrometheusWriter::Finish() {
     }
     AppendMetric("brant_read_errors", "What could not be read of a section.", samples, text);
     text += "# EOF\n";  // a comment that shows that the text is complete
-    WriteOutput(output_, text);
+    text_ = std::move(text);
 }
 
 }  // namespace
 
-std::unique_ptr<Writer> NewPrometheusWriter(int output, const std::vector<Section>& sections) {
-    return std::make_unique<PrometheusWriter>(output, sections);
+std::unique_ptr<Writer> NewPrometheusWriter(std::string& text, const std::vector<Section>& sections) {
+    return std::make_unique<PrometheusWriter>(text, sections);
 }

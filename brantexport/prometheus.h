@@ -2,12 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "brantexport/sections.h"
 #include "brantexport/writer.h"
 
-// Returns a writer that converts the values of `sections` to gauges with labels and, at the end, writes them
-// into the descriptor `output`. A null value has no sample. If the event log could not be read to its end,
-// its entries are not counted. The last line is "# EOF".
-std::unique_ptr<Writer> NewPrometheusWriter(int output, const std::vector<Section>& sections);
+// Returns a writer that converts the values of `sections` to gauges with labels and, at the end, stores them
+// in `text`. A null value has no sample. If the event log could not be read to its end, its entries are not
+// counted. The last line is "# EOF".
+std::unique_ptr<Writer> NewPrometheusWriter(std::string& text, const std::vector<Section>& sections);

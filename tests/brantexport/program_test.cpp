@@ -10,7 +10,7 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: brantexport [--json | --prometheus] [SECTION...]\n"
+    "usage: brantexport [--json | --prometheus | --http] [SECTION...]\n"
     "sections: system processors memory nics port_map fans temperatures power_supplies uid asr settings "
     "versions "
     "events\n";
