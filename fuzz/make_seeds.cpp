@@ -129,6 +129,15 @@ void AddMachine(Seeds& seeds, const std::string& machine) {
     std::filesystem::remove_all(machine);
 }
 
+void AddRequests(Seeds& seeds) {
+    for (const char* request :
+         {"GET /metrics HTTP/1.0\r\n\r\n", "HEAD http://[::1]:80/metrics?a=b HTTP/1.1\r\nHost: h\r\n\r\n",
+          "\r\nPOST / HTTP/1.1\r\nHost: h\r\nContent-Length: 2\r\nA: b\r\n c\r\n\r\nxx",
+          "GET /metrics HTTP/1.1\r\nHOST:h\r\nTransfer-Encoding: \tchunked \r\n\r\n0\r\n\r\n"}) {
+        for (const char part : {'\0', '\x80', '\xFF'}) seeds.Add(part + std::string(request));
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
@@ -138,13 +147,14 @@ int main(int argc, char** argv) try {
     }
     const std::string directory = argv[1];
     Seeds smbios(directory, "smbios"), event(directory, "event"), line(directory, "line"),
-        keys(directory, "keys"), machine(directory, "machine");
+        keys(directory, "keys"), machine(directory, "machine"), http(directory, "http");
     AddTables(smbios);
     AddEvents(event);
     AddCommands(line, keys);
     WriteDictionary(directory + "/words");
     AddEditing(keys);
     AddMachine(machine, directory + "/made");
+    AddRequests(http);
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "make_seeds: %s\n", error.what());
