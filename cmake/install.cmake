@@ -12,6 +12,12 @@ foreach(program IN LISTS completed)  # bash looks for a file with the name of th
     RENAME ${program})
 endforeach()
 
+# The units for brantexport --http. Nothing enables them.
+if(BRANT_PLATFORM STREQUAL "sim")
+  install(FILES packaging/systemd/brantexport.socket packaging/systemd/brantexport@.service
+    DESTINATION lib/systemd/system)
+endif()
+
 # Installs a compressed copy of a file. gzip -n omits the file's name and time, so that the result is reproducible.
 function(install_compressed file folder name)
   set(compressed ${CMAKE_BINARY_DIR}/compressed/${name}.gz)
