@@ -74,7 +74,7 @@ class MachineCopies : public testing::TestWithParam<std::string> {
 
 // ENABLE PXE reads more bytes of the NIC settings than SHOW NIC. The faults are those of the records after
 // the last power supply, module and cartridge.
-TEST(SaveMachine, CopiesWholeNicSettingsAndRequestsNoRecordAfterTheLast) {
+TEST(SaveMachine, CopiesWholeNicSettingsAndOneNodeButNoRecordAfterTheLast) {
     TestMachine machine("tr500k2");
     machine.Variable("ZTHNIC", std::string(100, '\1'));
     for (const char* const record : {"159.4.0", "1706.0.5", "1706.2.0"}) {
@@ -82,6 +82,8 @@ TEST(SaveMachine, CopiesWholeNicSettingsAndRequestsNoRecordAfterTheLast) {
     }
     const TestMachine parent;
     EXPECT_EQ(Save(machine, parent.Directory() + "/copy").errors, "");
+    EXPECT_EQ(parent.Read("copy/picl"),
+              "picl\n  platform\n    obp-device vendor-id=0x1c4e device-id=0x6d19\n");
     EXPECT_EQ(parent.Read("copy/crom/ZTHNIC"), std::string(100, '\1'));
 }
 
