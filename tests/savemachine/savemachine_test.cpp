@@ -82,6 +82,7 @@ TEST(SaveMachine, CopiesWholeNicSettingsAndOneNodeButNoRecordAfterTheLast) {
     }
     const TestMachine parent;
     EXPECT_EQ(Save(machine, parent.Directory() + "/copy").errors, "");
+    EXPECT_FALSE(fs::exists(parent.Directory() + "/copy/faults"));
     EXPECT_EQ(parent.Read("copy/picl"),
               "picl\n  platform\n    obp-device vendor-id=0x1c4e device-id=0x6d19\n");
     EXPECT_EQ(parent.Read("copy/crom/ZTHNIC"), std::string(100, '\1'));
