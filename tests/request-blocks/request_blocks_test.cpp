@@ -18,7 +18,7 @@
 #include "include/rom_variables.h"
 #include "mkmachine/events.h"
 #include "platform/request.h"
-#include "savemachine/machine_copy.h"
+#include "savemachine/parts.h"
 #include "tests/misc-commands/listing_shape.h"
 #include "tests/support/test_machine.h"
 

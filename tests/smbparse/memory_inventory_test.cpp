@@ -82,7 +82,10 @@ const Case kCases[] = {
     {"a truncated speed", At("").TruncateTo(22).Bytes(), "0.1 1024 0 8/5\n"},
     {"a truncated type detail", At("").TruncateTo(20).Bytes(), "0.1 1024 0 8/1\n"},
     {"a locator beyond the record", At("DIMM 4").TruncateTo(16).Bytes(), "0.1 1024 0 8/1\n"},
-    {"a truncated array handle", At("").TruncateTo(5).Bytes(), ""},
+    {"a truncated array handle taken for 0", Array(0).Bytes() + At("").TruncateTo(5).Bytes(), ""},
+    {"a truncated device handle taken for 0",
+     MemoryDeviceRecord({0, kHandle, "", 1, 1}).Bytes() + DimmLocationRecord(1, 0, 5, 6).TruncateTo(5).Bytes(),
+     "0.1 1024 1 8/5\n"},
     // cases: several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
      "1.1 1024 0 8/5\n1.4 4096 0 8/5\n3.3 2048 0 8/5\n"},

@@ -75,6 +75,8 @@ const Case kCases[] = {
     {"characters after the 255th", Socket(std::string(250, ' ') + "Proc 72")},
     {"an OEM record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7")},
     {"an OEM record of another processor", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7")},
+    {"an OEM record whose truncated handle is taken for 0",
+     ProcInfoRecord(9, 0, 3).TruncateTo(5).Bytes() + ProcessorRecord({0, "Proc 7", 1}).Bytes()},
     // cases: cores and threads
     {"cores without threads", FourCores().TruncateTo(37).Bytes()},
     {"the last byte of the record ignored", FourCores().TruncateTo(38).Bytes()},
@@ -87,8 +89,8 @@ const Case kCases[] = {
     {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).TruncateTo(28).Bytes()},
     {"a record that isn't a cache, or a later one",
      BiosRecord("", "").Bytes() + Cached(0, 2, 8) + Caches(0).Bytes()},
-    {"a shared cache shown for one processor only",
-     Cached(0x72, 8, 8) + Caches(0x72).Bytes() + Caches(0x72).Bytes()},
+    {"a shared cache shown for one processor only, or a level of more than 3 bits",
+     Cached(0x72, 16, 8) + Caches(0x72).Bytes() + Caches(0x72).Bytes()},
 };
 
 }  // namespace
