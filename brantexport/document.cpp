@@ -1,9 +1,6 @@
 #include "brantexport/document.h"
 
-#include <sys/time.h>
-
 #include <cstdint>
-#include <ctime>
 
 #include "brantexport/time.h"
 #include "src/utils/version.h"
@@ -14,11 +11,13 @@ namespace {
 // member is renamed, removed, or gets other values. docs/brantexport.schema.json contains it, too.
 constexpr int kSchemaVersion = 1;
 
-// Returns the milliseconds since 1970.
-int64_t Now() {
-    timeval now{};
-    gettimeofday(&now, nullptr);
-    return int64_t{now.tv_sec} * 1000 + now.tv_usec / 1000;
+// Returns the time in UTC, such as "2026-11-25T12:30:00Z".
+std::string UtcText(int64_t milliseconds) {
+    const int64_t seconds = milliseconds / 1000;
+    std::string text;
+    AssignTime(UtcTime(static_cast<time_t>(seconds)), text);
+    const std::string second = std::to_string(100 + seconds % 60).substr(1);  // two digits
+    return text + ':' + second + 'Z';
 }
 
 void WriteErrors(Writer& writer, const Errors& errors) {
@@ -35,11 +34,11 @@ void WriteErrors(Writer& writer, const Errors& errors) {
 }  // namespace
 
 void WriteDocument(Writer& writer, const std::vector<Section>& sections, Errors& errors) {
-    const int64_t start = Now();
+    const int64_t start = Milliseconds();
     writer.BeginObject();
     writer.Add("schema_version", kSchemaVersion);
     writer.Add("version", Text(kVersion));
-    writer.Add("exported_at", Text(UtcText(static_cast<time_t>(start / 1000))));
+    writer.Add("exported_at", Text(UtcText(start)));
     for (const Section& section : sections) {
         errors.Begin(section.name);
         writer.Key(section.name);
@@ -47,7 +46,7 @@ void WriteDocument(Writer& writer, const std::vector<Section>& sections, Errors&
     }
     writer.Key("errors");
     WriteErrors(writer, errors);
-    writer.Add("duration_ms", Now() - start);
+    writer.Add("duration_ms", Milliseconds() - start);
     writer.EndObject();
     writer.Finish();
 }

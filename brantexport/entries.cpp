@@ -4,11 +4,19 @@
 
 #include "brantexport/text.h"
 
+namespace {
+
+bool HasText(Value::Kind kind) {
+    return kind == Value::Kind::Word || kind == Value::Kind::Text;
+}
+
+}  // namespace
+
 Value Entry::operator[](const char* key) const {
     for (const Member* member = members_; member != members_ + count_; ++member) {
         if (std::strcmp(member->key, key) != 0) continue;
         Value value(member->kind, member->number);
-        value.text = member->text;
+        if (HasText(member->kind)) value.text = member->text;
         return value;
     }
     return {};
@@ -55,7 +63,7 @@ void EntryWriter::AddMember(const char* key, const Value& value) {
     member.number = value.number;
     if (value.kind == Value::Kind::Word) {
         AssignLowerCase(value.text, member.text);
-    } else {
+    } else if (HasText(value.kind)) {
         member.text.assign(value.text);
     }
 }

@@ -13,7 +13,7 @@ class Entry {
         const char* key;
         Value::Kind kind;
         int64_t number;
-        std::string text;  // of a word, in lower case
+        std::string text;  // of a Word, in lower case, or of a Text; otherwise without meaning
     };
 
     Entry(const Member* members, size_t count) : members_(members), count_(count) {}

@@ -37,8 +37,8 @@ using Buffer = rapidjson::GenericStringBuffer<rapidjson::UTF8<>, Allocator>;
 
 // As the library does for its own allocator: writes the indentation of a line in one step.
 template <>
-inline void rapidjson::PutN(Buffer& buffer, char letter, size_t count) {
-    std::memset(buffer.Push(count), letter, count);
+inline void rapidjson::PutN(Buffer& stream, char c, size_t n) {
+    std::memset(stream.Push(n), c, n);
 }
 
 namespace {

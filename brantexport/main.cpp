@@ -1,26 +1,26 @@
-// brantexport [--json | --prometheus | --http] [SECTION...]: prints the values of the SHOW commands for other
-// programs.
+// brantexport: prints the values of the SHOW commands for other programs, in the format that an option
+// selects.
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <exception>
 #include <memory>
-#include <new>
-#include <string>
-#include <vector>
 
+#include "brantexport/check.h"
 #include "brantexport/document.h"
 #include "brantexport/http.h"
 #include "brantexport/json.h"
+#include "brantexport/lines.h"
+#include "brantexport/options.h"
 #include "brantexport/output.h"
 #include "brantexport/privileges.h"
 #include "brantexport/prometheus.h"
-#include "brantexport/sections.h"
+#include "cli/command/state.h"
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/pci/kelm.h"
 #include "cli/start-up/start_up.h"
+#include "src/utils/exceptions.h"
+#include "src/utils/program_arguments.h"
 #include "src/utils/standard_streams.h"
 
 namespace {
@@ -32,107 +32,102 @@ constexpr char kProgram[] = "brantexport";
 constexpr char kHttpUser[] = "nobody";
 constexpr unsigned kLongestHttpRun = 60;
 
-struct Options {
-    bool prometheus = false;
-    bool http = false;
-    std::vector<Section> sections;  // the requested ones or all, in the order of Sections()
+// The start-up steps that can end the program. They print the message on standard error; a monitoring system
+// reads only `problem`.
+struct Requirement {
+    bool (*is_met)(const char* program);
+    const char* problem;
+};
+constexpr Requirement kRequirements[] = {
+    {CheckUser, "only root can read the values"},
+    {CheckRom, "this is not VX hardware"},
+    {ReadFirmwareTables, "this is not a Corvex server"},
 };
 
-// Returns false if an argument is neither an option nor a section.
-bool ReadOptions(int argc, char** argv, Options& options) {
-    const std::vector<Section> all = Sections();
-    std::vector<bool> requested(all.size());
-    for (int i = 1; i < argc; ++i) {
-        const std::string argument = argv[i];
-        const auto has_name = [&](const Section& section) { return argument == section.name; };
-        const auto found = std::find_if(all.begin(), all.end(), has_name);
-        if (argument == "--json" || argument == "--prometheus" || argument == "--http") {
-            options.prometheus = argument == "--prometheus";
-            options.http = argument == "--http";
-        } else if (found == all.end()) {
-            return false;
-        } else {
-            requested[static_cast<size_t>(found - all.begin())] = true;
-        }
+// Returns the problem of the first requirement that isn't met, or null.
+const char* FindProblem() {
+    for (const auto& [is_met, problem] : kRequirements) {
+        if (!is_met(kProgram)) return problem;
     }
-    const bool any = std::find(requested.begin(), requested.end(), true) != requested.end();
-    for (size_t i = 0; i < all.size(); ++i) {
-        if (requested[i] || !any) options.sections.push_back(all[i]);
-    }
-    return true;
+    return nullptr;
 }
 
-void PrintUsage() {
-    std::string names;
-    for (const Section& section : Sections()) names += std::string(names.empty() ? "" : " ") + section.name;
-    std::fprintf(stderr, "usage: brantexport [--json | --prometheus | --http] [SECTION...]\nsections: %s\n",
-                 names.c_str());
+// Returns the exit status of a run that fails: `status`, unless the run is a check.
+int Fail(const Options& options, int output, const char* problem, int status = 1) {
+    return options.format == Format::Check ? WriteUnknown(output, problem) : status;
 }
 
-// Opens the devices and fills the state that the sections use.
-void StartUp() {
+// Opens the devices, reads the sections into the writer, and closes the devices.
+void Export(const std::vector<Section>& sections, Writer& writer, Errors& errors) {
     OpenAvailableDevices();
     FindEmbeddedNics();
     got_kelm = find_kelm();
-}
-
-// Reads the sections as metrics and closes the devices. Returns null, or the reason if the hardware can't be
-// read at all; `metrics` is then empty.
-const char* ReadMetrics(const std::vector<Section>& sections, std::string& metrics) {
-    if (!CheckUser(kProgram)) return "brantexport was not started as root.";
-    if (!CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) {
-        return "This is not a Corvex server, or its firmware can't be read.";
-    }
-    StartUp();
-    Errors errors;
-    WriteDocument(*NewPrometheusWriter(metrics, sections), sections, errors);
+    WriteDocument(writer, sections, errors);
     CloseDevices();
-    return nullptr;
 }
 
 // Answers one HTTP request. Reads the hardware first and then gives up root, so that no byte of the client is
 // read as root.
-int Serve(int output, const std::vector<Section>& sections) {
+int Serve(const Options& options, int output) {
     if (!SeparateMessages(output)) return 1;
     alarm(kLongestHttpRun);
     std::string metrics;
-    const char* const failure = ReadMetrics(sections, metrics);
+    const char* const problem = FindProblem();
+    if (problem == nullptr) {
+        Errors errors;
+        Export(options.sections, *NewPrometheusWriter(metrics, options.sections), errors);
+    }
     CloseOtherDescriptors(output);
     if (const char* const reason = DropRoot(kHttpUser)) {
         ReportRootRemains(kProgram, kHttpUser, reason);
         return 1;
     }
-    return ServeHttpRequest(STDIN_FILENO, output, metrics, failure != nullptr ? failure : "") ? 0 : 1;
+    return ServeHttpRequest(STDIN_FILENO, output, metrics, problem != nullptr ? problem : "") ? 0 : 1;
+}
+
+// Returns the writer of a format. It writes into `output`, except for the metrics, which it stores in
+// `metrics`.
+std::unique_ptr<Writer> NewWriter(const Options& options, int output, std::string& metrics) {
+    switch (options.format) {
+        case Format::Prometheus: return NewPrometheusWriter(metrics, options.sections);
+        case Format::Lines: return NewLinesWriter(output, options.filter);
+        case Format::Check: return NewCheckWriter(output);
+        case Format::Http:
+        case Format::Json: break;
+    }
+    return NewJsonWriter(output);
+}
+
+int Run(const Options& options, int output) {
+    if (!options.reply.empty()) return PrintReply(output, kProgram, options.reply);
+    if (!options.problem.empty()) {
+        std::fputs(options.problem.c_str(), stderr);
+        return Fail(options, output, "the arguments are invalid", 2);
+    }
+    if (options.format == Format::Http) return Serve(options, output);
+    if (const char* const problem = FindProblem()) return Fail(options, output, problem);
+
+    std::string metrics;
+    const std::unique_ptr<Writer> writer = NewWriter(options, output, metrics);
+    Errors errors;
+    Export(options.sections, *writer, errors);
+    WriteOutput(output, metrics);
+    return writer->Status(errors.List().empty());
 }
 
 }  // namespace
 
-int main(int argc, char** argv) try {
+int main(int argc, char** argv) {
     if (!KeepStandardDescriptors()) return 1;
     const int output = MessagesToStandardError();
     if (output < 0) return 1;
     IgnoreWriteSignals();
     Options options;
-    if (!ReadOptions(argc, argv, options)) {
-        PrintUsage();
-        return 2;
+    try {
+        ReadOptions(argc, argv, options);
+        return Run(options, output);
+    } catch (...) {
+        ReportException(kProgram);
+        return Fail(options, output, ExceptionMessage());
     }
-    if (options.http) return Serve(output, options.sections);
-    if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
-
-    StartUp();
-    std::string metrics;
-    const std::unique_ptr<Writer> writer =
-        options.prometheus ? NewPrometheusWriter(metrics, options.sections) : NewJsonWriter(output);
-    Errors errors;
-    WriteDocument(*writer, options.sections, errors);
-    CloseDevices();
-    WriteOutput(output, metrics);
-    return errors.List().empty() ? 0 : 1;
-} catch (const std::bad_alloc&) {
-    std::fprintf(stderr, "%s: out of memory\n", kProgram);
-    return 1;
-} catch (const std::exception& error) {
-    std::fprintf(stderr, "%s: %s\n", kProgram, error.what());
-    return 1;
 }

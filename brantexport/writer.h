@@ -57,6 +57,9 @@ class Writer {
     // Ends the document and writes what has not been written yet.
     virtual void Finish() = 0;
 
+    // Returns the program's exit status after Finish(). `complete`: everything could be read.
+    virtual int Status(bool complete) const { return complete ? 0 : 1; }
+
     // Returns whether events need their texts. Translating an event takes longer than reading it.
     virtual bool NeedsEventTexts() const { return false; }
 

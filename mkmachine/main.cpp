@@ -5,9 +5,7 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
-#include <new>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -15,6 +13,7 @@
 
 #include "mkmachine/models.h"
 #include "src/utils/descriptor.h"
+#include "src/utils/exceptions.h"
 #include "src/utils/program_arguments.h"
 #include "src/utils/standard_streams.h"
 
@@ -114,10 +113,6 @@ int main(int argc, char** argv) try {
     }
     MakeMachine(*options.model, ".", options.events);
     return 0;
-} catch (const std::bad_alloc&) {
-    std::fprintf(stderr, "mkmachine: out of memory\n");
-    return 1;
-} catch (const std::exception& error) {
-    std::fprintf(stderr, "mkmachine: %s\n", error.what());
-    return 1;
+} catch (...) {
+    return ReportException(kProgram);
 }

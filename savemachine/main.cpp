@@ -5,13 +5,13 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <new>
 #include <stdexcept>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
 #include "cli/start-up/start_up.h"
 #include "platform/request.h"
 #include "savemachine/parts.h"
+#include "src/utils/exceptions.h"
 #include "src/utils/program_arguments.h"
 #include "src/utils/standard_streams.h"
 
@@ -98,10 +98,6 @@ int main(int argc, char** argv) try {
     Save(copy);
     copy.Finish();
     return 0;
-} catch (const std::bad_alloc&) {
-    std::fprintf(stderr, "%s: out of memory\n", kProgram);
-    return 1;
-} catch (const std::exception& error) {
-    std::fprintf(stderr, "%s: %s\n", kProgram, error.what());
-    return 1;
+} catch (...) {
+    return ReportException(kProgram);
 }

@@ -107,13 +107,6 @@ constexpr char EventClass[][28] = {
     "Infrastructure Environment",
 };
 
-// Replaces control characters and bytes that aren't ASCII, which would disturb the terminal, with spaces.
-void ReplaceUnprintable(char* text) {
-    for (; *text != '\0'; ++text) {
-        if (static_cast<signed char>(*text) < ' ') *text = ' ';
-    }
-}
-
 // Writes a time like "03/15/2006 14:07".
 void WriteTime(const EVT_TIME_STAMP& time, TextWriter& out) {
     out.Number(time.bMonth, 2);
@@ -203,6 +196,12 @@ const char* SeverityWord(uint8_t bSeverity) {
 
 const char* EventClassName(uint16_t wClass) {
     return wClass < std::size(EventClass) ? EventClass[wClass] : kNotDefined;
+}
+
+void ReplaceUnprintable(char* text) {
+    for (; *text != '\0'; ++text) {
+        if (static_cast<signed char>(*text) < ' ') *text = ' ';
+    }
 }
 
 int do_show_hlog(InputLineType* InputLine) {

@@ -44,6 +44,9 @@ const char* SeverityWord(uint8_t bSeverity);
 // Returns the name of a class of events, or "Not defined".
 const char* EventClassName(uint16_t wClass);
 
+// Replaces control characters and bytes that aren't ASCII, which would disturb the terminal, with spaces.
+void ReplaceUnprintable(char* text);
+
 // The command handlers. Each takes the tokenized line and returns 0, or 1 on failure.
 int do_show_hlog(InputLineType* InputLine);
 int do_clear_hlog(InputLineType* InputLine);

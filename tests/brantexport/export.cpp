@@ -46,9 +46,22 @@ void AddSamples(const std::string& metrics, Values& values) {
         values.emplace_back(name + ":", std::to_string(count) + " samples");
 }
 
+// Adds the state, each problem and each number of a verdict.
+void AddVerdict(const std::string& verdict, Values& values) {
+    const size_t bar = verdict.find(" | ");
+    for (const Match& part : MatchAll(verdict.substr(0, bar), "[^;\\n ][^;\\n]*")) {
+        values.emplace_back("check: " + part[0], "");
+    }
+    if (bar == verdict.npos) return;
+    for (const Match& number : MatchAll(verdict.substr(bar), " (\\w+)=(\\S+)")) {
+        values.emplace_back("check " + number[1], number[2]);
+    }
+}
+
 Values AllValues(const Exported& exported) {
     Values values = ValuesOf(exported.json);
     AddSamples(exported.metrics, values);
+    AddVerdict(exported.verdict, values);
     values.emplace_back("standard error:", exported.errors);
     values.emplace_back("status", std::to_string(exported.status));
     return values;
@@ -81,11 +94,18 @@ RunResult RunExport(const TestMachine& machine, const std::vector<std::string>& 
 Exported Export(const TestMachine& machine) {
     const RunResult json = RunExport(machine, {"--json"});
     const RunResult metrics = RunExport(machine, {"--prometheus"});
-    Exported exported{json.output, metrics.output, json.errors, json.status};
+    const RunResult check = RunExport(machine, {"--check"});
+    Exported exported{json.output, metrics.output, check.output, json.errors, json.status};
     const bool complete = json.output.find("\"errors\": []") != json.output.npos;
     EXPECT_EQ(json.status, complete ? 0 : 1) << json.output;
     EXPECT_EQ(metrics.status, json.status);
     EXPECT_EQ(metrics.errors, json.errors);
+    EXPECT_EQ(check.errors, json.errors);
+    const char* states[] = {"OK", "WARNING", "CRITICAL", "UNKNOWN"};
+    EXPECT_LT(check.status, 4);
+    EXPECT_TRUE(
+        Contains(check.output, std::string("^BRANT ") + states[check.status % 4] + " - [^|\n]+( \\|.*)?\n$"))
+        << check.output;
     const std::string end = "\n# EOF\n";
     EXPECT_EQ(metrics.output.substr(metrics.output.size() - std::min(metrics.output.size(), end.size())),
               end);
@@ -97,12 +117,14 @@ std::string Difference(const Exported& before, const Exported& now) {
     for (const auto& [name, value] : AllValues(before)) old[name] = value;
     std::string text;
     for (const auto& [name, value] : AllValues(now)) {
-        if (old.count(name) == 0 || old[name] != value) text += name + " " + value + "\n";
+        if (old.count(name) == 0 || old[name] != value)
+            text += name + (value.empty() ? "\n" : " " + value + "\n");
         old.erase(name);
     }
     // What has vanished, unless its list is shorter or null.
     for (const auto& [name, value] : old) {
         if (name.back() == ':' && name[0] != '/') text += name + " 0 samples\n";
+        if (name.find("check: ") == 0) text += "no " + name + "\n";
     }
     return text;
 }

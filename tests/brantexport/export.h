@@ -10,7 +10,8 @@
 struct Exported {
     std::string json;
     std::string metrics;
-    std::string errors;  // standard error of the run with --json
+    std::string verdict;  // of --check
+    std::string errors;   // standard error of the run with --json
     int status = 0;
 };
 
@@ -22,12 +23,13 @@ std::vector<std::pair<std::string, std::string>> ValuesOf(const std::string& jso
 // they have the right form, by constants.
 RunResult RunExport(const TestMachine& machine, const std::vector<std::string>& arguments);
 
-// Runs brantexport with --json and with --prometheus. Expects the same status and messages of both, and a
-// status of 1 if the document has errors, otherwise 0.
+// Runs brantexport with --json, --prometheus and --check. Expects the same messages of all, and a status of 1
+// if the document has errors, otherwise 0. The status of --check must be that of its line.
 Exported Export(const TestMachine& machine);
 
 // Returns how `now` differs from `before`, a line for each difference: a new or changed value or sample, a
-// list or metric with a different number of entries, standard error, status.
+// list or metric with a different number of entries, a problem that --check has or has no longer reported,
+// standard error, status.
 std::string Difference(const Exported& before, const Exported& now);
 
 // Expects every JSON document to match docs/brantexport.schema.json.

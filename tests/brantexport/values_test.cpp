@@ -1,6 +1,9 @@
-// Tests of the exported values. MODEL.json and MODEL.prom are golden files with the complete outputs of each
-// model. values.txt contains the differences between each of the cases below and the unchanged model tr500k2.
+// Tests of the exported values. MODEL.json, MODEL.prom and MODEL.txt are golden files with the complete
+// outputs of each model; MODEL.txt contains those of --check and --lines. values.txt contains the differences
+// between each of the cases below and the unchanged model tr500k2.
 #include <gtest/gtest.h>
+
+#include <ctime>
 
 #include "include/event_log.h"
 #include "include/memory_records.h"
@@ -235,6 +238,51 @@ TEST(ExportedValues, UseTheLowerOfTwoSamplesWithTheSameLabels) {
     }
 }
 
+// Returns the UTC time that is so many hours before now.
+EVT_TIME_STAMP HoursAgo(int hours) {
+    const time_t seconds = std::time(nullptr) - hours * 3600;
+    const std::tm time = *std::gmtime(&seconds);
+    const auto byte = [](int value) { return static_cast<uint8_t>(value); };
+    return {20,
+            byte(time.tm_year - 100),
+            byte(time.tm_mon + 1),
+            byte(time.tm_mday),
+            byte(time.tm_hour),
+            byte(time.tm_min)};
+}
+
+TEST(Check, WarnsOfNewCriticalEventsAndOfAFullLog) {
+    TestMachine machine("bx20");
+    std::string log;
+    const EVT_TIME_STAMP times[] = {HoursAgo(23), HoursAgo(-400 * 24), HoursAgo(25), {20, 6, 13, 1, 0, 0}};
+    for (const EVT_TIME_STAMP& time : times) {
+        const auto number = static_cast<uint32_t>(log.size());
+        log += Event(number, kCritical, 2, HoursAgo(0), time) + Event(number + 1, kCaution, 2, time, time);
+    }
+    machine.Write("cevt/hlog", log);
+    EXPECT_EQ(RunExport(machine, {"--check", "events", "uid"}).output,
+              "BRANT WARNING - critical events within a day: 2, the last is event 56 | events=8\n");
+    MakeMachine(kBx20, machine.Directory(), 999);
+    EXPECT_EQ(RunExport(machine, {"--check", "events"}).output, "BRANT OK - no problem found | events=999\n");
+    MakeMachine(kBx20, machine.Directory(), 1000);
+    EXPECT_EQ(RunExport(machine, {"--check", "events"}).output,
+              "BRANT WARNING - entries in the event log: 1000 | events=1000\n");
+}
+
+TEST(Lines, ShowEveryEventUpToAFailure) {
+    TestMachine machine("bx20");
+    Events(machine);
+    ExpectGolden("brantexport/lines.txt", RunExport(machine, {"--lines"}).output);
+    machine.Fault("cevt read 2 -5");
+    // An event without a valid time may have happened since any time.
+    const RunResult run = RunExport(machine, {"--lines", "--since", "9999-12-31"});
+    EXPECT_EQ(run.output,
+              "- unknown Not defined: Unknown Event (Class 65535, Code 65535)\n"
+              "- info Infrastructure Environment: Unknown Event (Class 34, Code 65534)\n");
+    EXPECT_EQ(run.errors, "brantexport: Failed to read the event log to its end.\n");
+    EXPECT_EQ(run.status, 1);
+}
+
 TEST(ExportedValues, OfEachModel) {
     std::vector<std::string> documents;
     for (const Model& model : Models()) {
@@ -244,6 +292,8 @@ TEST(ExportedValues, OfEachModel) {
         const std::string json = RunExport(machine, {}).output;
         ExpectGolden(golden + ".json", json);
         ExpectGolden(golden + ".prom", RunExport(machine, {"--prometheus"}).output);
+        ExpectGolden(golden + ".txt",
+                     RunExport(machine, {"--check"}).output + RunExport(machine, {"--lines"}).output);
         documents.push_back(json);
     }
     ExpectFits(documents);
