@@ -20,7 +20,7 @@ void AddUnit(SampleEvents& events, uint8_t severity, uint16_t code, uint8_t unit
     });
 }
 
-std::string NotRedundant(EVT_CHASSIS chassis, const char* name) {
+PayloadWithTexts NotRedundant(EVT_CHASSIS chassis, const char* name) {
     constexpr uint8_t kPowerModule = 2;
     if (chassis.bType < kChassisBladeEnclosure) {
         return WithTexts(EVT_POWER_NOT_REDUNDANT{chassis, {}}, {name});
@@ -46,7 +46,7 @@ void AddBatteries(SampleEvents& events, uint16_t code, const std::string& text) 
     for (const EVT_CHASSIS& chassis :
          {EVT_CHASSIS{kChassisServer, 0, 0}, EVT_CHASSIS{kChassisBladeEnclosure, 3, 0}}) {
         const std::string battery = MachineBuilder::Plain(EVT_BATTERY_LOW{chassis});
-        events.push_back({kCaution, 11, code, battery + text + '\0'});
+        events.push_back({kCaution, 11, code, PayloadWithTexts{battery, text + '\0'}});
     }
 }
 

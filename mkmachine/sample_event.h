@@ -1,6 +1,7 @@
 // A sample event, and functions that build the payloads of events with similar records.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -9,21 +10,37 @@
 #include "include/event_payloads.h"
 #include "mkmachine/machine_builder.h"
 
+// A payload with strings: the fields of its record, then each string with its NUL.
+struct PayloadWithTexts {
+    std::string fields;
+    std::string texts;
+    operator std::string() const { return fields + texts; }
+};
+
 struct SampleEvent {
+    SampleEvent(uint8_t its_severity, uint16_t its_class, uint16_t its_code, const PayloadWithTexts& parts)
+        : severity(its_severity),
+          event_class(its_class),
+          code(its_code),
+          payload(parts),
+          fields_size(parts.fields.size()) {}
+    SampleEvent(uint8_t its_severity, uint16_t its_class, uint16_t its_code, const std::string& fields)
+        : SampleEvent(its_severity, its_class, its_code, PayloadWithTexts{fields, ""}) {}
+
     uint8_t severity;
     uint16_t event_class;
     uint16_t code;
     std::string payload;
+    size_t fields_size;  // offset of the strings
 };
 using SampleEvents = std::vector<SampleEvent>;
 
-// Builds the payload of a record that ends in a one-byte string field: the record without that byte, then
-// each string with its NUL.
+// Builds the payload of a record that ends in a one-byte string field.
 template <typename Record>
-std::string WithTexts(const Record& record, std::initializer_list<std::string> texts) {
-    std::string payload = MachineBuilder::Plain(record);
-    payload.pop_back();
-    for (const std::string& text : texts) payload += text + '\0';
+PayloadWithTexts WithTexts(const Record& record, std::initializer_list<std::string> texts) {
+    PayloadWithTexts payload{MachineBuilder::Plain(record), ""};
+    payload.fields.pop_back();
+    for (const std::string& text : texts) payload.texts += text + '\0';
     return payload;
 }
 

@@ -1,7 +1,9 @@
 // Saves the parts of the server that don't come from the driver: physical memory, as far as the programs read
 // it, and the PICL tree.
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <numeric>
 #include <stdexcept>
 #include <vector>
 
@@ -15,6 +17,7 @@
 namespace {
 
 constexpr char kMemoryFile[] = "xsvc";
+constexpr size_t kEntryPointAlignment = 16;
 constexpr uint64_t kLargestPage = 0x10000;  // maximum page size of the systems that may read the copy
 
 uint64_t PageOf(uint64_t address) {
@@ -37,6 +40,33 @@ void MakeTablesUnreadable(MachineCopy& copy) {
     copy.ReportFailedCall(what, page == kBiosArea ? kMissing : -EIO);
 }
 
+// Sets the checksum of an entry point, after which everything that it covers is 0.
+void SetChecksum(SMBIOSEntryPoint& entry) {
+    const auto* const bytes = reinterpret_cast<const uint8_t*>(&entry);
+    const size_t covered = std::min<size_t>(entry.byEPSLength, sizeof entry);
+    const unsigned sum = std::accumulate(bytes, bytes + covered, 0U);
+    entry.byEPSChecksum = static_cast<uint8_t>(entry.byEPSChecksum - sum);
+}
+
+// Adds the BIOS area without what no program reads: it contains the firmware's code and data, in which
+// anything may be. Keeps the redacted `tables`, which may be in the area, the manufacturer's signature and
+// the entry point.
+void AddRedactedArea(std::vector<Extent>& memory, const std::string& area, const std::string& tables) {
+    memory.push_back({kBiosArea, std::string(area.size(), '\0')});
+    memory.push_back({static_cast<off_t>(EPS.dwSTAddr), tables});
+    memory.push_back({kBiosArea + kRomSignatureOffset, kRomSignature});
+    SMBIOSEntryPoint entry = EPS;
+    const auto find = [&](size_t from) {
+        return area.find(reinterpret_cast<const char*>(&entry), from, sizeof entry);
+    };
+    size_t offset = find(0);
+    while (offset != area.npos && offset % kEntryPointAlignment != 0) offset = find(offset + 1);
+    if (offset == area.npos) return;
+    SetChecksum(entry);
+    memory.push_back({kBiosArea + static_cast<off_t>(offset),
+                      std::string(reinterpret_cast<const char*>(&entry), sizeof entry)});
+}
+
 // Formats a line of the file `picl`.
 std::string Node(size_t level, const std::string& text) {
     return std::string(2 * level, ' ') + text + '\n';
@@ -47,8 +77,10 @@ std::string Node(size_t level, const std::string& text) {
 void SaveFirmware(MachineCopy& copy) {
     copy.ShowProgress("physical memory");
     std::vector<Extent> memory;
+    std::string tables;
     if (IsSMBIOSAvailable() == TRUE) {
-        const std::string tables(reinterpret_cast<const char*>(pSMBTables), EPS.wSTLength);
+        tables.assign(reinterpret_cast<const char*>(pSMBTables), EPS.wSTLength);
+        if (copy.GetRedaction() != nullptr) copy.GetRedaction()->RedactTables(tables);
         memory.push_back({static_cast<off_t>(EPS.dwSTAddr), FilledToPage(tables, EPS.dwSTAddr)});
     } else if (EPS.wSTLength != 0) {
         MakeTablesUnreadable(copy);
@@ -59,7 +91,11 @@ void SaveFirmware(MachineCopy& copy) {
     if (ReadPhysMem(kBiosArea, kBiosAreaSize, reinterpret_cast<unsigned char*>(area.data())) != TRUE) {
         throw std::runtime_error("the BIOS area can't be read any more");
     }
-    memory.push_back({kBiosArea, area});
+    if (copy.GetRedaction() == nullptr) {
+        memory.push_back({kBiosArea, area});
+    } else {
+        AddRedactedArea(memory, area, tables);
+    }
     copy.Write(kMemoryFile, memory);
 }
 

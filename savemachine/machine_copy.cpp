@@ -8,11 +8,14 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <random>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "src/utils/standard_streams.h"
+#include "src/utils/version.h"
 
 namespace {
 
@@ -84,6 +87,17 @@ std::string ParentOf(const std::string& path) {
     return slash == path.npos ? "." : path.substr(0, slash + 1);
 }
 
+// Returns the time in UTC, such as 2026-11-26T14:07:00Z.
+std::string CurrentTime() {
+    const std::time_t now = std::time(nullptr);
+    const std::tm* const utc = std::gmtime(&now);
+    if (utc == nullptr) return "unknown";
+    char formatted[80];  // for any values of these numbers
+    std::snprintf(formatted, sizeof formatted, "%04d-%02d-%02dT%02d:%02d:%02dZ", utc->tm_year + 1900,
+                  utc->tm_mon + 1, utc->tm_mday, utc->tm_hour, utc->tm_min, utc->tm_sec);
+    return formatted;
+}
+
 }  // namespace
 
 int FailedResult() {
@@ -101,10 +115,11 @@ void NoticeInterrupts() {
     }
 }
 
-MachineCopy::MachineCopy(const std::string& path)
+MachineCopy::MachineCopy(const std::string& path, bool redact)
     : path_(WithoutTrailingSlashes(path)),
       name_(path_.substr(path_.rfind('/') + 1)),  // without a slash, npos + 1 is 0
       parent_(open(ParentOf(path_).c_str(), kOpenDirectory)) {
+    if (redact) redaction_.emplace();
     if (!parent_) Fail();
     struct stat status {};
     if (name_.empty() || fstatat(parent_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
@@ -188,20 +203,26 @@ void MachineCopy::Write(const std::string& path, const std::vector<Extent>& exte
     if (fsync(file.Get()) != 0) Fail();
 }
 
-void MachineCopy::Write(const std::string& path, const std::string& bytes) {
-    Write(path, std::vector<Extent>{{0, bytes}});
+void MachineCopy::Write(const std::string& path, std::string bytes) {
+    if (redaction_) redaction_->RedactFile(path, bytes);
+    Write(path, std::vector<Extent>{{0, std::move(bytes)}});
 }
 
 void MachineCopy::ReportFailedCall(const std::string& what, int result) {
     EraseProgress();
     const char* const reason = result < 0 ? std::strerror(-result) : "refused";
     std::fprintf(stderr, "savemachine: not read: %s: %s\n", what.c_str(), reason);
+    failed_calls_ += "not read: " + what + ": " + reason + '\n';
     if (result != kMissing) faults_ += what + " " + std::to_string(result) + "\n";
 }
 
 void MachineCopy::Finish() {
     EraseProgress();
     if (!faults_.empty()) Write("faults", faults_);
+    std::string about = std::string("savemachine: ") + kVersion + '\n';
+    about += "time: " + CurrentTime() + '\n';
+    about += std::string("redacted: ") + (redaction_ ? "yes" : "no") + '\n';
+    Write("about", about + failed_calls_);
     if (renameat(parent_.Get(), temporary_.c_str(), parent_.Get(), name_.c_str()) != 0) Fail();
     if (!IsEntry(parent_.Get(), name_, directory_.Get())) FailAsReplaced();
     has_temporary_ = false;

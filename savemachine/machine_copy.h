@@ -8,9 +8,11 @@
 
 #include <sys/types.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "savemachine/redaction.h"
 #include "src/utils/descriptor.h"
 
 // Bytes and their offset in a file.
@@ -22,8 +24,9 @@ struct Extent {
 class MachineCopy {
   public:
     // Creates the temporary directory. `path` is the destination, which must not exist. All members that
-    // write throw std::system_error, whose message contains `path` and the reason.
-    explicit MachineCopy(const std::string& path);
+    // write throw std::system_error, whose message contains `path` and the reason. If `redact` is true,
+    // private values are replaced.
+    MachineCopy(const std::string& path, bool redact);
     ~MachineCopy();
     MachineCopy(const MachineCopy&) = delete;
     MachineCopy& operator=(const MachineCopy&) = delete;
@@ -37,14 +40,18 @@ class MachineCopy {
     // Creates a file. `path` is relative to the machine directory. If extents overlap, the later one
     // overwrites the earlier.
     void Write(const std::string& path, const std::vector<Extent>& extents);
-    void Write(const std::string& path, const std::string& bytes);
+    void Write(const std::string& path, std::string bytes);
+
+    // Returns the object that replaces private values in this copy, or null if they are copied. Write() calls
+    // it for all files except that of the physical memory, which is written as extents.
+    Redaction* GetRedaction() { return redaction_ ? &*redaction_ : nullptr; }
 
     // Prints a message about a failed call on standard error. `what` is the call, as in the file `faults`;
     // `result` is its result or -errno. If the missing file alone doesn't make the call fail in the same way
     // on the copy, adds a fault to the copy.
     void ReportFailedCall(const std::string& what, int result);
 
-    // Writes the file `faults` and renames the directory to its final name.
+    // Writes the files `faults` and `about`, and renames the directory to its final name.
     void Finish();
 
   private:
@@ -66,7 +73,9 @@ class MachineCopy {
     bool has_temporary_ = false;  // whether the temporary directory exists
     Descriptor directory_;
     std::vector<Entry> entries_;  // the entries of directory_, in the order in which they were created
+    std::optional<Redaction> redaction_;
     std::string faults_;
+    std::string failed_calls_;  // the lines about them in `about`
 };
 
 // The result of a request on a simulated machine that has no file for it.

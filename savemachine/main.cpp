@@ -1,5 +1,5 @@
-// savemachine DIR: writes all data that the shell can read on this server into a machine directory. On this
-// directory, the shell's SHOW commands print the same as on the server.
+// savemachine [--redact] DIR: writes all data that the shell can read on this server into a machine
+// directory. On this directory, the shell's SHOW commands print the same as on the server.
 
 #include <sys/stat.h>
 
@@ -18,15 +18,17 @@
 namespace {
 
 constexpr char kProgram[] = "savemachine";
-constexpr char kUsage[] = "usage: savemachine DIR\n";
+constexpr char kUsage[] = "usage: savemachine [--redact] DIR\n";
 constexpr char kDescription[] =
     "Copies this server's state into a simulated machine, the new directory DIR.\n\n"
+    "  --redact   replace serial numbers, MAC addresses, names and texts\n"
     "  --help     print this text\n"
     "  --version  print the version\n\n"
     "See savemachine(8).\n";
 
 struct Options {
     std::string directory;
+    bool redact = false;
     std::string reply;  // reply to --help or --version
 };
 
@@ -36,8 +38,13 @@ bool ReadOptions(int argc, char** argv, Options& options) {
     ProgramArguments arguments(argc, argv);
     while (arguments.Next()) {
         if (arguments.AsksForReply(kProgram, help, options.reply)) return true;
-        if (!arguments.IsOperand() || !options.directory.empty()) return false;
-        options.directory = arguments.Text();
+        if (arguments.Is("--redact")) {
+            options.redact = true;
+        } else if (arguments.IsOperand() && options.directory.empty()) {
+            options.directory = arguments.Text();
+        } else {
+            return false;
+        }
     }
     return !options.directory.empty();
 }
@@ -94,7 +101,7 @@ int main(int argc, char** argv) try {
     if (!CheckUser(kProgram) || !CheckRom(kProgram) || !ReadFirmwareTables(kProgram)) return 1;
 
     NoticeInterrupts();
-    MachineCopy copy(options.directory);
+    MachineCopy copy(options.directory, options.redact);
     Save(copy);
     copy.Finish();
     return 0;

@@ -2,13 +2,19 @@
 // same status.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstring>
 #include <filesystem>
 #include <functional>
 #include <set>
 
+#include "include/health_records.h"
+#include "include/memory_records.h"
+#include "include/rom_variables.h"
 #include "mkmachine/events.h"
+#include "mkmachine/firmware_records.h"
 #include "mkmachine/smbios_table.h"
+#include "src/utils/version.h"
 #include "tests/support/every_command.h"
 #include "tests/support/golden.h"
 #include "tests/support/pattern.h"
@@ -57,9 +63,6 @@ class MachineCopies : public testing::TestWithParam<std::string> {
         log_ = parent.Read("copy/cevt/hlog");
         return saved.errors;
     }
-    std::string log_;  // event log of the last copy
-
-  private:
     static std::vector<std::string> ShowScripts(Scripts scripts) {
         std::vector<std::string> each;
         std::string all;
@@ -70,6 +73,7 @@ class MachineCopies : public testing::TestWithParam<std::string> {
         }
         return scripts == kOnePerCommand ? each : std::vector<std::string>{all};
     }
+    std::string log_;  // the event log of the last copy
 };
 
 // ENABLE PXE reads more bytes of the NIC settings than SHOW NIC. The faults are those of the records after
@@ -183,6 +187,45 @@ TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     EXPECT_NE(machine.Script("SHOW SERVER").output.find("Processor: 0"), std::string::npos);
 }
 
+// Returns the words of `text`, each after the separator that precedes it. MAC addresses, which have words of
+// two digits, count as one word.
+std::vector<std::string> Words(const std::string& text) {
+    std::vector<std::string> words(1);
+    for (const char letter : ReplaceAll(text, "([0-9a-f]{2}:){5}[0-9a-f]{2}", "MAC")) {
+        if (std::isalnum(static_cast<unsigned char>(letter)) == 0) words.emplace_back();
+        words.back() += letter;
+    }
+    return words;
+}
+
+// On a redacted copy, each command prints the same, except words that are in a string of the machine's files.
+TEST_P(MachineCopies, AfterRedactionDifferOnlyInTexts) {
+    TestMachine machine(GetParam());
+    machine.PhysicalMemory(machine.Read("xsvc").find("DIMM 1"), "DIMM 8");  // not the number of its record
+    const TestMachine parent;
+    const std::string copy = parent.Directory() + "/copy";
+    EXPECT_EQ(RunProgram(ProgramPath("savemachine"), {"--redact", copy}, machine.Directory()).errors, "");
+    const std::string texts = machine.Read("xsvc").substr(kTablesAddress, 0x2000) +
+                              machine.Read("crom/ZTSCAT") + machine.Read("crom/ZTHLS1") +
+                              machine.Read("cevt/hlog");
+    const std::set<std::string> with_numbers = {"SHOW ASSET", "SHOW NAME", "SHOW HLOG"};  // in their texts
+    for (const std::string& script : ShowScripts(kOnePerCommand)) {
+        const RunResult before = machine.Script(script);
+        const RunResult after = RunProgram(ProgramPath("brantcli"), {"-s", script}, copy);
+        EXPECT_EQ(after.status, before.status) << script;
+        const std::vector<std::string> words = Words(before.output), replaced = Words(after.output);
+        ASSERT_EQ(words.size(), replaced.size()) << after.output;
+        for (size_t i = 0; i < words.size(); ++i) {
+            EXPECT_EQ(words[i].size(), replaced[i].size()) << replaced[i];
+            if (words[i] == replaced[i]) continue;
+            const bool is_number = words[i].find_first_not_of("0123456789", 1) == words[i].npos;
+            EXPECT_TRUE(!is_number || with_numbers.count(script) != 0) << script << words[i];
+            EXPECT_NE(texts.find(words[i].substr(1)), texts.npos)
+                << script << ": " << words[i] << ", " << replaced[i];
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Model, MachineCopies, testing::ValuesIn(ModelNames()));
 
 TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
@@ -192,9 +235,9 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
         const char* errors;   // expected messages; $2 is the directory
         int status;
     } cases[] = {
-        {"no argument", "$1", "usage: savemachine DIR\n", 2},
-        {"a second argument", "$1 $2/a $2/b", "usage: savemachine DIR\n", 2},
-        {"an option", "$1 -x", "usage: savemachine DIR\n", 2},
+        {"no argument", "$1", "usage: savemachine [--redact] DIR\n", 2},
+        {"a second argument", "$1 $2/a $2/b", "usage: savemachine [--redact] DIR\n", 2},
+        {"an option", "$1 -x", "usage: savemachine [--redact] DIR\n", 2},
         {"an existing name", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
          "savemachine: $2/a: File exists\n", 1},
         {"a parent directory that doesn't exist", "$1 $2/a/b",
@@ -260,6 +303,10 @@ TEST(SaveMachine, ReportsFailedCallsAndCopiesThemAsFaults) {
     const std::string errors = Save(machine, parent.Directory() + "/copy").errors;
     ExpectGolden("savemachine/failed_calls.txt",
                  errors + parent.Read("copy/faults") + machine.TakeTrace("c"));
+    const std::string about = "savemachine: " + std::string(kVersion) +
+                              "\ntime: 20\\d\\d-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ\nredacted: no\n" +
+                              ReplaceAll(errors, "savemachine: ", "");
+    EXPECT_FALSE(MatchWhole(parent.Read("copy/about"), about).empty()) << parent.Read("copy/about");
 }
 
 // A machine is saved if it has devices but no tables, or tables but no devices, but not if it has neither.
@@ -283,6 +330,102 @@ TEST(SaveMachine, SavesDevicesOrTablesAlone) {
     EXPECT_NE(neither.errors.find("no device opens and there are no tables: nothing to be saved"),
               neither.errors.npos);
     EXPECT_EQ(neither.status, 1);
+}
+
+// "Hush" is in every place of a machine in which a private value may be.
+TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
+    TestMachine machine("tr500k2");
+    constexpr char kSerial[] = "Hush-8431,Hush";
+    const smbios_nic nic = {1, 1, {'H', 'u', 's', 'h', 'H', 'u'}};
+    SmbiosRecord oem(193, 0x9300);
+    oem.Dword(0x68737548).Text("Hush");  // the bytes of "Hush"
+    SmbiosRecord system(smbios::System::kType, 0x0100);
+    system.Text("Hush").Text("Corvex TR500 K2").Text("Hush").Text("Hush-8431");
+    for (int i = 0; i < 4; ++i) system.Dword(0x68737548);  // UUID
+    SmbiosTable table;
+    table.Add(BiosRecord("Z18", "06/12/2009"))
+        .Add(MemoryArrayRecord({0x1000, 0, 0}))
+        .Add(system)
+        .Add(NicRecord(0x2000, {nic}).Dword(0x68737548))  // with an incomplete entry
+        .Add(oem);
+    constexpr uint32_t kAddress = kBiosArea + 0x100;
+    SMBIOSEntryPoint entry = table.EntryPoint(kAddress);
+    entry.wSTLength = static_cast<uint16_t>(entry.wSTLength + 8);  // with bytes that are no record
+    SetChecksums(entry);
+    entry.byEPSLength += 4;  // with the bytes after it
+    entry.byEPSChecksum -= 4 + ('H' + 'u' + 's' + 'h') % 256;
+    machine.PhysicalMemory(kAddress, table.Bytes() + std::string("\0\0\0\0Hush", 8));
+    machine.PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry) + "Hush");
+
+    machine.Variable(kAssetVariable, std::string(kSerial) + std::string(200, '\0') + "Hush");
+    machine.Variable(kServerNameVariable, "Hush" + std::string(11, '\0') + "Hush");
+    machine.Variable(kNicAddressVariable, nic);
+    FANDDATA fan{};
+    std::memcpy(fan.Evt.cChassisName, "Hush", 4);
+    machine.Table(kFanDataTable, 0, 0, fan);
+    RESMEM_DIMM_CONFIG module{};
+    module.ulPresent = 1;
+    std::memcpy(module.dimmInfo.spd + 95, "Hush", 4);
+    std::memcpy(module.dimmInfo.keyBytes.ucKey, "Hush", 4);
+    std::memcpy(module.dimmInfo.partNumber, "Hush", 4);
+    machine.Table(kModuleConfigTable, 0, 0, module);
+    CartridgePrefix cartridge{};
+    std::memcpy(cartridge.partName, "Hush", 4);
+    machine.Table(kCartridgeTable, 255, 0, cartridge);
+    const std::string suspects = MachineBuilder::Plain(EVT_MAIN_MEMORY_MULTI{1, {{1, 1}, {}, {}, {}}, {}});
+    machine.Write("cevt/hlog", EventEntry(EventHeader(1, kCritical, 3, 3), suspects.substr(0, 9) + kSerial));
+
+    std::string serials[2];
+    for (std::string& serial : serials) {
+        const TestMachine parent;
+        const std::string copy = parent.Directory() + "/copy";
+        RunProgram(ProgramPath("savemachine"), {"--redact", copy}, machine.Directory());
+        for (const auto& file : fs::recursive_directory_iterator(copy)) {
+            const std::string path = fs::relative(file.path(), parent.Directory());
+            EXPECT_EQ(parent.Read(path).find("Hush"), std::string::npos) << path;
+        }
+        const std::string shown =
+            RunProgram(ProgramPath("brantcli"), {"-s", "SHOW SERVER;SHOW ASSET;SHOW HLOG"}, copy).output;
+        serial = MatchAll(shown, "Serial No.    : (.*)").at(0).at(1);
+        EXPECT_NE(shown.find("\nAsset: '" + serial + ","), shown.npos) << shown;
+        EXPECT_NE(shown.find("Serial Number " + serial + ")"), shown.npos) << shown;
+        const std::string mac = parent.Read("copy/crom/ZTHMAC").substr(2, 6);
+        EXPECT_NE(parent.Read("copy/xsvc").find(mac), std::string::npos)
+            << "the NICs have different addresses";
+    }
+    EXPECT_NE(serials[0], serials[1]);
+}
+
+// The bytes 0xFC in the strings of each event, or after its record, become question marks. A payload without
+// a known record is cleared. The fields don't change.
+TEST(SaveMachine, ReplacesTheStringsOfEveryEvent) {
+    SampleEvents events = EveryEvent();
+    events.push_back({kCaution, 99, 1, ""});        // an unknown class
+    events.push_back({kCaution, 11, 6, "\7\7\7"});  // an unknown chassis
+    std::string log;
+    std::vector<std::string> expected;
+    for (const SampleEvent& event : events) {
+        const auto entry = [&](char text) {
+            const std::string fields = event.payload.substr(0, event.fields_size);
+            const auto number = static_cast<uint32_t>(expected.size());
+            return EventEntry(EventHeader(number, event.severity, event.event_class, event.code),
+                              fields + std::string(event.payload.size() - fields.size() + 1, text));
+        };
+        log += entry('\xFC');
+        expected.push_back(entry(event.payload.empty() ? '\0' : '?'));
+    }
+    TestMachine machine("tr300");
+    machine.Write("cevt/hlog", log);
+    const TestMachine parent;
+    RunProgram(ProgramPath("savemachine"), {"--redact", parent.Directory() + "/copy"}, machine.Directory());
+    const std::string redacted = parent.Read("copy/cevt/hlog");
+    size_t offset = 0;
+    for (size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(redacted.substr(offset, expected[i].size()), expected[i])
+            << events[i].event_class << "/" << events[i].code;
+        offset += expected[i].size();
+    }
+    EXPECT_EQ(offset, redacted.size());
 }
 
 // Two runs are killed. They leave directories whose names can't be guessed.
