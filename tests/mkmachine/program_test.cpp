@@ -66,9 +66,9 @@ TEST(Completion, OffersOptionsValuesSectionsAndDirectories) {
         {"mkmachine", "--model =", "bx20,tr300,tr500k2"},
         {"mkmachine", "--model = tr5", "tr500k2"},
         {"mkmachine", "--events ''", ""},
-        {"savemachine", "cr", "cr 1,crom"},
+        {"savemachine", "--redact cr", "cr 1,crom"},
         {"brantexport", "--pro", "--prometheus"},
-        {"brantexport", "fans po", "power_supplies"},
+        {"brantexport", "fans po", "port_map,power_supplies"},
     };
     if (Emulated()) GTEST_SKIP() << "the completion starts the programs without the emulator";
     const TestMachine parent;

@@ -251,7 +251,8 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
          "s=$?; rm -r $2/m; exit $s",
          "ERROR: savemachine only runs on VX Corvex Servers.\n", 1},
         {"memory that disappears",
-         "cp -r $BRANT_MACHINE $2/m; export BRANT_MACHINE=$2/m; BRANT_AFTER_MKDIR=\"rm -f $2/m/xsvc\" "
+         "cp -r $BRANT_MACHINE $2/m; export BRANT_MACHINE=$2/m; BRANT_AFTER_MKDIR=\"truncate -s 0 "
+         "$2/m/xsvc\" "
          "$1_interposed $2/a; s=$?; rm -r $2/m; exit $s",
          "smbios: ReadPhysMem: mmap FAILED\nsavemachine: the BIOS area can't be read any more\n", 1},
         {"another user", "setpriv --ruid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
