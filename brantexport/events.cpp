@@ -8,7 +8,8 @@ namespace {
 
 // Returns null if the time is invalid.
 Value Time(const EVT_TIME_STAMP& time) {
-    const std::optional<int64_t> number = TimeOf(time);
+    const std::optional<int64_t> number =
+        TimeOf({time.bCentury, time.bYear, time.bMonth, time.bDay, time.bHour, time.bMinute});
     return number ? Value(Value::Kind::Time, *number) : Value();
 }
 

@@ -5,6 +5,8 @@
 
 #include <cstdio>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "brantexport/check.h"
 #include "brantexport/document.h"
@@ -32,51 +34,47 @@ constexpr char kProgram[] = "brantexport";
 constexpr char kHttpUser[] = "nobody";
 constexpr unsigned kLongestHttpRun = 60;
 
-// The start-up steps that can end the program. They print the message on standard error; a monitoring system
-// reads only `problem`.
+// What a run needs. The functions print a message on standard error; a monitoring system or an HTTP client
+// gets `problem` instead.
 struct Requirement {
     bool (*is_met)(const char* program);
     const char* problem;
 };
+constexpr char kNoServer[] = "This is not a Corvex server, or its firmware can't be read.";
 constexpr Requirement kRequirements[] = {
-    {CheckUser, "only root can read the values"},
-    {CheckRom, "this is not VX hardware"},
-    {ReadFirmwareTables, "this is not a Corvex server"},
+    {CheckUser, "brantexport was not started as root."},
+    {CheckRom, kNoServer},
+    {ReadFirmwareTables, kNoServer},
 };
 
-// Returns the problem of the first requirement that isn't met, or null.
-const char* FindProblem() {
+// Checks the requirements, opens the devices and fills the state that the sections use. Returns null, or the
+// problem if nothing can be read.
+const char* StartUp() {
     for (const auto& [is_met, problem] : kRequirements) {
         if (!is_met(kProgram)) return problem;
     }
-    return nullptr;
-}
-
-// Returns the exit status of a run that fails: `status`, unless the run is a check.
-int Fail(const Options& options, int output, const char* problem, int status = 1) {
-    return options.format == Format::Check ? WriteUnknown(output, problem) : status;
-}
-
-// Opens the devices, reads the sections into the writer, and closes the devices.
-void Export(const std::vector<Section>& sections, Writer& writer, Errors& errors) {
     OpenAvailableDevices();
     FindEmbeddedNics();
     got_kelm = find_kelm();
+    return nullptr;
+}
+
+// Reads the sections and closes the devices. Returns whether everything could be read.
+bool Export(Writer& writer, const std::vector<Section>& sections) {
+    Errors errors;
     WriteDocument(writer, sections, errors);
     CloseDevices();
+    return errors.List().empty();
 }
 
 // Answers one HTTP request. Reads the hardware first and then gives up root, so that no byte of the client is
 // read as root.
-int Serve(const Options& options, int output) {
+int Serve(int output, const std::vector<Section>& sections) {
     if (!SeparateMessages(output)) return 1;
     alarm(kLongestHttpRun);
     std::string metrics;
-    const char* const problem = FindProblem();
-    if (problem == nullptr) {
-        Errors errors;
-        Export(options.sections, *NewPrometheusWriter(metrics, options.sections), errors);
-    }
+    const char* const problem = StartUp();
+    if (problem == nullptr) Export(*NewPrometheusWriter(metrics, sections), sections);
     CloseOtherDescriptors(output);
     if (const char* const reason = DropRoot(kHttpUser)) {
         ReportRootRemains(kProgram, kHttpUser, reason);
@@ -85,14 +83,19 @@ int Serve(const Options& options, int output) {
     return ServeHttpRequest(STDIN_FILENO, output, metrics, problem != nullptr ? problem : "") ? 0 : 1;
 }
 
-// Returns the writer of a format. It writes into `output`, except for the metrics, which it stores in
-// `metrics`.
+// Returns the exit status of a run that fails: `status`, unless the run is a check.
+int Fail(const Options& options, int output, const char* problem, int status = 1) {
+    return options.format == Format::Check ? WriteUnknown(output, problem) : status;
+}
+
+// Returns the writer of the format that the options select. Only metrics are stored in `metrics`; the others
+// are written into the descriptor `output`.
 std::unique_ptr<Writer> NewWriter(const Options& options, int output, std::string& metrics) {
     switch (options.format) {
-        case Format::Prometheus: return NewPrometheusWriter(metrics, options.sections);
+        case Format::Prometheus:
+        case Format::Http: return NewPrometheusWriter(metrics, options.sections);
         case Format::Lines: return NewLinesWriter(output, options.filter);
         case Format::Check: return NewCheckWriter(output);
-        case Format::Http:
         case Format::Json: break;
     }
     return NewJsonWriter(output);
@@ -102,17 +105,16 @@ int Run(const Options& options, int output) {
     if (!options.reply.empty()) return PrintReply(output, kProgram, options.reply);
     if (!options.problem.empty()) {
         std::fputs(options.problem.c_str(), stderr);
-        return Fail(options, output, "the arguments are invalid", 2);
+        return Fail(options, output, "The arguments are invalid.", 2);
     }
-    if (options.format == Format::Http) return Serve(options, output);
-    if (const char* const problem = FindProblem()) return Fail(options, output, problem);
+    if (options.format == Format::Http) return Serve(output, options.sections);
+    if (const char* const problem = StartUp()) return Fail(options, output, problem);
 
     std::string metrics;
     const std::unique_ptr<Writer> writer = NewWriter(options, output, metrics);
-    Errors errors;
-    Export(options.sections, *writer, errors);
+    const bool complete = Export(*writer, options.sections);
     WriteOutput(output, metrics);
-    return writer->Status(errors.List().empty());
+    return writer->Status(complete);
 }
 
 }  // namespace

@@ -21,8 +21,9 @@ constexpr struct {
     const char* option;
     Format format;
 } kFormats[] = {
-    {"--json", Format::Json},   {"--prometheus", Format::Prometheus}, {"--http", Format::Http},
+    {"--json", Format::Json},   {"--prometheus", Format::Prometheus},
     {"--check", Format::Check}, {"--lines", Format::Lines},
+    {"--http", Format::Http},
 };
 
 // Returns `message` with `text` instead of "%s".
@@ -34,7 +35,7 @@ std::string Usage() {
     std::string names;
     for (const Section& section : Sections()) names += (names.empty() ? "" : " ") + std::string(section.name);
     return Filled(
-        "usage: brantexport [--json | --prometheus | --http | --check] [SECTION...]\n"
+        "usage: brantexport [--json | --prometheus | --check | --http] [SECTION...]\n"
         "       brantexport --lines [--since TIME] [--severity WORD]...\n"
         "sections: %s\n",
         names);
@@ -45,11 +46,12 @@ std::string Help() {
            "\n"
            "  --json           JSON; this is the default\n"
            "  --prometheus     metrics for Prometheus\n"
-           "  --http           the same, as the answer to one HTTP request\n"
            "  --check          whether the server is well, for monitoring systems\n"
+           "  --http           answer one HTTP request for the metrics\n"
            "  --lines          the event log, a line for each event\n"
            "  --since TIME     only events since a time such as 2006-03-15 or 2006-03-15T14:07\n"
-           "  --severity WORD  only events of this severity: info, repaired, caution, critical or unknown\n"
+           "  --severity info|repaired|caution|critical|unknown\n"
+           "                   only events of this severity; repeat it for several\n"
            "  --help           print this text\n"
            "  --version        print the version\n\n"
            "See brantexport(8).\n";

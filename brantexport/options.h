@@ -7,7 +7,7 @@
 #include "brantexport/lines.h"
 #include "brantexport/sections.h"
 
-enum class Format { Json, Prometheus, Http, Lines, Check };
+enum class Format { Json, Prometheus, Lines, Check, Http };
 
 struct Options {
     Format format = Format::Json;

@@ -27,8 +27,8 @@ constexpr Labels kBySocket = {{"cartridge", "module"}};
 
 // A metric has a sample for each of these strings, with the string in a label.
 struct Words {
-    const char* label;
-    const char* word[7];  // ends with a null pointer
+    char label[12];
+    char word[7][20];  // ends with an empty string
 };
 constexpr Words kSeverities = {"severity", {"info", "repaired", "caution", "critical", "unknown"}};
 constexpr Words kLightStates = {"state", {"off", "on", "blinking", "in an unknown state"}};
@@ -241,10 +241,10 @@ bool HasLabel(const Metric& metric, const Entry& entry) {
     });
 }
 
-// Returns the index of the value's string, or that of the null pointer at the end.
+// Returns the index of the value's string, or that of the empty string at the end.
 size_t IndexOf(const Words& words, const Value& value) {
     const auto found = std::find_if(std::begin(words.word), std::end(words.word),
-                                    [&](const char* word) { return word == nullptr || value.text == word; });
+                                    [&](const char* word) { return *word == '\0' || value.text == word; });
     return static_cast<size_t>(found - std::begin(words.word));
 }
 
@@ -308,7 +308,7 @@ std::string Samples::Lines(const Metric& metric) const {
         for (const auto& [labels, value] : values_) AppendSample(metric.name, labels, value, lines);
         return lines;
     }
-    for (size_t i = 0; metric.words->word[i] != nullptr; ++i) {
+    for (size_t i = 0; metric.words->word[i][0] != '\0'; ++i) {
         const auto append = [&](std::string labels, double value) {
             AppendLabel(metric.words->label, Text(metric.words->word[i]), labels);
             AppendSample(metric.name, labels, value, lines);

@@ -23,20 +23,18 @@ int DaysOf(int64_t year) {
     return 365 + DaysOf(year, 2) - 28;
 }
 
-bool IsValid(const EVT_TIME_STAMP& time) {
-    return time.bCentury < 100 && time.bYear < 100 && time.bMonth >= 1 && time.bMonth <= 12 &&
-           time.bDay >= 1 && time.bDay <= DaysOf(time.bCentury * 100 + time.bYear, time.bMonth) &&
-           time.bHour < 24 && time.bMinute < 60;
+bool IsValid(const TimeParts& parts) {
+    const auto [century, year, month, day, hour, minute] = parts;
+    return century < 100 && year < 100 && month >= 1 && month <= 12 && day >= 1 &&
+           day <= DaysOf(century * 100 + year, month) && hour < 24 && minute < 60;
 }
 
 }  // namespace
 
-std::optional<int64_t> TimeOf(const EVT_TIME_STAMP& time) {
-    if (!IsValid(time)) return {};
+std::optional<int64_t> TimeOf(const TimeParts& parts) {
+    if (!IsValid(parts)) return {};
     int64_t number = 0;
-    for (const uint8_t part : {time.bCentury, time.bYear, time.bMonth, time.bDay, time.bHour, time.bMinute}) {
-        number = number * 100 + part;
-    }
+    for (const uint8_t part : parts) number = number * 100 + part;
     return number;
 }
 
@@ -49,10 +47,12 @@ std::optional<int64_t> ParseTime(std::string_view text) {
         const bool is_digit = form[i] >= '0' && form[i] <= '9';
         if (kForm[i] == '0' ? !is_digit : form[i] != kForm[i]) return {};
     }
-    const auto part = [&](size_t place) {
-        return static_cast<uint8_t>((form[place] - '0') * 10 + form[place + 1] - '0');
-    };
-    return TimeOf({part(0), part(2), part(5), part(8), part(11), part(14)});
+    TimeParts parts;
+    for (size_t i = 0; i < parts.size(); ++i) {
+        const char* digits = &form[kPlaces[i]];
+        parts[i] = static_cast<uint8_t>((digits[0] - '0') * 10 + digits[1] - '0');
+    }
+    return TimeOf(parts);
 }
 
 void AssignTime(int64_t time, std::string& text) {

@@ -3,16 +3,18 @@
 // number.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <ctime>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "include/event_log.h"
+// Century, year of the century, month, day, hour and minute.
+using TimeParts = std::array<uint8_t, 6>;
 
 // Returns nothing if the time is invalid, such as February 30.
-std::optional<int64_t> TimeOf(const EVT_TIME_STAMP& time);
+std::optional<int64_t> TimeOf(const TimeParts& parts);
 
 // Parses a time such as "2006-03-15T14:07", or a date, which is that day at 00:00. Returns nothing if `text`
 // has another form or the time is invalid.

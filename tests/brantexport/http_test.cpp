@@ -134,12 +134,13 @@ TEST(Http, Answers) {
     TestMachine machine("tr300");
     const std::string metrics =
         RunProgram(ProgramPath("brantexport"), {"--prometheus"}, machine.Directory()).output;
+    const std::string size = std::to_string(metrics.size());
     const AnswerCase cases[] = {
         {kGet, "200 OK",
          "Date: \\w+, \\d\\d \\w+ \\d{4} [0-9:]{8} GMT\r\n"
-         "Content-Type: text/plain; version=0\\.0\\.4; charset=utf-8\r\nContent-Length: \\d+\r\n"
-         "Connection: close\r\n\r\n# HELP [^]*# EOF\n"},
-        {"HEAD /metrics HTTP/1.0\r\n\r\n", "200 OK", "[^]*\r\nContent-Length: \\d{4,}\r\n[^]*\r\n\r\n"},
+         "Content-Type: text/plain; version=0\\.0\\.4; charset=utf-8\r\nContent-Length: " +
+             size + "\r\nConnection: close\r\n\r\n# HELP [^]*# EOF\n"},
+        {"HEAD /metrics HTTP/1.0\r\n\r\n", "200 OK", "[^]*\r\nContent-Length: " + size + "\r\n[^]*\r\n\r\n"},
         {"HEAD /metrics HTTP/1.0\r\nunfinished", "400 Bad Request", "[^]*\r\n\r\n"},
         {"GET / HTTP/1.0\r\n\r\n", "404 Not Found", "[^]*\r\n\r\nNot Found\n"},
         {"PUT /metrics HTTP/1.0\r\n\r\n" + std::string(9000, 'x'), "405 Method Not Allowed",
@@ -160,7 +161,6 @@ TEST(Http, Answers) {
         EXPECT_EQ(server.Wait(), 0) << c.request;
         if (&c == cases) {
             const std::string body = answer.substr(answer.find("\r\n\r\n") + 4);
-            EXPECT_NE(answer.find("Content-Length: " + std::to_string(body.size()) + "\r\n"), answer.npos);
             EXPECT_EQ(ReplaceAll(body, kDuration, ""), ReplaceAll(metrics, kDuration, ""));
         }
     }
@@ -168,8 +168,9 @@ TEST(Http, Answers) {
     const Server elsewhere("/");
     elsewhere.Send(kGet);
     elsewhere.CloseInput();
-    EXPECT_TRUE(Contains(elsewhere.Receive(),
-                         "^HTTP/1\\.1 503 Service Unavailable\r\n[^]*\r\n\r\nthis is not VX hardware\n$"));
+    EXPECT_TRUE(
+        Contains(elsewhere.Receive(),
+                 "^HTTP/1\\.1 503 Service Unavailable\r\n[^]*\r\n\r\nThis is not [^\r\n]*read\\.\n$"));
 }
 
 TEST(Http, LimitsTheTimeOfSlowClients) {

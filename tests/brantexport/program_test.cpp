@@ -10,7 +10,7 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: brantexport [--json | --prometheus | --http | --check] [SECTION...]\n"
+    "usage: brantexport [--json | --prometheus | --check | --http] [SECTION...]\n"
     "       brantexport --lines [--since TIME] [--severity WORD]...\n"
     "sections: system processors memory nics port_map fans temperatures power_supplies uid asr settings "
     "versions "
@@ -21,7 +21,7 @@ constexpr char kNoSeverity[] =
 
 struct ArgumentsCase {
     std::vector<std::string> arguments;
-    const char* output;  // pattern of a part of it; empty if the arguments are invalid
+    const char* output;  // pattern of a part of it; empty if The arguments are invalid.
     std::string errors = "";
 };
 
@@ -37,7 +37,7 @@ TEST(Arguments, SelectFormatsSectionsAndEvents) {
         {{"--severity", "info", "--since=2006-04-12", "--severity", "caution", "--lines"},
          "^2006-04-12T02:28 caution [^\n]*\n$"},
         {{"--help", "--xml"},
-         "\nusage: brantexport (.|\n)*--severity WORD (.|\n)*\nSee brantexport\\(8\\).\n$"},
+         "\nusage: brantexport (.|\n)*--severity info\\|repaired(.|\n)*\nSee brantexport\\(8\\).\n$"},
         {{"fans", "--version"}, "^brantexport \\d+\\.\\d+\\.\\d+\n$"},
         {{"--xml"}, "", kUsage},
         {{"fan"}, "", kUsage},
@@ -126,11 +126,12 @@ TEST(Program, EndsWithAMessageAndAStatus) {
          "ERROR: brantexport only runs on VX hardware.\n", 1},
         {"a check by another user", "setpriv --reuid=65534 $P --check",
          "ERROR: You must be root to run brantexport.\n", 3,
-         "BRANT UNKNOWN - only root can read the values\n"},
+         "BRANT UNKNOWN - brantexport was not started as root.\n"},
         {"a check of foreign hardware", ">$D/xsvc; BRANT_MACHINE=$D $P --check",
-         "ERROR: brantexport only runs on VX hardware.\n", 3, "BRANT UNKNOWN - this is not VX hardware\n"},
+         "ERROR: brantexport only runs on VX hardware.\n", 3,
+         "BRANT UNKNOWN - This is not a Corvex server, or its firmware can't be read.\n"},
         {"a check with invalid arguments", "$P --xml --check", kUsage, 3,
-         "BRANT UNKNOWN - the arguments are invalid\n"},
+         "BRANT UNKNOWN - The arguments are invalid.\n"},
     };
     TestMachine machine("tr500k2");
     const TestMachine parent;
@@ -204,7 +205,8 @@ TEST(Program, RunsOnlyOnCorvexServers) {
         AddTables(machine, SmbiosTable().Add(record));
         const RunResult run = RunProgram(ProgramPath("brantexport"), {"--check"}, machine.Directory());
         EXPECT_EQ(run.errors, message + "ERROR: brantexport only runs on VX Corvex Servers.\n");
-        EXPECT_EQ(run.output, "BRANT UNKNOWN - this is not a Corvex server\n");
+        EXPECT_EQ(run.output,
+                  "BRANT UNKNOWN - This is not a Corvex server, or its firmware can't be read.\n");
         EXPECT_EQ(run.status, 3);
     }
 }
