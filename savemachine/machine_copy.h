@@ -26,7 +26,7 @@ class MachineCopy {
     // Creates the temporary directory. `path` is the destination, which must not exist. All members that
     // write throw std::system_error, whose message contains `path` and the reason. If `redact` is true,
     // private values are replaced.
-    MachineCopy(const std::string& path, bool redact);
+    MachineCopy(const std::string& path, bool redact = false);
     ~MachineCopy();
     MachineCopy(const MachineCopy&) = delete;
     MachineCopy& operator=(const MachineCopy&) = delete;
