@@ -84,7 +84,8 @@ const Case kCases[] = {
     {"a locator beyond the record", At("DIMM 4").TruncateTo(16).Bytes(), "0.1 1024 0 8/1\n"},
     {"a truncated array handle taken for 0", Array(0).Bytes() + At("").TruncateTo(5).Bytes(), ""},
     {"a truncated device handle taken for 0",
-     MemoryDeviceRecord({0, kHandle, "", 1, 1}).Bytes() + DimmLocationRecord(1, 0, 5, 6).TruncateTo(5).Bytes(),
+     MemoryDeviceRecord({0, kHandle, "", 1, 1}).Bytes() +
+         DimmLocationRecord(1, 0, 5, 6).TruncateTo(5).Bytes(),
      "0.1 1024 1 8/5\n"},
     // cases: several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
