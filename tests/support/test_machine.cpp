@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +16,15 @@
 #include "mkmachine/models.h"
 
 namespace {
+
+// Catches the signals that the caller of the tests ignores, as nohup does: a program that is started inherits
+// ignored signals, but not caught ones.
+[[maybe_unused]] const bool has_signals = [] {
+    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+        if (std::signal(number, SIG_DFL) == SIG_IGN) std::signal(number, [](int) {});
+    }
+    return true;
+}();
 
 // Creates a temporary directory, in memory if possible, because each change of a machine is synced to disk.
 std::string NewDirectory() {
