@@ -58,12 +58,20 @@ void AddVerdict(const std::string& verdict, Values& values) {
     }
 }
 
+void AddCalls(const std::string& trace, Values& values) {
+    std::map<std::string, int> counts;
+    for (const Match& call : MatchAll(trace, "(^|\n)(cdt \\d+|crom read \\w+|\\S+ \\S+)")) ++counts[call[2]];
+    for (const auto& [call, count] : counts)
+        values.emplace_back("calls " + call + ":", std::to_string(count));
+}
+
 Values AllValues(const Exported& exported) {
     Values values = ValuesOf(exported.json);
     AddSamples(exported.metrics, values);
     AddVerdict(exported.verdict, values);
     values.emplace_back("standard error:", exported.errors);
     values.emplace_back("status", std::to_string(exported.status));
+    AddCalls(exported.trace, values);
     return values;
 }
 
@@ -91,11 +99,15 @@ RunResult RunExport(const TestMachine& machine, const std::vector<std::string>& 
     return run;
 }
 
-Exported Export(const TestMachine& machine) {
+Exported Export(TestMachine& machine) {
+    machine.StartTrace();
     const RunResult json = RunExport(machine, {"--json"});
+    const std::string trace = machine.TakeTrace();
     const RunResult metrics = RunExport(machine, {"--prometheus"});
+    EXPECT_EQ(machine.TakeTrace(), trace);
     const RunResult check = RunExport(machine, {"--check"});
-    Exported exported{json.output, metrics.output, check.output, json.errors, json.status};
+    EXPECT_EQ(machine.TakeTrace(), trace);
+    Exported exported{json.output, metrics.output, check.output, json.errors, trace, json.status};
     const bool complete = json.output.find("\"errors\": []") != json.output.npos;
     EXPECT_EQ(json.status, complete ? 0 : 1) << json.output;
     EXPECT_EQ(metrics.status, json.status);
@@ -112,6 +124,14 @@ Exported Export(const TestMachine& machine) {
     return exported;
 }
 
+std::string CountsOf(const std::string& trace) {
+    Values calls;
+    AddCalls(trace, calls);
+    std::string text;
+    for (const auto& [call, count] : calls) text += call.substr(call.find(' ') + 1) + " " + count + "; ";
+    return text + "\n";
+}
+
 std::string Difference(const Exported& before, const Exported& now) {
     std::map<std::string, std::string> old;
     for (const auto& [name, value] : AllValues(before)) old[name] = value;
@@ -123,7 +143,11 @@ std::string Difference(const Exported& before, const Exported& now) {
     }
     // What has vanished, unless its list is shorter or null.
     for (const auto& [name, value] : old) {
-        if (name.back() == ':' && name[0] != '/') text += name + " 0 samples\n";
+        if (name.find("calls ") == 0) {
+            text += name + " 0\n";
+        } else if (name.back() == ':' && name[0] != '/') {
+            text += name + " 0 samples\n";
+        }
         if (name.find("check: ") == 0) text += "no " + name + "\n";
     }
     return text;

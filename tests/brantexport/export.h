@@ -12,6 +12,7 @@ struct Exported {
     std::string metrics;
     std::string verdict;  // of --check
     std::string errors;   // standard error of the run with --json
+    std::string trace;    // of the run with --json
     int status = 0;
 };
 
@@ -23,13 +24,16 @@ std::vector<std::pair<std::string, std::string>> ValuesOf(const std::string& jso
 // they have the right form, by constants.
 RunResult RunExport(const TestMachine& machine, const std::vector<std::string>& arguments);
 
-// Runs brantexport with --json, --prometheus and --check. Expects the same messages of all, and a status of 1
-// if the document has errors, otherwise 0. The status of --check must be that of its line.
-Exported Export(const TestMachine& machine);
+// Runs brantexport with --json, --prometheus and --check. Expects the same messages and calls of all, and a
+// status of 1 if the document has errors, otherwise 0. The status of --check must be that of its line.
+Exported Export(TestMachine& machine);
+
+// Returns how often each call of the platform is in the trace: "casr 6: 1; cdt 356: 11; ".
+std::string CountsOf(const std::string& trace);
 
 // Returns how `now` differs from `before`, a line for each difference: a new or changed value or sample, a
 // list or metric with a different number of entries, a problem that --check has or has no longer reported,
-// standard error, status.
+// standard error, status, a call that was made more or less often.
 std::string Difference(const Exported& before, const Exported& now);
 
 // Expects every JSON document to match docs/brantexport.schema.json.

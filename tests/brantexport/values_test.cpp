@@ -1,5 +1,6 @@
 // Tests of the exported values. MODEL.json, MODEL.prom and MODEL.txt are golden files with the complete
-// outputs of each model; MODEL.txt contains those of --check and --lines. values.txt contains the differences
+// outputs of each model; MODEL.txt contains how often each call was made, and the outputs of --check and
+// --lines. values.txt contains the differences
 // between each of the cases below and the unchanged model tr500k2.
 #include <gtest/gtest.h>
 
@@ -289,11 +290,13 @@ TEST(ExportedValues, OfEachModel) {
         TestMachine machine;
         MakeMachine(model, machine.Directory(), 3);
         const std::string golden = "brantexport/" + std::string(model.name);
+        machine.StartTrace();
         const std::string json = RunExport(machine, {}).output;
+        const std::string calls = CountsOf(machine.TakeTrace());
         ExpectGolden(golden + ".json", json);
         ExpectGolden(golden + ".prom", RunExport(machine, {"--prometheus"}).output);
         ExpectGolden(golden + ".txt",
-                     RunExport(machine, {"--check"}).output + RunExport(machine, {"--lines"}).output);
+                     calls + RunExport(machine, {"--check"}).output + RunExport(machine, {"--lines"}).output);
         documents.push_back(json);
     }
     ExpectFits(documents);
