@@ -15,7 +15,8 @@
 namespace {
 
 constexpr Health kWorstFirst[] = {Health::Critical, Health::Warning, Health::Unknown};
-constexpr int kFullLog = 1000;  // entries; the firmware doesn't report the capacity of its log
+constexpr int kMostProblems = 20;  // of each Health in the line, of which monitoring systems read a few KiB
+constexpr int kFullLog = 1000;     // entries; the firmware doesn't report the capacity of its log
 constexpr int64_t kSecondsOfDay = 24 * 60 * 60;
 
 bool IsFailedFan(const Entry& fan) {
@@ -69,12 +70,13 @@ std::string TextOf(const Value& value) {
     return value.kind == Value::Kind::Number ? std::to_string(value.number) : std::string(value.text);
 }
 
-// Replaces each name of a member in braces by the member.
+// Replaces each name of a member in braces by the member. Doesn't search the members for braces.
 std::string Filled(std::string text, const Entry& entry) {
-    for (size_t open = text.find('{'); open != text.npos; open = text.find('{')) {
+    for (size_t open = text.find('{'); open != text.npos; open = text.find('{', open)) {
         const size_t close = text.find('}', open);
-        const std::string member = text.substr(open + 1, close - open - 1);
-        text.replace(open, close + 1 - open, TextOf(entry[member.c_str()]));
+        const std::string value = TextOf(entry[text.substr(open + 1, close - open - 1).c_str()]);
+        text.replace(open, close + 1 - open, value);
+        open += value.size();
     }
     return text;
 }
@@ -97,11 +99,14 @@ class CheckWriter : public EntryWriter {
     void JudgeEvents();
     void AddProblem(Health health, const std::string& problem);
     Health State() const;
+    // Returns the problems of all Health, the worst first, or "no problem found".
+    std::string Problems() const;
     // Returns the numbers that monitoring systems draw graphs of, each after a space.
     std::string PerformanceData() const;
 
     int output_;
-    std::string problems_[4];  // of each Health
+    std::string problems_[4];  // the first ones of each Health
+    int problem_counts_[4] = {};
     int counts_[std::size(kCounted)] = {};
     std::string temperatures_;  // performance data
     const int64_t yesterday_ = LocalTime(static_cast<time_t>(Milliseconds() / 1000 - kSecondsOfDay));
@@ -148,15 +153,28 @@ void CheckWriter::JudgeEvents() {
 }
 
 void CheckWriter::AddProblem(Health health, const std::string& problem) {
-    std::string& problems = problems_[static_cast<size_t>(health)];
-    problems += (problems.empty() ? "" : "; ") + problem;
+    const auto index = static_cast<size_t>(health);
+    if (++problem_counts_[index] > kMostProblems) return;
+    problems_[index] += (problems_[index].empty() ? "" : "; ") + problem;
 }
 
 Health CheckWriter::State() const {
     for (const Health health : kWorstFirst) {
-        if (!problems_[static_cast<size_t>(health)].empty()) return health;
+        if (problem_counts_[static_cast<size_t>(health)] != 0) return health;
     }
     return Health::Ok;
+}
+
+std::string CheckWriter::Problems() const {
+    std::string text;
+    for (const Health health : kWorstFirst) {
+        const auto index = static_cast<size_t>(health);
+        if (problem_counts_[index] == 0) continue;
+        text += (text.empty() ? "" : "; ") + problems_[index];
+        const int more = problem_counts_[index] - kMostProblems;
+        if (more > 0) text += "; and " + std::to_string(more) + " more";
+    }
+    return text.empty() ? "no problem found" : text;
 }
 
 std::string CheckWriter::PerformanceData() const {
@@ -169,12 +187,7 @@ std::string CheckWriter::PerformanceData() const {
 
 void CheckWriter::Finish() {
     JudgeEvents();
-    std::string text;
-    for (const Health health : kWorstFirst) {
-        const std::string& problems = problems_[static_cast<size_t>(health)];
-        if (!problems.empty()) text += (text.empty() ? "" : "; ") + problems;
-    }
-    if (text.empty()) text = "no problem found";
+    std::string text = Problems();
     const std::string data = PerformanceData();
     if (!data.empty()) text += " |" + data;
     constexpr const char* kNames[] = {"OK", "WARNING", "CRITICAL", "UNKNOWN"};

@@ -12,6 +12,7 @@
 #include "mkmachine/models.h"
 #include "tests/brantexport/export.h"
 #include "tests/support/golden.h"
+#include "tests/support/pattern.h"
 
 namespace {
 
@@ -268,6 +269,14 @@ TEST(Check, WarnsOfNewCriticalEventsAndOfAFullLog) {
     MakeMachine(kBx20, machine.Directory(), 1000);
     EXPECT_EQ(RunExport(machine, {"--check", "events"}).output,
               "BRANT WARNING - entries in the event log: 1000 | events=1000\n");
+}
+
+TEST(Check, CountsTheProblemsThatItLeavesOut) {
+    TestMachine machine("bx20");
+    machine.Table(kFanHeaderTable, 0, 0, FANHEADER{22, 1, 1, 22});
+    const std::string verdict = RunExport(machine, {"--check", "fans"}).output;
+    EXPECT_TRUE(Contains(verdict, "fan 20\\.; fans: Failed to read fan 21\\.; and 1 more \\| fans=1\n$"))
+        << verdict;
 }
 
 TEST(Lines, ShowEveryEventUpToAFailure) {
