@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdio>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -68,15 +69,16 @@ constexpr Metric Is(std::string_view word, Metric metric) {
     return metric;
 }
 
+// Doesn't compile if the array of words is full: it must end with an empty string.
 constexpr Metric EachOf(const Words& words, Metric metric) {
+    if (words.word[std::size(words.word) - 1][0] != '\0') throw std::logic_error("Words::word is too short");
     metric.words = &words;
     return metric;
 }
 
 constexpr Metric BySeverity(Group group, Metric metric) {
-    metric.words = &kSeverities;
     metric.group = group;
-    return metric;
+    return EachOf(kSeverities, metric);
 }
 
 // clang-format off
