@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -67,11 +68,24 @@ bool Export(Writer& writer, const std::vector<Section>& sections) {
     return errors.List().empty();
 }
 
+// Makes the system end the process after a time, even if the process was started with SIGALRM ignored or
+// blocked: both survive exec().
+void EndAfter(unsigned seconds) {
+    struct sigaction action {};
+    action.sa_handler = SIG_DFL;
+    sigaction(SIGALRM, &action, nullptr);
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGALRM);
+    sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+    alarm(seconds);
+}
+
 // Answers one HTTP request. Reads the hardware first and then gives up root, so that no byte of the client is
 // read as root.
 int Serve(int output, const std::vector<Section>& sections) {
     if (!SeparateMessages(output)) return 1;
-    alarm(kLongestHttpRun);
+    EndAfter(kLongestHttpRun);
     std::string metrics;
     const char* const problem = StartUp();
     if (problem == nullptr) Export(*NewPrometheusWriter(metrics, sections), sections);
