@@ -95,6 +95,8 @@ void Redaction::RedactFile(const std::string& path, std::string& bytes) {
     } else if (StartsWith(path, PathOf(kModuleConfigTable))) {
         ClearPresenceDetect(bytes);
         replacements_.ReplaceTexts(bytes, {kPartNumber, sizeof(RESMEM_DIMM_INFO::partNumber)});
+    } else if (StartsWith(path, PathOf(kModuleStatusTable))) {
+        Clear(bytes, {offsetof(RESMEM_DIMM_STATUS, reserved), sizeof(RESMEM_DIMM_STATUS::reserved)});
     } else if (path == "cevt/hlog") {
         RedactEvents(bytes);
     }

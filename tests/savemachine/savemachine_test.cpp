@@ -370,6 +370,9 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
     std::memcpy(module.dimmInfo.keyBytes.ucKey, "Hush", 4);
     std::memcpy(module.dimmInfo.partNumber, "Hush", 4);
     machine.Table(kModuleConfigTable, 0, 0, module);
+    RESMEM_DIMM_STATUS status{};
+    status.reserved[7] = 0x68737548;
+    machine.Table(kModuleStatusTable, 0, 0, status);
     CartridgePrefix cartridge{};
     std::memcpy(cartridge.partName, "Hush", 4);
     machine.Table(kCartridgeTable, 255, 0, cartridge);
