@@ -46,13 +46,13 @@ bool IsAny(const Entry& /*error*/) {
     return true;
 }
 
-// What counts as what. The alerts in contrib/prometheus and the table in brantexport(8) agree with this table
-// and with the rules for the event log, CheckWriter::JudgeEvents().
+// A problem that an entry can have. The alerts in contrib/prometheus and the table in brantexport(8) must
+// agree with kRules and with CheckWriter::JudgeEvents(), which judges the event log.
 struct Rule {
-    std::string_view path;  // of the entries, as in EntryWriter
-    bool (*holds)(const Entry& entry);
+    std::string_view path;              // of the entries, as in EntryWriter
+    bool (*holds)(const Entry& entry);  // returns whether the entry has the problem
     Health health;
-    const char* problem;  // with the names of members in braces
+    const char* problem;  // the message; the value of a member replaces its name in braces
 };
 constexpr Rule kRules[] = {
     {"fans", IsFailedFan, Health::Critical, "fan {number} ({location}) has failed"},
@@ -70,7 +70,7 @@ std::string TextOf(const Value& value) {
     return value.kind == Value::Kind::Number ? std::to_string(value.number) : std::string(value.text);
 }
 
-// Replaces each name of a member in braces by the member. Doesn't search the members for braces.
+// Replaces the name of each member in braces by the member's value. Doesn't search the values for braces.
 std::string Filled(std::string text, const Entry& entry) {
     for (size_t open = text.find('{'); open != text.npos; open = text.find('{', open)) {
         const size_t close = text.find('}', open);
@@ -81,7 +81,7 @@ std::string Filled(std::string text, const Entry& entry) {
     return text;
 }
 
-// The lists whose lengths are part of the performance data.
+// The lists whose lengths are printed as performance data, which is the output after "|".
 constexpr std::string_view kCounted[] = {"processors",   "memory",         "nics",  "fans",
                                          "temperatures", "power_supplies", "events"};
 
@@ -101,11 +101,11 @@ class CheckWriter : public EntryWriter {
     Health State() const;
     // Returns the problems of all Health, the worst first, or "no problem found".
     std::string Problems() const;
-    // Returns the numbers that monitoring systems draw graphs of, each after a space.
+    // Returns the performance data: numbers for the graphs of a monitoring system, each after a space.
     std::string PerformanceData() const;
 
     int output_;
-    std::string problems_[4];  // the first ones of each Health
+    std::string problems_[4];  // indexed by Health; only the first problems of each
     int problem_counts_[4] = {};
     int counts_[std::size(kCounted)] = {};
     std::string temperatures_;  // performance data

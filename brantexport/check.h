@@ -1,18 +1,18 @@
-// The verdict on the server's health, in the form that monitoring systems expect of a plugin: a line and an
-// exit status.
+// Prints a verdict on the server's health in the form that monitoring systems expect of a plugin: a line and
+// an exit status.
 #pragma once
 
 #include <memory>
 
 #include "brantexport/writer.h"
 
-// The values are exit statuses. If a server has several states, the first of Critical, Warning, Unknown and
-// Ok counts.
+// The values are exit statuses. If a server has several problems, its state is the first of Critical, Warning
+// and Unknown that one of them has.
 enum class Health { Ok = 0, Warning = 1, Critical = 2, Unknown = 3 };
 
-// Writes the verdict Unknown into the descriptor `output`, if the values can't be read because of `problem`.
-// Allocates no memory. Returns the exit status.
+// Writes the verdict Unknown and the message `problem` to the descriptor `output`, for a run that could not
+// read the values. Allocates no memory. Returns the exit status.
 int WriteUnknown(int output, const char* problem);
 
-// Returns a writer that writes the verdict into the descriptor `output`. Its Status() is a Health.
+// Returns a writer that writes the verdict to the descriptor `output`. Its Status() is a Health.
 std::unique_ptr<Writer> NewCheckWriter(int output);

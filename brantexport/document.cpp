@@ -7,8 +7,8 @@
 
 namespace {
 
-// The version of the document's form. It changes when a program that reads the document could fail: when a
-// member is renamed, removed, or gets other values. docs/brantexport.schema.json contains it, too.
+// The version of the document's format. Increase it, also in docs/brantexport.schema.json, if a change could
+// break programs that read the document: if a member is renamed or removed or its values change.
 constexpr int kSchemaVersion = 1;
 
 // Returns the time in UTC, such as "2026-11-25T12:30:00Z".

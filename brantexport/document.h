@@ -7,5 +7,5 @@
 #include "brantexport/sections.h"
 #include "brantexport/writer.h"
 
-// Reads the sections and sends the document to `writer`. Adds what can't be read to `errors`.
+// Reads the sections and sends the document to `writer`. Adds an error for each value that can't be read.
 void WriteDocument(Writer& writer, const std::vector<Section>& sections, Errors& errors);

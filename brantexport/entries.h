@@ -1,4 +1,5 @@
-// A writer for formats that select values: it collects the values of each object into an entry.
+// The base of the writers that select and combine values. It collects the members of each object into an
+// entry.
 #pragma once
 
 #include <string>
@@ -13,7 +14,7 @@ class Entry {
         const char* key;
         Value::Kind kind;
         int64_t number;
-        std::string text;  // of a Word, in lower case, or of a Text; otherwise without meaning
+        std::string text;  // a Word in lower case, or a Text; unused for other kinds
     };
 
     Entry(const Member* members, size_t count) : members_(members), count_(count) {}
@@ -36,19 +37,19 @@ class EntryWriter : public Writer {
     void EndList() final { Close(); }
 
   protected:
-    // Receives an entry. `path` consists of the keys that lead to it: "fans" for each fan, and
-    // "processors.caches" for each cache of each processor. It is empty for the whole document, which has the
-    // members that aren't objects or lists. An element of a list that isn't an object is an entry with the
-    // members "position", from 1, and "name".
+    // Receives an entry. `path` consists of the keys that lead to it: "fans" for each fan,
+    // "processors.caches" for each cache of each processor, and "" for the document itself. The members of an
+    // entry are the scalar values of the object, without nested objects and lists. A scalar element of a list
+    // is an entry with the members "position", from 1, and "name".
     virtual void Take(std::string_view path, const Entry& entry) = 0;
 
   private:
     // An object or list that hasn't ended yet.
     struct Level {
-        size_t path_size;     // of the level that contains it
-        size_t first_member;  // index of the object's first member
+        size_t path_size;     // size of path_ for the level that contains this one
+        size_t first_member;  // index of the object's first member in members_
         bool is_list;
-        int elements;  // of a list, except objects
+        int elements;  // number of scalar elements of a list so far
     };
 
     void Open(bool is_list);

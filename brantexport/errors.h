@@ -1,4 +1,4 @@
-// Everything that could not be read.
+// The list of errors: an entry for each value or section that could not be read.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ class Errors {
 
     // Sets the section of the errors that are added from now on.
     void Begin(const char* section) { section_ = section; }
-    // Adds an error. Returns null, the value of whatever could not be read.
+    // Adds an error. Returns a null value, which is exported instead of the value that could not be read.
     Value Add(std::string message) {
         list_.push_back({section_, std::move(message)});
         return {};

@@ -12,9 +12,9 @@
 
 namespace {
 
-// Writes a module of the driver's tables. `status_failed`: its status can't be read.
+// Writes a module of the driver's tables. `status_failed` is true if its status can't be read.
 void WriteModule(Writer& writer, const ModuleStatus& module, bool status_failed) {
-    char number[24];  // as SHOW DIMM prints it
+    char number[24];  // a status without a name, as SHOW DIMM prints it
     std::snprintf(number, sizeof number, "Unknown - 0x%x", module.status);
     const Value status = Word(module.status_text != nullptr ? module.status_text : number);
     writer.BeginObject();
@@ -99,9 +99,9 @@ void WriteSupply(Writer& writer, const SupplyStatus& supply, int number) {
     writer.EndObject();
 }
 
-// Writes a list of `count` parts. `write_part` reads and writes the part with an index from 0. If it returns
-// false because the part can't be read, the list lacks the part, and an error names it: `part`, such as
-// "fan", and its number, which is `first` for index 0.
+// Writes a list of `count` parts. `write_part` reads and writes the part with an index from 0, or returns
+// false if the part can't be read. The list then lacks the part, and an error contains its name `part`, such
+// as "fan", and its number, which is `first` for index 0.
 template <typename WritePart>
 void WriteParts(Writer& writer, Errors& errors, int count, const char* part, int first,
                 WritePart write_part) {

@@ -27,7 +27,7 @@ constexpr int kRequestTime = 5000;
 constexpr int kAnswerTime = 5000;
 constexpr int kEndTime = 1000;  // for the client to close the connection after it has received the answer
 
-bool use_system_log = false;  // because standard error was the connection
+bool use_system_log = false;  // true: standard error was the connection and is /dev/null now
 
 bool IsSameSocket(int a, int b) {
     struct stat stat_a {
@@ -65,11 +65,12 @@ bool IsControl(char c) {
     return (c >= 0 && c < ' ' && c != '\t') || c == 127;
 }
 
-// The header of a request. Each function returns false if the request is malformed.
+// Parses the header of a request.
 class Header {
   public:
+    // Parses the next line, without its CR LF. Returns false if it is malformed.
     bool AddLine(std::string_view line);
-    // Checks what can only be checked at the end.
+    // Returns false if the fields contradict each other or Host is missing, after the last line.
     bool Finish() const;
     // Returns the status of the answer to a request that isn't malformed.
     int Status() const { return status_; }
@@ -93,7 +94,7 @@ bool Header::AddLine(std::string_view line) {
     return lines_++ == 0 ? AddRequestLine(line) : AddField(line);
 }
 
-// A request line: METHOD TARGET VERSION
+// Parses the request line: METHOD TARGET VERSION
 bool Header::AddRequestLine(std::string_view line) {
     const std::string_view method = line.substr(0, line.find(' '));
     if (!IsToken(method)) return false;
@@ -110,7 +111,7 @@ bool Header::AddRequestLine(std::string_view line) {
     return true;
 }
 
-// A target: /PATH?QUERY, or http://HOST/PATH?QUERY as sent to proxies. The query is ignored.
+// Parses the target: /PATH?QUERY, or http://HOST/PATH?QUERY as sent to proxies. Ignores the query.
 bool Header::AddTarget(std::string_view target) {
     constexpr std::string_view kScheme = "http://";
     if (strcmpi(target.substr(0, kScheme.size()), kScheme) == 0) {
@@ -125,8 +126,8 @@ bool Header::AddTarget(std::string_view target) {
     return true;
 }
 
-// A field: NAME: VALUE. A line that begins with a space would continue the field before it, a form that is
-// no longer allowed; it isn't a field, because a name has no spaces.
+// Parses a field: NAME: VALUE. A line that begins with a space would continue the previous field. This form
+// is obsolete and is rejected, because a name contains no spaces.
 bool Header::AddField(std::string_view line) {
     const std::string_view name = line.substr(0, line.find(':'));
     if (!IsToken(name) || name.size() == line.size()) return false;
@@ -144,8 +145,8 @@ bool Header::Finish() const {
     return (hosts_ == 1 || !is_http_1_1_) && !is_length_ambiguous && (encodings_ == 0 || is_http_1_1_);
 }
 
-// A point in time. times() counts the clock ticks since the system's start, so changes of the system's time
-// don't matter.
+// The end of a time limit. It is measured with times(), which counts clock ticks since the system's start, so
+// setting the system's clock doesn't change it.
 class Deadline {
   public:
     explicit Deadline(int milliseconds) : start_(Now()), milliseconds_(milliseconds) {}
@@ -166,7 +167,7 @@ class Deadline {
     int milliseconds_;
 };
 
-// Waits until the descriptor can be read or written. Returns false after the deadline.
+// Waits for one of `events` of the descriptor. Returns false after the deadline or if poll() fails.
 bool WaitFor(int fd, short events, const Deadline& deadline) {
     while (const int left = deadline.Left()) {
         pollfd waiting = {fd, events, 0};
@@ -177,7 +178,8 @@ bool WaitFor(int fd, short events, const Deadline& deadline) {
     return false;
 }
 
-// Reads a request. The status is 0 if the client has closed the connection without sending anything.
+// Reads a request. The status is 0 if reading fails or the client closes the connection without sending
+// anything.
 HttpRequest ReadRequest(int input) {
     const Deadline deadline(kRequestTime);
     std::string received;
@@ -208,7 +210,8 @@ const char* PhraseOf(int status) {
     }
 }
 
-// Returns the time as in an HTTP header. There is no locale, so the names are English.
+// Returns the current time in the format of the field Date. The program sets no locale, so the names of days
+// and months are English.
 std::string HttpDate() {
     const std::time_t now = std::time(nullptr);
     char text[64] = "";
@@ -231,7 +234,7 @@ std::string AnswerTo(const HttpRequest& request, std::string_view type, std::str
     return answer;
 }
 
-// Writes to a descriptor without waiting longer than until the deadline.
+// Writes all of `bytes` to a descriptor. Returns false if that fails or takes longer than the deadline.
 bool WriteUntil(const Deadline& deadline, int output, std::string_view bytes) {
     const int flags = fcntl(output, F_GETFL);
     if (flags < 0 || fcntl(output, F_SETFL, flags | O_NONBLOCK) < 0) return false;
@@ -243,8 +246,8 @@ bool WriteUntil(const Deadline& deadline, int output, std::string_view bytes) {
     return waited;
 }
 
-// Waits until the client closes the connection, and discards what it still sends. If bytes were left unread
-// when the connection is closed, the client would get a reset and could lose the answer.
+// Waits until the client closes the connection, and discards the bytes that it still sends. If the program
+// closed the connection with unread bytes, the client would get a reset and could lose the answer.
 void EndConnection(int input, int output) {
     if (shutdown(output, SHUT_WR) != 0) return;  // not a connection
     const Deadline deadline(kEndTime);
@@ -274,9 +277,11 @@ void ReportRootRemains(const char* program, const char* user, const char* reason
 HttpRequest ParseHttpRequest(std::string_view received) {
     Header header;
     const auto result = [&](int status) { return HttpRequest{status, header.IsHead()}; };
-    if (StartsWith(received, "\r\n")) received.remove_prefix(2);  // some clients send it after a body
+    if (StartsWith(received, "\r\n"))
+        received.remove_prefix(2);  // some clients send CR LF after the body of a request
     while (true) {
-        // Incomplete lines are checked, too, so that a TLS client is not kept waiting for an answer.
+        // An incomplete line is checked, too, so that a TLS client gets its answer at once: it sends control
+        // characters but no line end.
         const size_t size = received.find('\n');
         std::string_view line = received.substr(0, size);
         const bool ends_with_return = !line.empty() && line.back() == '\r';

@@ -8,8 +8,9 @@
 // The largest request, up to the empty line that ends its header.
 constexpr size_t kMaxHttpRequest = 8192;
 
-// Keeps messages away from the client: if standard error is the same connection as `output`, redirects it and
-// standard output to /dev/null, and makes ReportRootRemains() use the system log. Returns false on failure.
+// Prevents the client from getting the program's messages: if standard error is the same connection as
+// `output`, redirects standard error and standard output to /dev/null, and makes ReportRootRemains() use the
+// system log. Returns false on failure.
 [[nodiscard]] bool SeparateMessages(int output);
 
 // Reports that the process could not become `user`: on standard error or, if that was the connection, in the
@@ -25,8 +26,8 @@ struct HttpRequest {
 // otherwise 400, 404 or 405. Bytes after the header don't change the result.
 HttpRequest ParseHttpRequest(std::string_view received);
 
-// Reads a request from `input` and writes the answer to `output`: the metrics, or status 503 with `failure`
-// as the text if the metrics are empty. Limits the time for the request, for the answer and for the end of
-// the connection, so that a client can't hold the process. Returns false if no answer, or only part of it,
-// could be written.
+// Reads a request from `input` and writes the answer to `output`: the metrics, or status 503 with the text
+// `failure` if the metrics are empty. Limits the time for reading the request, for writing the answer and for
+// closing the connection, so that a client can't keep the process running. Returns false if the answer could
+// not be written completely.
 bool ServeHttpRequest(int input, int output, std::string_view metrics, std::string_view failure);

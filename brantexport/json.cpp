@@ -14,7 +14,8 @@
 
 namespace {
 
-// Allocates for the JSON library, which would use the null pointer of an allocation that fails.
+// Allocates memory for the JSON library and throws if there is none. With its own allocator, the library
+// would use the null pointer.
 struct Allocator {
     static void* Malloc(size_t size) { return Realloc(nullptr, 0, size); }
     static void* Realloc(void* old, size_t /*old_size*/, size_t size) {
@@ -35,7 +36,7 @@ using Buffer = rapidjson::GenericStringBuffer<rapidjson::UTF8<>, Allocator>;
 
 }  // namespace
 
-// As the library does for its own allocator: writes the indentation of a line in one step.
+// Writes the indentation of a line in one step, as the library's specialisation for its own allocator does.
 template <>
 inline void rapidjson::PutN(Buffer& stream, char c, size_t n) {
     std::memset(stream.Push(n), c, n);

@@ -5,5 +5,5 @@
 
 #include "brantexport/writer.h"
 
-// Returns a writer that writes JSON, as UTF-8, into the descriptor `output`.
+// Returns a writer that writes JSON in UTF-8 to the descriptor `output`.
 std::unique_ptr<Writer> NewJsonWriter(int output);

@@ -30,13 +30,13 @@ namespace {
 
 constexpr char kProgram[] = "brantexport";
 
-// The user who serves the metrics over HTTP, and the longest time for this in seconds, after which the system
-// ends the process. It only matters if the driver doesn't reply.
+// The process serves the metrics over HTTP as this user. After the longest time, in seconds, SIGALRM ends the
+// process; this only happens if the driver doesn't reply.
 constexpr char kHttpUser[] = "nobody";
 constexpr unsigned kLongestHttpRun = 60;
 
-// What a run needs. The functions print a message on standard error; a monitoring system or an HTTP client
-// gets `problem` instead.
+// A condition without which nothing can be read. If it isn't met, `is_met` prints a message on standard
+// error, and a monitoring system or an HTTP client gets `problem`.
 struct Requirement {
     bool (*is_met)(const char* program);
     const char* problem;
@@ -48,8 +48,8 @@ constexpr Requirement kRequirements[] = {
     {ReadFirmwareTables, kNoServer},
 };
 
-// Checks the requirements, opens the devices and fills the state that the sections use. Returns null, or the
-// problem if nothing can be read.
+// Checks the requirements, opens the devices and sets the global variables that the sections use. Returns
+// null, or the problem of the first requirement that isn't met.
 const char* StartUp() {
     for (const auto& [is_met, problem] : kRequirements) {
         if (!is_met(kProgram)) return problem;
@@ -81,8 +81,8 @@ void EndAfter(unsigned seconds) {
     alarm(seconds);
 }
 
-// Answers one HTTP request. Reads the hardware first and then gives up root, so that no byte of the client is
-// read as root.
+// Answers one HTTP request. Reads the hardware as root, then gives up root, and only then reads bytes from
+// the client. Returns the exit status.
 int Serve(int output, const std::vector<Section>& sections) {
     if (!SeparateMessages(output)) return 1;
     EndAfter(kLongestHttpRun);
@@ -97,13 +97,14 @@ int Serve(int output, const std::vector<Section>& sections) {
     return ServeHttpRequest(STDIN_FILENO, output, metrics, problem != nullptr ? problem : "") ? 0 : 1;
 }
 
-// Returns the exit status of a run that fails: `status`, unless the run is a check.
+// Returns the exit status of a run that fails: `status`, or that of --check, for which it also writes the
+// verdict.
 int Fail(const Options& options, int output, const char* problem, int status = 1) {
     return options.format == Format::Check ? WriteUnknown(output, problem) : status;
 }
 
-// Returns the writer of the format that the options select. Only metrics are stored in `metrics`; the others
-// are written into the descriptor `output`.
+// Returns the writer for the selected format. The writer for metrics stores them in `metrics`; the others
+// write to the descriptor `output`.
 std::unique_ptr<Writer> NewWriter(const Options& options, int output, std::string& metrics) {
     switch (options.format) {
         case Format::Prometheus:

@@ -61,7 +61,8 @@ void SetProblem(Options& options, const std::string& problem) {
     if (options.problem.empty()) options.problem = problem;
 }
 
-// These functions handle the current argument if it belongs to them. Otherwise they return false.
+// Each of these functions parses the current argument if it is of the kind that the name of the function
+// contains. Otherwise it returns false.
 
 bool ReadFormat(const ProgramArguments& arguments, Options& options) {
     for (const auto& [option, format] : kFormats) {

@@ -3,5 +3,5 @@
 
 #include <string_view>
 
-// Writes all of the bytes into the descriptor `output`. Throws std::system_error if they can't be written.
+// Writes all of the bytes to the descriptor `output`. Throws std::system_error on failure.
 void WriteOutput(int output, std::string_view bytes);

@@ -27,17 +27,17 @@ const char* DropRoot(const char* user_name) {
         if (user == nullptr) return "no such user";
         const uid_t uid = user->pw_uid;
         const gid_t gid = user->pw_gid;
-        // The user comes last: afterwards, the process may no longer change its groups.
+        // The user is set last, because only root may change the groups.
         if (setgroups(1, &gid) != 0 || setgid(gid) != 0 || setuid(uid) != 0) return std::strerror(errno);
         if (!Is(uid, gid) || setgid(0) == 0 || setegid(0) == 0) return "groups remain";
     }
-    // These calls succeed if the saved user ID is still root, or if the process kept the privilege.
+    // A call succeeds if the saved user ID is still root or the process still has the privilege to change it.
     return setuid(0) == 0 || seteuid(0) == 0 ? "root remains" : nullptr;
 }
 
 void CloseOtherDescriptors(int kept) {
-    // The limit may be a million, or -1 if there is none. The process opens only a few descriptors, and each
-    // gets the lowest free number.
+    // The limit may be a million, or -1 for no limit. A descriptor gets the lowest free number and the
+    // process opens only a few, so none is above kMost.
     constexpr long kMost = 1024;
     const long limit = sysconf(_SC_OPEN_MAX);
     const long end = limit < 0 ? kMost : std::min(limit, kMost);

@@ -16,8 +16,8 @@
 
 namespace {
 
-// Members of an entry, which become the labels of its sample. These strings and those of a metric are arrays,
-// because the dynamic loader would have to set a pointer at each start.
+// The members of an entry that become the labels of its sample. The strings are arrays, because the dynamic
+// loader would have to relocate a pointer at each start.
 struct Labels {
     char member[4][16];
 };
@@ -26,7 +26,7 @@ constexpr Labels kByNumber = {{"number"}};
 constexpr Labels kByLocation = {{"number", "location"}};
 constexpr Labels kBySocket = {{"cartridge", "module"}};
 
-// A metric has a sample for each of these strings, with the string in a label.
+// The strings of a metric that has a sample for each string, with the string as the value of `label`.
 struct Words {
     char label[12];
     char word[7][20];  // ends with an empty string
@@ -39,23 +39,23 @@ constexpr Words kF1Prompts = {"state", {"enabled", "disabled", "delayed", "undef
 
 // How the entries of a list become samples.
 enum class Group {
-    None,        // each entry has its own
+    None,        // one sample for each entry
     Count,       // one for each severity: how many entries have that severity
     Latest,      // one for each severity: the value of the last entry that has that severity
-    LatestTime,  // the same of a time, in seconds since 1970
+    LatestTime,  // like Latest, for a time, which is converted to seconds since 1970
 };
 
-// A metric: a member of a section, or of each entry if the section is a list. Most strings are arrays,
-// because the dynamic loader would have to set a pointer at each start.
+// A metric: a member of a section, or of each entry if the section is a list. Most strings are arrays for the
+// same reason as in Labels.
 struct Metric {
     char name[40];
     char help[72];
     char path[24];  // of the entries, as in EntryWriter
     Labels labels;
     char member[24] = "";          // empty: the value is 1, and the labels contain the information
-    double factor = 1;             // the number, or 1 for true, is multiplied by it
+    double factor = 1;             // multiplies the number, or 1 for true
     char word[12] = "";            // if not empty: the value is 1 if the member is this string, else 0
-    const Words* words = nullptr;  // a state set: the same for each of these strings
+    const Words* words = nullptr;  // if not null: a sample for each string, 1 if the member is it, else 0
     Group group = Group::None;
 };
 
@@ -261,10 +261,11 @@ class Samples {
     void AddToGroup(const Metric& metric, const Entry& entry);
     void AddValue(const Metric& metric, const Entry& entry, double value);
 
-    std::vector<std::pair<std::string, double>>
-        values_;  // labels and value; of a state set, the index of the word
-    std::unordered_map<std::string, size_t> index_;  // from the labels to the index in `values_`
-    std::optional<double> groups_[std::size(Words{}.word)];
+    // Labels and value. If the metric has a sample for each of several strings, the value is the index of the
+    // member's string.
+    std::vector<std::pair<std::string, double>> values_;
+    std::unordered_map<std::string, size_t> index_;          // from the labels to the index in `values_`
+    std::optional<double> groups_[std::size(Words{}.word)];  // of each severity, if the metric has groups
 };
 
 void Samples::Add(const Metric& metric, const Entry& entry) {
@@ -342,8 +343,8 @@ class PrometheusWriter : public EntryWriter {
     std::string& text_;
     Samples samples_[std::size(kMetrics)];
     std::string path_;                                      // of the last entry
-    std::vector<size_t> rows_;                              // of kMetrics that have this path
-    std::vector<std::pair<std::string_view, int>> errors_;  // of each section
+    std::vector<size_t> rows_;                              // indices of the rows of kMetrics with this path
+    std::vector<std::pair<std::string_view, int>> errors_;  // each section and the number of its errors
 };
 
 void PrometheusWriter::Take(std::string_view path, const Entry& entry) {
@@ -368,7 +369,8 @@ void PrometheusWriter::Finish() {
     std::string text;
     for (size_t i = 0; i < std::size(kMetrics); ++i) {
         const Metric& metric = kMetrics[i];
-        // If the log could be read only in part, the next complete reading would look like many new events.
+        // If only part of the log could be read, its count would be too low, and the next complete count
+        // would look like many new events.
         if (metric.group != Group::None && !IsComplete(metric.path)) continue;
         AppendMetric(metric.name, metric.help, samples_[i].Lines(metric), text);
     }

@@ -8,9 +8,9 @@
 
 struct Section {
     const char* name;
-    // Reads the section's values and sends them to `writer`: one value, object or list. A value that can't be
-    // read is null and adds an error. A value that neither the driver nor the firmware has is null. If the
-    // server has no such parts, a list is empty.
+    // Reads the section and sends it to `writer` as one value, object or list. A value that can't be read is
+    // null and adds an error. A value that neither the driver nor the firmware provides is null without an
+    // error. A list of parts that the server doesn't have is empty.
     void (*write)(Writer& writer, Errors& errors);
 };
 

@@ -6,13 +6,13 @@
 
 namespace {
 
-// The positions of the two-digit numbers in a string such as "2006-03-15T14:07".
-constexpr size_t kPlaces[] = {0, 2, 5, 8, 11, 14};
+// The offsets of the two-digit numbers in a string such as "2006-03-15T14:07".
+constexpr size_t kOffsets[] = {0, 2, 5, 8, 11, 14};
 constexpr std::string_view kForm = "0000-00-00T00:00";
 
 constexpr int kSecondsOfDay = 24 * 60 * 60;
 
-// Return the number of days in a month, from 1 to 12, and in a year.
+// Return the number of days in a month (1 to 12) or in a year.
 int DaysOf(int64_t year, int month) {
     constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
@@ -49,7 +49,7 @@ std::optional<int64_t> ParseTime(std::string_view text) {
     }
     TimeParts parts;
     for (size_t i = 0; i < parts.size(); ++i) {
-        const char* digits = &form[kPlaces[i]];
+        const char* digits = &form[kOffsets[i]];
         parts[i] = static_cast<uint8_t>((digits[0] - '0') * 10 + digits[1] - '0');
     }
     return TimeOf(parts);
@@ -57,9 +57,9 @@ std::optional<int64_t> ParseTime(std::string_view text) {
 
 void AssignTime(int64_t time, std::string& text) {
     text.assign(kForm);
-    for (auto place = std::rbegin(kPlaces); place != std::rend(kPlaces); ++place) {
-        text[*place] = static_cast<char>('0' + time / 10 % 10);
-        text[*place + 1] = static_cast<char>('0' + time % 10);
+    for (auto offset = std::rbegin(kOffsets); offset != std::rend(kOffsets); ++offset) {
+        text[*offset] = static_cast<char>('0' + time / 10 % 10);
+        text[*offset + 1] = static_cast<char>('0' + time % 10);
         time /= 100;
     }
 }
@@ -72,7 +72,7 @@ time_t SecondsOf(int64_t time) {
     parts.tm_mday = part(10000);
     parts.tm_hour = part(100);
     parts.tm_min = part(1);
-    parts.tm_isdst = -1;  // as the time zone has it on that day
+    parts.tm_isdst = -1;  // mktime() finds out whether it is daylight saving time
     return std::mktime(&parts);
 }
 

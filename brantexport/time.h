@@ -13,22 +13,22 @@
 // Century, year of the century, month, day, hour and minute.
 using TimeParts = std::array<uint8_t, 6>;
 
-// Returns nothing if the time is invalid, such as February 30.
+// Converts the parts to a time. Returns nullopt if the time is invalid, such as February 30.
 std::optional<int64_t> TimeOf(const TimeParts& parts);
 
-// Parses a time such as "2006-03-15T14:07", or a date, which is that day at 00:00. Returns nothing if `text`
+// Parses a time such as "2006-03-15T14:07", or a date, which is that day at 00:00. Returns nullopt if `text`
 // has another form or the time is invalid.
 std::optional<int64_t> ParseTime(std::string_view text);
 
-// Stores a time in `text`, as in ISO 8601: "2006-03-15T14:07".
+// Stores a time in `text` in the format of ISO 8601: "2006-03-15T14:07".
 void AssignTime(int64_t time, std::string& text);
 
-// Converts a time of the server's time zone to seconds since 1970. Returns -1 if a time_t can't contain them.
+// Converts a time in the server's time zone to seconds since 1970. Returns -1 if a time_t can't hold them.
 time_t SecondsOf(int64_t time);
 
-// Convert seconds since 1970 to a time. Each C function costs 1,000 instructions at each start, and gmtime_r
-// and localtime_r would read the file of the time zone as well. LocalTime is wrong during the hours before
-// and after a change of the time zone's offset.
+// Convert seconds since 1970 to a time in UTC or in the server's time zone. They don't call gmtime_r or
+// localtime_r: linking a C function costs 1,000 instructions at each start, and these two also read the file
+// of the time zone. LocalTime is wrong during the hours before and after a change of the time zone's offset.
 int64_t UtcTime(time_t seconds);
 int64_t LocalTime(time_t seconds);
 

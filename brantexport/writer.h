@@ -31,7 +31,7 @@ struct Value {
     std::string_view text;
 };
 
-// Returns null for a null pointer.
+// Return a value of the kind Word or Text. Word() returns a null value for a null pointer.
 inline Value Word(const char* word) {
     return word != nullptr ? Value(Value::Kind::Word, word) : Value();
 }
@@ -40,9 +40,9 @@ inline Value Text(std::string_view text) {
     return {Value::Kind::Text, text};
 }
 
-// Receives the document value by value, like the events of a JSON parser: an object with the values of the
-// whole run and a member for each section. Nothing is kept of a section but what the format needs, so memory
-// doesn't grow with the event log.
+// Receives the document value by value, like the callbacks of a JSON parser. The document is an object with
+// the values of the whole run and a member for each section. A writer stores only the values that its format
+// needs later, so the memory that it needs doesn't grow with the event log.
 class Writer {
   public:
     virtual ~Writer() = default;
@@ -57,7 +57,7 @@ class Writer {
     // Ends the document and writes what has not been written yet.
     virtual void Finish() = 0;
 
-    // Returns the program's exit status after Finish(). `complete`: everything could be read.
+    // Returns the program's exit status, after Finish(). `complete` is true if everything could be read.
     virtual int Status(bool complete) const { return complete ? 0 : 1; }
 
     // Returns whether events need their texts. Translating an event takes longer than reading it.
