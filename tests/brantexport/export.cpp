@@ -32,7 +32,7 @@ void AddValues(const std::string& path, const rapidjson::Value& value, Values& v
     }
 }
 
-// Adds the samples, and how many each metric has.
+// Adds the samples, and the number of samples of each metric.
 void AddSamples(const std::string& metrics, Values& values) {
     std::map<std::string, int> counts;
     std::istringstream lines(metrics);
@@ -141,7 +141,8 @@ std::string Difference(const Exported& before, const Exported& now) {
             text += name + (value.empty() ? "\n" : " " + value + "\n");
         old.erase(name);
     }
-    // What has vanished, unless its list is shorter or null.
+    // Metrics and problems that only `before` contains. A missing JSON value needs no line: its list has a
+    // different number of entries or is null.
     for (const auto& [name, value] : old) {
         if (name.find("calls ") == 0) {
             text += name + " 0\n";

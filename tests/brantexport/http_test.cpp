@@ -87,7 +87,7 @@ void BlockAndIgnore(int number) {
     sigprocmask(SIG_BLOCK, &signals, nullptr);
 }
 
-// brantexport --http, connected to the test by a socket, as inetd connects it.
+// A process of brantexport --http whose standard streams are a socket, as under inetd.
 class Server {
   public:
     explicit Server(const std::string& machine, int output = -1) {

@@ -21,7 +21,7 @@ constexpr char kNoSeverity[] =
 
 struct ArgumentsCase {
     std::vector<std::string> arguments;
-    const char* output;  // pattern of a part of it; empty if The arguments are invalid.
+    const char* output;  // a pattern that a part of the output matches; "" if the arguments are invalid
     std::string errors = "";
 };
 

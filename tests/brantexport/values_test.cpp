@@ -171,8 +171,8 @@ void Utf8Texts(TestMachine& machine) {
 
 struct Case {
     const char* what;
-    void (*model)(Model& model);  // either may be null
-    void (*machine)(TestMachine& machine);
+    void (*model)(Model& model);            // changes the model before the machine is created; may be null
+    void (*machine)(TestMachine& machine);  // changes the machine; may be null
 };
 const Case kCases[] = {
     {"more parts than the inventory holds", MoreThanTheInventoryHolds, nullptr},
@@ -240,7 +240,7 @@ TEST(ExportedValues, UseTheLowerOfTwoSamplesWithTheSameLabels) {
     }
 }
 
-// Returns the UTC time that is so many hours before now.
+// Returns the UTC time `hours` hours before now.
 EVT_TIME_STAMP HoursAgo(int hours) {
     const time_t seconds = std::time(nullptr) - hours * 3600;
     const std::tm time = *std::gmtime(&seconds);
@@ -284,7 +284,7 @@ TEST(Lines, ShowEveryEventUpToAFailure) {
     Events(machine);
     ExpectGolden("brantexport/lines.txt", RunExport(machine, {"--lines"}).output);
     machine.Fault("cevt read 2 -5");
-    // An event without a valid time may have happened since any time.
+    // An event without a valid time passes every --since.
     const RunResult run = RunExport(machine, {"--lines", "--since", "9999-12-31"});
     EXPECT_EQ(run.output,
               "- unknown Not defined: Unknown Event (Class 65535, Code 65535)\n"

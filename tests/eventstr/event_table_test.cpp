@@ -1,5 +1,5 @@
 // Tests of the constraints on the event tables. A constant table that violates a constraint doesn't compile.
-// These rows are built at run time, where a violation is an exception or a result.
+// So these tests build rows at run time, where the functions throw an exception or return the violation.
 
 #include <gtest/gtest.h>
 

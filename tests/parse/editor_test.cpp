@@ -25,8 +25,8 @@ std::string Trimmed(const std::string& text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-// Returns the bytes for a name in angle brackets, which is that of a key or of something that the editor
-// writes.
+// Returns the bytes for a name in angle brackets: the bytes that a key sends, such as <Left>, or that the
+// editor writes, such as <Bell>.
 std::string BytesOfName(const std::string& name) {
     // clang-format off
     static const std::pair<const char*, const char*> names[] = {
