@@ -21,7 +21,7 @@ struct DT_IOCTL_HEADER {
     uint8_t Index;           // index of the fan, sensor, power supply or cartridge, from 0; 255 for -1
     uint8_t Index2;          // index of the module in a cartridge; 0 for other tables
     uint8_t CRUFunction;     // control function, see health_records.h; 0 except in indicator requests
-    uint8_t CRUSubfunction;  // control subfunction, likewise
+    uint8_t CRUSubfunction;  // control subfunction, also 0 in other requests
     uint8_t pad[2];
 };
 static_assert(sizeof(DT_IOCTL_HEADER) == 12 && offsetof(DT_IOCTL_HEADER, DT_Type) == 4 &&

@@ -55,6 +55,6 @@ SmbiosTable TablesOf(const std::string& product_name, const Hardware& hardware);
 // Writes the BIOS area, the last 64 KiB below 1 MiB, with the maker's signature.
 void AddRomSignature(MachineBuilder& machine);
 
-// Writes the PICL tree, which contains the management processor if the server has one.
+// Writes the PICL tree, with or without the management processor, Kelm.
 enum class Kelm { Absent, Present };
 void AddPicl(MachineBuilder& machine, Kelm kelm);

@@ -2,7 +2,7 @@
 # come from the help text of the program itself, so they are never out of date.
 _brant() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} help words
-    # The words of --model=tr300 are --model, = and tr300.
+    # bash splits --model=tr300 into three words: --model, = and tr300.
     if [[ $current == "=" ]]; then
         current=
     elif [[ $previous == "=" ]]; then

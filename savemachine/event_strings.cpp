@@ -7,8 +7,8 @@
 
 namespace {
 
-// The record of each event: `fields` is the size of its numbers. In a record that ends in the first character
-// of a string, this is the offset of that character.
+// The record of an event. `fields` is the size of the numbers at its start. If the record ends in the first
+// character of a string, this is the offset of that character.
 struct EventRecord {
     uint16_t event_class;
     uint16_t code;

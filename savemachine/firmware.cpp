@@ -40,7 +40,8 @@ void MakeTablesUnreadable(MachineCopy& copy) {
     copy.ReportFailedCall(what, page == kBiosArea ? kMissing : -EIO);
 }
 
-// Sets the checksum of an entry point, after which everything that it covers is 0.
+// Sets the checksum of an entry point. The checksum may cover bytes after the structure, which are 0 in a
+// redacted copy.
 void SetChecksum(SMBIOSEntryPoint& entry) {
     const auto* const bytes = reinterpret_cast<const uint8_t*>(&entry);
     const size_t covered = std::min<size_t>(entry.byEPSLength, sizeof entry);
@@ -48,9 +49,9 @@ void SetChecksum(SMBIOSEntryPoint& entry) {
     entry.byEPSChecksum = static_cast<uint8_t>(entry.byEPSChecksum - sum);
 }
 
-// Adds the BIOS area without what no program reads: it contains the firmware's code and data, in which
-// anything may be. Keeps the redacted `tables`, which may be in the area, the manufacturer's signature and
-// the entry point.
+// Adds the parts of the BIOS area that programs read: the manufacturer's signature, the entry point, and the
+// redacted `tables`, which may be in the area. The rest becomes 0, because the firmware's code and data may
+// contain private values.
 void AddRedactedArea(std::vector<Extent>& memory, const std::string& area, const std::string& tables) {
     memory.push_back({kBiosArea, std::string(area.size(), '\0')});
     memory.push_back({static_cast<off_t>(EPS.dwSTAddr), tables});

@@ -16,13 +16,12 @@
 
 namespace {
 
-// A kind of SMBIOS record that the programs read. The copy keeps the leading fields up to `size`, and the
-// strings whose numbers are at the offsets `strings` (0: none): those that the programs read, except serial
-// numbers.
+// A type of SMBIOS record that the programs read, and the parts of it that a redacted copy keeps. The strings
+// are those that the programs read, except serial numbers.
 struct KnownRecord {
     uint8_t type;
-    size_t size;
-    size_t strings[2];
+    size_t size;        // size of the leading fields
+    size_t strings[2];  // offsets of the fields that contain the numbers of the strings; 0: none
 };
 // clang-format off
 constexpr KnownRecord kKnownRecords[] = {
@@ -46,7 +45,7 @@ bool StartsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-// Returns the beginning of the paths of a table's records.
+// Returns the prefix of the paths of a table's records, such as "cdt/356.".
 std::string PathOf(DataTableType table) {
     return "cdt/" + std::to_string(table) + '.';
 }
@@ -56,7 +55,7 @@ void Clear(std::string& bytes, Part part) {
     if (part.offset < end) std::fill(&bytes[part.offset], &bytes[0] + end, '\0');
 }
 
-// Removes what the module's presence-detect data say about it, among them its serial number.
+// Clears the fields that are copied from the module's presence-detect (SPD) data, such as its serial number.
 void ClearPresenceDetect(std::string& record) {
     constexpr size_t kInfo = offsetof(RESMEM_DIMM_CONFIG, dimmInfo);
     Clear(record, {kInfo + offsetof(RESMEM_DIMM_INFO, keyBytes), sizeof(KEY_INFO)});

@@ -1,5 +1,5 @@
 // Replaces the private values in the files of a copy, for the option --redact: serial numbers, MAC addresses,
-// names and texts. What no program reads is left out instead.
+// names and texts. Clears the data that no program reads.
 #pragma once
 
 #include <string>

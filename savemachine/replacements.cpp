@@ -17,7 +17,8 @@ bool IsHexDigit(char letter) {
     return IsBetween('0', letter, '9') || IsBetween('A', letter, 'F') || IsBetween('a', letter, 'f');
 }
 
-// Returns whether a string may be a MAC address, a UUID or a similar number: it has no other letters.
+// Returns whether a string may be a MAC address, a UUID or a similar number: whether it has enough
+// hexadecimal digits and no other letters.
 bool IsHexadecimal(const std::string& text) {
     constexpr size_t kFewestDigits = 2 * kMacSize;
     const auto is_other_letter = [](char letter) {
@@ -54,7 +55,7 @@ std::string Replacements::InventText(const std::string& value) {
 std::string Replacements::InventMac(const std::string& value) {
     std::string invented = value;
     for (char& byte : invented) byte = Random(256);
-    invented[0] = static_cast<char>((invented[0] & ~3) | 2);  // locally administered, of a single interface
+    invented[0] = static_cast<char>((invented[0] & ~3) | 2);  // marks it as locally administered and unicast
     return invented;
 }
 

@@ -45,6 +45,6 @@ class Replacements {
     char Random(unsigned count) { return static_cast<char>(random_() % count); }
 
     std::random_device random_;
-    std::map<std::pair<Kind, std::string>, std::string> replacements_;  // of the values
-    std::set<std::string> used_;                                        // as replacements
+    std::map<std::pair<Kind, std::string>, std::string> replacements_;  // from a value to its replacement
+    std::set<std::string> used_;                                        // all replacements
 };

@@ -33,7 +33,7 @@ struct CmdType {
     CmdType* Next;            // next sibling
 };
 
-// The command line of both modes.
+// The current command line, from the prompt or from a script.
 extern InputLineType CurrentCommandLine;
 
 // Clears CmdLine, ParseLine and Words before the next command. Parse overwrites the other members.

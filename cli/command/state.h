@@ -34,7 +34,7 @@ extern unsigned char zthmac[kMaxEmbeddedNics * sizeof(smbios_nic)];
 smbios_nic EmbeddedNic(int index);
 
 // The private copy of the SMBIOS tables.
-extern unsigned char fSMBiosInited;  // TRUE: there is a copy
+extern unsigned char fSMBiosInited;  // TRUE: the tables have been copied
 extern SMBIOSEntryPoint EPS;         // the entry point that was found last
 extern unsigned char* pSMBTables;    // EPS.wSTLength bytes and a NUL; null if there is no copy
 extern uint16_t* smb_record_sizes;   // size of each record in bytes, in table order; the list ends with a 0

@@ -209,7 +209,7 @@ constexpr EventRow Row(uint16_t code, const char* text, const Argument<Printed>&
     return Row(code, When(), text, arguments...);
 }
 
-// Builds a row of a chassis table. In a text, "%C" stands for the chassis: "Chassis RACK7", "Chassis SHELF,
+// Builds a row of a chassis table. The chassis replaces "%C" in a text: "Chassis RACK7", "Chassis SHELF,
 // Slot 3" or "Enclosure Address 0012".
 template <typename Record, typename... Printed>
 constexpr ChassisEventRow ChassisRow(uint16_t code, uint16_t code_with_extra_text, const ChassisForms& forms,

@@ -11,8 +11,8 @@ const char szUnknown[] = "Unknown";
 
 namespace {
 
-// Size of the longest name, including its NUL. The tables contain the names themselves, not pointers, for the
-// reason given at RowText.
+// Size of the longest name, including its NUL. The tables contain the names themselves, not pointers, which
+// would be relocated at every start (see RowText).
 constexpr size_t kNameSize = 44;
 
 // clang-format off

@@ -17,7 +17,8 @@ namespace {
 // failed request then ends the list.
 constexpr int kUnknownCount = 20;
 
-// The most that the index bytes of a request can number. The cartridge number 255 means the system board.
+// The maximum numbers of modules and of cartridges: a request contains each index in one byte, and the
+// cartridge index 255 means the system board.
 constexpr int kMaxModules = 256;
 constexpr int kMaxCartridges = 255;
 

@@ -28,12 +28,12 @@ constexpr int kEntryFromBefore = -1;
 // a listing like the end of the log, and after ESRCH the same entry is requested again.
 int ReadEvent(uint8_t* buffer, size_t size, uint32_t number);
 
-// Returns the header of the entry in a read's buffer.
+// Returns the header of the entry in the buffer of a read request.
 inline EVT_HEADER HeaderOf(const uint8_t* buffer) {
     return CopyOf<EVT_HEADER>(buffer + sizeof(LOG_INFO));
 }
 
-// Returns the entry in a read's buffer, for TranslateEventLogMessage().
+// Returns the entry in the buffer of a read request, for TranslateEventLogMessage().
 inline PEVT_LOG_ENTRY EntryOf(uint8_t* buffer) {
     return reinterpret_cast<PEVT_LOG_ENTRY>(buffer + sizeof(LOG_INFO));
 }

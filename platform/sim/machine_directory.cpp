@@ -18,7 +18,7 @@ namespace {
 constexpr char kDefaultMachine[] = "/var/lib/brant/machine";
 constexpr int kOpenDirectory = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
-// Returns false after the first call.
+// Returns true at the first call of the process and false at later calls.
 bool IsFirstFailure() {
     static bool reported = false;
     return !std::exchange(reported, true);
