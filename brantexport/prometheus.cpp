@@ -71,7 +71,7 @@ constexpr Metric Is(std::string_view word, Metric metric) {
 
 // Doesn't compile if the array of words is full: it must end with an empty string.
 constexpr Metric EachOf(const Words& words, Metric metric) {
-    if (words.word[std::size(words.word) - 1][0] != '\0') throw std::logic_error("Words::word is too short");
+    if (words.word[std::size(words.word) - 1][0] != '\0') throw std::length_error("Words::word");
     metric.words = &words;
     return metric;
 }
