@@ -6,8 +6,8 @@
 
 #include "brantexport/writer.h"
 
-// The values are exit statuses. If a server has several problems, its state is the first of Critical, Warning
-// and Unknown that one of them has.
+// The state of a server is that of its worst problem: Critical is worse than Warning, and Warning is worse
+// than Unknown. The values are exit statuses.
 enum class Health { Ok = 0, Warning = 1, Critical = 2, Unknown = 3 };
 
 // Writes the verdict Unknown and the message `problem` to the descriptor `output`, for a run that could not

@@ -55,7 +55,7 @@ struct Metric {
     char member[24] = "";          // empty: the value is 1, and the labels contain the information
     double factor = 1;             // multiplies the number, or 1 for true
     char word[12] = "";            // if not empty: the value is 1 if the member is this string, else 0
-    const Words* words = nullptr;  // if not null: a sample for each string, 1 if the member is it, else 0
+    const Words* words = nullptr;  // if not null: one sample per string: 1 for the member's, else 0
     Group group = Group::None;
 };
 

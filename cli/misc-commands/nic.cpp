@@ -14,7 +14,7 @@ namespace {
 // first ten bytes.
 constexpr RomVariable<NicBootSettings> kBootSettings = {kNicBootVariable};
 constexpr RomVariable<NicBootSettings, kNicBootStates> kFirstBootSettings = {kNicBootVariable};
-// Older firmware has this variable instead.
+// Older firmware has this variable instead of ZTHNIC.
 constexpr RomVariable<NicPxeFlags, sizeof(NicPxeFlags), 1> kPxeFlags = {kNicPxeVariable};
 
 constexpr char kSettingsUnreadable[] = "\nERROR: Failed to read NIC status.";

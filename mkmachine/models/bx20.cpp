@@ -31,7 +31,7 @@ const std::vector<smbios_nic> kNics = {
     {0x00, 5, {0x00, 0x1C, 0x4E, 0x31, 0x07, 0x62}},
 };
 
-const std::vector<MappedPort> kPorts = {  // bay offsets from 0; the mezzanine card in slot 2 is double-wide
+const std::vector<MappedPort> kPorts = {  // bays count from 0; slot 2 contains a double-wide mezzanine card
     {0, 0, {1, 0, 15, 0, 0, 0}},
     {0, 1, {2, 0, 15, 0, 0, 0}},
     {1, 2, {1, 0, 1, 0, 0, 0}},

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr size_t kLargestValue = size_t{1} << 20;  // in bytes, including those that a write keeps
+constexpr size_t kLargestValue = size_t{1} << 20;  // maximum size of a variable that is written, in bytes
 
 size_t NameLength(const EV_IOCTL_STRUCT& block) {
     return static_cast<size_t>(std::find(block.EvName, std::end(block.EvName), '\0') - block.EvName);

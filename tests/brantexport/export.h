@@ -10,7 +10,7 @@
 struct Exported {
     std::string json;
     std::string metrics;
-    std::string verdict;  // of --check
+    std::string verdict;  // output of --check
     std::string errors;   // standard error of the run with --json
     std::string trace;    // of the run with --json
     int status = 0;

@@ -21,7 +21,7 @@ Number Code(int code) {
     return static_cast<Number>(code);
 }
 
-// Sets each member that contains a code to the code `k` or to one that depends on it.
+// Sets each member that contains a code to the code `k`, or to a code that is selected by `k`.
 void SetCodes(Model& model, int k) {
     constexpr uint8_t kBootOnce[] = {0, 1, 2, 3, 0x30, 0x40, 4, 0xFF};
     const auto byte = static_cast<uint8_t>(k);
@@ -186,7 +186,7 @@ const Case kCases[] = {
          model.product_name = "corvex \"\\\n\xE9\x01";
          model.hardware.serial = "\xED\xA0\x80";  // a surrogate
          model.hardware.rom_version = "Z\xFF\"";
-         model.hardware.rom_date = "\xC0\xAF?\xE2\x82";  // an overlong form, and a truncated one
+         model.hardware.rom_date = "\xC0\xAF?\xE2\x82";  // UTF-8: an overlong form, and a truncated one
      },
      nullptr},
     {"no data", nullptr, NoDataAvailable},
