@@ -15,7 +15,7 @@
 namespace {
 
 constexpr Health kWorstFirst[] = {Health::Critical, Health::Warning, Health::Unknown};
-constexpr int kMostProblems = 20;  // of each Health in the line, of which monitoring systems read a few KiB
+constexpr int kMostProblems = 20;  // listed for each Health; monitoring systems read only a few KiB
 constexpr int kFullLog = 1000;     // entries; the firmware doesn't report the capacity of its log
 constexpr int64_t kSecondsOfDay = 24 * 60 * 60;
 
@@ -99,13 +99,13 @@ class CheckWriter : public EntryWriter {
     void JudgeEvents();
     void AddProblem(Health health, const std::string& problem);
     Health State() const;
-    // Returns the problems of all Health, the worst first, or "no problem found".
+    // Returns the problems, the worst first, and how many more there are; or "no problem found".
     std::string Problems() const;
     // Returns the performance data: numbers for the graphs of a monitoring system, each after a space.
     std::string PerformanceData() const;
 
     int output_;
-    std::string problems_[4];  // indexed by Health; only the first problems of each
+    std::string problems_[4];  // indexed by Health; each contains at most kMostProblems
     int problem_counts_[4] = {};
     int counts_[std::size(kCounted)] = {};
     std::string temperatures_;  // performance data

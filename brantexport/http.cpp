@@ -280,8 +280,8 @@ HttpRequest ParseHttpRequest(std::string_view received) {
     if (StartsWith(received, "\r\n"))
         received.remove_prefix(2);  // some clients send CR LF after the body of a request
     while (true) {
-        // An incomplete line is checked, too, so that a TLS client gets its answer at once: it sends control
-        // characters but no line end.
+        // An incomplete line is checked, too, so that a TLS client gets its answer immediately: it sends
+        // control characters, but perhaps no line end.
         const size_t size = received.find('\n');
         std::string_view line = received.substr(0, size);
         const bool ends_with_return = !line.empty() && line.back() == '\r';
