@@ -51,7 +51,7 @@ void WriteModulesOfSmbios(Writer& writer, Errors& errors) {
     }
     writer.EndList();
     if (memory_modules_left_out != 0) {
-        errors.Add("There are more memory modules than the inventory has room for.");
+        errors.Add("There are more memory modules than the inventory can contain.");
     }
 }
 
@@ -125,7 +125,7 @@ void WriteMemory(Writer& writer, Errors& errors) {
     if (result == ModuleRead::ConfigFailed && smbios_available != 0)
         return WriteModulesOfSmbios(writer, errors);
     if (result == ModuleRead::ConfigFailed)
-        return writer.Put(errors.Add("Neither the driver nor SMBIOS tells of memory modules."));
+        return writer.Put(errors.Add("Neither the driver nor SMBIOS lists memory modules."));
     writer.BeginList();
     while (result != ModuleRead::ConfigFailed) {
         if (result == ModuleRead::StatusFailed) errors.Add("Failed to read the status of a memory module.");

@@ -100,7 +100,7 @@ void WriteProcessors(Writer& writer, Errors& errors) {
         WriteProcessor(writer, *cpu);
     }
     writer.EndList();
-    if (processors_left_out != 0) errors.Add("There are more processors than the inventory has room for.");
+    if (processors_left_out != 0) errors.Add("There are more processors than the inventory can contain.");
 }
 
 void WriteNics(Writer& writer, Errors& errors) {
