@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <deque>
+#include <filesystem>
 #include <vector>
 
 #include "cli/generic_dtioctl/generic_dtioctl.h"
@@ -24,6 +25,7 @@
 
 namespace {
 
+int open_result;                 // result of each open
 std::vector<std::string> calls;  // the code of each request, and the bytes of its block
 int result;                      // result of each request; a failing request also stores the reply
 int32_t timer_state;             // reply to a read of the recovery timer
@@ -39,9 +41,11 @@ std::deque<EventReply> event_replies;  // replies to reads of the event log; aft
 
 }  // namespace
 
+int SaveMachine(int argc, char** argv);  // in save.cpp
+
 int vxOpenRequest(char* path, int mode) {
     calls.push_back(path + (" mode " + std::to_string(mode)));
-    return 0;
+    return open_result;
 }
 
 void vxCloseRequest(int) {}
@@ -228,6 +232,39 @@ TEST(RequestBlocks, WrongRepliesAreSavedAsEntriesThatCanBeReadOrAsFaults) {
     EXPECT_EQ(parent.Read("copy/cevt/hlog"),
               Event(1).entry + Event(2).entry.replace(0, 2, "\x28\1") + std::string(268, '\0'));
     EXPECT_EQ(calls.size(), 4U);
+}
+
+// Runs savemachine in a child process. Expects these messages, which end with an errno of an earlier call if
+// the program takes it for that of a failed request.
+void ExpectSaved(const TestMachine& machine, const TestMachine& parent, const std::string& messages) {
+    setenv("BRANT_MACHINE", machine.Directory().c_str(), 1);
+    std::string name = "savemachine", copy = parent.Directory() + "/copy";
+    char* arguments[] = {name.data(), copy.data(), nullptr};
+    EXPECT_EXIT(_exit(SaveMachine(2, arguments)), testing::ExitedWithCode(0), "^" + messages + "$");
+    EXPECT_EQ(parent.Read("copy/faults"), "");
+}
+
+TEST(RequestBlocks, FailuresWithoutAnErrnoAreNoFaultsOfTheCopy) {
+    const TestMachine machine("tr300"), closed, open;
+    open_result = -1;
+    ExpectSaved(machine, closed, "(savemachine: not read: open c[a-z]+: refused\n){4}");
+    open_result = 0;
+    result = -1;
+    event_replies.clear();
+    ExpectSaved(machine, open, "(savemachine: not read: c[^\n]+: refused\n){18}");
+}
+
+// Each header counts 255 parts, and each number of modules is -1.
+TEST(RequestBlocks, RepliesOfTheLargestBytesAreSaved) {
+    const TestMachine machine, parent;
+    result = 0;
+    failing_table = 0;
+    record = 255;
+    timer_state = INT32_MIN;
+    ExpectSaved(machine, parent, "savemachine: not read: picl initialize: refused\n");
+    const std::filesystem::directory_iterator tables(parent.Directory() + "/copy/cdt");
+    EXPECT_EQ(std::distance(begin(tables), end(tables)), 3 * 255 + 2 * 256 + 3 * 255 + 3 + 2 + 2);
+    EXPECT_EQ(parent.Read("copy/casr/enabled"), "1\n");
 }
 
 }  // namespace

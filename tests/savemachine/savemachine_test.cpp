@@ -162,7 +162,7 @@ TEST_P(MachineCopies, OfALogWithAnEntryTooLongToListShowTheSame) {
 
 // First the tables begin in the BIOS area and extend beyond the end of the memory. Then the whole tables and
 // the rest of their page are in the area. At last their last byte is the first byte of a page, and the file
-// ends there, so the copy must fill the page.
+// ends there, so the copy must fill the page. The last address doesn't fit into an int.
 TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     RestorableMachine machine(GetParam());
     const std::string memory = machine.Read("xsvc");
@@ -178,8 +178,9 @@ TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     move(kBiosArea + 2, 0xFFFF);
     EXPECT_NE(Compare(machine, "beyond the end", kOneForAll), "");
     machine.PhysicalMemory(kTablesAddress, std::string(tables.size(), '\0'));
-    machine.PhysicalMemory(0x300000, std::string(0x10000, '\0'));
-    for (const size_t address : {kBiosArea + size_t{0x20}, 0x300001 - tables.size()}) {
+    for (const size_t address : {kBiosArea + size_t{0x20}, 0x300001 - tables.size(), size_t{0xFFFF0000}}) {
+        const size_t last_page = (address + tables.size()) & ~size_t{0xFFFF};
+        if (last_page != kBiosArea) machine.PhysicalMemory(last_page, std::string(0x10000, '\0'));
         move(address, tables.size());
         machine.PhysicalMemory(address, tables);
         EXPECT_EQ(Compare(machine, "at " + std::to_string(address)), "");
@@ -266,6 +267,8 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
          "mkdir $2/d; cd $2/d; chmod 0 .; rmdir $2/d; setpriv --bounding-set=-all $1 $2/a",
          "savemachine: $2/a: Permission denied\n", 1},
         {"few descriptors", "ulimit -n 32; $1 $2/a && rm -r $2/a", "", 0},
+        {"a file that can't be synced", "BRANT_NO_SYNC= $1_interposed $2/a",
+         "savemachine: $2/a: Bad file descriptor\n", 1},
         {"a path without a directory", "cd $2; $1 a && rm -r a", "", 0},
         {"a relative BRANT_MACHINE", "cd $BRANT_MACHINE; BRANT_MACHINE=. $1 $2/a && rm -r $2/a", "", 0},
         {"the temporary directory of a killed run",
