@@ -30,13 +30,18 @@ std::string CallsInOrder(const Change& change) {
            "\nfsync " + change.device + "\n\\s*" + change.report;
 }
 
+// Runs the command with a setting NAME=VALUE for interposed/changes.cpp.
+RunResult RunChange(const RestorableMachine& machine, const Change& change, const std::string& setting) {
+    RunOptions options;
+    options.environment = {setting};
+    return RunProgram(ProgramPath("brantcli_interposed"), {"-s", change.command}, machine.Directory(),
+                      options);
+}
+
 // Runs the command. `kill_at` is the number, from 1, of the system call before which it is killed; 0 if it
 // isn't killed.
 RunResult RunChange(const RestorableMachine& machine, const Change& change, size_t kill_at) {
-    RunOptions options;
-    options.environment = {"BRANT_KILL_AT=" + std::to_string(kill_at)};
-    return RunProgram(ProgramPath("brantcli_interposed"), {"-s", change.command}, machine.Directory(),
-                      options);
+    return RunChange(machine, change, "BRANT_KILL_AT=" + std::to_string(kill_at));
 }
 
 }  // namespace
@@ -70,6 +75,8 @@ TEST(KilledCommand, LeavesACompleteChangeOrNone) {
                 << "after the kill, the same command fails or leaves .new";
         }
         machine.Restore();
+        RunChange(machine, change, "BRANT_NO_SYNC=");
+        EXPECT_TRUE(machine.State() == original) << "changed without a sync, or .new is left";
     }
     EXPECT_GE(kills, 4u * 5) << "each of the 4 commands makes at least 5 system calls";
     std::printf("%zu kills\n", kills);

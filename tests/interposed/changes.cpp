@@ -5,7 +5,7 @@
 //   N-th.
 // - BRANT_AFTER_MKDIR contains a shell command, which runs after the process has created a directory. The
 //   variable MADE contains the directory's path.
-// - With BRANT_NO_NULL, opening /dev/null fails.
+// - With BRANT_NO_NULL, opening /dev/null fails; with BRANT_NO_SYNC, fsync fails.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -73,7 +73,7 @@ ssize_t Write(int fd, const void* bytes, size_t size) {
 
 int Fsync(int fd) {
     Before("fsync", fd);
-    return static_cast<int>(syscall(SYS_fsync, fd));
+    return static_cast<int>(syscall(SYS_fsync, std::getenv("BRANT_NO_SYNC") != nullptr ? -1 : fd));
 }
 
 int RenameAt(int from, const char* path, int to, const char* new_path) {
