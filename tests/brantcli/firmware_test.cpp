@@ -167,6 +167,8 @@ TEST(FirmwareTables, DecideWhetherTheProgramAndShowServerRun) {
     EXPECT_EQ(smbios_get_systemname(), 0);
     EXPECT_EQ(detect_corvex(), 1);
     EXPECT_EQ(system_name, std::string(63, 'x'));
+    std::strcpy(system_name, "CORVEX TR500 K2");
+    EXPECT_FALSE(is_tr500k2());
 }
 
 TEST(EmbeddedNics, AreReadFromTheOemRecordOrElseFromTheRomVariable) {

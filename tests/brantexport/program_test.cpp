@@ -151,7 +151,7 @@ TEST(Program, EndsWithAMessageAndAStatus) {
 TEST(Program, ReportsTimes) {
     TestMachine machine("tr500k2");
     const TestMachine parent;
-    const std::string command = "cd " + parent.Directory() + "; export TZ=ABC-5; date -u +%FT%TZ >before; " +
+    const std::string command = "cd " + parent.Directory() + "; export TZ=ABC-4DEF,0/0,J365/25; date -u +%FT%TZ >before; " +
                                 InShell("brantexport") + " events >json; date -u +%FT%TZ >after; " +
                                 InShell("brantexport") + " --prometheus events";
     const auto start = std::chrono::steady_clock::now();

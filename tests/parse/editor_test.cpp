@@ -167,6 +167,7 @@ TEST(Editor, BeginsWithAnEmptyHistory) {
     Type("aa<Enter>");
     EXPECT_EQ(history_index, 1) << "a repeated command is stored twice";
     EXPECT_TRUE(RepeatsNewest("aa"));
+    EXPECT_FALSE(RepeatsNewest("AA"));
     EXPECT_FALSE(RepeatsNewest("a"));
     EXPECT_FALSE(RepeatsNewest("aaa"));
 }
