@@ -55,12 +55,34 @@ void WriteModulesOfSmbios(Writer& writer, Errors& errors) {
     }
 }
 
-// Reads the next module of the driver's tables, from socket `next` on, and advances `next`. Returns
-// ConfigFailed after the last one.
-ModuleRead ReadNextModule(const MemorySockets& sockets, int& next, ModuleStatus& module) {
-    while (next < sockets.Count()) {
-        const ModuleRead result = ReadModule(sockets, next++, module);
-        if (result != ModuleRead::Empty) return result;
+// Reads the modules of the driver's tables, one after another.
+class ModuleReader {
+  public:
+    // Reads the next module. Returns ConfigFailed after the last one. If the driver has counted the sockets,
+    // skips those that can't be read. Otherwise the first of these ends the list.
+    ModuleRead Next(ModuleStatus& module);
+
+    // Returns whether only some sockets of a cartridge could be read. If none can be read, the cartridge
+    // isn't installed.
+    bool HasGap() const { return has_gap_; }
+
+  private:
+    const MemorySockets sockets_ = ReadSockets();
+    int next_ = 0;             // index of the next socket
+    bool was_read_ = false;    // a socket of the current cartridge could be read
+    bool has_failed_ = false;  // a socket of the current cartridge could not be read
+    bool has_gap_ = false;
+};
+
+ModuleRead ModuleReader::Next(ModuleStatus& module) {
+    while (next_ < sockets_.Count()) {
+        if (next_ % sockets_.dimms == 0) was_read_ = has_failed_ = false;
+        const ModuleRead result = ReadModule(sockets_, next_++, module);
+        const bool failed = result == ModuleRead::ConfigFailed;
+        if (failed && !sockets_.are_counted) break;
+        (failed ? has_failed_ : was_read_) = true;
+        has_gap_ = has_gap_ || (has_failed_ && was_read_);
+        if (!failed && result != ModuleRead::Empty) return result;
     }
     return ModuleRead::ConfigFailed;
 }
@@ -118,21 +140,23 @@ void WriteParts(Writer& writer, Errors& errors, int count, const char* part, int
 }  // namespace
 
 void WriteMemory(Writer& writer, Errors& errors) {
-    const MemorySockets sockets = ReadSockets();
-    int next = 0;
+    ModuleReader modules;
     ModuleStatus module{};
-    ModuleRead result = ReadNextModule(sockets, next, module);
-    if (result == ModuleRead::ConfigFailed && smbios_available != 0)
-        return WriteModulesOfSmbios(writer, errors);
-    if (result == ModuleRead::ConfigFailed)
-        return writer.Put(errors.Add("Neither the driver nor SMBIOS lists memory modules."));
-    writer.BeginList();
-    while (result != ModuleRead::ConfigFailed) {
-        if (result == ModuleRead::StatusFailed) errors.Add("Failed to read the status of a memory module.");
-        WriteModule(writer, module, result == ModuleRead::StatusFailed);
-        result = ReadNextModule(sockets, next, module);
+    ModuleRead result = modules.Next(module);
+    if (result != ModuleRead::ConfigFailed) {
+        writer.BeginList();
+        for (; result != ModuleRead::ConfigFailed; result = modules.Next(module)) {
+            const bool status_failed = result == ModuleRead::StatusFailed;
+            if (status_failed) errors.Add("Failed to read the status of a memory module.");
+            WriteModule(writer, module, status_failed);
+        }
+        writer.EndList();
+    } else if (smbios_available != 0) {
+        WriteModulesOfSmbios(writer, errors);
+    } else {
+        writer.Put(errors.Add("Neither the driver nor SMBIOS lists memory modules."));
     }
-    writer.EndList();
+    if (modules.HasGap()) errors.Add("Failed to read a memory module.");
 }
 
 void WriteFans(Writer& writer, Errors& errors) {

@@ -78,7 +78,7 @@ int MemorySockets::Count() const {
 MemorySockets SocketsOf(const RESMEM_CONFIG* memory) {
     if (memory == nullptr) return {kUnknownCount, kUnknownCount};
     return {Bounded(memory->ulNumberModules, kMaxModules),
-            Bounded(memory->ulNumberCartridges, kMaxCartridges)};
+            Bounded(memory->ulNumberCartridges, kMaxCartridges), 0, true};
 }
 
 MemorySockets ReadSockets() {

@@ -24,6 +24,7 @@ struct MemorySockets {
     int dimms;
     int carts;
     int cart_start = 0;
+    bool are_counted = false;  // the counts are the driver's
 
     int Count() const;
 };
