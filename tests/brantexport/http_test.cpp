@@ -145,8 +145,10 @@ struct AnswerCase {
 
 TEST(Http, Answers) {
     TestMachine machine("tr300");
+    machine.StartTrace();
     const std::string metrics =
         RunProgram(ProgramPath("brantexport"), {"--prometheus"}, machine.Directory()).output;
+    const std::string calls = machine.TakeTrace();
     const AnswerCase cases[] = {
         {kGet, "200 OK",
          "Date: \\w+, \\d\\d \\w+ \\d{4} [0-9:]{8} GMT\r\n"
@@ -172,6 +174,7 @@ TEST(Http, Answers) {
         EXPECT_EQ(answer.find("(reset)"), answer.npos) << c.request;
         EXPECT_EQ(server.Wait(), 0) << c.request;
         if (&c == cases) {
+            EXPECT_EQ(machine.TakeTrace(), calls);
             const std::string body = answer.substr(answer.find("\r\n\r\n") + 4);
             EXPECT_TRUE(Contains(answer, "\r\nContent-Length: " + std::to_string(body.size()) + "\r\n"));
             EXPECT_EQ(ReplaceAll(body, kDuration, ""), ReplaceAll(metrics, kDuration, ""));
@@ -200,6 +203,7 @@ TEST(Http, LimitsTheTimeOfSlowClients) {
     for (int i = 0; i < 100 && slow.Send("A"); ++i) usleep(100000);
     EXPECT_TRUE(Contains(slow.Receive(), "^HTTP/1\\.1 408 Request Timeout\r\n"));
     EXPECT_NE(never_reads.Wait(), 0);
+    EXPECT_EQ(fcntl(full[1], F_GETFL) & O_NONBLOCK, 0);
     EXPECT_EQ(slow.Wait(), 0);
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     EXPECT_GT(elapsed.count(), 4.9);
@@ -235,10 +239,11 @@ TEST(Http, ServesNothingIfItStaysRoot) {
     TestMachine machine("bx20");
     RunOptions options;
     options.input = kGet;
-    const RunResult run =
-        RunProgram("/bin/sh", {"-c", "setpriv --bounding-set=-setuid " + InShell("brantexport") + " --http"},
-                   machine.Directory(), options);
-    EXPECT_EQ(run.errors, "brantexport: can't become the user nobody: Operation not permitted\n");
+    options.environment = {"BRANT_KILL_AT=0"};  // shows the time limit
+    const RunResult run = RunProgram(
+        "/bin/sh", {"-c", "setpriv --bounding-set=-setuid " + InShell("brantexport_interposed") + " --http"},
+        machine.Directory(), options);
+    EXPECT_EQ(run.errors, "alarm 60\nbrantexport: can't become the user nobody: Operation not permitted\n");
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.status, 1);
 }

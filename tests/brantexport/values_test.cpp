@@ -264,11 +264,18 @@ TEST(Check, WarnsOfNewCriticalEventsAndOfAFullLog) {
     machine.Write("cevt/hlog", log);
     EXPECT_EQ(RunExport(machine, {"--check", "events", "uid"}).output,
               "BRANT WARNING - critical events within a day: 2, the last is event 56 | events=8\n");
+    // In this time zone, 25 hours ago in UTC is 16 hours ago.
+    RunOptions options;
+    options.environment = {"TZ=ABC+9"};
+    EXPECT_TRUE(
+        Contains(RunProgram(ProgramPath("brantexport"), {"--check"}, machine.Directory(), options).output,
+                 "critical events within a day: 3,"));
     MakeMachine(kBx20, machine.Directory(), 999);
     EXPECT_EQ(RunExport(machine, {"--check", "events"}).output, "BRANT OK - no problem found | events=999\n");
     MakeMachine(kBx20, machine.Directory(), 1000);
     EXPECT_EQ(RunExport(machine, {"--check", "events"}).output,
               "BRANT WARNING - entries in the event log: 1000 | events=1000\n");
+    EXPECT_EQ(MatchAll(RunExport(machine, {"--lines"}).output, "\n").size(), 1000U);
 }
 
 TEST(Check, CountsTheProblemsThatItLeavesOut) {
@@ -282,7 +289,9 @@ TEST(Check, CountsTheProblemsThatItLeavesOut) {
 TEST(Lines, ShowEveryEventUpToAFailure) {
     TestMachine machine("bx20");
     Events(machine);
+    machine.StartTrace();
     ExpectGolden("brantexport/lines.txt", RunExport(machine, {"--lines"}).output);
+    EXPECT_EQ(ReplaceAll(machine.TakeTrace("c"), "(cevt|close) [^\n]*\n", ""), "") << "not a read of the log";
     machine.Fault("cevt read 2 -5");
     // An event without a valid time passes every --since.
     const RunResult run = RunExport(machine, {"--lines", "--since", "9999-12-31"});

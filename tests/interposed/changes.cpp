@@ -1,4 +1,4 @@
-// Replaces the system calls with which a program changes the files of a machine directory:
+// Replaces alarm(), and the system calls with which a program changes the files of a machine directory:
 // - Each call first flushes standard output, so that the test sees everything that was printed before a kill.
 // - A write to a file writes only half of the bytes, except to the trace.
 // - With BRANT_KILL_AT=N, each call is printed on standard output, and SIGKILL ends the process before the
@@ -49,6 +49,7 @@ int Fsync(int fd) asm("fsync");
 int RenameAt(int from, const char* path, int to, const char* new_path) asm("renameat");
 int UnlinkAt(int directory, const char* path, int flags) asm("unlinkat");
 int MakeDirectory(const char* path, mode_t mode) asm("mkdir");
+unsigned Alarm(unsigned seconds) asm("alarm");
 }
 
 // The programs create files only with openat, so this function never gets a third argument with permissions.
@@ -84,6 +85,11 @@ int RenameAt(int from, const char* path, int to, const char* new_path) {
 int UnlinkAt(int directory, const char* path, int flags) {
     Before("unlink", path);
     return static_cast<int>(syscall(SYS_unlinkat, directory, path, flags));
+}
+
+unsigned Alarm(unsigned seconds) {
+    Before("alarm", seconds == 60 ? "60" : "wrong");
+    return 0;
 }
 
 int MakeDirectory(const char* path, mode_t mode) {
