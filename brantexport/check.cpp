@@ -11,6 +11,7 @@
 #include "brantexport/output.h"
 #include "brantexport/time.h"
 #include "src/utils/standard_streams.h"
+#include "src/utils/utc.h"
 
 namespace {
 

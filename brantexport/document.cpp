@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "brantexport/time.h"
+#include "src/utils/utc.h"
 #include "src/utils/version.h"
 
 namespace {
@@ -10,15 +10,6 @@ namespace {
 // The version of the document's format. Increase it, also in docs/brantexport.schema.json, if a change could
 // break programs that read the document: if a member is renamed or removed or its values change.
 constexpr int kSchemaVersion = 1;
-
-// Returns the time in UTC, such as "2026-11-25T12:30:00Z".
-std::string UtcText(int64_t milliseconds) {
-    const int64_t seconds = milliseconds / 1000;
-    std::string text;
-    AssignTime(UtcTime(static_cast<time_t>(seconds)), text);
-    const std::string second = std::to_string(100 + seconds % 60).substr(1);  // two digits
-    return text + ':' + second + 'Z';
-}
 
 void WriteErrors(Writer& writer, const Errors& errors) {
     writer.BeginList();
@@ -38,7 +29,7 @@ void WriteDocument(Writer& writer, const std::vector<Section>& sections, Errors&
     writer.BeginObject();
     writer.Add("schema_version", kSchemaVersion);
     writer.Add("version", Text(kVersion));
-    writer.Add("exported_at", Text(UtcText(start)));
+    writer.Add("exported_at", Text(UtcText(start / 1000)));
     for (const Section& section : sections) {
         errors.Begin(section.name);
         writer.Key(section.name);

@@ -15,6 +15,7 @@
 
 #include "src/utils/descriptor.h"
 #include "src/utils/text.h"
+#include "src/utils/utc.h"
 
 namespace {
 
@@ -210,21 +211,11 @@ const char* PhraseOf(int status) {
     }
 }
 
-// Returns the current time in the format of the field Date. The program sets no locale, so the names of days
-// and months are English.
-std::string HttpDate() {
-    const std::time_t now = std::time(nullptr);
-    char text[64] = "";
-    const std::tm* const utc = std::gmtime(&now);
-    if (utc != nullptr) std::strftime(text, sizeof text, "%a, %d %b %Y %T GMT", utc);
-    return text;
-}
-
 std::string AnswerTo(const HttpRequest& request, std::string_view type, std::string_view body) {
     std::string answer;
     const auto add = [&](std::string_view line) { answer.append(line).append("\r\n"); };
     add("HTTP/1.1 " + std::to_string(request.status) + ' ' + PhraseOf(request.status));
-    add("Date: " + HttpDate());
+    add("Date: " + HttpDate(Milliseconds() / 1000));
     add("Content-Type: " + std::string(type));
     add("Content-Length: " + std::to_string(body.size()));
     if (request.status == 405) add("Allow: GET, HEAD");
@@ -267,8 +258,7 @@ bool SeparateMessages(int output) {
 
 void ReportRootRemains(const char* program, const char* user, const char* reason) {
     if (use_system_log) {
-        openlog(program, LOG_PID, LOG_DAEMON);
-        syslog(LOG_ERR, "can't become the user %s: %s", user, reason);
+        syslog(LOG_DAEMON | LOG_ERR, "%s: can't become the user %s: %s", program, user, reason);
     } else {
         std::fprintf(stderr, "%s: can't become the user %s: %s\n", program, user, reason);
     }

@@ -4,7 +4,7 @@
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <cstring>
 #include <new>
 #include <string>
@@ -18,16 +18,13 @@ namespace {
 // would use the null pointer.
 struct Allocator {
     static void* Malloc(size_t size) { return Realloc(nullptr, 0, size); }
-    static void* Realloc(void* old, size_t /*old_size*/, size_t size) {
-        if (size == 0) {
-            std::free(old);
-            return nullptr;
-        }
-        void* const block = std::realloc(old, size);
-        if (block == nullptr) throw std::bad_alloc();
+    static void* Realloc(void* old, size_t old_size, size_t size) {
+        void* const block = size > 0 ? operator new(size) : nullptr;
+        if (old != nullptr && block != nullptr) std::memcpy(block, old, std::min(old_size, size));
+        operator delete(old);
         return block;
     }
-    static void Free(void* block) { std::free(block); }
+    static void Free(void* block) { operator delete(block); }
     // NOLINTNEXTLINE(readability-identifier-naming): the library's name
     static const bool kNeedFree = true;
 };

@@ -119,7 +119,7 @@ std::unique_ptr<Writer> NewWriter(const Options& options, int output, std::strin
 int Run(const Options& options, int output) {
     if (!options.reply.empty()) return PrintReply(output, kProgram, options.reply);
     if (!options.problem.empty()) {
-        std::fputs(options.problem.c_str(), stderr);
+        WriteAll(STDERR_FILENO, options.problem);
         return Fail(options, output, "The arguments are invalid.", 2);
     }
     if (options.format == Format::Http) return Serve(output, options.sections);

@@ -29,10 +29,10 @@ const char* DropRoot(const char* user_name) {
         const gid_t gid = user->pw_gid;
         // The user is set last, because only root may change the groups.
         if (setgroups(1, &gid) != 0 || setgid(gid) != 0 || setuid(uid) != 0) return std::strerror(errno);
-        if (!Is(uid, gid) || setgid(0) == 0 || setegid(0) == 0) return "groups remain";
+        if (!Is(uid, gid) || setgid(0) == 0) return "groups remain";
     }
     // A call succeeds if the saved user ID is still root or the process still has the privilege to change it.
-    return setuid(0) == 0 || seteuid(0) == 0 ? "root remains" : nullptr;
+    return setuid(0) == 0 ? "root remains" : nullptr;
 }
 
 void CloseOtherDescriptors(int kept) {

@@ -1,27 +1,14 @@
 #include "brantexport/time.h"
 
-#include <sys/time.h>
-
 #include <iterator>
+
+#include "src/utils/utc.h"
 
 namespace {
 
 // The offsets of the two-digit numbers in a string such as "2006-03-15T14:07".
 constexpr size_t kOffsets[] = {0, 2, 5, 8, 11, 14};
 constexpr std::string_view kForm = "0000-00-00T00:00";
-
-constexpr int kSecondsOfDay = 24 * 60 * 60;
-
-// Return the number of days in a month (1 to 12) or in a year.
-int DaysOf(int64_t year, int month) {
-    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return kDays[month - 1] + (month == 2 && leap ? 1 : 0);
-}
-
-int DaysOf(int64_t year) {
-    return 365 + DaysOf(year, 2) - 28;
-}
 
 bool IsValid(const TimeParts& parts) {
     const auto [century, year, month, day, hour, minute] = parts;
@@ -76,24 +63,8 @@ time_t SecondsOf(int64_t time) {
     return std::mktime(&parts);
 }
 
-int64_t UtcTime(time_t seconds) {
-    auto day = static_cast<int>(seconds / kSecondsOfDay);
-    int64_t year = 1970;
-    for (; day >= DaysOf(year); ++year) day -= DaysOf(year);
-    int month = 1;
-    for (; day >= DaysOf(year, month); ++month) day -= DaysOf(year, month);
-    const auto minute = static_cast<int>(seconds % kSecondsOfDay / 60);
-    return (((year * 100 + month) * 100 + day + 1) * 100 + minute / 60) * 100 + minute % 60;
-}
-
 int64_t LocalTime(time_t seconds) {
     const time_t minute = seconds - seconds % 60;
     const time_t offset = minute - SecondsOf(UtcTime(minute));  // of the time zone
     return UtcTime(minute + offset);
-}
-
-int64_t Milliseconds() {
-    timeval now{};
-    gettimeofday(&now, nullptr);
-    return int64_t{now.tv_sec} * 1000 + now.tv_usec / 1000;
 }

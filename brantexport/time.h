@@ -26,11 +26,6 @@ void AssignTime(int64_t time, std::string& text);
 // Converts a time in the server's time zone to seconds since 1970. Returns -1 if a time_t can't hold them.
 time_t SecondsOf(int64_t time);
 
-// Convert seconds since 1970 to a time in UTC or in the server's time zone. They don't call gmtime_r or
-// localtime_r: linking a C function costs 1,000 instructions at each start, and these two also read the file
-// of the time zone. LocalTime is wrong during the hours before and after a change of the time zone's offset.
-int64_t UtcTime(time_t seconds);
+// Converts seconds since 1970 to a time in the server's time zone. Is wrong during the hours before and after
+// a change of the time zone's offset.
 int64_t LocalTime(time_t seconds);
-
-// Returns the milliseconds since 1970.
-int64_t Milliseconds();

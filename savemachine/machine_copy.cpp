@@ -9,12 +9,13 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
-#include <random>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
 
+#include "savemachine/random_numbers.h"
 #include "src/utils/standard_streams.h"
+#include "src/utils/utc.h"
 #include "src/utils/version.h"
 
 namespace {
@@ -32,7 +33,7 @@ bool HasTerminal() {
 }
 
 void EraseProgress() {
-    if (HasTerminal()) std::fputs(kEraseLine, stderr);
+    if (HasTerminal()) WriteAll(STDERR_FILENO, kEraseLine);
 }
 
 // O_NONBLOCK keeps the program from waiting if a FIFO has replaced the directory. (The server's system has no
@@ -71,7 +72,7 @@ bool IsEntry(int parent, const std::string& name, int fd) {
 std::string RandomSuffix() {
     constexpr char kLetters[] = "abcdefghijklmnopqrstuvwxyz234567";
     constexpr unsigned kBits = 5;  // bits for each character
-    unsigned bits = std::random_device()();
+    unsigned bits = RandomNumbers().Next();
     std::string suffix = ".";
     for (int i = 0; i < 6; ++i, bits >>= kBits) suffix += kLetters[bits % (1U << kBits)];
     return suffix;
@@ -85,17 +86,6 @@ std::string WithoutTrailingSlashes(std::string path) {
 std::string ParentOf(const std::string& path) {
     const size_t slash = path.rfind('/');
     return slash == path.npos ? "." : path.substr(0, slash + 1);
-}
-
-// Returns the time in UTC, such as 2026-11-26T14:07:00Z.
-std::string CurrentTime() {
-    const std::time_t now = std::time(nullptr);
-    const std::tm* const utc = std::gmtime(&now);
-    if (utc == nullptr) return "unknown";
-    char formatted[80];  // for any values of these numbers
-    std::snprintf(formatted, sizeof formatted, "%04d-%02d-%02dT%02d:%02d:%02dZ", utc->tm_year + 1900,
-                  utc->tm_mon + 1, utc->tm_mday, utc->tm_hour, utc->tm_min, utc->tm_sec);
-    return formatted;
 }
 
 }  // namespace
@@ -220,7 +210,7 @@ void MachineCopy::Finish() {
     EraseProgress();
     if (!faults_.empty()) Write("faults", faults_);
     std::string about = std::string("savemachine: ") + kVersion + '\n';
-    about += "time: " + CurrentTime() + '\n';
+    about += "time: " + UtcText(std::time(nullptr)) + '\n';
     about += std::string("redacted: ") + (redaction_ ? "yes" : "no") + '\n';
     Write("about", about + failed_calls_);
     if (renameat(parent_.Get(), temporary_.c_str(), parent_.Get(), name_.c_str()) != 0) Fail();

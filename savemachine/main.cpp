@@ -94,7 +94,7 @@ int main(int argc, char** argv) try {
     umask(077);
     Options options;
     if (!ReadOptions(argc, argv, options)) {
-        std::fputs(kUsage, stderr);
+        WriteAll(STDERR_FILENO, kUsage);
         return 2;
     }
     if (!options.reply.empty()) return PrintReply(output, kProgram, options.reply);

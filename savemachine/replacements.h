@@ -7,10 +7,11 @@
 
 #include <cstddef>
 #include <map>
-#include <random>
 #include <set>
 #include <string>
 #include <utility>
+
+#include "savemachine/random_numbers.h"
 
 // A part of the bytes of a file. May extend beyond their end.
 struct Part {
@@ -42,9 +43,9 @@ class Replacements {
     std::string InventUuid(const std::string& value);
     const std::string& ReplacementOf(Kind kind, const std::string& value);
     void ReplaceNumber(std::string& bytes, Part part, Kind kind);
-    char Random(unsigned count) { return static_cast<char>(random_() % count); }
+    char Random(unsigned count) { return static_cast<char>(random_.Next() % count); }
 
-    std::random_device random_;
+    RandomNumbers random_;
     std::map<std::pair<Kind, std::string>, std::string> replacements_;  // from a value to its replacement
     std::set<std::string> used_;                                        // all replacements
 };
