@@ -32,7 +32,8 @@ TEST(HttpRequest, HasAStatus) {
     };
     const ParseCase cases[] = {
         {with(""), 200},
-        {with("A:\r\nb:\t \xE4\tb: c \r\nContent-Length: 0\r\n"), 200},
+        {with("0Az:\r\n9Za:\t \xE4\tb: c \r\nContent-Length: 0\r\n"), 200},
+        {with("Transfer-Encoding: chunked\r\n"), 200},
         {"\r\nHEAD /metrics HTTP/1.1\r\nhost:[::1]:80\r\n\r\n", 200},
         {get("/metrics?name=value/&x"), 200},
         {get("HTTP://server:80/metrics?"), 200},
@@ -62,6 +63,7 @@ TEST(HttpRequest, HasAStatus) {
         {with("a\r\n"), 400},
         {with(": b\r\n"), 400},
         {with(std::string("a: \0\r\n", 6)), 400},
+        {with("a: \x7F\r\n"), 400},
         {with("Content-Length: +1\r\n"), 400},
         {with("Content-Length: 1\r\nContent-Length: 1\r\n"), 400},
         {with("Content-Length: 1\r\nTransfer-Encoding: chunked\r\n"), 400},
@@ -180,6 +182,10 @@ TEST(Http, Answers) {
             EXPECT_EQ(ReplaceAll(body, kDuration, ""), ReplaceAll(metrics, kDuration, ""));
         }
     }
+    Server unused(machine.Directory());  // the client closes the connection without a request
+    unused.CloseInput();
+    EXPECT_EQ(unused.Receive(), "");
+    EXPECT_NE(unused.Wait(), 0);
     // Not a server: the client gets an answer, but none of the messages on standard error.
     const Server elsewhere("/");
     elsewhere.Send(kGet);
