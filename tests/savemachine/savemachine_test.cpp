@@ -347,10 +347,13 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
     SmbiosRecord system(smbios::System::kType, 0x0100);
     system.Text("Hush").Text("Corvex TR500 K2").Text("Hush").Text("Hush-8431");
     for (int i = 0; i < 4; ++i) system.Dword(0x68737548);  // UUID
+    SmbiosRecord without_uuid(smbios::System::kType, 0x0101);
+    without_uuid.Text("Hush").Text("Second product");
     SmbiosTable table;
     table.Add(BiosRecord("Z18", "06/12/2009"))
         .Add(MemoryArrayRecord({0x1000, 0, 0}))
         .Add(system)
+        .Add(without_uuid)
         .Add(NicRecord(0x2000, {nic}).Dword(0x68737548))  // with an incomplete entry
         .Add(oem);
     constexpr uint32_t kAddress = kBiosArea + 0x100;
@@ -398,8 +401,9 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
         EXPECT_NE(shown.find("\nAsset: '" + serial + ","), shown.npos) << shown;
         EXPECT_NE(shown.find("Serial Number " + serial + ")"), shown.npos) << shown;
         const std::string mac = parent.Read("copy/crom/ZTHMAC").substr(2, 6);
-        EXPECT_NE(parent.Read("copy/xsvc").find(mac), std::string::npos)
-            << "the NICs have different addresses";
+        for (const std::string& kept : {mac, std::string("Second product")}) {
+            EXPECT_NE(parent.Read("copy/xsvc").find(kept), std::string::npos) << kept;
+        }
     }
     EXPECT_NE(serials[0], serials[1]);
 }
