@@ -354,6 +354,7 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
         .Add(MemoryArrayRecord({0x1000, 0, 0}))
         .Add(system)
         .Add(without_uuid)
+        .Add(NicRecord(0x2001, {nic}))
         .Add(NicRecord(0x2000, {nic}).Dword(0x68737548))  // with an incomplete entry
         .Add(oem);
     constexpr uint32_t kAddress = kBiosArea + 0x100;
@@ -367,9 +368,10 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
 
     machine.Variable(kAssetVariable, std::string(kSerial) + std::string(200, '\0') + "Hush");
     machine.Variable(kServerNameVariable, "Hush" + std::string(11, '\0') + "Hush");
-    machine.Variable(kNicAddressVariable, nic);
+    machine.Variable(kNicAddressVariable, MachineBuilder::Plain(nic) + MachineBuilder::Plain(nic));
     FANDDATA fan{};
     std::memcpy(fan.Evt.cChassisName, "Hush", 4);
+    fan.ucType = fan.ucSpeedState = 'T';
     machine.Table(kFanDataTable, 0, 0, fan);
     RESMEM_DIMM_CONFIG module{};
     module.ulPresent = 1;
@@ -401,9 +403,10 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
         EXPECT_NE(shown.find("\nAsset: '" + serial + ","), shown.npos) << shown;
         EXPECT_NE(shown.find("Serial Number " + serial + ")"), shown.npos) << shown;
         const std::string mac = parent.Read("copy/crom/ZTHMAC").substr(2, 6);
-        for (const std::string& kept : {mac, std::string("Second product")}) {
-            EXPECT_NE(parent.Read("copy/xsvc").find(kept), std::string::npos) << kept;
-        }
+        const std::string memory = parent.Read("copy/xsvc");
+        EXPECT_NE(memory.find(mac), memory.rfind(mac)) << "the NICs have different addresses";
+        EXPECT_NE(memory.find("Second product"), memory.npos);
+        EXPECT_NE(parent.Read("copy/cdt/352.0.0").find("TT"), std::string::npos);
     }
     EXPECT_NE(serials[0], serials[1]);
 }
