@@ -1,5 +1,6 @@
 #include "brantexport/document.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "src/utils/utc.h"
@@ -37,7 +38,7 @@ void WriteDocument(Writer& writer, const std::vector<Section>& sections, Errors&
     }
     writer.Key("errors");
     WriteErrors(writer, errors);
-    writer.Add("duration_ms", Milliseconds() - start);
+    writer.Add("duration_ms", std::max(Milliseconds() - start, int64_t{0}));  // the clock may be set back
     writer.EndObject();
     writer.Finish();
 }

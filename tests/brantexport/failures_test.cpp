@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 
+#include "mkmachine/firmware_records.h"
 #include "mkmachine/models.h"
 #include "tests/brantexport/export.h"
 #include "tests/support/golden.h"
@@ -114,6 +115,18 @@ TEST(FailedRequests, MissingSmbiosRecordsAreReported) {
               R"(/errors/2 {"section":"nics","message":"Failed to read embedded NIC status."})"
               "\n");
     ExpectFits({exported.json});
+}
+
+TEST(FailedRequests, MissingPortMapRecordsAreReported) {
+    const std::pair<const char*, std::string> cases[] = {{"0", "Failed to get Enclosure Bay number."},
+                                                         {"5", "Failed to get SMBIOS port mapping data."}};
+    for (const auto& [bay, message] : cases) {
+        TestMachine machine("bx20");
+        AddTables(machine, SmbiosTable().Add(SystemRecord("corvex", "X")).Add(RackRecord(1, "", bay)));
+        const std::string json = Export(machine).json;
+        EXPECT_NE(json.find("\"port_map\": null"), json.npos) << json;
+        EXPECT_NE(json.find("\"message\": \"" + message), json.npos) << json;
+    }
 }
 
 // In each of eight runs per model, every eighth file of the machine is missing or is a directory.
