@@ -143,13 +143,13 @@ TEST_P(MachineCopies, OfMachinesWithFaultsShowTheSame) {
 // resets the count.
 TEST_P(MachineCopies, HaveTheLogUpToThreeUnreadableEntriesInARow) {
     constexpr size_t kEvents = 11;
-    const int unreadable[] = {2, 3, 5, 6, 8, 9, 10};
+    const int unreadable[] = {0, 1, 3, 4, 6, 7, 8};
     RestorableMachine machine(GetParam());
     machine.Write("cevt/hlog", EventLog(kEvents));
     for (const int number : unreadable) machine.Fault("cevt read " + std::to_string(number) + " -5");
     Compare(machine, "unreadable", kOneForAll);
     const auto entry = [](size_t number) { return EventLog(number).substr(EventLog(number - 1).size()); };
-    EXPECT_EQ(log_, entry(1) + entry(4) + entry(7));
+    EXPECT_EQ(log_, entry(2) + entry(5));
 }
 
 TEST_P(MachineCopies, OfALogWithAnEntryTooLongToListShowTheSame) {
@@ -365,6 +365,7 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
     entry.byEPSChecksum -= 4 + ('H' + 'u' + 's' + 'h') % 256;
     machine.PhysicalMemory(kAddress, table.Bytes() + std::string("\0\0\0\0Hush", 8));
     machine.PhysicalMemory(kEntryPointAddress, MachineBuilder::Plain(entry) + "Hush");
+    machine.PhysicalMemory(kEntryPointAddress - 0x78, MachineBuilder::Plain(entry));  // not aligned
 
     machine.Variable(kAssetVariable, std::string(kSerial) + std::string(200, '\0') + "Hush");
     machine.Variable(kServerNameVariable, "Hush" + std::string(11, '\0') + "Hush");
