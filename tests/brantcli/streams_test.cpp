@@ -31,6 +31,7 @@ TEST(Streams, EndTheProgramIfAClosedOneCannotBeReplaced) {
         {"brantcli_interposed", "-s 'SET UID ON'", ">&-", kNoNull},
         {"brantcli_interposed", "-s 'SET UID ON'", "2>&-", ""},
         {"savemachine_interposed", "$BRANT_MACHINE/copy", ">&-", kNoNull},
+        {"brantexport_interposed", "uid", ">&-", kNoNull},
     };
     for (const StreamCase& c : cases) {
         TestMachine machine("tr300");
