@@ -1,4 +1,5 @@
-// Tests of a whole run: the order of its steps, its options and its exit status.
+// Tests of a whole run: the order of its steps, its options, its exit status, and that no command affects a
+// later one.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -6,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/every_command.h"
+#include "tests/support/expected_run.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
 
@@ -124,6 +127,24 @@ TEST(StartUp, ReturnsStatus1IfOutputIsLost) {
         " -s '" + std::string(100, ';') + "HELP EXIT' > $BRANT_MACHINE/out";  // prints 130 bytes
     EXPECT_EQ(status(help, "prlimit --fsize=129 "), 1);
     EXPECT_EQ(status(help, "prlimit --fsize=130 "), 0);
+}
+
+// Runs each command twice: once all commands in one script, and once each in a process of its own.
+TEST(Script, KeepsNothingFromOneCommandForTheNext) {
+    TestMachine together("tr500k2"), apart("tr500k2");
+    together.StartTrace();
+    apart.StartTrace();
+    std::string script, output;
+    for (int round = 0; round < 2; ++round) {
+        for (const std::string& command : Commands()) {
+            if (command == "EXIT" || command == "QUIT") continue;
+            script += command + ";";
+            output += apart.Script(command).output;
+            output.pop_back();  // the newline at the end of the run
+        }
+    }
+    EXPECT_EQ(together.Script(script).output, output + "\n");
+    EXPECT_EQ(Requests(together.TakeTrace()), Requests(apart.TakeTrace()));
 }
 
 }  // namespace
