@@ -25,10 +25,11 @@ constexpr char kLight[] = "cdt/1503.0.0";  // the record that SET UID changes
 const Case kCases[] = {
     {"no fans",              "cdt/351.0.0",  "\13\0\1\13"sv, Fails("SHOW FANS", "\nERROR: This system does not support fans.", kAnything)},
     {"a truncated record",   "cdt/351.0.0",  "\13"sv,        Fails("SHOW FANS", "\nERROR: This system does not support fans.", kAnything)},
+    {"no fan positions",     "cdt/351.0.0",  "\0\1\0\0"sv,   {"SHOW FANS", "\nFan  Location        Present Speed  of max  Redundant  Partner  Hot-pluggable\n---  --------        ------- -----  ------  ---------  -------  -------------\n", kAnything}},
     {"no sensors",           "cdt/251.0.0",  "\20\0\20"sv,   Fails("SHOW TEMP", "\nINFO: No temperature sensors found.", kAnything)},
     {"no supplies",          "cdt/151.0.0",  "\0\1\0\0\0"sv, {"SHOW POWERSUPPLY", "", kAnything}},
-    {"a truncated record",   kLight,         "\1"sv,         {"SHOW UID", "\nUID is currently off.", kAnything}},
-    {"an undefined state",   kLight,         "\1\7\0\0\0"sv, {"SHOW UID", "\nUID is currently in an unknown state.", kAnything}},
+    {"a truncated record",   kLight,         "\0"sv,         {"SHOW UID", "\nUID is currently off.", kAnything}},
+    {"an undefined state",   kLight,         "\1\7\0\0\1"sv, {"SHOW UID", "\nUID is currently in an unknown state.", kAnything}},
     {"no lights",            "cdt/1500.0.0", "\0\1\0"sv,     Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
     {"lights without state", "cdt/1500.0.0", "\1\0\0"sv,     Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
 };

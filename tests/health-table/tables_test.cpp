@@ -21,10 +21,11 @@ std::string Rows(const TestMachine& machine, const char* command) {
 struct Fan {
     bool has_legacy = false;
     FANDDATA legacy{};
-    COMMONFEATUREINFO feature = Feature(0, kPresent, kSystemZone);
+    COMMONFEATUREINFO feature{};
     FANBASIC basic{};
 
     Fan() {
+        feature.DeviceState.usDeviceState = kPresent;
         basic.ucSpeedState = 1;
         basic.ucSpeedPctIsValid = 255;
         basic.ucSpeedPct = 50;
