@@ -13,17 +13,23 @@
 namespace {
 
 // In each record, the bits that the command doesn't read are the opposite of those that it reads. The second
-// bay is empty.
+// bay is empty. The third bay has no legacy record, and the fourth has no records.
 TEST(ShowPowerSupply, ReadsOnlyItsBits) {
     TestMachine machine("bx20");
-    machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{2, 255, 0, 0, 0});
+    machine.Table(kSupplyHeaderTable, 0, 0, POWERSUPPLYHEADER{255, 255, 0, 0, 0});
     machine.Table(kSupplyNumbersTable, 1, 0, POWERSUPPLYNUMBERS{0, 255, 255, 255, 255});
     machine.Table(kSupplyNumbersTable, 0, 0, POWERSUPPLYNUMBERS{255, 0, 0, 0, 0});
     machine.Table(kSupplyFeatureTable, 0, 0, Feature(0, 0xFFF8, kPowerSupplyZone));
     machine.Table(kSupplyBasicTable, 0, 0, POWERSUPPLYBASIC{1, {0xFFFE}});
+    COMMONFEATUREINFO third{};
+    third.DeviceState.usDeviceState = kPresent | kFailed | kRedundant;
+    machine.Table(kSupplyFeatureTable, 2, 0, third);
+    machine.Table(kSupplyBasicTable, 2, 0, POWERSUPPLYBASIC{0, {1}});
     EXPECT_EQ(machine.Script("SHOW POWERSUPPLY").output,
               "\nPower supply #1\n\tPresent : No\n\tRedundant: No\n\tCondition: Ok"
-              "\n\tHotplug  : Not supported\n\nPower supply #2\n\tPower Supply not present\n\n\n");
+              "\n\tHotplug  : Not supported\n\nPower supply #2\n\tPower Supply not present\n"
+              "\nPower supply #3\n\tPresent : Yes\n\tRedundant: Yes\n\tCondition: DEGRADED"
+              "\n\tHotplug  : Supported\n\nPower supply #4\nERROR \"SHOW POWERSUPPLY\" command failed.\n\n");
 }
 
 constexpr char kControlFile[] = "cdt/1503.0.0";
@@ -47,7 +53,8 @@ constexpr int kBoardIndex = 255;
 TEST(ShowDimm, PrintsLargeNumbersAsSignedOrHexadecimal) {
     TestMachine machine("bx20");
     RESMEM_DIMM_CONFIG config{};
-    config.ulCartID = config.ulModuleID = config.ulPresent = 0xFFFFFFFF;
+    config.ulCartID = config.ulModuleID = 0xFFFFFFFF;
+    config.ulPresent = 0x100;
     config.dimmInfo.ulFormFactor = config.dimmInfo.ulMemType = 0xFFFFFFFF;
     config.dimmInfo.ulSize = config.dimmInfo.ulSpeed = 0x80000000;
     machine.Table(kModuleConfigTable, kBoardIndex, 0, config);
@@ -73,7 +80,8 @@ struct WalkCase {
 
 // clang-format off
 constexpr WalkCase kWalks[] = {
-    {"cartridges are read, too",              true,  2,          3,          {0, 2, 0, {}, 0, 0, 0}, 2,   "1706.255.1"},
+    {"cartridges are read, too",              true,  2,          3,          {0, 5, 0, {}, 0, 0, 0}, 2,   "1706.255.1"},
+    {"the board is ignored without counts",   false, 0,          0,          {0, 5, 0, {}, 0, 0, 0}, 20,  "1706.255.19"},
     {"a board without modules is read",       true,  2,          3,          {0, 0, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
     {"another cartridge is the board",        true,  2,          3,          {1, 2, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
     {"other counts if there is no record",    false, 0,          0,          {1, 2, 0, {}, 0, 0, 0}, 400, "1706.19.19"},
@@ -91,7 +99,7 @@ void AddEmptySockets(TestMachine& machine, int cartridge, int count) {
 TEST(ShowDimm, RequestsTheSocketsThatTheDriverCounts) {
     TestMachine machine("tr300");
     AddEmptySockets(machine, 0, 256);
-    for (int i = 1; i < 256; ++i) AddEmptySockets(machine, i, i <= 20 ? 20 : 2);
+    for (int i = 1; i < 256; ++i) AddEmptySockets(machine, i, i <= 20 || i == kBoardIndex ? 20 : 2);
     for (const WalkCase& c : kWalks) {
         RESMEM_CONFIG memory{};
         memory.ulNumberModules = c.modules;
