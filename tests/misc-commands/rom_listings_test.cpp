@@ -46,11 +46,11 @@ struct Changes {
 };
 constexpr Changes kChanges[] = {
     {"SET", "NAME web7; ASSET \"Rack 4\""},
-    {"SET ASR", "5; 10MIN; 15; 20; 30"},
+    {"SET ASR", "\" +5\"; 10MIN; 15; 20; 30"},
     {"SET BOOT ONCE", "FLOPPY; CDROM; HDD; KONF; PXE"},
     {"SET BOOT FIRST", "FLOPPY; CDROM; HDD; USBKEY; PXE"},
     {"SET F1", "ENABLED; DISABLED; DELAYED"},
-    {"SET SERIAL BIOS", "COM1 9600; COM2 19200; COM1 57600; COM2 115200; DISABLED; DISABLED NONSENSE"},
+    {"SET SERIAL BIOS", "COM1 9600; COM2 19200; COM1 57600; COM2 115200; DISABLED; DISABLED 9600"},
     {"SET SERIAL VIRTUAL", "COM1; COM2; DISABLED"},
     {"ENABLE", "EAAS; HT; WOL"},
     {"DISABLE", "EAAS; HT; WOL"},
@@ -121,12 +121,13 @@ struct Case {
 // clang-format off
 constexpr Case kCases[] = {
     // cases: the boot order and the one-time boot device
-    {kOrdinary, "a device that only the other command knows is accepted", "", "SET BOOT ONCE USBKEY; SET BOOT FIRST KONF"},
+    {kOrdinary, "a device that only the other command knows, or in lower case, is accepted", "", "SET BOOT ONCE USBKEY; SET BOOT FIRST KONF; SET BOOT FIRST \"hdd\""},
     {kOrdinary, "USBKEY is accepted on a server without it", "", "SET BOOT FIRST USBKEY"},
     {kOrdinary, "the status of a failed write is 1", "ZTHNIPL=02; ZTHIPL=0001; !crom write ZTHIPL 1", "SET BOOT FIRST FLOPPY"},
     {kOrdinary, "an entry after those of the installed devices is used", "ZTHNIPL=03; ZTHIPL=0001020304050607", "SET BOOT FIRST PXE"},
     {kOrdinary, "an empty list is searched, or is a failure of SHOW IPL", "ZTHNIPL=00", "SHOW IPL; SET BOOT FIRST USBKEY"},
-    {kOrdinary, "more than eight entries are used, or only four names", "ZTHNIPL=ff; ZTHIPL=0001020004050102", "SET BOOT FIRST PXE; SHOW IPL"},
+    {kOrdinary, "more or fewer than eight entries are used, or only four names, or the last of equal entries", "ZTHNIPL=ff; ZTHIPL=0001000004050102",
+     "SET BOOT FIRST PXE; SHOW IPL; SET BOOT FIRST HDD; SET BOOT FIRST FLOPPY"},
     {kOrdinary, "a device has the name of another one", "ZTHIPL=00; ZTTBT1=01", "SHOW BOOT"},
     {kOrdinary, "a device has the name of another one", "ZTHIPL=01; ZTTBT1=03", "SHOW BOOT"},
     {kOrdinary, "a device has the name of another one", "ZTHIPL=03; ZTTBT1=30", "SHOW BOOT"},
@@ -136,13 +137,13 @@ constexpr Case kCases[] = {
     {kFull, "the names are those of the other servers", "ZTHIPL=00; ZTTBT1=00", "SHOW BOOT"},
     {kFull, "the names are those of the other servers", "ZTHNIPL=02; ZTHIPL=0304", "SHOW BOOT; SHOW IPL"},
     {kFull, "the names are those of the other servers", "ZTHIPL=04", "SHOW BOOT"},
-    {kFull, "a code without a device has a name", "ZTHIPL=05", "SHOW BOOT"},
+    {kFull, "a code without a device has a name, or is signed", "ZTHIPL=ff", "SHOW BOOT"},
     // cases: the NICs
-    {kOrdinary, "PXE remains enabled on two NICs", "ZTHMAC=" NIC NIC NIC "; ZTHNIC=01000155667788", "ENABLE PXE NIC2"},
+    {kOrdinary, "PXE remains enabled on two NICs, or an unknown setting is changed", "ZTHMAC=" NIC NIC NIC NIC "; ZTHNIC=01000103667788", "ENABLE PXE NIC2"},
     {kOrdinary, "iSCSI, or PXE of a NIC that doesn't exist, is disabled", "ZTHMAC=" NIC NIC "; ZTHNIC=020001", "ENABLE PXE NIC2; ENABLE PXE NIC2; DISABLE PXE NIC1"},
     {kOrdinary, "DISABLE clears all flags, or ENABLE prints more than the lowest one", NICS5 "; -ZTHNIC; ZTHPXE=1e", "DISABLE PXE NIC3; ENABLE PXE NIC5"},
     {kOrdinary, "a note for a higher flag, although the lowest is that of the NIC", NICS5 "; -ZTHNIC; ZTHPXE=12", "ENABLE PXE NIC2"},
-    {kOrdinary, "a failed write of the legacy variable is ignored", "-ZTHNIC; ZTHPXE=00; !crom write ZTHPXE 1", "ENABLE PXE NIC1; DISABLE PXE NIC2"},
+    {kOrdinary, "a failed write of the legacy variable, or the flag of a NIC that doesn't exist, is ignored", "-ZTHNIC; ZTHPXE=10; !crom write ZTHPXE 1", "ENABLE PXE NIC1; DISABLE PXE NIC2"},
     {kOrdinary, "a variable that can't be read is written", "-ZTHNIC; -ZTHPXE", "ENABLE PXE NIC1; DISABLE PXE NIC1; ENABLE ISCSI NIC6"},
     {kOrdinary, "the checks are made in another order", "ZTHMAC=00",
      "ENABLE PXE NIC6; DISABLE PXE NIC0; ENABLE ISCSI NIC12; DISABLE ISCSI \"nic1\"; ENABLE PXE NIC1; DISABLE ISCSI NIC1"},
@@ -150,7 +151,7 @@ constexpr Case kCases[] = {
     {kOrdinary, "NICs are used although their number is unknown", "-ZTHMAC; ZTHNIC=01", "DISABLE PXE NIC1; SHOW NIC"},
     {kOrdinary, "an unknown setting has a name", "ZTHMAC=" NIC NIC NIC NIC "; ZTHNIC=0001020304", "SHOW NIC"},
     // cases: the serial ports
-    {kOrdinary, "an invalid port or baud rate is accepted", "", "SET SERIAL BIOS COM3 9600; SET SERIAL BIOS COM2 2400; SET SERIAL BIOS COM1"},
+    {kOrdinary, "an invalid port or baud rate is accepted", "", "SET SERIAL BIOS COM3 9600; SET SERIAL BIOS COM2 96000; SET SERIAL BIOS COM1"},
     {kOrdinary, "the baud rate is not written if writing the port fails", "!crom write ZTHCON 1", "SET SERIAL BIOS COM1 9600; SET SERIAL BIOS DISABLED 1"},
     {kFull, "both embedded ports are disabled, or other bits are changed", "ZTSBKT=0000a1c100000000000032aabb", "set serial virtual com1"},
     {kFull, "the interrupt line of port B is changed", "ZTSBKT=000041fa000000000000f8aabb", "SET SERIAL VIRTUAL COM2"},
@@ -172,9 +173,9 @@ constexpr Case kCases[] = {
     {kFull, "an undefined number has a name", "ZTSBKT=00000000000000000000fe", "SHOW SERIAL VIRTUAL"},
     // cases: the recovery timer, the server's name, the switches and the versions
     {kOrdinary, "the state is shown as the minutes", "ZTHCPR=0203140405060708", "ENABLE ASR; SHOW ASR; DISABLE ASR; SHOW ASR"},
-    {kOrdinary, "an invalid number is accepted, or one that wraps to a valid one", "", "SET ASR 12; SET ASR TEN; SET ASR 4294967301; SET ASR -4294967291"},
-    {kOrdinary, "a half has one character too many or too few, or no NULs", "",
-     "SET NAME abcdefghijklmnOPQRSTUVWXYZ12; SHOW NAME; SET NAME abcdefghijklmnOPQRSTUVWXYZ123; SET NAME \"My Server\""},
+    {kOrdinary, "an invalid number is accepted, or one that wraps to a valid one", "", "SET ASR 12; SET ASR 261; SET ASR TEN; SET ASR 4294967301; SET ASR -4294967291"},
+    {kOrdinary, "a half has one character too many or too few, or no NULs, or an empty text is rejected", "",
+     "SET NAME abcdefghijklmnOPQRSTUVWXYZ12; SHOW NAME; SET NAME abcdefghijklmnOPQRSTUVWXYZ123; SET NAME \"My Server\"; SET NAME \"\"; SET ASSET \"\""},
     {kOrdinary, "an empty first half is shown", "ZTHLS1=00410000000000000000000000000042", "SHOW NAME"},
     {kOrdinary, "no message for a failed write, or a wrong status", "!crom write ZTSBKT 1; !crom write ZTHLS1 1", "SET NAME web7; ENABLE WOL; DISABLE WOL"},
     {kOrdinary, "the case of a quoted word is ignored", "", "SET F1 \"delayed\""},
@@ -182,8 +183,8 @@ constexpr Case kCases[] = {
     {kOrdinary, "a neighbouring bit is read", "ZTHCSM=07", "SHOW EAAS"},
     {kOrdinary, "a neighbouring bit is read, or an undefined setting is shown as enabled", "ZTSBKT=000000000000fcfc", "SHOW WOL; SHOW F1"},
     {kOrdinary, "an undefined setting is shown as enabled", "ZTSBKT=000000000000ff", "SHOW WOL"},
-    {kOrdinary, "a component has the version of another one",
-     "ZTHUV=000102030405060708090a0b0c0d0e0f101112131415161718191a1b1c1d1e1f20212223242526272829ff", "SHOW VERSIONS IN FULL"},
+    {kOrdinary, "a component has the version of another one, or a signed one",
+     "ZTHUV=808182838485868788898a8b8c8d8e8f909192939495969798999a9b9c9d9e9fa0a1a2a3a4a5a6a7a8ff", "SHOW VERSIONS IN FULL"},
     {kOrdinary, "a component without a version is left out, or the last byte isn't read", "ZTHUV=" ZEROS ZEROS "0000000000000000000000000001", "SHOW VERSIONS"},
 };
 // clang-format on
