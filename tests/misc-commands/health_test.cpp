@@ -36,7 +36,8 @@ constexpr char kControlFile[] = "cdt/1503.0.0";
 
 TEST(SetUid, ChangesTheState) {
     TestMachine machine("tr300");
-    const std::string before = machine.Read(kControlFile);
+    const std::string before("\0\1\0\0\1", 5);  // the light is on, and an earlier request has failed
+    machine.Write(kControlFile, before);
     machine.Table(kIndicatorHeaderTable, 0, 0, INDCHEADER{1, 255, 0});
     EXPECT_EQ(machine.Script("SET UID OFF").output, "\nUID is now off.\n\n");
     machine.StartTrace();
