@@ -28,14 +28,14 @@ constexpr Case kGood = {"a valid entry point rejected", 0xF5000, 0x206, 31, 0, 6
 constexpr Case kCases[] = {
     kGood,
     {"version 2.0 accepted",             0xF5000, 0x200, 31, 0, 6, kTablesAddress, kRejected},
-    {"version 2.1 rejected",    0xF5000, 0x201, 31, 0, 6, kTablesAddress, kLoaded},
+    {"version 2.1, or a checksum of 0 bytes, rejected", 0xF5000, 0x201, 0, 0, 6, kTablesAddress, kLoaded},
     {"version 1.9 accepted",             0xF5000, 0x109, 31, 0, 6, kTablesAddress, kRejected},
     {"30 bytes rejected",       0xF5000, 0x206, 30, 0, 6, kTablesAddress, kLoaded},
     {"minor number 0 rejected",    0xF5000, 0x300, 31, 0, 6, kTablesAddress, kLoaded},
     {"a bad checksum accepted",          0xF5000, 0x206, 31, 1, 6, kTablesAddress, kRejected},
     {"an unaligned offset accepted",        0xF5008, 0x206, 31, 0, 6, kTablesAddress, kRejected},
     {"the first offset missed", 0xF0000, 0x206, 31, 0, 6, kTablesAddress, kLoaded},
-    {"the last offset missed",  0xFFFE0, 0x206, 31, 0, 6, kTablesAddress, kLoaded},
+    {"the last offset missed, or 32 bytes not summed", 0xFFFE0, 0x206, 32, 0xFF, 6, kTablesAddress, kLoaded},
     {"a truncated one accepted",  0xFFFF0, 0x206, 16, 0, 6, kTablesAddress, kRejected},
     {"empty tables loaded",      0xF5000, 0x206, 31, 0, 0, 0xFFFFFFFF,     kEmpty},
     {"a failed mapping ignored",     0xF5000, 0x206, 31, 0, 6, 0xFFFFFFFF,     kUnreadable},
@@ -58,8 +58,8 @@ SMBIOSEntryPoint Entry(const Case& c) {
 TEST(EntryPoint, IsFoundOnlyIfItIsCompleteAndValid) {
     for (const Case& c : kCases) {
         LoadedTables tables;
-        // The byte before the entry point is one with which another could begin.
-        tables.Machine().PhysicalMemory(c.address - 1, "_" + MachineBuilder::Plain(Entry(c)));
+        // The byte before the entry point is one with which another could begin. The byte after it is 1.
+        tables.Machine().PhysicalMemory(c.address - 1, "_" + MachineBuilder::Plain(Entry(c)) + "\1");
         testing::internal::CaptureStderr();
         EXPECT_EQ(tables.Load(), c.end == kLoaded) << c.catches;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), c.end == kUnreadable ? kMapFailed : "")
@@ -90,6 +90,10 @@ TEST(EntryPoint, IsTheFirstWithAValidChecksumIfTheIntermediateOneIsInvalid) {
     SMBIOSEntryPoint second = Entry(kGood);
     ++second.byIntermediateChecksum;
     --second.byEPSChecksum;
+    SMBIOSEntryPoint newer = Entry(last);  // the anchor of a 64-bit entry point differs in the fourth byte
+    newer.sAnchorString[3] = '3';
+    newer.byEPSChecksum = static_cast<uint8_t>(newer.byEPSChecksum + '_' - '3');
+    tables.Machine().PhysicalMemory(0xF4FE0, MachineBuilder::Plain(newer));
     tables.Machine().PhysicalMemory(0xF5000, MachineBuilder::Plain(Entry(first)));
     tables.Machine().PhysicalMemory(0xF5020, MachineBuilder::Plain(second));
     tables.Machine().PhysicalMemory(0xF5040, MachineBuilder::Plain(Entry(last)));

@@ -48,11 +48,11 @@ std::string Of(uint16_t array, uint16_t size) {
     return MemoryDeviceRecord({0x21, array, "", size}).Bytes();
 }
 
-// Three arrays; their devices are mixed: 8 MiB of flash memory, 5 MiB of system memory without error
-// correction, and 2 MiB of system memory with error correction.
+// Arrays whose devices are mixed: 8 MiB of flash memory, 5 MiB of system memory without error correction, and
+// 2 MiB with error correction. Three arrays have the handle of the 2 MiB.
 const std::string kSeveral = Array(0x20, 5).Bytes() + Of(0x30, 1) + Of(0x20, 8) + Of(0x40, 2) +
                              Array(0x30, 3, 3).Bytes() + Array(0x40, 5).Bytes() + Array(0x40).Bytes() +
-                             Of(0x30, 4);
+                             Array(0x40).Bytes() + Of(0x30, 4);
 
 struct Case {
     const char* catches;
@@ -71,7 +71,8 @@ const Case kCases[] = {
     {"bits without an entry", Kind(kDimm, 0xFD77).Bytes(), "0.1 1024 1 8/1\n"},
     // cases: the location
     {"a word of the locator ignored", At("slot 2 Dimm 4").Bytes(), "2.4 1024 1 8/5\n"},
-    {"one word without the other", At("DIMM 4").Bytes(), "0.4 1024 1 8/5\n"},
+    {"one word without the other", At("DIMM 4").Bytes() + At("SLOT 2").Bytes(),
+     "0.4 1024 1 8/5\n2.2 1024 1 8/5\n"},
     {"the system board", At("SLOT 2 DIMM 4").Bytes() + DimmLocationRecord(1, 0x11, 0xFF, 3).Bytes(),
      "0.3 1024 1 8/5\n"},
     {"an OEM record of another device, or a later one",
@@ -89,7 +90,7 @@ const Case kCases[] = {
      "0.1 1024 1 8/5\n"},
     // cases: several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
-     "1.1 1024 0 8/5\n1.4 4096 0 8/5\n3.3 2048 0 8/5\n"},
+     "1.1 1024 0 8/5\n1.4 4096 0 8/5\n3.3 2048 0 8/5\n4.3 2048 0 8/5\n"},
 };
 
 }  // namespace
@@ -99,12 +100,12 @@ TEST(MemoryModules, AreRecordedFromTheirSmbiosRecords) {
         LoadedTables tables(c.records + Array(kHandle).Bytes());
         EXPECT_EQ(Inventory(), c.inventory) << c.catches;
     }
-    unsigned int size = 0;
+    unsigned int size = 1;
     LoadedTables none(At("").Bytes());
-    EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size));
+    EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size) || size != 1);
     LoadedTables several(kSeveral + ProcessorRecord({1, ""}).Bytes());
     EXPECT_EQ(SmbGetTotalMemory(&size), TRUE);
-    EXPECT_EQ(size, 7168U) << "KiB; flash memory was counted, or only one array";
+    EXPECT_EQ(size, 7168U) << "KiB; flash memory was counted, only one array, or a device twice";
     EXPECT_EQ(SmbChkForECCSupported(), TRUE) << "only the first array was checked";
     fSMBiosInited = FALSE;
     EXPECT_FALSE(SmbParseMemRecords() || SmbParseProcRecords() || SmbGetTotalMemory(&size) ||

@@ -57,7 +57,8 @@ struct Case {
 
 const Case kCases[] = {
     // cases: selection and order of records
-    {"records in the wrong order", ProcessorRecord({2, "", 7}).Bytes() + Socket("")},
+    {"records in the wrong order, or the maximum speed read",
+     ProcessorRecord({2, "", 7}).Bytes() + Socket("").replace(20, 1, "\3")},
     {"an empty socket", Status(0x41) + Status(0x01)},
     {"a coprocessor", Status(0x41, 4)},
     {"a record without the status", ProcessorRecord({1, ""}).TruncateTo(24).Bytes()},
@@ -72,18 +73,19 @@ const Case kCases[] = {
     {"a longer word", Socket("Processor 7")},
     {"a shorter word", Socket("Pro 7")},
     {"a number that exceeds an int", Socket("Proc 4294967303")},
-    {"characters after the 255th", Socket(std::string(250, ' ') + "Proc 72")},
+    {"not 255 characters read", Socket(std::string(249, ' ') + "Proc 72")},
     {"an OEM record ignored", ProcInfoRecord(9, 1, 3).Bytes() + Socket("Proc 7")},
     {"an OEM record of another processor", ProcInfoRecord(9, 2, 3).Bytes() + Socket("Proc 7")},
     {"an OEM record whose truncated handle is taken for 0",
      ProcInfoRecord(9, 0, 3).TruncateTo(5).Bytes() + ProcessorRecord({0, "Proc 7", 1}).Bytes()},
     // cases: cores and threads
     {"cores without threads", FourCores().TruncateTo(37).Bytes()},
-    {"the last byte of the record ignored", FourCores().TruncateTo(38).Bytes()},
-    {"128 threads, which a signed byte can't hold", ProcessorRecord({1, "", 1, 4, 128}).Bytes()},
+    {"the last byte of the record ignored, or the enabled cores read",
+     FourCores().TruncateTo(38).Bytes().replace(36, 1, "\3")},
     // cases: caches
-    {"L1 consulted, L3 before L2",
-     Cached(0x70, 1, 64) + Cached(0x73, 3, 0x8010) + Cached(0x72, 2, 0x0200) + Caches(0x72, 0x73).Bytes()},
+    {"L1 consulted, L3 before L2, or the maximum size read", Cached(0x70, 1, 64) + Cached(0x73, 3, 0x8010) +
+                                                                 Cached(0x72, 2, 0x0200).replace(7, 1, "\3") +
+                                                                 Caches(0x72, 0x73).Bytes()},
     {"an empty cache", Cached(0x72, 2, 0x8000) + Caches(0x72).Bytes()},
     {"handle 0xFFFF looked up", Cached(kNoHandle, 2, 8) + Caches(kNoHandle).Bytes()},
     {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).TruncateTo(28).Bytes()},
