@@ -55,6 +55,8 @@ TEST(DamagedTables, TruncatedAnywhereAreShownOrReported) {
         ASSERT_TRUE(tables.Load(GoodTables().substr(0, size)));
         ExpectOutputsOrMessages("truncated to " + std::to_string(size) + " bytes");
     }
+    ASSERT_TRUE(tables.Load("no record"));
+    ExpectOutputOrMessage(ShowServer, "", "\nERROR: Failed to get SMBIOS memory data.");
 }
 
 TEST(DamagedTables, WithAnyByteInvertedAreShownOrReported) {

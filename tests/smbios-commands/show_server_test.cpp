@@ -11,20 +11,19 @@ TEST(ShowServer, MatchesTheGoldenFileOfEachModel) {
     ExpectGoldenModels("smbios-commands");
 }
 
-// Tests values that no model has: other processor states, a size that isn't a multiple of 1 MiB, a form
-// factor above 9.
+// Tests values that no model has: other processor states and numbers of threads, a size that isn't a multiple
+// of 1 MiB, a form factor above 9.
 TEST(ShowServer, NamesProcessorStatesAndRoundsSizesDown) {
     std::string records = SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes();
     records += MemoryArrayRecord({1}).Bytes();
-    for (const unsigned state : {0x45, 0x42, 0x40}) {
-        Processor part = {2, ""};
-        part.status = static_cast<uint8_t>(state);
-        records += ProcessorRecord(part).Bytes();
+    for (const uint8_t state : {0x45, 0x42, 0x40}) {
+        const uint8_t threads = state == 0x45 ? 128 : 0;
+        records += ProcessorRecord({2, "", 0, 1, threads, kNoHandle, kNoHandle, kNoHandle, state}).Bytes();
     }
     LoadedTables tables(records + MemoryDeviceRecord({3, 1, "", 0x8000 | 2047, 0, 12}).Bytes());
     const std::string output = tables.Machine().Script("SHOW SERVER;SHOW DIMM").output;
-    for (const char* text :
-         {": Failed\n", ": Disabled\n", ": Unknown\n", ": 1 MBytes\n", ":           1 MB\n", ":    ah\n"}) {
+    for (const char* text : {": Failed\n", ": Disabled\n", ": Unknown\n", "Thread       : -128\n",
+                             "Thread       : 0\n", ": 1 MBytes\n", ":           1 MB\n", ":    ah\n"}) {
         EXPECT_NE(output.find(text), output.npos) << "expected: " << text << "actual:\n" << output;
     }
 
