@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -13,6 +14,12 @@
 #include "src/utils/standard_streams.h"
 #include "tests/platform/make_call.h"
 #include "tests/support/pattern.h"
+
+static int syncs = 0;  // number of calls until fsync() fails; below 1: it never fails
+extern "C" int fsync(int) {
+    errno = EIO;
+    return --syncs == 0 ? -1 : 0;
+}
 
 namespace {
 
@@ -63,6 +70,20 @@ TEST(Durability, ProcessesLoseNoChangeEvenIfTheyAreKilled) {
 
     const std::string rest = ReplaceAll(machine.TakeTrace(), "(open|crom) [^\n]{2,40} -> 0\n", "");
     EXPECT_EQ(rest, "") << "the trace contains mixed lines of several processes";
+}
+
+TEST(Durability, AChangeThatCannotBeSyncedFailsWithoutAReply) {
+    TestMachine machine;
+    machine.Write("cdt/1503.0.0", "kept");
+    InChild(machine, [&] {
+        Make("open cdt");
+        syncs = 1;
+        EXPECT_EQ(Make("cdt 1503.0.0 size=2 cru=1.1"), "-1 errno=5") << "the new file wasn't synced";
+        EXPECT_EQ(machine.Read("cdt/1503.0.0"), "kept");
+        syncs = 2;
+        EXPECT_EQ(Make("cdt 1503.0.0 size=2 cru=1.1"), "-1 errno=5") << "the directory wasn't synced";
+    });
+    EXPECT_EQ(machine.Read("cdt/1503.0.0"), "k\1pt");
 }
 
 TEST(Durability, AChangeOnAFullDiskFailsAndKeepsTheFile) {

@@ -4,17 +4,19 @@
 #include <sys/file.h>
 
 #include <csignal>
+#include <filesystem>
 
 #include "tests/support/screen.h"
 
 namespace {
 
-// Holds the lock of the device crom (the ROM variables).
+// Holds a shared lock of the device crom (the ROM variables). Only a request for an exclusive lock waits for
+// it.
 class Lock {
   public:
     explicit Lock(const TestMachine& machine)
         : fd_(open((machine.Directory() + "/crom").c_str(), O_RDONLY | O_CLOEXEC)) {
-        if (flock(fd_, LOCK_EX) != 0) std::abort();
+        if (flock(fd_, LOCK_SH) != 0) std::abort();
     }
     ~Lock() { Release(); }
     Lock(const Lock&) = delete;
@@ -87,6 +89,20 @@ TEST(Lock, ControlCEndsAWaitThatBeganInTheBackground) {
     EXPECT_EQ(session.ReceiveUntil(kFailed), kFailed);
     lock.Release();
     EXPECT_EQ(session.End(), 1);
+}
+
+// While the command waits, another program replaces the variable.
+TEST(Lock, ACommandReadsTheFileAfterItsWait) {
+    TestMachine machine("tr500k2");
+    Lock lock(machine);
+    TerminalSession session(machine, {"-s", "SET ASSET web7"});
+    session.ReceiveUntil(kReported);
+    machine.Write("new", std::string(256, 'x'));
+    std::filesystem::rename(machine.Directory() + "/new", machine.Directory() + "/crom/ZTSCAT");
+    lock.Release();
+    EXPECT_EQ(session.End(), 0);
+    EXPECT_EQ(machine.Read("crom/ZTSCAT").substr(0, 5), std::string("WEB7", 5));
+    EXPECT_EQ(machine.Read("crom/ZTSCAT").substr(255), "x") << "the other program's change was lost";
 }
 
 TEST(Lock, ASignalFromOutsideStillEndsTheProcess) {
