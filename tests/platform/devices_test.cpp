@@ -8,6 +8,7 @@
 #include <map>
 #include <random>
 
+#include "platform/request.h"
 #include "tests/platform/make_call.h"
 
 TEST(Devices, WriteTheLongestVariableAndKeepOnlyReadAndWriteBits) {
@@ -37,6 +38,10 @@ TEST(Devices, ListTheCurrentLog) {
         Make("open cevt");
         uint32_t next = 1;  // each log begins with a different number
         const auto expect_next = [&next](const char* catches) {
+            char path[] = "/dev/zethealth/cevt";
+            const int second = vxOpenRequest(path, kReadWrite);
+            EXPECT_GE(second, 0) << "a closed descriptor isn't reused";
+            vxCloseRequest(second);
             const std::string call = "cevt read " + std::to_string(next) + " length=56";
             EXPECT_EQ(Make(call), "0 = " + Hexadecimal(LogEntry(next, 40))) << catches;
             ++next;
