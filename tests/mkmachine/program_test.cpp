@@ -21,7 +21,9 @@ TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
         {"no event", {"--events", "0"}, 0, 0},
         {"more events than samples", {"--model", "bx20", "--events", "1000"}, 0, 1000},
         {"a value after '='", {"--events=3", "--model=bx20"}, 0, 3},
+        {"a second directory", {"other"}, 2, 0},
         {"no value after '='", {"--model="}, 2, 0},
+        {"the beginning of a name", {"--model=tr"}, 2, 0},
         {"another option with the same beginning", {"--eventsx5"}, 2, 0},
         {"--events without a number", {"--events"}, 2, 0},
         {"a sign before the number", {"--events", "-1"}, 2, 0},
@@ -90,10 +92,10 @@ TEST(Completion, OffersOptionsValuesSectionsAndDirectories) {
 TEST(MakeMachineProgram, CreatesDirectoriesThatOnlyTheOwnerCanOpen) {
     for (const char* mask : {"0", "022", "0777"}) {
         const TestMachine parent;
-        const std::string made = parent.Directory() + "/made";
+        const std::string made = parent.Directory() + "/new/made";
         const std::string command = std::string("umask ") + mask + "; " + InShell("mkmachine") + " " + made;
         EXPECT_EQ(RunProgram("/bin/sh", {"-c", command}, made).status, 0);
-        for (const char* directory : {"", "/cdt", "/casr", "/crom", "/cevt"}) {
+        for (const char* directory : {"/..", "", "/cdt", "/casr", "/crom", "/cevt"}) {
             const auto mode = std::filesystem::status(made + directory).permissions();
             EXPECT_EQ(mode, std::filesystem::perms::owner_all) << mask << directory;
         }
