@@ -8,7 +8,7 @@
 namespace {
 
 const std::string kHeading =
-    "NIC Port Mapping INFO\nGbx Connector Entry Table version : 513\n"
+    "NIC Port Mapping INFO\nGbx Connector Entry Table version : 33281\n"
     "Slot      SlotPort  Bay       BayPort   \n";
 constexpr char kNoBay[] = "\nERROR: Failed to get Enclosure Bay number.\n\n";
 
@@ -16,10 +16,10 @@ std::string Rack(const char* bay) {
     return RackRecord(1, "", bay).Bytes();
 }
 
-// Returns the bytes of a port map record with version 0x201.
+// Returns the bytes of a port map record with version 0x8201.
 std::string Map(const SmbiosRecord& record) {
     std::string bytes = record.Bytes();
-    bytes[offsetof(SMBIOS_NIC_PORT_MAP_INFO, wGbxTableVersion) + 1] = 2;
+    bytes[offsetof(SMBIOS_NIC_PORT_MAP_INFO, wGbxTableVersion) + 1] = '\x82';
     return bytes;
 }
 
