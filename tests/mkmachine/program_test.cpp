@@ -20,7 +20,7 @@ TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
     } cases[] = {
         {"no event", {"--events", "0"}, 0, 0},
         {"more events than samples", {"--model", "bx20", "--events", "1000"}, 0, 1000},
-        {"a value after '='", {"--events=3", "--model=bx20"}, 0, 3},
+        {"a value after '=', or nine digits", {"--events=000000003", "--model=bx20"}, 0, 3},
         {"a second directory", {"other"}, 2, 0},
         {"no value after '='", {"--model="}, 2, 0},
         {"the beginning of a name", {"--model=tr"}, 2, 0},
@@ -29,7 +29,7 @@ TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
         {"a sign before the number", {"--events", "-1"}, 2, 0},
         {"a letter after the number", {"--events", "5x"}, 2, 0},
         {"an empty number", {"--events", ""}, 2, 0},
-        {"more events than there are numbers", {"--events", "99999999999"}, 2, 0},
+        {"ten digits", {"--events", "0000000003"}, 2, 0},
     };
     for (const auto& c : cases) {
         const TestMachine parent;
@@ -37,6 +37,7 @@ TEST(MakeMachineProgram, CreatesTheNumberOfEvents) {
         words.push_back(parent.Directory() + "/made");
         const RunResult run = RunProgram(ProgramPath("mkmachine"), words, parent.Directory());
         EXPECT_EQ(run.status, c.status) << c.catches;
+        EXPECT_EQ(run.output, "") << c.catches;
         EXPECT_EQ(parent.Read("made/cevt/hlog"), EventLog(c.entries)) << c.catches;
     }
 }
