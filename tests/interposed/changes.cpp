@@ -5,7 +5,7 @@
 //   N-th.
 // - BRANT_AFTER_MKDIR contains a shell command, which runs after the process has created a directory. The
 //   variable MADE contains the directory's path.
-// - With BRANT_NO_NULL, opening /dev/null fails; with BRANT_NO_SYNC, fsync fails.
+// - With BRANT_NO_NULL, opening /dev/null fails; with BRANT_NO_SYNC, fsync fails; with BRANT_NO_SEEK, lseek.
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -46,6 +46,7 @@ int Open(const char* path, int flags, ...) asm("open64");
 int OpenAt(int directory, const char* path, int flags, ...) asm("openat64");
 ssize_t Write(int fd, const void* bytes, size_t size) asm("write");
 int Fsync(int fd) asm("fsync");
+off_t Seek(int fd, off_t offset, int whence) asm("lseek64");
 int RenameAt(int from, const char* path, int to, const char* new_path) asm("renameat");
 int UnlinkAt(int directory, const char* path, int flags) asm("unlinkat");
 int MakeDirectory(const char* path, mode_t mode) asm("mkdir");
@@ -75,6 +76,12 @@ ssize_t Write(int fd, const void* bytes, size_t size) {
 int Fsync(int fd) {
     Before("fsync", fd);
     return static_cast<int>(syscall(SYS_fsync, std::getenv("BRANT_NO_SYNC") != nullptr ? -1 : fd));
+}
+
+// The tests seek to offsets below 2 GiB only, which fit into a long on every system.
+off_t Seek(int fd, off_t offset, int whence) {
+    const int seekable = std::getenv("BRANT_NO_SEEK") != nullptr ? -1 : fd;
+    return syscall(SYS_lseek, seekable, static_cast<long>(offset), whence);
 }
 
 int RenameAt(int from, const char* path, int to, const char* new_path) {

@@ -238,10 +238,11 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
         const char* errors;   // expected messages; $2 is the directory
         int status;
     } cases[] = {
-        {"no argument", "$1", "usage: savemachine [--redact] DIR\n", 2},
-        {"a second argument", "$1 $2/a $2/b", "usage: savemachine [--redact] DIR\n", 2},
-        {"an option", "$1 -x", "usage: savemachine [--redact] DIR\n", 2},
-        {"an existing name", "ln -s nowhere $2/a; $1 $2/a/; s=$?; rm $2/a; exit $s",
+        {"invalid arguments",
+         "cd $2; for words in '' -x --redact '--redact=no a' \"''\" 'a b'; do\n"
+         "eval $1 $words; echo $?; done 2>&1 | sort -u >&2",
+         "2\nusage: savemachine [--redact] DIR\n", 0},
+        {"an existing name", "ln -s nowhere $2/a; $1 $2/a//; s=$?; rm $2/a; exit $s",
          "savemachine: $2/a: File exists\n", 1},
         {"a parent directory that doesn't exist", "$1 $2/a/b",
          "savemachine: $2/a/b: No such file or directory\n", 1},
@@ -258,7 +259,8 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
          "$2/m/xsvc\" "
          "$1_interposed $2/a; s=$?; rm -r $2/m; exit $s",
          "smbios: ReadPhysMem: mmap FAILED\nsavemachine: the BIOS area can't be read any more\n", 1},
-        {"another user", "setpriv --ruid=65534 $1 $2/a", "ERROR: You must be root to run savemachine.\n", 1},
+        {"another user, who gets help", "setpriv --ruid=65534 sh -c \"$1 $2/a --help; $1 $2/a\"",
+         "ERROR: You must be root to run savemachine.\n", 1},
         // cases: the copy succeeds, and the command removes it
         {"messages that nobody reads",
          "cd $BRANT_MACHINE; echo casr 6 1 >faults; { sleep .1; $1 $2/a; } 2>&1 | :; rm -r faults $2/a", "",
@@ -271,6 +273,11 @@ TEST(SaveMachine, ReportsErrorsAndRemovesIncompleteCopies) {
         {"few descriptors", "ulimit -n 32; $1 $2/a && rm -r $2/a", "", 0},
         {"a file that can't be synced", "BRANT_NO_SYNC= $1_interposed $2/a",
          "savemachine: $2/a: Bad file descriptor\n", 1},
+        {"an offset that can't be reached", "BRANT_NO_SEEK= $1_interposed $2/a",
+         "savemachine: $2/a: Bad file descriptor\n", 1},
+        {"a name that is used during the run",
+         "BRANT_AFTER_MKDIR=\"mkdir -p $2/a/b\" $1_interposed $2/a; s=$?; rm -r $2/a; exit $s",
+         "savemachine: $2/a: Directory not empty\n", 1},
         {"a path without a directory", "cd $2; $1 a && rm -r a", "", 0},
         {"a relative BRANT_MACHINE", "cd $BRANT_MACHINE; BRANT_MACHINE=. $1 $2/a && rm -r $2/a", "", 0},
         {"the temporary directory of a killed run",
@@ -517,6 +524,7 @@ TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesTheNewOne) {
         {"another user's directory", "a.*", "cp -rl victim $d; chmod 700 $d; chown 65534 $d", replaced},
         {"a directory that others can change", "a.*", "cp -rl victim $d; chmod 770 $d", replaced},
         {"hard links", "a.*", "cp -rl victim $d; chmod 700 $d", "File exists"},
+        {"a directory that contains one", "a.*", "mkdir -m 700 $d $d/crom", "File exists"},
         {"links", "a.*", "mkdir -m 700 $d; ln -s $PWD/victim/xsvc $d", "File exists"},
         {"a link, once the directory is open", "cdt", "ln -s victim $d", replaced},
         {"a link, once most of it is written", "cevt", "ln -s victim $d", replaced},
