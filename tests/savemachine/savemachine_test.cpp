@@ -162,9 +162,10 @@ TEST_P(MachineCopies, OfALogWithAnEntryTooLongToListShowTheSame) {
     EXPECT_EQ(Compare(machine, "long", kOneForAll), "");
 }
 
-// First the tables begin in the BIOS area and extend beyond the end of the memory. Then the whole tables and
-// the rest of their page are in the area. At last their last byte is the first byte of a page, and the file
-// ends there, so the copy must fill the page. The last address doesn't fit into an int.
+// First the tables begin in the BIOS area and extend beyond the end of the memory. Then they are in a page
+// that can't be read, but not at its beginning. Then the whole tables and the rest of their page are in the
+// area. At last their last byte is the first byte of a page, and the file ends there, so the copy must fill
+// the page. The last address doesn't fit into an int.
 TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     RestorableMachine machine(GetParam());
     const std::string memory = machine.Read("xsvc");
@@ -179,6 +180,10 @@ TEST_P(MachineCopies, OfTablesElsewhereShowTheSame) {
     };
     move(kBiosArea + 2, 0xFFFF);
     EXPECT_NE(Compare(machine, "beyond the end", kOneForAll), "");
+    move(kTablesAddress + 16, tables.size());
+    machine.Fault("xsvc map 0x000e8000 -5");
+    EXPECT_NE(Compare(machine, "unreadable", kOneForAll), "");
+    machine.Remove("faults");
     machine.PhysicalMemory(kTablesAddress, std::string(tables.size(), '\0'));
     for (const size_t address : {kBiosArea + size_t{0x20}, 0x300001 - tables.size(), size_t{0xFFFF0000}}) {
         const size_t last_page = (address + tables.size()) & ~size_t{0xFFFF};
