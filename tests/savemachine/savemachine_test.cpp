@@ -536,8 +536,10 @@ TEST(SaveMachine, WritesNothingIntoADirectoryThatReplacesTheNewOne) {
     const Attack attacks[] = {
         {"a link to a private directory", "a.*", "chmod 700 victim; ln -s victim $d", replaced},
         {"another user's directory", "a.*", "cp -rl victim $d; chmod 700 $d; chown 65534 $d", replaced},
-        {"a directory that others can change", "a.*", "cp -rl victim $d; chmod 770 $d", replaced},
+        {"a directory that a group can change", "a.*", "cp -rl victim $d; chmod 770 $d", replaced},
         {"hard links", "a.*", "cp -rl victim $d; chmod 700 $d", "File exists"},
+        {"a directory that all others can change", "a.*", "cp -rl victim $d; chmod 707 $d", replaced},
+        {"a FIFO", "a.*", "mkfifo -m 700 $d", replaced},
         {"a directory that contains one", "a.*", "mkdir -m 700 $d $d/crom", "File exists"},
         {"links", "a.*", "mkdir -m 700 $d; ln -s $PWD/victim/xsvc $d", "File exists"},
         {"a link, once the directory is open", "cdt", "ln -s victim $d", replaced},
