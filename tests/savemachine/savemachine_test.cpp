@@ -390,22 +390,22 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
     machine.Variable(kAssetVariable, std::string(kSerial) + std::string(200, '\0') + "Hush");
     machine.Variable(kServerNameVariable, "Hush" + std::string(11, '\0') + "Hush");
     machine.Variable(kNicAddressVariable, MachineBuilder::Plain(nic) + MachineBuilder::Plain(unused));
+    // In the data tables, each private byte is 0xFC.
     FANDDATA fan{};
-    std::memcpy(fan.Evt.cChassisName, "Hush", 4);
-    fan.cChassisNameContinued[30] = '\xFC';  // the last character, which becomes a question mark
+    std::memset(fan.Evt.cChassisName, 0xFC, 1 + sizeof fan.cChassisNameContinued);
     fan.ucType = 'T';
     for (const int index : {0, 1}) machine.Table(kFanDataTable, index, 0, fan);
     RESMEM_DIMM_CONFIG module{};
     module.ulPresent = 1;
-    std::memcpy(module.dimmInfo.spd + 252, "Hush", 4);
-    std::memcpy(module.dimmInfo.keyBytes.ucKey + 30, "Hush", 4);
-    std::memcpy(module.dimmInfo.partNumber + 28, "Hush", 4);
+    std::memset(module.dimmInfo.keyBytes.ucKey, 0xFC, sizeof module.dimmInfo.keyBytes.ucKey);
+    std::memset(module.dimmInfo.partNumber, 0xFC,
+                sizeof module - offsetof(RESMEM_DIMM_CONFIG, dimmInfo.partNumber));
     machine.Table(kModuleConfigTable, 0, 1, module);
     RESMEM_DIMM_STATUS status{};
-    status.reserved[7] = 0x68737548;
+    std::memset(status.reserved, 0xFC, sizeof status.reserved);
     machine.Table(kModuleStatusTable, 0, 1, status);
     CartridgePrefix cartridge{};
-    std::memcpy(cartridge.partName + 92, "Hush", 4);
+    std::memset(cartridge.partName, 0xFC, sizeof cartridge.partName);
     machine.Table(kCartridgeTable, 255, 0, cartridge);
     const std::string suspects = MachineBuilder::Plain(EVT_MAIN_MEMORY_MULTI{1, {{1, 1}, {}, {}, {}}, {}});
     machine.Write("cevt/hlog", EventEntry(EventHeader(1, kCritical, 3, 3), suspects.substr(0, 9) + kSerial));
@@ -424,7 +424,8 @@ TEST(SaveMachine, ReplacesEqualPrivateValuesByEqualOnes) {
         RunProgram(ProgramPath("savemachine"), {"--redact", copy}, machine.Directory());
         for (const auto& file : fs::recursive_directory_iterator(copy)) {
             const std::string path = fs::relative(file.path(), parent.Directory());
-            EXPECT_EQ(parent.Read(path).find("Hush"), std::string::npos) << path;
+            const char* const marker = path.rfind("copy/cdt/", 0) == 0 ? "\xFC" : "Hush";
+            EXPECT_EQ(parent.Read(path).find(marker), std::string::npos) << path;
         }
         const std::string shown =
             RunProgram(ProgramPath("brantcli"), {"-s", "SHOW SERVER;SHOW ASSET;SHOW HLOG"}, copy).output;
