@@ -56,7 +56,8 @@ struct _evtLogHdr {
 using EVT_HEADER = _evtLogHdr;
 using PEVT_HEADER = EVT_HEADER*;
 static_assert(sizeof(EVT_HEADER) == 28 && offsetof(EVT_HEADER, dwEvtNumber) == 2 &&
-                  offsetof(EVT_HEADER, wClass) == 8 && offsetof(EVT_HEADER, UpdateTime) == 18,
+                  offsetof(EVT_HEADER, bSeverity) == 7 && offsetof(EVT_HEADER, wClass) == 8 &&
+                  offsetof(EVT_HEADER, UpdateTime) == 18,
               "as the firmware has it");
 
 #pragma pack(pop)

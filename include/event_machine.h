@@ -32,7 +32,8 @@ struct EVT_MACH_DOOR_OPEN {  // 2/3, 2/9: side panel removed
     char cChassisName[1];  // 2/9: a second string follows
 };
 using PEVT_MACH_DOOR_OPEN = EVT_MACH_DOOR_OPEN*;
-static_assert(sizeof(EVT_MACH_DOOR_OPEN) == 6 && offsetof(EVT_MACH_DOOR_OPEN, cChassisName) == 5);
+static_assert(sizeof(EVT_MACH_DOOR_OPEN) == 6 && offsetof(EVT_MACH_DOOR_OPEN, bDoorZoneType) == 4 &&
+              offsetof(EVT_MACH_DOOR_OPEN, cChassisName) == 5);
 
 struct EVT_MACH_FAN_REMOVED {  // 2/4: fan removed
     EVT_CHASSIS Chassis;

@@ -138,7 +138,8 @@ struct _evtLogIpmiHdr {  // header of entries that come from the management proc
 };
 using EVT_IPMI_HEADER = _evtLogIpmiHdr;
 using PEVT_IPMI_HEADER = EVT_IPMI_HEADER*;
-static_assert(sizeof(EVT_IPMI_HEADER) == 5 && offsetof(EVT_IPMI_HEADER, bCode) == 1);
+static_assert(sizeof(EVT_IPMI_HEADER) == 5 && offsetof(EVT_IPMI_HEADER, bCode) == 1 &&
+              offsetof(EVT_IPMI_HEADER, bAlertId) == 2 && offsetof(EVT_IPMI_HEADER, bFlag) == 3);
 
 struct _evtIpmiLogEntry {
     EVT_IPMI_HEADER Hdr;

@@ -73,6 +73,8 @@ struct EVT_POWER_MODULES_NOT_REDUNDANT {  // 11/7: power modules not redundant
 };
 using PEVT_POWER_MODULES_NOT_REDUNDANT = EVT_POWER_MODULES_NOT_REDUNDANT*;
 static_assert(sizeof(EVT_POWER_MODULES_NOT_REDUNDANT) == 7 &&
+              offsetof(EVT_POWER_MODULES_NOT_REDUNDANT, bConverter) == 4 &&
+              offsetof(EVT_POWER_MODULES_NOT_REDUNDANT, bConverterType) == 5 &&
               offsetof(EVT_POWER_MODULES_NOT_REDUNDANT, cChassisName) == 6);
 
 struct EVT_POWER_AC_VOLTAGE {  // 11/8, 11/17: AC power problem

@@ -80,6 +80,7 @@ struct EVT_EMBEDDED_HEALTH {  // not used by any known event
     uint16_t wDataValue;
 };
 using PEVT_EMBEDDED_HEALTH = EVT_EMBEDDED_HEALTH*;
-static_assert(sizeof(EVT_EMBEDDED_HEALTH) == 6 && offsetof(EVT_EMBEDDED_HEALTH, wDataValue) == 4);
+static_assert(sizeof(EVT_EMBEDDED_HEALTH) == 6 && offsetof(EVT_EMBEDDED_HEALTH, wFlags) == 2 &&
+              offsetof(EVT_EMBEDDED_HEALTH, wDataValue) == 4);
 
 #pragma pack(pop)
