@@ -91,11 +91,13 @@ TEST(ShowHlog, ListsTheLogScreenByScreen) {
     }
 }
 
-TEST(ShowHlog, StartsEachListingWithPagingOn) {
+TEST(ShowHlog, KeepsNothingForTheNextListing) {
     TestMachine machine;
     machine.Write("cevt/hlog", Log(UpTo(7)));
     EXPECT_EQ(Shape(machine.Script("SHOW HLOG;SHOW HLOG", Typed("cq")).output),
               "/1 2 3 4 5 6 ?/7 //1 2 3 4 5 6 ?//");
+    machine.Fault("cevt read * 3");
+    EXPECT_EQ(Shape(machine.Script("SHOW HLOG;SHOW HLOG", Typed("q")).output), "/SSSSSS?E//SSSSSS?/SSSSSS//");
 }
 
 // The pager consumes one type-ahead key; the editor reads the rest as the next command.

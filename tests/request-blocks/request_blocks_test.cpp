@@ -189,6 +189,7 @@ TEST(RequestBlocks, WrongRepliesEndTheEventListingOrAreRequestedAgain) {
         {"status 0 without an entry", {empty, empty}, "/0 !", 1, {0, 1}},
         {"numbers compared as signed", {Event(0x7FFFFFFF), Event(0x80000000), Event(7)}, "/2147483647 -2147483648 !", 1, {0, 0x80000000, 0x80000001}},
         {"a request after the largest number", {Event(0xFFFFFFFF), Event(1)}, "/-1 ", 0, {0}},
+        {"a prompt after the largest number", {Event(1), Event(2), Event(3), Event(4), Event(5), Event(0xFFFFFFFF)}, "/1 2 3 4 5 -1 ", 0, {0, 2, 3, 4, 5, 6}},
         // cases: after status 3 (buffer too small), the same entry is requested again
         {"an entry skipped after status 3", {Event(1), small, Event(7)}, "/1 S7 ", 0, {0, 2, 2, 8}},
         {"replies with status 3 counted across an entry", {small, small, small, small, small, small, Event(1), small, small, small, small, small, small}, "/SSSSSS?/1 SSSSS?/S", 0, {0, 0, 0, 0, 0, 0, 0, 2, 2, 2, 2, 2, 2, 2}},
