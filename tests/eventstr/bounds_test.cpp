@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/eventstr/translate.h"
 
 namespace {
@@ -42,12 +44,22 @@ TEST(EventText, IsEmptyInABufferOfOneByteAndNotWrittenWithoutABuffer) {
     EXPECT_EQ(TranslateEntry(known, 2), (Translation{"A", true}));
 }
 
-// A long name is truncated at the end of the buffer. The text before it is complete.
-TEST(EventText, IsCompleteBeforeALongName) {
-    const std::string name(240, 'N');
-    const std::string text =
-        Translate(2, 8, WithTexts(EVT_MACH_FAN_FAIL{{2, 3, 0}, 1, kZoneCpu, {}}, {name, "extra"})).text;
-    EXPECT_EQ(text, ("External Storage System Fan Failure (Chassis " + name).substr(0, 255));
+// A string of an event is printed whole or not at all. Only the serial numbers of event 3/3 are truncated
+// here: a name that begins with '#' isn't the serial number of an enclosure.
+TEST(EventText, ContainsWholeStrings) {
+    for (const SampleEvent& event : EveryEvent()) {
+        if (event.payload.size() == event.fields_size) continue;
+        for (const size_t strings_before : {0, 1}) {
+            const std::string payload = event.payload.substr(0, event.fields_size) +
+                                        std::string(strings_before, '\0') + std::string(250, '#') + '\0';
+            const std::string entry =
+                EventEntry(EventHeader(1, kCaution, event.event_class, event.code), payload);
+            const std::string text = TranslateEntry(entry, 512).text;
+            const auto length = std::count(text.begin(), text.end(), '#');
+            const bool is_suspect = event.event_class == 3 && event.code == 3;
+            EXPECT_TRUE(length == 0 || length == (is_suspect ? 79 : 250)) << text;
+        }
+    }
 }
 
 // A truncated payload is translated like the same payload padded with zeros.

@@ -60,6 +60,7 @@ const std::vector<SelectorByte>& SelectorBytes() {
         {"action on a cartridge", 3, 4, plain(EVT_MAIN_MEMORY_USER_ACTION{2, 0, 1}), 1},
         {"action on a board", 3, 4, plain(EVT_MAIN_MEMORY_USER_ACTION{2, 0, 0}), 1},
         {"cartridge or board removed", 3, 4, plain(EVT_MAIN_MEMORY_USER_ACTION{2, 0, 0}), 2},
+        {"cartridge or board inserted", 3, 4, plain(EVT_MAIN_MEMORY_USER_ACTION{2, 1, 0}), 2},
         {"cartridge or board unlocked", 3, 4, plain(EVT_MAIN_MEMORY_USER_ACTION{2, 2, 0}), 2},
         {"cartridge status", 3, 5, plain(EVT_MAIN_MEMORY_HW_STATUS{2, 0}), 1},
         {"configuration error", 3, 6, plain(EVT_MAIN_MEMORY_CONFIG_ERR{2, 3, 0}), 2},

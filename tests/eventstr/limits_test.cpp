@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <cstring>
 #include <map>
 #include <set>
 
+#include "src/utils/text.h"
 #include "tests/eventstr/translate.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
@@ -90,6 +92,7 @@ Cases PackedBytes() {
         {"a fuse from a higher bit", 34, 3, fuse(0xE2, kZoneBladeSlot)},
         {"255 read as unknown", 34, 3, fuse(0xFF, kZoneBladeSlot)},
         {"the fuse taken into the side", 34, 3, fuse(0x12, kZoneNetworkSlot)},
+        {"a side above 2", 34, 3, fuse(0x08, kZoneNetworkSlot)},
         {"lower-case hexadecimal digits", 34, 11, rack(0xAB)},
         {"255 read as unknown", 34, 11, rack(0xFF)},
         {"board 0 named, or module 255 read as unknown", 3, 18, RomDiag(0, false, false)},
@@ -117,7 +120,7 @@ Cases WhiteSpaceAndSerialNumbers() {
     const std::string long79(79, 'x');
     const std::string note = " a  b\n";
     return {
-        {"a kind of white space", 10, 1, post("\va\fb\rc\nd\te ")},
+        {"a kind of white space, or a message truncated before it is normalised", 10, 1, post(std::string(250, ' ') + "\va\fb\rc\nd\te ")},
         {"only white space", 10, 1, post(" \t\r\n")},
         {"letters of other alphabets", 10, 1, post("\xA0x\x85\x1Fy")},
         {"a lockup's text normalised", 13, 2, note},
@@ -204,12 +207,40 @@ TEST(EventFields, PrintUnknownFor255ExceptInTheseEvents) {
 // A name that begins with anything but an ASCII letter or digit isn't a serial number.
 TEST(EventFields, PrintASerialNumberIfItBeginsWithALetterOrDigit) {
     for (int first = 1; first < 256; ++first) {
-        const std::string name = static_cast<char>(first) + std::string("1");
+        const std::string name = static_cast<char>(first) + std::string("23456789ABCDEFG");  // the maximum
         const bool is_serial = first < 128 && std::isalnum(first) != 0;
         EXPECT_EQ(Translate(34, 14, Status(kBlades, name)).text,
                   "Server Blade Enclosure Status Change (Enclosure " +
                       (is_serial ? "Serial Number " + name : "Address 012F") + ")")
             << first;
+    }
+}
+
+// The text of these events doesn't depend on the chassis type, except for the type that some texts begin
+// with.
+TEST(EventFields, DontDependOnTheChassisTypeInTheseEvents) {
+    const auto without_type = [](const std::string& text) {
+        for (const char* type : {"Server Blade Enclosure", "Power Enclosure", "External", "Internal"}) {
+            if (StartsWith(text, type)) return text.substr(std::strlen(type));
+        }
+        return text;
+    };
+    const struct {
+        int event_class, first_code, last_code;
+    } ranges[] = {{2, 7, 7},    {2, 11, 12}, {8, 1, 1},  {9, 1, 9},  {11, 2, 2}, {11, 18, 18},
+                  {11, 20, 20}, {14, 5, 5},  {17, 1, 7}, {18, 1, 3}, {19, 1, 8}, {34, 1, 25}};
+    for (const SampleEvent& event : EveryEvent()) {
+        for (const auto& [event_class, first_code, last_code] : ranges) {
+            if (event.event_class != event_class || event.code < first_code || event.code > last_code)
+                continue;
+            std::set<std::string> texts;
+            std::string payload = event.payload;
+            for (int type = 0; type < 256; ++type) {
+                payload[0] = static_cast<char>(type);
+                texts.insert(without_type(Translate(event.event_class, event.code, payload).text));
+            }
+            EXPECT_EQ(texts.size(), 1u) << *texts.begin() << "\n" << *texts.rbegin();
+        }
     }
 }
 
