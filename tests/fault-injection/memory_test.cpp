@@ -12,13 +12,14 @@ namespace {
 
 constexpr int kAnyStatus = -1;  // 1, or 0 if the command doesn't need the record that could not be read
 
-// Messages about a lack of memory, and the exit status of the commands that print them.
+// Messages about a lack of memory, and the exit status of the commands that print them. If the status is 1,
+// the message is the whole output.
 const std::map<std::string, int> kMessages = {
     {"ERROR: Could not allocate memory for command.", kAnyStatus},
-    {"ERROR: Could not allocate memory for \"SHOW UID\" command.", 1},
-    {"ERROR: Could not allocate memory for \"SET UID\" command.", 1},
-    {"ERROR: Could not allocate memory for \"SHOW HLOG\" command.", 1},
-    {"ERROR: Could not allocate memory for the command tree.", 1},
+    {"\nERROR: Could not allocate memory for \"SHOW UID\" command.\n\n", 1},
+    {"\nERROR: Could not allocate memory for \"SET UID\" command.\n\n", 1},
+    {"\nERROR: Could not allocate memory for \"SHOW HLOG\" command.\n\n", 1},
+    {"\nERROR: Could not allocate memory for the command tree.\n", 1},
     {"Failed to allocate memory for command history.", 0},
 };
 
@@ -47,6 +48,7 @@ class FailingAllocations : public testing::TestWithParam<std::string> {
                 if (run.output.find(message) == std::string::npos) continue;
                 EXPECT_TRUE(status == kAnyStatus || run.status == status)
                     << "status " << run.status << " instead of " << status << " after: " << message;
+                if (status == 1) EXPECT_EQ(run.output, message);
                 unseen_.erase(message);
             }
         }
