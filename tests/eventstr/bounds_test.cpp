@@ -103,7 +103,9 @@ TEST(EventLength, IsLimitedToTheBuffer) {
 }
 
 TEST(IpmiEvent, HasTheTextOfTheLogEntry) {
-    for (const SampleEvent& event : EveryEvent()) {
+    SampleEvents events = EveryEvent();
+    events.push_back({kCaution, 200, 201, ""});  // unknown
+    for (const SampleEvent& event : events) {
         std::string entry = {static_cast<char>(event.event_class), static_cast<char>(event.code), 1, 2, 3};
         entry += event.payload + std::string(3, '\0');
         std::vector<char> bytes(entry.begin(), entry.end());

@@ -52,6 +52,8 @@ Cases NumbersAtTheirLimits() {
         {"lower-case hexadecimal digits of a number", 20, 3, errors(0xABCDEF01, 0xFFFFFFFE)},
         {"an unknown error code printed", 20, 3, errors(0xFFFFFFFF, 0)},
         {"an unknown second error code printed", 20, 3, errors(0, 0xFFFFFFFF)},
+        {"an unknown error code of a bus printed", 6, 2, std::string(4, '\xFF')},
+        {"an unknown bank printed", 3, 12, "\1\xFF"},
         {"high digit first", 34, 25, firmware(1, 0x12)},
         {"a leading 0 dropped", 34, 25, firmware(2, 0x50)},
         {"digits above 9", 34, 25, firmware(255, 0xFA)},
