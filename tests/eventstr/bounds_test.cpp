@@ -111,7 +111,7 @@ TEST(IpmiEvent, HasTheTextOfTheLogEntry) {
         std::vector<char> bytes(entry.begin(), entry.end());
         char text[256];
         const bool known = TranslateIPMIEventMessage(reinterpret_cast<PEVT_IPMI_LOG_ENTRY>(bytes.data()),
-                                                     text, sizeof text) != 0;
+                                                     text, sizeof text) == 1;
         EXPECT_EQ((Translation{text, known}), Translate(event.event_class, event.code, event.payload));
     }
 }

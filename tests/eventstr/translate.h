@@ -30,7 +30,7 @@ inline Translation TranslateEntry(const std::string& bytes, unsigned capacity = 
     std::vector<char> entry(bytes.begin(), bytes.end());
     std::vector<char> text(capacity, '#');
     const bool known =
-        TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text.data(), capacity) != 0;
+        TranslateEventLogMessage(reinterpret_cast<PEVT_LOG_ENTRY>(entry.data()), text.data(), capacity) == 1;
     const auto header = CopyOf<EVT_HEADER>(reinterpret_cast<const uint8_t*>(entry.data()));
     return {std::string(text.data(), strnlen(text.data(), capacity)), known,
             "class " + std::to_string(header.wClass) + ", code " + std::to_string(header.wCode) + ": "};
