@@ -289,11 +289,11 @@ void Samples::AddToGroup(const Metric& metric, const Entry& entry) {
     std::optional<double>& sample = groups_[IndexOf(*metric.words, entry[metric.words->label])];
     if (metric.group == Group::Count) {
         sample = sample.value_or(0) + 1;
-    } else {
-        const Value value = entry[metric.member];
-        if (value.kind == Value::Kind::Null) return;
-        sample = static_cast<double>(value.number);
+        return;
     }
+    const Value value = entry[metric.member];
+    sample.reset();  // without a valid time, the entry has no sample: the time of an older one would be wrong
+    if (value.kind != Value::Kind::Null) sample = static_cast<double>(value.number);
 }
 
 void Samples::AddValue(const Metric& metric, const Entry& entry, double value) {
