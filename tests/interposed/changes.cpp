@@ -1,4 +1,5 @@
-// Replaces alarm(), and the system calls with which a program changes the files of a machine directory:
+// Replaces alarm(), syslog(), and the system calls with which a program changes the files of a machine
+// directory:
 // - Each call first flushes standard output, so that the test sees everything that was printed before a kill.
 // - A write to a file writes only half of the bytes, except to the trace.
 // - With BRANT_KILL_AT=N, each call is printed on standard output, and SIGKILL ends the process before the
@@ -13,6 +14,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -51,6 +53,7 @@ int RenameAt(int from, const char* path, int to, const char* new_path) asm("rena
 int UnlinkAt(int directory, const char* path, int flags) asm("unlinkat");
 int MakeDirectory(const char* path, mode_t mode) asm("mkdir");
 unsigned Alarm(unsigned seconds) asm("alarm");
+void SystemLog(int priority, const char* format, ...) asm("syslog");
 }
 
 // The programs create files only with openat, so this function never gets a third argument with permissions.
@@ -97,6 +100,16 @@ int UnlinkAt(int directory, const char* path, int flags) {
 unsigned Alarm(unsigned seconds) {
     Before("alarm", seconds == 60 ? "60" : "wrong");
     return 0;
+}
+
+// Writes to standard input, because the program uses the log only if its standard streams are a socket and it
+// has redirected the others.
+void SystemLog(int priority, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    dprintf(STDIN_FILENO, "%d ", priority);
+    vdprintf(STDIN_FILENO, format, arguments);
+    va_end(arguments);
 }
 
 int MakeDirectory(const char* path, mode_t mode) {
