@@ -34,8 +34,9 @@ TEST(Arguments, SelectFormatsSectionsAndEvents) {
         {{"--check", "uid"}, "^BRANT OK - no problem found\n$"},
         {{"--lines", "--since", "2006-04-12T00:51", "--severity=CRITICAL"},
          "^2006-04-12T00:51 critical [^\n]*\n$"},
-        {{"--severity", "info", "--since=2006-04-12", "--severity", "caution", "--lines"},
-         "^2006-04-12T02:28 caution [^\n]*\n$"},
+        {{"--severity", "info", "--since=2006-04-11T21:37", "--severity", "caution", "--lines"},
+         "^2006-04-11T21:37 info [^\n]*\n2006-04-11T23:14 caution [^\n]*\n2006-04-12T02:28 caution "
+         "[^\n]*\n$"},
         {{"--help", "--xml"},
          "\nusage: brantexport (.|\n)*--severity info\\|repaired(.|\n)*\nSee brantexport\\(8\\).\n$"},
         {{"fans", "--version"}, "^brantexport \\d+\\.\\d+\\.\\d+\n$"},
@@ -73,9 +74,10 @@ TEST(Arguments, LimitTheRequestsAndTheErrors) {
         RunProgram(ProgramPath("brantexport"), {"--prometheus", "uid", "asr"}, machine.Directory());
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(machine.TakeTrace("cdt "), "cdt 1503.0.0 size=5 cru=1.4 -> 1\n");
-    EXPECT_NE(
-        run.output.find("read_errors{section=\"uid\"} 1\nbrant_read_errors{section=\"asr\"} 0\n# EOF\n"),
-        run.output.npos)
+    EXPECT_TRUE(Contains(run.output,
+                         "\nbrant_asr_timeout_seconds \\d+\n# HELP brant_read_errors .*\n# TYPE .*\n"
+                         "brant_read_errors\\{section=\"uid\"\\} 1\n"
+                         "brant_read_errors\\{section=\"asr\"\\} 0\n# EOF\n$"))
         << run.output;
 }
 
@@ -122,6 +124,9 @@ TEST(Program, EndsWithAMessageAndAStatus) {
         {"no standard output", "$P >&-", "brantexport: Bad file descriptor\n", 1},
         {"no standard error", "$P uid >$D/uid 2>&-", "", 0},
         {"another user", "setpriv --reuid=65534 $P", "ERROR: You must be root to run brantexport.\n", 1},
+        {"a request to another user",
+         "printf 'GET /metrics HTTP/1.0\\r\\n\\r\\n' | setpriv --ruid=65534 $P --http | tail -n 1",
+         "ERROR: You must be root to run brantexport.\n", 0, "brantexport was not started as root.\n"},
         {"foreign hardware", ">$D/xsvc; BRANT_MACHINE=$D $P",
          "ERROR: brantexport only runs on VX hardware.\n", 1},
         {"a check by another user", "setpriv --reuid=65534 $P --check",
