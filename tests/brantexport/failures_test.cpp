@@ -38,8 +38,9 @@ constexpr Failure kFailures[] = {
     {"tr500k2", "cdt 1503.0.0 1"},
     {"tr500k2", "cdt 1700.0.0 1"},
     {"bx20",    "cdt 1702.255.0 1"},
-    {"tr500k2", "cdt 1706.0.0 1\ncdt 1706.1.4 1"},
+    {"tr500k2", "cdt 1706.0.0 1\ncdt 1706.1.4 1\ncdt 1707.1.1 1"},
     // No socket of a cartridge can be read: it isn't installed.
+    {"tr500k2", "cdt 1706.1.0 1\ncdt 1706.1.1 1\ncdt 1706.1.2 1\ncdt 1706.1.3 1\ncdt 1706.1.4 1"},
     {"tr500k2", "cdt 1706.0.0 1\ncdt 1706.0.1 1\ncdt 1706.0.2 1\ncdt 1706.0.3 1\ncdt 1706.0.4 1"},
     {"tr500k2", "cdt 1700.0.0 1\ncdt 1706.1.2 1"},  // without the counts, the list ends there
     {"tr500k2", "cdt 1707.1.4 1"},
