@@ -124,14 +124,6 @@ Exported Export(TestMachine& machine) {
     return exported;
 }
 
-std::string CountsOf(const std::string& trace) {
-    Values calls;
-    AddCalls(trace, calls);
-    std::string text;
-    for (const auto& [call, count] : calls) text += call.substr(call.find(' ') + 1) + " " + count + "; ";
-    return text + "\n";
-}
-
 std::string Difference(const Exported& before, const Exported& now) {
     std::map<std::string, std::string> old;
     for (const auto& [name, value] : AllValues(before)) old[name] = value;

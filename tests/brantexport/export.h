@@ -28,9 +28,6 @@ RunResult RunExport(const TestMachine& machine, const std::vector<std::string>& 
 // status of 1 if the document has errors, otherwise 0. The status of --check must be that of its line.
 Exported Export(TestMachine& machine);
 
-// Returns how often each call of the platform is in the trace: "casr 6: 1; cdt 356: 11; ".
-std::string CountsOf(const std::string& trace);
-
 // Returns how `now` differs from `before`, a line for each difference: a new or changed value or sample, a
 // list or metric with a different number of entries, a problem that --check has or has no longer reported,
 // standard error, status, a call that was made more or less often.
