@@ -50,9 +50,9 @@ TEST(Arguments, SelectFormatsSectionsAndEvents) {
         {{"--lines", "--severity"}, "", kUsage},
         {{"--lines", "--since", "2006-02-29"}, "", kNoTime + std::string("\"2006-02-29\"\n")},
         {{"--lines", "--since=2006-03-15 14:07"}, "", kNoTime + std::string("\"2006-03-15 14:07\"\n")},
-        {{"--lines", "--since=2006-03-15T14:0"}, "", kNoTime + std::string("\"2006-03-15T14:0\"\n")},
+        {{"--lines", "--since=2006-03-15T14"}, "", kNoTime + std::string("\"2006-03-15T14\"\n")},
         {{"--lines", "--since=2006-03-15T14:o7"}, "", kNoTime + std::string("\"2006-03-15T14:o7\"\n")},
-        {{"--severity", "warning", "--lines"}, "", kNoSeverity + std::string("\"warning\"\n")},
+        {{"--severity", "warning", "--lines", "--since=x"}, "", kNoSeverity + std::string("\"warning\"\n")},
     };
     TestMachine machine("tr500k2");
     for (const ArgumentsCase& c : cases) {
@@ -69,16 +69,20 @@ TEST(Arguments, SelectFormatsSectionsAndEvents) {
 TEST(Arguments, LimitTheRequestsAndTheErrors) {
     TestMachine machine("tr500k2");
     machine.Fault("cdt 351.0.0 1\ncdt 1503.0.0 1");
-    machine.StartTrace();
-    const RunResult run =
-        RunProgram(ProgramPath("brantexport"), {"--prometheus", "uid", "asr"}, machine.Directory());
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(machine.TakeTrace("cdt "), "cdt 1503.0.0 size=5 cru=1.4 -> 1\n");
-    EXPECT_TRUE(Contains(run.output,
-                         "\nbrant_asr_timeout_seconds \\d+\n# HELP brant_read_errors .*\n# TYPE .*\n"
-                         "brant_read_errors\\{section=\"uid\"\\} 1\n"
-                         "brant_read_errors\\{section=\"asr\"\\} 0\n# EOF\n$"))
-        << run.output;
+    RunOptions options;
+    options.input = "GET /metrics HTTP/1.0\r\n\r\n";
+    for (const auto& [format, status] : {std::pair("--prometheus", 1), std::pair("--http", 0)}) {
+        machine.StartTrace();
+        const RunResult run =
+            RunProgram(ProgramPath("brantexport"), {format, "uid", "asr"}, machine.Directory(), options);
+        EXPECT_EQ(run.status, status);
+        EXPECT_EQ(machine.TakeTrace("cdt "), "cdt 1503.0.0 size=5 cru=1.4 -> 1\n");
+        EXPECT_TRUE(Contains(run.output,
+                             "\nbrant_asr_timeout_seconds \\d+\n# HELP brant_read_errors .*\n# TYPE .*\n"
+                             "brant_read_errors\\{section=\"uid\"\\} 1\n"
+                             "brant_read_errors\\{section=\"asr\"\\} 0\n# EOF\n$"))
+            << run.output;
+    }
 }
 
 TEST(Program, OpensAndClosesEachDeviceAndChangesNothing) {
@@ -135,7 +139,8 @@ TEST(Program, EndsWithAMessageAndAStatus) {
         {"a check of foreign hardware", ">$D/xsvc; BRANT_MACHINE=$D $P --check",
          "ERROR: brantexport only runs on VX hardware.\n", 3,
          "BRANT UNKNOWN - This is not a Corvex server, or its firmware can't be read.\n"},
-        {"a check with invalid arguments", "$P --xml --check", kUsage, 3,
+        {"help for another user", "setpriv --reuid=65534 $P --help >/dev/null", "", 0},
+        {"a check with invalid arguments", "$P --since 2006-03-15 --check", kUsage, 3,
          "BRANT UNKNOWN - The arguments are invalid.\n"},
     };
     TestMachine machine("tr500k2");
@@ -170,7 +175,8 @@ TEST(Program, ReportsTimes) {
     const std::chrono::milliseconds duration(std::stoi(MatchAll(json, "duration_ms\": (\\d+)")[0][1]));
     EXPECT_GT(duration.count(), 0);
     EXPECT_LT(duration, elapsed);
-    const double seconds = std::stod(MatchAll(metrics, "\nbrant_scrape_duration_seconds (\\S+)")[0][1]);
+    const double seconds =
+        std::stod(MatchAll(metrics, "\nbrant_scrape_duration_seconds (\\d+\\.?\\d{0,3})\n")[0][1]);
     EXPECT_LT(std::chrono::duration<double>(seconds), elapsed);
     // The newest information is of 2006-04-11T21:37, in the server's time zone.
     EXPECT_TRUE(Contains(metrics, "newest_event_timestamp_seconds\\{severity=\"info\"\\} 1144773420\n"))
