@@ -33,6 +33,7 @@ std::string BytesOfName(const std::string& name) {
         {"Up", "\33[A"}, {"Down", "\33[B"}, {"Right", "\33[C"}, {"Left", "\33[D"}, {"Home", "\33[1~"},
         {"Insert", "\33[2~"}, {"Delete", "\33[3~"}, {"End", "\33[4~"}, {"F1", "\33[11~"}, {"F3", "\33[13~"},
         {"Esc", "\33"}, {"Tab", "\t"}, {"BS", "\b"}, {"Rubout", "\177"}, {"^C", "\3"}, {"^U", "\25"},
+        {"RootHelp", "\n\nInvalid or Incomplete Command - No help available. Try using Tab Completion or the HELP command."},
         {"Enter", "\r"}, {"NL", "\n"}, {"Bell", "\a"}, {"24Words", "? 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4"},
     };
     // clang-format on
@@ -77,7 +78,8 @@ constexpr KeyCase kKeys[] = {
     {"End prints from the wrong column",           "abc<Home><Right><End>",    "abc<BS><BS><BS>abc",             "abc", 3},
     {"the line is cleared from the cursor only",   "ab<Left><^C>c",            "ab<BS>b<Erase 2>c",              "c",   1},
     // cases: double keys
-    {"two ESCs that aren't a pair clear the line", "a<Esc><Esc>b<Esc><Esc><80><Esc><Esc><FF><Esc><Esc>", "a<Bell>b<Bell><Bell><Bell><Bell><Bell>", "ab", 2},
+    {"two ESCs that aren't a pair clear the line", "a<Esc><Esc>b<Esc><Esc><80><Esc><Esc><FF><Esc><Esc><Right><Esc><Esc>",
+        "a<Bell>b<Bell><Bell><Bell><Bell><Bell><Bell><Bell>", "ab", 2},
     {"a double ESC or Ctrl-U doesn't clear",       "a<Esc><Esc><Esc><Esc>b<^U>", "a<Bell><Erase 1>b<Erase 1>",   "",    0},
     {"0xFF after ESC stays in the input",          "a<Esc><FF>",               "a<Bell>",                        "a",   1},
     {"two TABs make a pair in spite of a byte between them", "s<Tab><00><Tab><80><Tab><FF><Tab>",
@@ -88,16 +90,17 @@ constexpr KeyCase kKeys[] = {
     {"a byte of 0x80 or above is a key code",      "a<EB><F8>",                "a<Bell><Bell>",                  "a",   1},
     {"a control character is inserted",            "<01><04><1A>",             "<Bell><Bell><Bell>",             "",    0},
     {"too much of a sequence is read", "<Esc>[22~<Esc>[16~<Esc>[7~<Esc>[1x~",  "<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~<Bell><Bell>~", "~~~~", 4},
-    {"too little of a sequence is read", "<Esc>OP<Esc>[Z<Esc>x<Esc><80><Esc>[[A", "<Bell><Bell>P<Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell>A", "PA", 2},
+    {"too little of a sequence is read", "<Esc>OP<Esc>[Z<Esc>x<Esc><80><Esc>[<FF><Esc>[[A", "<Bell><Bell>P<Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell>A", "PA", 2},
     {"a key without a function rings twice",
         "<Esc>[5~<Esc>[6~<Esc>[12~<Esc>[14~<Esc>[15~<Esc>[17~<Esc>[18~<Esc>[19~<Esc>[20~<Esc>[21~<Esc>[23~<Esc>[24~",
         "<Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell><Bell>", "", 0},
     // cases: the line that TAB produces
     {"a synonym makes a word ambiguous",           "show fa<Tab>",             "show fa<Erase 7>SHOW FAN ",      "SHOW FAN ", 9},
     {"a synonym is replaced with its command",     "show fans Xy<Tab>",        "show fans Xy<Erase 12>SHOW FANS Xy ", "SHOW FANS Xy ", 13},
-    {"a prefix that isn't the last word matches",  "sho x<Tab>",               "sho x<Bell>",                    "sho x", 5},
+    {"a prefix that isn't the last word matches",  "sho fan<Tab>",             "sho fan<Bell>",                  "sho fan", 7},
+    {"a longer word matches, or has alternatives", "showx<Tab><Tab>",          "showx<Bell><Bell>",              "showx", 5},
     {"extra spaces stay, or quotes have a meaning", " set  name \"My  b<Tab>", " set  name \"My  b<Erase 17>SET NAME \"My b ", "SET NAME \"My b ", 15},
-    {"an empty line rings the bell",               " <Tab>",                   " ",                              " ",   1},
+    {"an empty line rings the bell or has alternatives", "<Tab><Tab> <Tab><Tab>", " ",                          " ",   1},
     {"the 25th word is lost",                      "<24Words> y <Tab>",        "<24Words> y <Erase 50><24Words> y ", "<24Words> y ", 50},
     {"the 26th word is lost",                      "<24Words> y z<Tab>",       "<24Words> y z<Bell>",            "<24Words> y z", 51},
     // cases: the screen after TAB and F1
@@ -109,8 +112,8 @@ constexpr KeyCase kKeys[] = {
     {"a synonym is listed",                        "show f<Tab><Tab>",
         "show f<Bell><Erase 6>SHOW f<Bell><NL>[ F1 | FAN ]<NL>brantcli> SHOW f", "SHOW f", 6},
     {"the third TAB makes a pair with the second", "s<Tab><Tab><Tab>", "s<Bell><Erase 1>s<Bell><NL>[ SET | SHOW ]<NL>brantcli> s<Bell><Erase 1>s", "s", 1},
-    {"F1 on an empty line",                        "<F1>", "<Erase 10><NL><NL>Invalid or Incomplete Command - "
-        "No help available. Try using Tab Completion or the HELP command.<NL>brantcli> ", "", 0},
+    {"F1 on an empty line or an unknown word shows other help", "<F1>SHOW x<F1>",
+        "<Erase 10><RootHelp><NL>brantcli> SHOW x<Erase 16><Bell><RootHelp><NL>brantcli> SHOW x", "SHOW x", 6},
     {"F1 moves the cursor to the end",             "show fa<Left><F1>",
         "show fa<BS>a<Erase 17><NL>USAGE: SHOW FANS: Shows info on installed fans.<NL>brantcli> SHOW FAN <BS><BS><BS>", "SHOW FAN ", 6},
     {"F1 leaves the cursor beyond a line that it shortens", "show    fans<F1>x",
@@ -169,7 +172,7 @@ TEST(Editor, BeginsWithAnEmptyHistory) {
     EXPECT_TRUE(RepeatsNewest("aa"));
     EXPECT_FALSE(RepeatsNewest("AA"));
     EXPECT_FALSE(RepeatsNewest("a"));
-    EXPECT_FALSE(RepeatsNewest("aaa"));
+    EXPECT_FALSE(RepeatsNewest("aa "));
 }
 
 TEST(Editor, WritesTheRightBytesForEachKey) {
@@ -203,12 +206,17 @@ TEST(Editor, LimitsTheLengthOfALine) {
     const std::string longest = "help " + std::string(246, 'x'), completed = "HELP" + longest.substr(4) + " ";
     EXPECT_EQ(Type(longest + "<Tab><Enter>"), kPrompt + longest + Erased(251) + completed);
     EXPECT_EQ(line.CmdLine, completed);
-    EXPECT_EQ(Type(longest + "x<Tab><Enter>"), kPrompt + longest + "x\a")
-        << "TAB has completed a line beyond the limit";
-    EXPECT_EQ(line.CmdLine, longest + "x");
+    EXPECT_EQ(Type(longest + "x<Tab><Insert><Enter>"), kPrompt + longest + "x\a \b")
+        << "TAB has completed a line beyond the limit, or Insert has moved the cursor beyond it";
+    EXPECT_EQ(line.CmdLine, longest + "x ");
+    EXPECT_NE(Type(longest + "x<F1><Enter>").find(Bytes("<Bell><RootHelp>")), std::string::npos);
     Type(longest + "x<Home><Right>123<Delete><Enter>");
     EXPECT_EQ(line.CmdLine, "h12" + longest.substr(2) + "x")
         << "the buffer should take exactly two more characters";
+    const std::string recalled = line.CmdLine, rejection = "\a\nInvalid Command - command line too long.";
+    Type(std::string(253, 'x'));
+    EXPECT_EQ(Type("<Up><Enter>"), kPrompt + recalled + rejection)
+        << "a rejected line is stored, a stored one is truncated, or only typing makes a line too long";
 
     std::string full(254, 'a');
     EXPECT_EQ(InsertChar(0, 'b', full.data()), -1);
