@@ -50,7 +50,7 @@ const TokenizerCase kCases[] = {
     {"a word consists of spaces", "   ", {}},
     {"spaces are part of words", "  show   fans ", {{"SHOW", false, "show"}, {"FANS", false, "fans"}}},
     {"control characters are part of words", "a\x01\x1F\rb", {{"A", false, "a"}, {"B", false, "b"}}},
-    {"a TAB separates words", "a\tb c", {{"A\tB", false, "a\tb"}, {"C", false, "c"}}},
+    {"a TAB or 0x7F separates words", "a\tb\177 c", {{"A\tB\177", false, "a\tb\177"}, {"C", false, "c"}}},
     {"bytes of 0x80 and above are part of words", "a\200b\377c", {{"A", false, "a"}, {"B", false, "b"}, {"C", false, "c"}}},
     // cases: quotes
     {"case or spaces in quotes change", "set name \"Main Server\"", {{"SET", false, "set"}, {"NAME", false, "name"}, {"Main Server", true}}},
@@ -59,13 +59,14 @@ const TokenizerCase kCases[] = {
     {"a quote that isn't closed is rejected", "\"a b", {{"a b", true}}},
     {"reads after the end: a quote at the end", "a \"", {{"A", false, "a"}, {"", true}}},
     {"reads after the end: a quote at the end of a word", "a\"", {{"A", false, "a"}}},
-    {"text right after a closing quote is a word", "\"abc\"def g", {{"abc", true}, {"G", false, "g"}}},
+    {"text right after a closing quote is a word, or its quotes have no effect", "\"abc\"d\"e f\"g h", {{"abc", true}, {"H", false, "h"}}},
     {"text after a quote in a word is part of the word", "ab\"c d\"e f", {{"AB", false, "ab"}, {"F", false, "f"}}},
     {"two quotes aren't an empty word", "a \"\" b", {{"A", false, "a"}, {"", false}, {"B", false, "b"}}},
     {"the second of two quotes in a word closes the first", "a\"\" b c", {{"A", false, "a"}}},
     {"a quote after an empty word doesn't open quotes", "\"\"\"x y\" z", {{"", false}, {"Z", false, "z"}}},
     // cases: limits
     {"there is a 26th word", Repeat("a ", 24) + "y \"z\"  A", WithLast({"Y \"Z\"  A", false, "y \"z\"  A"})},
+    {"a quote ends the 25th word", Repeat("a ", 24) + "\"y\" z", WithLast({"y\" z", true})},
     {"the longest line is truncated", std::string(254, 'X'), {{std::string(254, 'X')}}},
 };
 // clang-format on
