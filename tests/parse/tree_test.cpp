@@ -83,17 +83,22 @@ TEST(Help, LimitsLineAndUsageLengthsAndAllowsMissingTexts) {
     EXPECT_EQ(Printed([](InputLineType& line) { FindHelp(line.CmdLine); }, "c"), "\n(No help available)\n");
     EXPECT_EQ(Printed([](InputLineType& line) { Display_Subcommand_Usage(&line); }, a),
               "\n\t" + usage.substr(0, 199));
+    EXPECT_EQ(Printed([](InputLineType&) { Print_Tree(Cmds, 1); }, ""),
+              "\t" + a + " | " + b + " | C | " + d + "\n")
+        << "the four commands share a help text, so they are on one line and their children aren't printed";
 }
 
 TEST(CommandTree, EndsTheProcessIfASiblingHasTheSameToken) {
-    const auto append_twice = [] {
+    const auto append_again = [](const char* token) {
         std::freopen("/dev/stderr", "w", stdout);
-        CmdType* root = NewCommandNode("SHOW", nullptr, "", nullptr);
-        AppendCmd(root, "TEMP", nullptr, "", Nothing);
-        AppendCmd(root, "TEMP", nullptr, "", Nothing);
+        CreateCommands();
+        AppendCmd(Cmds, token, nullptr, "", Nothing);
     };
-    EXPECT_EXIT(append_twice(), testing::ExitedWithCode(1),
-                "Debug - Error TEMP is not unique subcommand of SHOW.\nCommand tree could not be built.\n");
+    for (const std::string token : {"CLEAR", "SHOW"}) {
+        EXPECT_EXIT(
+            append_again(token.c_str()), testing::ExitedWithCode(1),
+            "Error " + token + " is not unique subcommand of Top Level of Command Tree.\nCommand tree");
+    }
 }
 
 const std::string kRootHelp =
@@ -111,17 +116,18 @@ const LineCase kLines[] = {
     {"an abbreviation is accepted",             Fails("sho fans", "\nInvalid Command")},
     {"a quoted word is converted to upper case",            Fails("\"show\" fans", "\nInvalid Command")},
     {"a quoted word in upper case is rejected",     Fails("\"SHOW\" \"FANS\" x", kInvalidArguments)},
-    {"an empty line is a command",                    Fails(" ", "")},
-    {"the status isn't that of the last command",       {"SHOW FANS extra;sho;;HELP EXIT", kInvalidArguments + "\n\nInvalid Command\n\n\nUSAGE: EXIT: Exit brantcli."}},
+    {"an empty line keeps the status before it, or is skipped", Fails("HELP EXIT; ;", "\nUSAGE: EXIT: Exit brantcli.\n")},
+    {"the status isn't that of the last command",       {"SHOW FANS extra;\"\";;HELP EXIT", kInvalidArguments + "\n\nInvalid Command\n\n\nUSAGE: EXIT: Exit brantcli."}},
     {"a segment isn't truncated to 254 characters",  {std::string(250, ' ') + "HELP" + std::string(46, 'X'), kAllCommands}},
     {"a segment is truncated to fewer characters",       Fails(std::string(248, ' ') + "HELPXX", "\nInvalid Command")},
     // cases: help
     {"the first command is on a separate line", {"?", kAllCommands}},
     {"TREE is a command",      {"HELP TREE X", kRootHelp}},
+    {"a quoted TREE in lower case is converted to upper case", {"HELP \"tree\"", kRootHelp}},
     {"the search starts at HELP",                {"help set serial", "\nUSAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]"}},
     {"a word after a leaf continues the search",  {"HELP SHOW FANS SHOW", "\nUSAGE: SHOW FANS: Shows info on installed fans."}},
-    {"a wrong word loses the node before it",      {"HELP CLEAR BOGUS", "\nUSAGE: CLEAR [ HLOG ]"}},
-    {"a usage ends at the wrong colon", Fails("SET UID", "\n\t SET UID OFF\n\t SET UID ON")},
+    {"a wrong word is skipped or loses the node before it",      {"HELP CLEAR BOGUS HLOG", "\nUSAGE: CLEAR [ HLOG ]"}},
+    {"a usage ends at the wrong colon, or words are compared before the last", Fails("SET UID X UID", "\n\t SET UID OFF\n\t SET UID ON")},
 };
 // clang-format on
 
