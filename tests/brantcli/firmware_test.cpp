@@ -99,8 +99,8 @@ struct TreeCase {
 };
 
 constexpr TreeCase kTrees[] = {
-    {"another device of the vendor, or the device of another vendor, is accepted",
-     "p\n  obp-device vendor-id=0x1c4e device-id=0x6d18\n  obp-device vendor-id=0x1c4f device-id=0x6d19\n",
+    {"another device of the vendor, or the device of another vendor, is accepted, or only 16 bits count",
+     "p\n  obp-device vendor-id=0x1c4e device-id=0x16d19\n  obp-device vendor-id=0x11c4e device-id=0x6d19\n",
      false},
     {"a node with one of the two properties is accepted",
      "p\n  obp-device vendor-id=0x1c4e\n  obp-device device-id=0x6d19\n", false},
@@ -131,7 +131,9 @@ TEST(RomSignature, DecidesWhetherTheProgramRuns) {
         TestMachine machine;
         machine.PhysicalMemory(kBiosArea, std::string(kBiosAreaSize, '\0'));
         machine.PhysicalMemory(kBiosArea + c.offset, c.bytes);
+        machine.StartTrace();
         const RunResult result = machine.Script("EXIT");
+        EXPECT_NE(machine.TakeTrace().find("xsvc unmap"), std::string::npos) << c.catches;
         EXPECT_EQ(result.output, c.ours ? "\n" : kOtherMaker) << c.catches;
         EXPECT_EQ(result.status, c.ours ? 0 : 1) << c.catches;
     }

@@ -47,7 +47,7 @@ TEST(StartUp, RunsItsStepsInOrder) {
     RunOptions keys;
     keys.input = "\33\33\33[A\3exit\r";
     std::string runs = RunInOrder(machine, " -s 'HELP EXIT'", "xsvc") + RunInOrder(machine, " -s") +
-                       RunInOrder(machine, " -s 'EXIT;HELP'") + RunInOrder(machine, "", "VX", keys) +
+                       RunInOrder(machine, " -s 'X;EXIT;HELP'") + RunInOrder(machine, "", "VX", keys) +
                        RunOutOfMemory(machine, "command history") + RunOutOfMemory(machine, "command tree");
     for (const char* device : {"crom", "casr", "cevt", "cdt"}) {
         machine.Remove(device);
@@ -68,7 +68,7 @@ constexpr char kUsage[] = "\nUSAGE: brantcli [-s  \"<command1>;<command2>;...<co
 
 // clang-format off
 const OptionCase kOptionCases[] = {
-    {"an unknown option is ignored",                   {"-x"},                  kUsage,                  0, false},
+    {"an unknown option is ignored, or is run as the commands", {"-s", "-x"},    kUsage,                  0, false},
     {"-S without its value is accepted",                {"-S"},                  kUsage,                  0, false},
     {"an empty script succeeds",            {"-s", ""},              "\n",                    1, true},
     {"-S isn't equivalent to -s, or its value is run", {"-Snonsense", "HELP EXIT"}, "\nUSAGE: EXIT: Exit brantcli.\n\n", 0, true},
