@@ -124,6 +124,7 @@ const LineCase kLines[] = {
     {"the first command is on a separate line", {"?", kAllCommands}},
     {"TREE is a command",      {"HELP TREE X", kRootHelp}},
     {"a quoted TREE in lower case is converted to upper case", {"HELP \"tree\"", kRootHelp}},
+    {"an empty word is no word",  {"HELP \"\"", kRootHelp}},
     {"the search starts at HELP",                {"help set serial", "\nUSAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]"}},
     {"a word after a leaf continues the search",  {"HELP SHOW FANS SHOW", "\nUSAGE: SHOW FANS: Shows info on installed fans."}},
     {"a wrong word is skipped or loses the node before it",      {"HELP CLEAR BOGUS HLOG", "\nUSAGE: CLEAR [ HLOG ]"}},
