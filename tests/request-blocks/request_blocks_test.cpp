@@ -61,7 +61,7 @@ int vxIoctlRequest(int, int code, void* arg) {
         exchange(arg, nullptr, sizeof request.DtHdr);
         exchange(request.pData, nullptr, request.DtHdr.size);
         std::memset(request.pData, record, request.DtHdr.size);
-        if (request.DtHdr.DT_Type == failing_table) return 1;
+        if (request.DtHdr.DT_Type == failing_table) return 2;
     } else if (code == 81) {
         exchange(arg, nullptr, static_cast<LOG_INFO*>(arg)->length);
         if (event_replies.empty()) return 1;
@@ -109,7 +109,10 @@ InputLineType line = [] {  // the line of a command without arguments
 
 TEST(RequestBlocks, ADeviceIsOpenedForReadingAndWriting) {
     calls.clear();
-    OpenDevices();
+    for (const int opened : {-2, 0}) {
+        open_result = opened;
+        EXPECT_EQ(OpenDevices(), opened == 0);
+    }
     for (const std::string& call : calls) EXPECT_NE(call.find(" mode 2"), call.npos) << call;
 }
 
@@ -136,12 +139,13 @@ TEST(RequestBlocks, NoneFollowsAFailedOneInAWalkOfMemoryModules) {
 
 TEST(RequestBlocks, AVariableIsTransferredWithItsNameAndLength) {
     std::memset(&variable, 0xEE, sizeof variable);
+    variable.DataLength = 2;  // the length of the request counts, not that of the reply
     unsigned char bytes[] = "\1\2\3\4";
     const std::string written = Request(2, 520, {{0, 'A'}, {1, 'B'}, {260, 3}, {264, 1}, {265, 2}, {266, 3}});
-    result = 0;
-    EXPECT_EQ(CallOf([&] { set_ev("AB", bytes, 3); }), written);
+    result = 2;
+    EXPECT_EQ(CallOf([&] { EXPECT_EQ(set_ev("AB", bytes, 3), 1); }), written);
 
-    for (const int failure : {1, -1, 0}) {
+    for (const int failure : {2, -1, 0}) {
         result = failure;
         EXPECT_EQ(CallOf([&] { EXPECT_EQ(get_ev("A", bytes, 3), failure != 0); }),
                   Request(1, 520, {{0, 'A'}, {260, 3}}));
