@@ -48,7 +48,9 @@ class FailingAllocations : public testing::TestWithParam<std::string> {
                 if (run.output.find(message) == std::string::npos) continue;
                 EXPECT_TRUE(status == kAnyStatus || run.status == status)
                     << "status " << run.status << " instead of " << status << " after: " << message;
-                if (status == 1) EXPECT_EQ(run.output, message);
+                if (status == 1) {
+                    EXPECT_EQ(run.output, message);
+                }
                 unseen_.erase(message);
             }
         }
