@@ -18,7 +18,6 @@ namespace {
 constexpr Health kWorstFirst[] = {Health::Critical, Health::Warning, Health::Unknown};
 constexpr int kMostProblems = 20;  // listed for each Health; monitoring systems read only a few KiB
 constexpr int kFullLog = 1000;     // entries; the firmware doesn't report the capacity of its log
-constexpr int64_t kSecondsOfDay = 24 * 60 * 60;
 
 bool IsFailedFan(const Entry& fan) {
     return fan["failed"].number != 0;
@@ -110,7 +109,9 @@ class CheckWriter : public EntryWriter {
     int problem_counts_[4] = {};
     int counts_[std::size(kCounted)] = {};
     std::string temperatures_;  // performance data
-    const int64_t yesterday_ = LocalTime(static_cast<time_t>(Milliseconds() / 1000 - kSecondsOfDay));
+    const int64_t now_ = Milliseconds() / 1000;
+    const int64_t yesterday_ = LocalTime(static_cast<time_t>(now_ - kSecondsOfDay));
+    const int64_t tomorrow_ = LocalTime(static_cast<time_t>(now_ + kSecondsOfDay));
     int events_ = 0;
     int new_critical_events_ = 0;
     int64_t last_critical_event_ = 0;  // its number
@@ -128,7 +129,7 @@ void CheckWriter::Take(std::string_view path, const Entry& entry) {
 void CheckWriter::TakeEvent(const Entry& event) {
     ++events_;
     const Value time = event["last_time"];
-    if (time.number < yesterday_ || event["severity"].text != "critical") return;
+    if (time.number < yesterday_ || time.number > tomorrow_ || event["severity"].text != "critical") return;
     ++new_critical_events_;
     last_critical_event_ = event["number"].number;
 }

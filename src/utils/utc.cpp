@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int kSecondsOfDay = 24 * 60 * 60;
-
 int DaysOfYear(int64_t year) {
     return 365 + DaysOf(year, 2) - 28;
 }

@@ -6,6 +6,8 @@
 #include <ctime>
 #include <string>
 
+constexpr int kSecondsOfDay = 24 * 60 * 60;
+
 // Returns the milliseconds since the start of 1970, or 0 if the clock shows an earlier time.
 int64_t Milliseconds();
 

@@ -257,7 +257,8 @@ EVT_TIME_STAMP HoursAgo(int hours) {
 TEST(Check, WarnsOfNewCriticalEventsAndOfAFullLog) {
     TestMachine machine("bx20");
     std::string log;
-    const EVT_TIME_STAMP times[] = {HoursAgo(23), HoursAgo(-400 * 24), HoursAgo(25), {20, 6, 13, 1, 0, 0}};
+    const EVT_TIME_STAMP times[] = {
+        HoursAgo(23), HoursAgo(-23), HoursAgo(25), HoursAgo(-25), {20, 6, 13, 1, 0, 0}};
     for (const EVT_TIME_STAMP& time : times) {
         const auto number = static_cast<uint32_t>(log.size());
         log += Event(number, kCritical, 2, HoursAgo(0), time) + Event(number + 1, kCaution, 2, time, time);
@@ -266,7 +267,7 @@ TEST(Check, WarnsOfNewCriticalEventsAndOfAFullLog) {
     machine.Fault("cdt 1503.0.0 1");
     EXPECT_EQ(RunExport(machine, {"--check", "events", "uid"}).output,
               "BRANT WARNING - critical events within a day: 2, the last is event 56; "
-              "uid: Failed to read the unit identification light. | events=8\n");
+              "uid: Failed to read the unit identification light. | events=10\n");
     // Five hours east of UTC, this is 26 hours ago.
     machine.Write("cevt/hlog", Event(1, kCritical, 2, HoursAgo(0), HoursAgo(21)));
     RunOptions east;
