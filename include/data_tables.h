@@ -123,6 +123,7 @@ struct COMMONFEATUREINFO {
 };
 using PCOMMONFEATUREINFO = COMMONFEATUREINFO*;
 static_assert(sizeof(COMMONFEATUREINFO) == 13 && offsetof(COMMONFEATUREINFO, DeviceState) == 1 &&
+                  offsetof(COMMONFEATUREINFO, FeatureState) == 3 &&
                   offsetof(COMMONFEATUREINFO, ucTypeOf) == 6 && offsetof(COMMONFEATUREINFO, RedGroup) == 9,
               "as the driver has it");
 

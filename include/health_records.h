@@ -26,12 +26,14 @@ struct FANHEADER {
     uint8_t ucMaximum_ucID;
 };
 using PFANHEADER = FANHEADER*;
-static_assert(sizeof(FANHEADER) == 4, "as the driver has it");
+static_assert(sizeof(FANHEADER) == 4 && offsetof(FANHEADER, ucMaximum_ucID) == 3, "as the driver has it");
 
 struct EVT_MINIHEADER {
     uint32_t dwEvtNumber;
     uint8_t bSeverity;
 };
+static_assert(sizeof(EVT_MINIHEADER) == 5 && offsetof(EVT_MINIHEADER, bSeverity) == 4,
+              "as the driver has it");
 
 struct FANDDATA {
     uint8_t ucPresent;  // nonzero: a fan is installed
@@ -44,7 +46,8 @@ struct FANDDATA {
     uint8_t ucRedundantPartner;  // number of the redundant partner
 };
 using PFANDDATA = FANDDATA*;
-static_assert(sizeof(FANDDATA) == 47 && offsetof(FANDDATA, Evt) == 6 && offsetof(FANDDATA, ucRedundant) == 45,
+static_assert(sizeof(FANDDATA) == 47 && offsetof(FANDDATA, EvtCommon) == 1 && offsetof(FANDDATA, Evt) == 6 &&
+                  offsetof(FANDDATA, ucType) == 43 && offsetof(FANDDATA, ucRedundant) == 45,
               "as the driver has it");
 
 union FANDESCRIPTOR {
@@ -75,7 +78,8 @@ struct FANBASIC {
 };
 using PFANBASIC = FANBASIC*;
 static_assert(sizeof(FANBASIC) == 11 && offsetof(FANBASIC, FanDescriptor) == 1 &&
-                  offsetof(FANBASIC, ucSpeedState) == 6 && offsetof(FANBASIC, ucSpeedPct) == 8,
+                  offsetof(FANBASIC, ucSpinType) == 4 && offsetof(FANBASIC, ucSpeedState) == 6 &&
+                  offsetof(FANBASIC, ucSpeedPct) == 8,
               "as the driver has it");
 
 #pragma pack(pop)
@@ -115,7 +119,8 @@ struct TEMPERATURENUMBERS {  // temperatures in degrees Celsius, 0 to 255
     uint8_t ucPrevTemperature;
 };
 using PTEMPERATURENUMBERS = TEMPERATURENUMBERS*;
-static_assert(sizeof(TEMPERATURENUMBERS) == 7 && offsetof(TEMPERATURENUMBERS, ucCelciusThreshold) == 4,
+static_assert(sizeof(TEMPERATURENUMBERS) == 7 && offsetof(TEMPERATURENUMBERS, ucCelciusThreshold) == 4 &&
+                  offsetof(TEMPERATURENUMBERS, ucPrevTemperature) == 6,
               "as the driver has it");
 
 #pragma pack(pop)
@@ -137,7 +142,8 @@ struct POWERSUPPLYHEADER {
     uint8_t ucMaximum_ucID;
 };
 using PPOWERSUPPLYHEADER = POWERSUPPLYHEADER*;
-static_assert(sizeof(POWERSUPPLYHEADER) == 5, "as the driver has it");
+static_assert(sizeof(POWERSUPPLYHEADER) == 5 && offsetof(POWERSUPPLYHEADER, ucPowerSubsystemRedundant) == 3,
+              "as the driver has it");
 
 struct POWERSUPPLYNUMBERS {
     uint8_t ucPresent;  // nonzero: a power supply is installed
@@ -147,7 +153,9 @@ struct POWERSUPPLYNUMBERS {
     uint8_t ucNumberOfFans;
 };
 using PPOWERSUPPLYNUMBERS = POWERSUPPLYNUMBERS*;
-static_assert(sizeof(POWERSUPPLYNUMBERS) == 5, "as the driver has it");
+static_assert(sizeof(POWERSUPPLYNUMBERS) == 5 && offsetof(POWERSUPPLYNUMBERS, ucNumberOfChannels) == 2 &&
+                  offsetof(POWERSUPPLYNUMBERS, ucNumberOfSensors) == 3,
+              "as the driver has it");
 
 union PSDESCRIPTOR {
     uint16_t usPsDescriptor;
@@ -186,7 +194,7 @@ struct INDCHEADER {
     uint8_t ucMaximum_ucID;
 };
 using PINDCHEADER = INDCHEADER*;
-static_assert(sizeof(INDCHEADER) == 3, "as the driver has it");
+static_assert(sizeof(INDCHEADER) == 3 && offsetof(INDCHEADER, ucDataAvailable) == 1, "as the driver has it");
 
 union INDCDESCRIPTOR {
     uint16_t usIndcDescriptor;

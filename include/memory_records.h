@@ -47,6 +47,17 @@ struct RESMEM_CONFIG {
 };
 using PRESMEM_CONFIG = RESMEM_CONFIG*;
 static_assert(sizeof(RESMEM_CONFIG) == 108 && offsetof(RESMEM_CONFIG, ulNumberCartridges) == 4 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsRAID) == 12 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsSingleBoardMirrored) == 20 &&
+                  offsetof(RESMEM_CONFIG, ulConfiguredForOnlineSpare) == 28 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsHotAdd) == 36 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsHotRemove) == 44 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsVerify) == 52 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsDelayAdd) == 60 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsRIVRate) == 68 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsAlarmQuiet) == 76 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsAdvancedEcc) == 84 &&
+                  offsetof(RESMEM_CONFIG, ulSupportsDualBoardMirrored) == 92 &&
                   offsetof(RESMEM_CONFIG, ulSupportsMirrored) == 100,
               "as the driver has it");
 
@@ -61,7 +72,8 @@ struct RESMEM_CARTRIDGE_CONFIG {
 };
 using PRESMEM_CARTRIDGE_CONFIG = RESMEM_CARTRIDGE_CONFIG*;
 static_assert(sizeof(RESMEM_CARTRIDGE_CONFIG) == 152 &&
-                  offsetof(RESMEM_CARTRIDGE_CONFIG, ulMemorySizeOS) == 140,
+                  offsetof(RESMEM_CARTRIDGE_CONFIG, ulMemorySizeOS) == 140 &&
+                  offsetof(RESMEM_CARTRIDGE_CONFIG, ulMemorySizeTotal) == 148,
               "as the driver has it");
 
 // The part of RESMEM_CARTRIDGE_CONFIG that the program requests: the leading fields, with partName truncated
@@ -90,7 +102,12 @@ struct KEY_DIMM_SDRAM {  // the bytes of the module's presence-detect (SPD) data
     uint8_t ucSupportedCAS;
     uint8_t ucReserved[18];
 };
-static_assert(sizeof(KEY_DIMM_SDRAM) == 34, "as the driver has it");
+static_assert(sizeof(KEY_DIMM_SDRAM) == 34 && offsetof(KEY_DIMM_SDRAM, ucSpdByte3) == 1 &&
+                  offsetof(KEY_DIMM_SDRAM, ucSpdByte5) == 3 && offsetof(KEY_DIMM_SDRAM, ucSpdByte10) == 5 &&
+                  offsetof(KEY_DIMM_SDRAM, ucSpdByte14) == 7 &&
+                  offsetof(KEY_DIMM_SDRAM, rawZetPartNumber) == 9 &&
+                  offsetof(KEY_DIMM_SDRAM, ucReserved) == 16,
+              "as the driver has it");
 
 struct KEY_INFO {
     uint32_t ulKeySize;  // in bytes
@@ -99,7 +116,7 @@ struct KEY_INFO {
         KEY_DIMM_SDRAM keyDimmSdram;
     };
 };
-static_assert(sizeof(KEY_INFO) == 38, "as the driver has it");
+static_assert(sizeof(KEY_INFO) == 38 && offsetof(KEY_INFO, ucKey) == 4, "as the driver has it");
 
 struct RESMEM_DIMM_INFO {
     KEY_INFO keyBytes;
@@ -118,7 +135,9 @@ struct RESMEM_DIMM_INFO {
 };
 static_assert(sizeof(RESMEM_DIMM_INFO) == 366 && offsetof(RESMEM_DIMM_INFO, ulFormFactor) == 38 &&
                   offsetof(RESMEM_DIMM_INFO, ulMemType) == 42 && offsetof(RESMEM_DIMM_INFO, ulSize) == 46 &&
-                  offsetof(RESMEM_DIMM_INFO, ulSpeed) == 50 && offsetof(RESMEM_DIMM_INFO, partNumber) == 74,
+                  offsetof(RESMEM_DIMM_INFO, ulSpeed) == 50 && offsetof(RESMEM_DIMM_INFO, ulBanks) == 58 &&
+                  offsetof(RESMEM_DIMM_INFO, ulEcc) == 66 && offsetof(RESMEM_DIMM_INFO, partNumber) == 74 &&
+                  offsetof(RESMEM_DIMM_INFO, spd) == 110,
               "as the driver has it");
 
 struct RESMEM_DIMM_CONFIG {
@@ -140,6 +159,9 @@ struct RESMEM_LED_STATUS {
     uint8_t ucState;
     uint8_t ucRef;
 };
+static_assert(sizeof(RESMEM_LED_STATUS) == 4 && offsetof(RESMEM_LED_STATUS, ucColor) == 1 &&
+                  offsetof(RESMEM_LED_STATUS, ucState) == 2,
+              "as the driver has it");
 
 struct RESMEM_DIMM_STATUS {
     uint32_t ulCartID;
@@ -151,7 +173,9 @@ struct RESMEM_DIMM_STATUS {
     RESMEM_LED_STATUS LEDStatus[1];
 };
 using PRESMEM_DIMM_STATUS = RESMEM_DIMM_STATUS*;
-static_assert(sizeof(RESMEM_DIMM_STATUS) == 56 && offsetof(RESMEM_DIMM_STATUS, ulStatus) == 12 &&
+static_assert(sizeof(RESMEM_DIMM_STATUS) == 56 && offsetof(RESMEM_DIMM_STATUS, ulModuleID) == 4 &&
+                  offsetof(RESMEM_DIMM_STATUS, ulStatus) == 12 &&
+                  offsetof(RESMEM_DIMM_STATUS, ulNumLEDEntry) == 48 &&
                   offsetof(RESMEM_DIMM_STATUS, LEDStatus) == 52,
               "as the driver has it");
 

@@ -43,7 +43,8 @@ struct ASREVSTRUCT {  // settings of the automatic server recovery timer
     uint16_t usBaseAddr;
     uint16_t usScaleValue;
 };
-static_assert(sizeof(ASREVSTRUCT) == 8 && offsetof(ASREVSTRUCT, ucTimeoutValue) == 2,
+static_assert(sizeof(ASREVSTRUCT) == 8 && offsetof(ASREVSTRUCT, ucMinor_version) == 1 &&
+                  offsetof(ASREVSTRUCT, ucTimeoutValue) == 2 && offsetof(ASREVSTRUCT, usBaseAddr) == 4,
               "as the firmware has it");
 
 struct AssetText {
@@ -58,7 +59,8 @@ struct CSMEVSTRUCT {
     uint8_t ucEAASShutdown;
     uint8_t ucFanFailure;
 };
-static_assert(sizeof(CSMEVSTRUCT) == 7 && offsetof(CSMEVSTRUCT, ucRecoveryConf) == 4,
+static_assert(sizeof(CSMEVSTRUCT) == 7 && offsetof(CSMEVSTRUCT, ucRecoveryConf) == 4 &&
+                  offsetof(CSMEVSTRUCT, ucFanFailure) == 6,
               "as the firmware has it");
 
 // The name is stored in two halves. Each is padded with NULs and has its own terminator.
@@ -236,7 +238,8 @@ struct WOLEVREC {  // the system configuration, shared by several commands
 };
 static_assert(sizeof(WOLEVREC) == 13 && offsetof(WOLEVREC, uart1) == 2 && offsetof(WOLEVREC, uart2) == 3 &&
                   offsetof(WOLEVREC, flags) == 6 && offsetof(WOLEVREC, flags2) == 7 &&
-                  offsetof(WOLEVREC, vsp) == 10 && offsetof(WOLEVREC, flags5) == 12,
+                  offsetof(WOLEVREC, flags3) == 9 && offsetof(WOLEVREC, vsp) == 10 &&
+                  offsetof(WOLEVREC, flags5) == 12,
               "as the firmware has it");
 
 enum BiosPortCode : uint8_t {  // the code 3 isn't used

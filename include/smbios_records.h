@@ -47,9 +47,14 @@ struct SMBIOSEntryPoint {  // located on a 16-byte boundary of the BIOS area
     uint16_t wNumStructures;
     uint8_t byBCDRevision;
 };
-static_assert(sizeof(SMBIOSEntryPoint) == 31 && offsetof(SMBIOSEntryPoint, sIntermediateAnchor) == 0x10 &&
+static_assert(sizeof(SMBIOSEntryPoint) == 31 && offsetof(SMBIOSEntryPoint, byEPSChecksum) == 4 &&
+                  offsetof(SMBIOSEntryPoint, byMajorVer) == 6 &&
+                  offsetof(SMBIOSEntryPoint, wMaxStructSize) == 8 &&
+                  offsetof(SMBIOSEntryPoint, abyReserved) == 0x0B &&
+                  offsetof(SMBIOSEntryPoint, sIntermediateAnchor) == 0x10 &&
                   offsetof(SMBIOSEntryPoint, wSTLength) == 0x16 &&
-                  offsetof(SMBIOSEntryPoint, dwSTAddr) == 0x18,
+                  offsetof(SMBIOSEntryPoint, dwSTAddr) == 0x18 &&
+                  offsetof(SMBIOSEntryPoint, wNumStructures) == 0x1C,
               "as the firmware has it");
 
 constexpr char kEntryPointAnchor[] = "_SM_";
@@ -101,7 +106,10 @@ struct ZTSMBIOS_ZET_RACK_INFO {  // the location of a blade
     uint8_t byTotalEnclosureBays;
     uint8_t byUsedEnclosureBays;
 };
-static_assert(sizeof(ZTSMBIOS_ZET_RACK_INFO) == 10 && offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureBay) == 7,
+static_assert(sizeof(ZTSMBIOS_ZET_RACK_INFO) == 10 &&
+                  offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureName) == 5 &&
+                  offsetof(ZTSMBIOS_ZET_RACK_INFO, byEnclosureBay) == 7 &&
+                  offsetof(ZTSMBIOS_ZET_RACK_INFO, byUsedEnclosureBays) == 9,
               "as the firmware has it");
 
 struct smbios_nic {      // an embedded NIC; entries for which IsEmpty() is true are unused
@@ -109,7 +117,7 @@ struct smbios_nic {      // an embedded NIC; entries for which IsEmpty() is true
     uint8_t nic_bus;
     uint8_t nic_mac[6];  // MAC address, in the order in which it is printed
 };
-static_assert(sizeof(smbios_nic) == 8, "as the firmware has it");
+static_assert(sizeof(smbios_nic) == 8 && offsetof(smbios_nic, nic_bus) == 1, "as the firmware has it");
 constexpr bool IsEmpty(const smbios_nic& nic) {
     return nic.nic_devfcn == 0 && nic.nic_bus == 0;
 }
@@ -121,7 +129,8 @@ struct smbios_nic_table {  // the embedded NICs
     uint16_t nic_handle;
     smbios_nic nic_nics[8];
 };
-static_assert(sizeof(smbios_nic_table) == 68, "as the firmware has it");
+static_assert(sizeof(smbios_nic_table) == 68 && offsetof(smbios_nic_table, nic_len) == 1,
+              "as the firmware has it");
 
 struct GBX_PORT_MAP {
     uint8_t mezzPortNumber : 2;
