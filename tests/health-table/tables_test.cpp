@@ -51,7 +51,7 @@ constexpr FanCase kFans[] = {
     {"redundancy of the shared group is used", [](Fan& f) { f.feature.DeviceState.usDeviceState = 0xFFF9; }},
     {"bits of the group number are lost or shifted",
      [](Fan& f) { f.feature.DeviceState.usDeviceState = 5, f.feature.RedGroup.usRedundancyInfo = 0xFD7F; }},
-    {"bits next to the location are read", [](Fan& f) { f.feature.Location.usLocation = 0xFFE3; }},
+    {"bits next to the location are read", [](Fan& f) { f.feature.Location.usLocation = 0xFEA3; }},
     // cases: the legacy record differs from the common feature record
     {"presence is not taken from the legacy record (absent)", [](Fan& f) { f.Legacy(0, 0, 9); }},
     {"presence is not taken from the legacy record (present)",
@@ -80,7 +80,7 @@ struct SensorCase {
 constexpr SensorCase kSensors[] = {
     {"presence is read from another bit",         kMax1617, 0xFFFE, 0x0000, {1, 1, 20, 1, 50, 0, 0}},
     {"an unknown kind can be absent", 255,     kAbsent, 0x0000, {1, 1, 20, 1, 50, 0, 0}},
-    {"bits next to the location are read", kLm75, kPresent, 0xFFE3, {1, 1, 20, 1, 50, 0, 0}},
+    {"bits next to the location are read", kLm75, kPresent, 0xFEA3, {1, 1, 20, 1, 50, 0, 0}},
     {"only the value 1 means valid",           kLm75,    kPresent, 0x0002, {0, 128, 20, 255, 50, 0, 0}},
     {"the previous temperature is used",    kLm75,    kPresent, 0x0002, {1, 0, 20, 0, 50, 1, 99}},
 };

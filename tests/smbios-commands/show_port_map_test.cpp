@@ -3,6 +3,7 @@
 #include <string>
 
 #include "mkmachine/firmware_records.h"
+#include "src/utils/bytes.h"
 #include "tests/support/loaded_tables.h"
 
 namespace {
@@ -23,8 +24,10 @@ std::string Map(const SmbiosRecord& record) {
     return bytes;
 }
 
-// The map contains only the last port of the record. All bits that aren't printed are set.
-const std::string kMap = Map(PortMapRecord(2, {{3, 7, {2, 3, 15, 31, 3, 1}}}));
+// The map contains only the last port of the record: port 1 of slot 10, with offset 21. All bits that aren't
+// printed are set.
+constexpr uint8_t kLastPort[] = {0xAD, 0xF5};
+const std::string kMap = Map(PortMapRecord(2, {{3, 7, CopyOf<GBX_PORT_MAP>(kLastPort)}}));
 
 struct Case {
     const char* catches;
@@ -41,9 +44,9 @@ const Case kCases[] = {
     {"a rack record without the field", RackRecord(1, "", "5").TruncateTo(7).Bytes() + kMap, kNoBay},
     {"no port map", Rack("5"), "\nERROR: Failed to get SMBIOS system data.\n\n"},
     {"bits of a neighbouring field", Rack("5") + kMap,
-     kHeading + "0         2         8         36        \n\n\n"},
+     kHeading + "10        1         8         26        \n\n\n"},
     {"a sum that wraps", Rack(" 99999999999") + kMap,
-     kHeading + "0         2         8         2147483647\n\n\n"},
+     kHeading + "10        1         8         2147483647\n\n\n"},
     {"a port beyond the record",
      Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).TruncateTo(68)), kHeading + "\n\n"},
 };
