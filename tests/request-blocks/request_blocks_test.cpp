@@ -16,7 +16,9 @@
 #include "cli/misc-commands/event_log.h"
 #include "cli/misc-commands/rom_store.h"
 #include "cli/misc-commands/uid.h"
+#include "include/health_records.h"
 #include "include/rom_variables.h"
+#include "include/smbios_records.h"
 #include "mkmachine/events.h"
 #include "platform/request.h"
 #include "savemachine/parts.h"
@@ -123,6 +125,56 @@ TEST(RequestBlocks, UnusedBytesAreZero) {
     const char* state;
     EXPECT_EQ(CallOf([&] { ReadLight(state); }),
               Request(69, 17, {{0, 5}, {4, 0xDF}, {5, 5}, {8, 1}, {9, 4}}));
+}
+
+// Of two neighbouring bit fields, one is set. No program reads most of these fields, so no other test fails
+// if two of them are swapped.
+TEST(RequestBlocks, BitFieldsOfRecordsHaveTheirPositions) {
+    COMMONFEATUREINFO feature{};
+    feature.DeviceState.s1.bit_PhysicallyFailed = feature.DeviceState.s1.bit_SharedGrpIsRedundant = 1;
+    feature.FeatureState.s1.bit_Detected = feature.FeatureState.s1.bit_Enabled = 1;
+    feature.Location.s1.bit_ExternalAccess = 1;
+    feature.RedGroup.s1.bit_RedundantCapable = 1;
+    feature.RedGroup.s1.bits_RedundantGroupId = 31;
+    auto& reaction = feature.Reaction.s1;
+    reaction.bit_Shutdown = reaction.bit_DisplayWarning = 1;
+    reaction.bit_ImmediatePowerOff = reaction.bit_DedicatedIndicator = 1;
+    EXPECT_EQ(MachineBuilder::Plain(feature), std::string("\0\x0A\0\5\0\0\0\0\4\xC1\7\xAA\0", 13));
+
+    FANDESCRIPTOR fan{};
+    fan.s1.bit_SpeedCntrl = fan.s1.bit_TachForFault = 1;
+    fan.s1.bit_AlwaysSpeedsUp = fan.s1.bit_FanBlkRedCapable = 1;
+    EXPECT_EQ(fan.usFanDescriptor, 0xAA);
+    INDCDESCRIPTOR light{};
+    light.s1.bit_InitialState = light.s1.bit_SWCtrl = light.s1.bit_SWCtrlSwtch = 1;
+    light.s1.bits_Buttons = 3;
+    EXPECT_EQ(light.usIndcDescriptor, 0xD5);
+
+    WOLEVREC settings{};
+    settings.data1.s.bits_APIC = settings.data1.s.bits_Mouse = 3;
+    settings.parallel.s.bits_Port = settings.vsp.s.bits_UART1 = 7;
+    settings.parallel.s.bits_IRQ = settings.vsp.s.bits_IRQ = 15;
+    settings.dma.s.bits_FloppyWrites = settings.flags.s.bits_PCIUSB = settings.flags2.s.bits_FanSpeed = 3;
+    settings.flags.s.bit_OptRom = settings.flags2.s.bit_NMI = 1;
+    settings.amp.s.bit_OnlineSpare = settings.amp.s.bit_DualCardMemory = 1;
+    settings.flags3.s.bits_ParallelPort = 7;
+    settings.flags3.s.bits_ACPI = settings.flags3.s.bits_CPU = 1;
+    settings.flags4.s.bits_USB = 3;
+    settings.flags4.s.bit_IPMILegacy = settings.flags5.s.bit_NXMPSupported = settings.flags5.s.bit_PCIXRiser =
+        1;
+    settings.flags5.s.bits_PowerOnDelay = 15;
+    EXPECT_EQ(MachineBuilder::Plain(settings),
+              std::string("\0\xCC\0\0\xF7\x30\x4C\x4C\5\x57\xF7\x0B\xF5", 13));
+    ZTTBT1STRUCT once{};
+    once.boot.s.b_mode = 15;
+    EXPECT_EQ(once.boot.bVal, 0xF0);
+
+    ZTSMBIOS_ZET_PROC_INFO processor{};
+    processor.bfBSP = 1;
+    EXPECT_EQ(MachineBuilder::Plain(processor), std::string("\0\0\0\0\0\0\0\1\0\0", 10));
+    GBX_PORT_MAP port{};
+    port.bayWidth = 1;
+    EXPECT_EQ(MachineBuilder::Plain(port), std::string("\0\x80", 2));
 }
 
 TEST(RequestBlocks, NoneFollowsAFailedOneInAWalkOfMemoryModules) {
