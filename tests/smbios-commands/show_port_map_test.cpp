@@ -24,9 +24,9 @@ std::string Map(const SmbiosRecord& record) {
     return bytes;
 }
 
-// The map contains only the last port of the record: port 1 of slot 10, with offset 21. All bits that aren't
+// The map contains only the last port of the record: port 2 of slot 10, with offset 21. All bits that aren't
 // printed are set.
-constexpr uint8_t kLastPort[] = {0xAD, 0xF5};
+constexpr uint8_t kLastPort[] = {0xAE, 0xF5};
 const std::string kMap = Map(PortMapRecord(2, {{3, 7, CopyOf<GBX_PORT_MAP>(kLastPort)}}));
 
 struct Case {
@@ -44,9 +44,9 @@ const Case kCases[] = {
     {"a rack record without the field", RackRecord(1, "", "5").TruncateTo(7).Bytes() + kMap, kNoBay},
     {"no port map", Rack("5"), "\nERROR: Failed to get SMBIOS system data.\n\n"},
     {"bits of a neighbouring field", Rack("5") + kMap,
-     kHeading + "10        1         8         26        \n\n\n"},
+     kHeading + "10        2         8         26        \n\n\n"},
     {"a sum that wraps", Rack(" 99999999999") + kMap,
-     kHeading + "10        1         8         2147483647\n\n\n"},
+     kHeading + "10        2         8         2147483647\n\n\n"},
     {"a port beyond the record",
      Rack("5") + Map(PortMapRecord(2, {{3, 7, {1, 0, 1, 0, 0, 0}}}).TruncateTo(68)), kHeading + "\n\n"},
 };
