@@ -108,7 +108,7 @@ constexpr KeyCase kKeys[] = {
     {"the TAB after a completed word is the second of a pair", "sh<Tab><Tab>", "sh<Erase 2>SHOW <Erase 5>SHOW ", "SHOW ", 5},
     {"the TAB after a completed prefix is the second of a pair", "show s<Tab><Tab>",
         "show s<Bell><Erase 6>SHOW SER<Bell><Erase 8>SHOW SER", "SHOW SER", 8},
-    {"a single candidate is listed",               "SHOW <Tab><Tab>",          "SHOW <Erase 5>SHOW ",            "SHOW ", 5},
+    {"a single candidate is listed",               "show <Tab><Tab>",          "show <Erase 5>SHOW ",            "SHOW ", 5},
     {"a synonym is listed",                        "show f<Tab><Tab>",
         "show f<Bell><Erase 6>SHOW f<Bell><NL>[ F1 | FAN ]<NL>brantcli> SHOW f", "SHOW f", 6},
     {"the third TAB makes a pair with the second", "s<Tab><Tab><Tab>", "s<Bell><Erase 1>s<Bell><NL>[ SET | SHOW ]<NL>brantcli> s<Bell><Erase 1>s", "s", 1},
@@ -173,6 +173,8 @@ TEST(Editor, BeginsWithAnEmptyHistory) {
     EXPECT_FALSE(RepeatsNewest("AA"));
     EXPECT_FALSE(RepeatsNewest("a"));
     EXPECT_FALSE(RepeatsNewest("aa "));
+    Type("\"\"<Enter>");
+    EXPECT_EQ(history_index, 2) << "a line whose only word is empty isn't stored";
 }
 
 TEST(Editor, WritesTheRightBytesForEachKey) {

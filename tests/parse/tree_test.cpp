@@ -71,7 +71,8 @@ TEST(CommandTree, GivesASynonymTheChildrenOfItsCommand) {
 
 TEST(Help, LimitsLineAndUsageLengthsAndAllowsMissingTexts) {
     const EmptyTree tree;
-    const std::string a(70, 'A'), b(6, 'B'), d(76, 'D'), usage(250, 'x'), help = "USAGE:" + usage;
+    const std::string a(70, 'A'), b(6, 'B'), d(76, 'D'), usage(250, 'x'), help = "USAGE:" + usage,
+                                                                          equal = help;
     for (const char* token : {b.c_str(), "C", d.c_str(), a.c_str()}) {
         AppendCmd(Cmds, token, nullptr, nullptr, Nothing);
     }
@@ -86,18 +87,20 @@ TEST(Help, LimitsLineAndUsageLengthsAndAllowsMissingTexts) {
     EXPECT_EQ(Printed([](InputLineType&) { Print_Tree(Cmds, 1); }, ""),
               "\t" + a + " | " + b + " | C | " + d + "\n")
         << "the four commands share a help text, so they are on one line and their children aren't printed";
+    AppendCmd(current_command, "TWIN", nullptr, equal.c_str(), Nothing);
+    EXPECT_EQ(Printed([](InputLineType&) { Print_Tree(current_command, 0); }, ""), "SUB\nTWIN\n")
+        << "equal help texts count as one";
 }
 
 TEST(CommandTree, EndsTheProcessIfASiblingHasTheSameToken) {
     const auto append_again = [](const char* token) {
         std::freopen("/dev/stderr", "w", stdout);
         CreateCommands();
-        AppendCmd(Cmds, token, nullptr, "", Nothing);
+        AppendCmd(FindChild(Cmds, "SHOW"), token, nullptr, "", Nothing);
     };
-    for (const std::string token : {"CLEAR", "SHOW"}) {
-        EXPECT_EXIT(
-            append_again(token.c_str()), testing::ExitedWithCode(1),
-            "Error " + token + " is not unique subcommand of Top Level of Command Tree.\nCommand tree");
+    for (const std::string token : {"ASR", "WOL"}) {  // the first and the last child
+        EXPECT_EXIT(append_again(token.c_str()), testing::ExitedWithCode(1),
+                    "Error " + token + " is not unique subcommand of SHOW.\nCommand tree");
     }
 }
 
@@ -123,7 +126,7 @@ const LineCase kLines[] = {
     // cases: help
     {"the first command is on a separate line", {"?", kAllCommands}},
     {"TREE is a command",      {"HELP TREE X", kRootHelp}},
-    {"a quoted TREE in lower case is converted to upper case", {"HELP \"tree\"", kRootHelp}},
+    {"a quoted word in lower case is converted to upper case", {"HELP \"tree\";HELP \"exit\"", kRootHelp + "\n" + kRootHelp}},
     {"an empty word is no word",  {"HELP \"\"", kRootHelp}},
     {"the search starts at HELP",                {"help set serial", "\nUSAGE: SET SERIAL [ BIOS | EMBEDDED | VIRTUAL ]"}},
     {"a word after a leaf continues the search",  {"HELP SHOW FANS SHOW", "\nUSAGE: SHOW FANS: Shows info on installed fans."}},
