@@ -87,7 +87,8 @@ const Case kCases[] = {
                                                                  Cached(0x72, 2, 0x0200).replace(7, 1, "\3") +
                                                                  Caches(0x72, 0x73).Bytes()},
     {"an empty cache", Cached(0x72, 2, 0x8000) + Caches(0x72).Bytes()},
-    {"handle 0xFFFF looked up", Cached(kNoHandle, 2, 8) + Caches(kNoHandle).Bytes()},
+    {"handle 0xFFFF looked up, or L3 ignored without L2",
+     Cached(kNoHandle, 2, 8) + Cached(0x73, 3, 16) + Caches(kNoHandle, 0x73).Bytes()},
     {"a missing handle taken for 0", Cached(0, 2, 8) + Caches(0, 0).TruncateTo(28).Bytes()},
     {"a record that isn't a cache, or a later one",
      BiosRecord("", "").Bytes() + Cached(0, 2, 8) + Caches(0).Bytes()},
