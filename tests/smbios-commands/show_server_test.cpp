@@ -12,26 +12,29 @@ TEST(ShowServer, MatchesTheGoldenFileOfEachModel) {
 }
 
 // Tests values that no model has: other processor states and numbers of threads, the largest stepping and
-// clocks, a size that isn't a multiple of 1 MiB, a form factor above 9.
+// clocks, sizes that aren't multiples of 1 MiB, a form factor above 9.
 TEST(ShowServer, NamesProcessorStatesAndRoundsSizesDown) {
     std::string records = SystemRecord("Corvex", "").Bytes() + BiosRecord("", "").Bytes();
     records += MemoryArrayRecord({1}).Bytes();
     for (const unsigned state : {0x45, 0x42, 0x40}) {
         Processor part = {2, "", 0xFFFF, 1};
         part.status = static_cast<uint8_t>(state);
-        part.threads = state == 0x45 ? 128 : 0;
+        part.threads = state == 0x42 ? 0 : 128;
+        if (state == 0x40) part.cores = 0;
         part.id = UINT32_MAX;
         part.bus = 0xFFFF;
         records += ProcessorRecord(part).Bytes();
     }
-    LoadedTables tables(records + MemoryDeviceRecord({3, 1, "", 0x8000 | 2047, 0xFFFF, 12}).Bytes());
+    records += MemoryDeviceRecord({3, 1, "", 0x8000 | 1535, 0xFFFF, 12}).Bytes();
+    LoadedTables tables(records + MemoryDeviceRecord({4, 1, "", 0x8000 | 512}).Bytes());
     const std::string output = tables.Machine().Script("SHOW SERVER;SHOW DIMM").output;
-    for (const char* text :
-         {": Failed\n", ": Disabled\n", ": Unknown\n", "Thread       : -128\n", "Thread       : 0\n",
-          "Stepping     : 15\n", "Speed        : 65535 MHz\n", "Bus          : 65535 MHz\n",
-          "Speed:          65535 MHz\n", ": 1 MBytes\n", ":           1 MB\n", ":    ah\n"}) {
+    for (const char* text : {": Failed\n", ": Disabled\n", ": Unknown\n", "Thread       : -128\n",
+                             "Thread       : 0\n", "Stepping     : 15\n", "Speed        : 65535 MHz\n",
+                             "Bus          : 65535 MHz\n", "Speed:          65535 MHz\n", ": 1 MBytes\n",
+                             ":           1 MB\n", ":           0 MB\n", ":    ah\n"}) {
         EXPECT_NE(output.find(text), output.npos) << "expected: " << text << "actual:\n" << output;
     }
+    EXPECT_EQ(output.find("Core         : 0"), output.npos) << "threads without cores are shown";
 
     EXPECT_TRUE(tables.Load(SystemRecord("Corvex", "").Bytes()));
     EXPECT_EQ(get_dimminfo_smbios(), 1) << "expected 1 for tables without memory sockets";

@@ -88,6 +88,8 @@ const Case kCases[] = {
      MemoryDeviceRecord({0, kHandle, "", 1, 1}).Bytes() +
          DimmLocationRecord(1, 0, 5, 6).TruncateTo(5).Bytes(),
      "0.1 1024 1 8/5\n"},
+    {"an OEM record without the socket ignored",
+     At("DIMM 4").Bytes() + DimmLocationRecord(1, 0x11, 5, 6).TruncateTo(7).Bytes(), "5.0 1024 1 8/5\n"},
     // cases: several arrays
     {"modules in the order of devices, or numbered per array", kSeveral,
      "1.1 1024 0 8/5\n1.4 4096 0 8/5\n3.3 2048 0 8/5\n4.3 2048 0 8/5\n"},
