@@ -29,7 +29,7 @@ const Case kCases[] = {
     {"no sensors",           "cdt/251.0.0",  "\20\0\20"sv,   Fails("SHOW TEMP", "\nINFO: No temperature sensors found.", kAnything)},
     {"no supplies",          "cdt/151.0.0",  "\0\1\0\0\0"sv, {"SHOW POWERSUPPLY", "", kAnything}},
     {"a truncated record",   kLight,         "\0"sv,         {"SHOW UID", "\nUID is currently off.", kAnything}},
-    {"an undefined state",   kLight,         "\1\7\0\0\1"sv, {"SHOW UID", "\nUID is currently in an unknown state.", kAnything}},
+    {"an undefined state",   kLight,         "\1\202\0\0\1"sv, {"SHOW UID", "\nUID is currently in an unknown state.", kAnything}},
     {"no lights",            "cdt/1500.0.0", "\0\1\0"sv,     Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
     {"lights without state", "cdt/1500.0.0", "\1\0\0"sv,     Fails("SET UID ON", "\nERROR: This server does not support the SET UID command.", kAnything)},
 };

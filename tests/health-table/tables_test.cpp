@@ -61,7 +61,7 @@ constexpr FanCase kFans[] = {
     {"a failed fan counts as present",
      [](Fan& f) { f.Legacy(0, 1, 3), f.feature.DeviceState.usDeviceState = kPresent | kFailed; }},
     // cases: the speed
-    {"an undefined speed state has a name", [](Fan& f) { f.basic.ucSpeedState = 255; }},
+    {"an undefined speed state has a name", [](Fan& f) { f.basic.ucSpeedState = 0x83; }},
     {"a percentage is read as a signed byte", [](Fan& f) { f.basic.ucSpeedPct = 255; }},
 };
 // clang-format on
@@ -79,7 +79,7 @@ struct SensorCase {
 // clang-format off
 constexpr SensorCase kSensors[] = {
     {"presence is read from another bit",         kMax1617, 0xFFFE, 0x0000, {1, 1, 20, 1, 50, 0, 0}},
-    {"an unknown kind can be absent", 255,     kAbsent, 0x0000, {1, 1, 20, 1, 50, 0, 0}},
+    {"an unknown kind can be absent",         0x85,     kAbsent, 0x0000, {1, 1, 20, 1, 50, 0, 0}},
     {"bits next to the location are read", kLm75, kPresent, 0xFEA3, {1, 1, 20, 1, 50, 0, 0}},
     {"only the value 1 means valid",           kLm75,    kPresent, 0x0002, {0, 128, 20, 255, 50, 0, 0}},
     {"the previous temperature is used",    kLm75,    kPresent, 0x0002, {1, 0, 20, 0, 50, 1, 99}},

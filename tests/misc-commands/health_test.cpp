@@ -60,14 +60,14 @@ TEST(ShowDimm, PrintsLargeNumbersAsSignedOrHexadecimal) {
     config.dimmInfo.ulSize = config.dimmInfo.ulSpeed = 0x80000000;
     machine.Table(kModuleConfigTable, kBoardIndex, 0, config);
     RESMEM_DIMM_STATUS status{};
-    status.ulStatus = 0xFFFFFFFF;
+    status.ulStatus = 0xFFFFFF02;
     machine.Table(kModuleStatusTable, kBoardIndex, 0, status);
     machine.NoTable(kModuleConfigTable, kBoardIndex, 1);
     EXPECT_EQ(machine.Script("SHOW DIMM").output,
               "\nDIMM Configuration\n------------------"
               "\nCartridge #:   -1\nModule #:      -1\nPresent:       No\nForm Factor:   ffffffffh"
               "\nMemory Type:   ffffffffh\nSize:          -2147483648 MB\nSpeed:         -2147483648 MHz"
-              "\nStatus:        Unknown - 0xffffffff\n\n\n");
+              "\nStatus:        Unknown - 0xffffff02\n\n\n");
 }
 
 struct WalkCase {
@@ -81,10 +81,10 @@ struct WalkCase {
 
 // clang-format off
 constexpr WalkCase kWalks[] = {
-    {"cartridges are read, too",              true,  2,          3,          {0, 5, 0, {}, 0, 0, 0}, 2,   "1706.255.1"},
+    {"cartridges are read, too",              true,  2,          3,          {0, 256, 0, {}, 0, 0, 0}, 2, "1706.255.1"},
     {"the board is ignored without counts",   false, 0,          0,          {0, 5, 0, {}, 0, 0, 0}, 20,  "1706.255.19"},
     {"a board without modules is read",       true,  2,          3,          {0, 0, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
-    {"another cartridge is the board",        true,  2,          3,          {1, 2, 0, {}, 0, 0, 0}, 6,   "1706.2.1"},
+    {"another cartridge is the board",        true,  2,          3,          {256, 2, 0, {}, 0, 0, 0}, 6, "1706.2.1"},
     {"other counts if there is no record",    false, 0,          0,          {1, 2, 0, {}, 0, 0, 0}, 400, "1706.19.19"},
     {"a socket of no cartridge is read",      true,  2,          0,          {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
     {"a count below 0 is used",               true,  0x80000000, 1,          {1, 2, 0, {}, 0, 0, 0}, 0,   ""},
