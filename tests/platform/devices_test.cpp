@@ -1,7 +1,5 @@
-// Tests of the files of the ROM variables, and of an event log that changes. calls.txt tests the other
-// requests.
+// Tests of an event log that changes, and of a long one. calls.txt tests the other requests.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -10,26 +8,6 @@
 
 #include "platform/request.h"
 #include "tests/platform/make_call.h"
-
-TEST(Devices, WriteTheLongestVariableAndKeepOnlyReadAndWriteBits) {
-    TestMachine machine;
-    machine.Variable("ZTHCPR", std::string("\1\2\3\4"));
-    const std::string changed = machine.Directory() + "/crom/ZTHCPR";
-    chmod(changed.c_str(), 07577);
-    const std::string longest(255, 'N'), every_byte(256, '\x5a');
-    ExpectCalls(machine, "open crom -> 0; crom write ZTHCPR length=2 data=aabb -> 0; crom write " + longest +
-                             " length=256 data=" + Hexadecimal(every_byte) +
-                             " -> 0 # the longest name, the longest value;"
-                             "crom read " +
-                             longest + "N length=1 -> 1 # a name without NUL");
-    EXPECT_EQ(machine.Read("crom/" + longest), every_byte);
-    const auto mode = [](const std::string& path) {
-        return static_cast<unsigned>(std::filesystem::status(path).permissions());
-    };
-    EXPECT_EQ(mode(changed), 0466u) << "a changed file should keep its read and write bits, and no others";
-    EXPECT_EQ(mode(machine.Directory() + "/crom/" + longest), 0644u) << "a new file has the wrong mode";
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(machine.Directory() + "/crom"), {}), 3);
-}
 
 // Changes the log while a listing reads it: overwrites it, or replaces it with another file.
 TEST(Devices, ListTheCurrentLog) {

@@ -109,6 +109,8 @@ std::string CloseMemory(Words) {
     return "";
 }
 
+int callback_result = PICL_WALK_CONTINUE;
+
 // Walks the tree. The reply consists of one byte of the property "id" of each node, or ff if it has none.
 std::string WalkPicl(Words words) {
     std::string ids;
@@ -116,10 +118,16 @@ std::string WalkPicl(Words words) {
         uint32_t id = 0xFF;
         picl_get_propval_by_name(node, "id", &id, sizeof id);
         *static_cast<std::string*>(arg) += static_cast<char>(id);
-        return PICL_WALK_CONTINUE;
+        return callback_result;
     };
     const int result = picl_walk_tree_by_class(root, words[1].c_str(), &ids, add_id);
     return Answer(result, ids);
+}
+
+std::string GetPiclProperty(Words words) {
+    std::string value(8, kUnwritten);
+    const int result = picl_get_propval_by_name(root, words[1].c_str(), value.data(), Number(words[2]));
+    return Answer(result, value);
 }
 
 // clang-format off
@@ -144,6 +152,9 @@ const struct {
     {"picl initialize", [](Words) { return Answer(picl_initialize()); }},
     {"picl root", [](Words) { return Answer(picl_get_root(&root)); }},
     {"picl walk (.+)", WalkPicl},
+    {"picl get (\\S+) (\\d+)", GetPiclProperty},
+    {"move root (\\S+)", [](Words w) { root += Number(w[1]).value; return std::string(); }},
+    {"callbacks return (\\d+)", [](Words w) { callback_result = Number(w[1]); return std::string(); }},
 };
 // clang-format on
 
