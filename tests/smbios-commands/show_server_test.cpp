@@ -27,14 +27,8 @@ TEST(ShowServer, NamesProcessorStatesAndRoundsSizesDown) {
     }
     records += MemoryDeviceRecord({3, 1, "", 0x8000 | 1535, 0xFFFF, 12}).Bytes();
     LoadedTables tables(records + MemoryDeviceRecord({4, 1, "", 0x8000 | 512}).Bytes());
-    const std::string output = tables.Machine().Script("SHOW SERVER;SHOW DIMM").output;
-    for (const char* text : {": Failed\n", ": Disabled\n", ": Unknown\n", "Thread       : -128\n",
-                             "Thread       : 0\n", "Stepping     : 15\n", "Speed        : 65535 MHz\n",
-                             "Bus          : 65535 MHz\n", "Speed:          65535 MHz\n", ": 1 MBytes\n",
-                             ":           1 MB\n", ":           0 MB\n", ":    ah\n"}) {
-        EXPECT_NE(output.find(text), output.npos) << "expected: " << text << "actual:\n" << output;
-    }
-    EXPECT_EQ(output.find("Core         : 0"), output.npos) << "threads without cores are shown";
+    ExpectGolden("smbios-commands/unusual_values.txt",
+                 tables.Machine().Script("SHOW SERVER;SHOW DIMM").output);
 
     EXPECT_TRUE(tables.Load(SystemRecord("Corvex", "").Bytes()));
     EXPECT_EQ(get_dimminfo_smbios(), 1) << "expected 1 for tables without memory sockets";
