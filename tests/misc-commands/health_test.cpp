@@ -8,6 +8,7 @@
 #include "include/health_records.h"
 #include "include/memory_records.h"
 #include "mkmachine/models.h"
+#include "tests/support/golden.h"
 #include "tests/support/test_machine.h"
 
 namespace {
@@ -25,11 +26,7 @@ TEST(ShowPowerSupply, ReadsOnlyItsBits) {
     third.DeviceState.usDeviceState = kPresent | kFailed | kRedundant;
     machine.Table(kSupplyFeatureTable, 2, 0, third);
     machine.Table(kSupplyBasicTable, 2, 0, POWERSUPPLYBASIC{0, {1}});
-    EXPECT_EQ(machine.Script("SHOW POWERSUPPLY").output,
-              "\nPower supply #1\n\tPresent : No\n\tRedundant: No\n\tCondition: Ok"
-              "\n\tHotplug  : Not supported\n\nPower supply #2\n\tPower Supply not present\n"
-              "\nPower supply #3\n\tPresent : Yes\n\tRedundant: Yes\n\tCondition: DEGRADED"
-              "\n\tHotplug  : Supported\n\nPower supply #4\nERROR \"SHOW POWERSUPPLY\" command failed.\n\n");
+    ExpectGolden("misc-commands/power_supplies.txt", machine.Script("SHOW POWERSUPPLY").output);
 }
 
 constexpr char kControlFile[] = "cdt/1503.0.0";
@@ -63,11 +60,7 @@ TEST(ShowDimm, PrintsLargeNumbersAsSignedOrHexadecimal) {
     status.ulStatus = 0xFFFFFF02;
     machine.Table(kModuleStatusTable, kBoardIndex, 0, status);
     machine.NoTable(kModuleConfigTable, kBoardIndex, 1);
-    EXPECT_EQ(machine.Script("SHOW DIMM").output,
-              "\nDIMM Configuration\n------------------"
-              "\nCartridge #:   -1\nModule #:      -1\nPresent:       No\nForm Factor:   ffffffffh"
-              "\nMemory Type:   ffffffffh\nSize:          -2147483648 MB\nSpeed:         -2147483648 MHz"
-              "\nStatus:        Unknown - 0xffffff02\n\n\n");
+    ExpectGolden("misc-commands/dimm.txt", machine.Script("SHOW DIMM").output);
 }
 
 struct WalkCase {
