@@ -8,12 +8,12 @@
 #include "cli/smbios-commands/inventory.h"
 #include "include/smbios_records.h"
 #include "mkmachine/firmware_records.h"
+#include "tests/support/golden.h"
 #include "tests/support/loaded_tables.h"
 
 namespace {
 
 constexpr char kOtherMaker[] = "ERROR: brantcli only runs on VX hardware.\n\n";
-const std::string kOtherLine = "ERROR: brantcli only runs on VX Corvex Servers.\n\n";
 
 struct SignatureCase {
     const char* catches;
@@ -40,55 +40,41 @@ std::string System(const char* product) {
 struct ServerCase {
     const char* catches;
     std::string tables;
-    std::string output;  // the beginning of the output of SHOW SERVER
 };
 
 const ServerCase kServers[] = {
     // cases: the product name must begin with the server line "Corvex"
-    {"the name is accepted anywhere in the product name", System("Vertex Corvex"), kOtherLine},
-    {"a part of the name is accepted", System("Corve"), kOtherLine},
-    {"the case of letters matters", System("cORVEX9") + kRom + kArray, "\nSystem        : cORVEX9\n"},
-    {"an empty product name is accepted", System(""), kOtherLine},
-    {"a missing system record is accepted", kRom,
-     "\nERROR: Failed to get SMBIOS system data.\nThis does not seem to be a VX Corvex Server." + kOtherLine},
+    {"the name is accepted anywhere in the product name", System("Vertex Corvex")},
+    {"a part of the name is accepted", System("Corve")},
+    {"the case of letters matters", System("cORVEX9") + kRom + kArray},
+    {"an empty product name is accepted", System("")},
+    {"a missing system record is accepted", kRom},
     // cases: the records that the command requires
-    {"the command runs without tables", "",
-     "\nThis command requires an SMBIOS which is not available on this sytem.\n\n"},
-    {"the ROM record is checked before the memory", System("Corvex"),
-     "\nERROR: Failed to get SMBIOS memory data.\n\n"},
-    {"the command runs without a ROM record", System("Corvex") + kArray,
-     "\nERROR: Failed to get SMBIOS ROM data.\n\n"},
+    {"the command runs without tables", ""},
+    {"the ROM record is checked before the memory", System("Corvex")},
+    {"the command runs without a ROM record", System("Corvex") + kArray},
 };
 
 // A NIC that is present because its bus number isn't 0, and another one.
 constexpr smbios_nic kNic = {0, 1, {0, 1, 2, 3, 4, 0xFF}};
 constexpr smbios_nic kOther = {8, 0, {6, 7, 8, 9, 10, 11}};
 constexpr smbios_nic kNone = {0, 0, {9, 9, 9, 9, 9, 9}};
-const std::string kMac1 = "\n\tNIC1 MAC: 00:01:02:03:04:ff";
-
-// Returns the lines that SHOW SERVER prints for ten NICs; only the first eight have addresses.
-std::string ManyNics() {
-    std::string lines = "10" + kMac1;
-    for (int i = 2; i <= 8; ++i) lines += "\n\tNIC" + std::to_string(i) + " MAC: 06:07:08:09:0a:0b";
-    return lines;
-}
 
 struct NicCase {
     const char* catches;
     std::vector<smbios_nic> rom;  // entries of the ROM variable; if empty, the variable doesn't exist
     std::string record;           // the OEM record of the NICs
-    std::string lines;
 };
 
 // clang-format off
 const NicCase kNics[] = {
-    {"an empty entry of the ROM variable counts, or the eighth doesn't", {kNic, kNone, kNone, kNone, kNone, kNone, kNone, kOther}, "", "2" + kMac1 + "\n\tNIC2 MAC: 09:09:09:09:09:09"},
-    {"0 NICs are reported as unknown", {kNone}, "", "0"},
-    {"neither the record nor the variable exists", {}, "", "UNKNOWN"},
-    {"the ROM variable is preferred to the record, or empty entries are stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes(), "2" + kMac1 + "\n\tNIC2 MAC: 06:07:08:09:0a:0b"},
-    {"entries after the eighth NIC are stored, or an empty one counts", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes(), ManyNics()},
-    {"the ROM variable is used because the record has no NIC", {kOther}, NicRecord(1, {kNone}).Bytes(), "0"},
-    {"a truncated entry counts", {}, NicRecord(1, {kNic, kOther}).TruncateTo(19).Bytes(), "1" + kMac1},
+    {"an empty entry of the ROM variable counts, or the eighth doesn't", {kNic, kNone, kNone, kNone, kNone, kNone, kNone, kOther}, ""},
+    {"0 NICs are reported as unknown", {kNone}, ""},
+    {"neither the record nor the variable exists", {}, ""},
+    {"the ROM variable is preferred to the record, or empty entries are stored", {kOther}, NicRecord(1, {kNone, kNic, kNone, kOther}).Bytes()},
+    {"entries after the eighth NIC are stored, or an empty one counts", {}, NicRecord(1, {kNic, kNone, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kOther, kNone}).Bytes()},
+    {"the ROM variable is used because the record has no NIC", {kOther}, NicRecord(1, {kNone}).Bytes()},
+    {"a truncated entry counts", {}, NicRecord(1, {kNic, kOther}).TruncateTo(19).Bytes()},
 };
 // clang-format on
 
@@ -149,23 +135,14 @@ TEST(RomSignature, EndsTheProgramIfItCannotBeMapped) {
     EXPECT_EQ(machine.TakeTrace(), "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> -1 errno=6\nxsvc close\n");
 }
 
-TEST(FirmwareTables, AreCopiedAndUnmapped) {
-    LoadedTables tables(System("Corvex"));
-    TestMachine& machine = tables.Machine();
-    machine.StartTrace();
-    machine.Script("EXIT");
-    const std::string area = "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> 0\nxsvc close\nxsvc unmap 65536\n";
-    EXPECT_EQ(machine.TakeTrace("xsvc "),
-              area + area + "xsvc open -> 0\nxsvc map 0x000e8000 4096 -> 0\nxsvc close\nxsvc unmap 4096\n");
-}
-
 TEST(FirmwareTables, DecideWhetherTheProgramAndShowServerRun) {
+    std::string listing;
     for (const ServerCase& c : kServers) {
         LoadedTables tables(c.tables);
-        const RunResult result = tables.Machine().Script("SHOW SERVER");
-        EXPECT_EQ(result.output.substr(0, c.output.size()), c.output) << c.catches;
-        EXPECT_EQ(result.status, c.output.find("System  ") == std::string::npos ? 1 : 0) << c.catches;
+        const RunResult run = tables.Machine().Script("SHOW SERVER");
+        listing += c.catches + (": status " + std::to_string(run.status)) + "\n" + run.output;
     }
+    ExpectGolden("brantcli/servers.txt", listing);
     LoadedTables long_name(System(std::string(70, 'x').c_str()));
     EXPECT_EQ(smbios_get_systemname(), 0);
     EXPECT_EQ(detect_corvex(), 1);
@@ -175,6 +152,7 @@ TEST(FirmwareTables, DecideWhetherTheProgramAndShowServerRun) {
 }
 
 TEST(EmbeddedNics, AreReadFromTheOemRecordOrElseFromTheRomVariable) {
+    std::string listing;
     for (const NicCase& c : kNics) {
         LoadedTables tables(kRom + System("Corvex") + kArray + c.record);
         TestMachine& machine = tables.Machine();
@@ -182,11 +160,8 @@ TEST(EmbeddedNics, AreReadFromTheOemRecordOrElseFromTheRomVariable) {
         for (const smbios_nic& nic : c.rom) variable += MachineBuilder::Plain(nic);
         machine.Variable("ZTHMAC", variable);
         if (c.rom.empty()) machine.Remove("crom/ZTHMAC");
-        EXPECT_EQ(ServerText(machine, "NICs : ", "\n\nProcessor"), c.lines) << c.catches;
-        const bool unknown = machine.Script("EXIT").output ==
-                             "\nFailed to read embedded NIC status.\nThis system may not have any embedded "
-                             "NICs installed.\n\n\n";
-        EXPECT_EQ(unknown, c.lines == "UNKNOWN") << c.catches;
+        listing += c.catches + machine.Script("EXIT").output;
+        listing += "Embedded NICs : " + ServerText(machine, "NICs : ", "\n\nProcessor") + "\n";
 
         std::memset(zthmac, 0xEE, sizeof zthmac);
         get_embedded_nics_smbios();
@@ -195,6 +170,7 @@ TEST(EmbeddedNics, AreReadFromTheOemRecordOrElseFromTheRomVariable) {
                 << c.catches << ": the PCI address at byte " << i << " was written";
         }
     }
+    ExpectGolden("brantcli/nics.txt", listing);
 }
 
 TEST(ManagementProcessor, IsSearchedForInThePiclTree) {
