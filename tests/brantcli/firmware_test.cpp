@@ -126,15 +126,6 @@ TEST(RomSignature, DecidesWhetherTheProgramRuns) {
     }
 }
 
-TEST(RomSignature, EndsTheProgramIfItCannotBeMapped) {
-    TestMachine machine;
-    machine.Fault("xsvc map 0x000f0000 -6");
-    machine.StartTrace();
-    const RunResult result = machine.Script("EXIT");
-    EXPECT_EQ(result.output + result.errors, kOtherMaker);
-    EXPECT_EQ(machine.TakeTrace(), "xsvc open -> 0\nxsvc map 0x000f0000 65536 -> -1 errno=6\nxsvc close\n");
-}
-
 TEST(FirmwareTables, DecideWhetherTheProgramAndShowServerRun) {
     std::string listing;
     for (const ServerCase& c : kServers) {

@@ -15,13 +15,14 @@
 namespace {
 
 // Runs the program and makes it append its output to the machine's trace, so that the order of the output and
-// the calls is visible. Returns the trace from the first occurrence of `first` on, and the exit status.
+// the calls is visible. Returns the trace from the first occurrence of `first` on, the errors and the exit
+// status.
 std::string RunInOrder(TestMachine& machine, const std::string& words, const char* first = "open cdt",
                        const RunOptions& options = {}) {
     machine.StartTrace();
     const std::string command = InShell("brantcli_interposed") + words + " >> \"$BRANT_MACHINE/trace\"";
     const RunResult run = RunProgram("/bin/sh", {"-c", command}, machine.Directory(), options);
-    const std::string all = machine.Read("trace") + "[" + std::to_string(run.status) + "]\n";
+    const std::string all = machine.Read("trace") + run.errors + "[" + std::to_string(run.status) + "]\n";
     return "\nbrantcli" + words + "\n" + all.substr(std::min(all.find(first), all.size()));
 }
 
@@ -48,6 +49,8 @@ TEST(StartUp, RunsItsStepsInOrder) {
         machine.Remove(device);
         runs += std::string("\nno ") + device + RunInOrder(machine, " -s HELP");
     }
+    machine.Fault("xsvc map 0x000f0000 -6");
+    runs += RunInOrder(machine, " -s EXIT", "xsvc");
     ExpectGolden("brantcli/runs.txt", runs);
 }
 
