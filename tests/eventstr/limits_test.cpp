@@ -257,8 +257,10 @@ TEST(Events, HaveNoTextUnderAnyOtherCode) {
         for (const int code : {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12,  13,  14,  15,   16,
                                17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 255, 256, 257, 65535}) {
             if (known.count({event_class, code}) != 0) continue;
+            const std::string text = "Unknown Event (Class " + std::to_string(event_class) + ", Code " +
+                                     std::to_string(code) + ")";
             EXPECT_EQ(Translate(static_cast<uint16_t>(event_class), static_cast<uint16_t>(code), payload),
-                      (Translation{Fallback(event_class, code), false}));
+                      (Translation{text, false}));
         }
     }
     EXPECT_EQ(Translate(0, 7, ""), (Translation{"Empty", true}));

@@ -39,7 +39,3 @@ inline Translation TranslateEntry(const std::string& bytes, unsigned capacity = 
 inline Translation Translate(uint16_t event_class, uint16_t code, const std::string& payload) {
     return TranslateEntry(EventEntry(EventHeader(1, kCaution, event_class, code), payload));
 }
-
-inline std::string Fallback(int event_class, int code) {
-    return "Unknown Event (Class " + std::to_string(event_class) + ", Code " + std::to_string(code) + ")";
-}

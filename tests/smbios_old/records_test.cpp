@@ -7,13 +7,9 @@
 #include "mkmachine/smbios_table.h"
 #include "tests/support/loaded_tables.h"
 
-namespace {
+using namespace std::string_literals;
 
-// Converts a literal that contains NULs to a string.
-template <size_t kSize>
-std::string Raw(const char (&bytes)[kSize]) {
-    return std::string(bytes, kSize - 1);
-}
+namespace {
 
 // Walks the records and returns the low byte of each handle.
 std::string Handles() {
@@ -34,18 +30,18 @@ struct WalkCase {
 // two NULs if there are no strings.
 const WalkCase kWalks[] = {
     // cases: the offset of the next record
-    {"two NULs without strings not skipped", Raw("\1\4a\0\0\0\2\4b\0\0\0"), "ab"},
-    {"NULs in the formatted area taken for the end of the strings", Raw("\1\6a\0\0\0\0\0\2\4b\0\0\0"), "ab"},
-    {"the end of a string taken for the end of the strings", Raw("\1\4a\0x\0y\0\0\2\4b\0\0\0"), "ab"},
-    {"strings that begin with an empty one", Raw("\1\4a\0\0x\0\0\2\4b\0\0\0"), "ab"},
-    {"the end-of-table record taken for the end", Raw("\177\4a\0\0\0\2\4b\0\0\0"), "ab"},
+    {"two NULs without strings not skipped", "\1\4a\0\0\0\2\4b\0\0\0"s, "ab"},
+    {"NULs in the formatted area taken for the end of the strings", "\1\6a\0\0\0\0\0\2\4b\0\0\0"s, "ab"},
+    {"the end of a string taken for the end of the strings", "\1\4a\0x\0y\0\0\2\4b\0\0\0"s, "ab"},
+    {"strings that begin with an empty one", "\1\4a\0\0x\0\0\2\4b\0\0\0"s, "ab"},
+    {"the end-of-table record taken for the end", "\177\4a\0\0\0\2\4b\0\0\0"s, "ab"},
     // cases: the end of the tables
-    {"a last record with truncated strings not found", Raw("\1\4a\0\0\0\2\4b\0x"), "ab"},
-    {"a last record truncated after its formatted area not found", Raw("\1\4a\0\0\0\2\4b\0"), "ab"},
-    {"a truncated formatted area accepted", Raw("\1\4a\0\0\0\2\6b\0\0"), "a"},
-    {"a truncated header accepted", Raw("\1\4a\0\0\0\2\4b"), "a"},
-    {"a length of 3 accepted", Raw("\1\4a\0\0\0\2\3b\0\0\0\3\4c\0\0\0"), "a"},
-    {"length 0 accepted, an endless walk", Raw("\2\0b\0\0\0"), ""},
+    {"a last record with truncated strings not found", "\1\4a\0\0\0\2\4b\0x"s, "ab"},
+    {"a last record truncated after its formatted area not found", "\1\4a\0\0\0\2\4b\0"s, "ab"},
+    {"a truncated formatted area accepted", "\1\4a\0\0\0\2\6b\0\0"s, "a"},
+    {"a truncated header accepted", "\1\4a\0\0\0\2\4b"s, "a"},
+    {"a length of 3 accepted", "\1\4a\0\0\0\2\3b\0\0\0\3\4c\0\0\0"s, "a"},
+    {"length 0 accepted, an endless walk", "\2\0b\0\0\0"s, ""},
 };
 
 struct StringCase {
@@ -56,15 +52,15 @@ struct StringCase {
 };
 
 const StringCase kStrings[] = {
-    {"number 0", Raw("\1\4a\0one\0two\0\0"), 0, nullptr},
-    {"the first", Raw("\1\4a\0one\0two\0\0"), 1, "one"},
-    {"the last", Raw("\1\4a\0one\0two\0\0"), 2, "two"},
-    {"a number above the last", Raw("\1\4a\0one\0two\0\0next\0"), 3, ""},
-    {"no strings", Raw("\1\4a\0\0\0next\0"), 1, ""},
-    {"after an empty first string", Raw("\1\4a\0\0two\0\0next\0"), 2, "two"},
-    {"truncated by the end of the tables", Raw("\1\4a\0one\0tw"), 2, "tw"},
-    {"after a truncated string", Raw("\1\4a\0one\0tw"), 255, ""},
-    {"no strings before the end of the tables", Raw("\1\4a\0"), 1, ""},
+    {"number 0", "\1\4a\0one\0two\0\0"s, 0, nullptr},
+    {"the first", "\1\4a\0one\0two\0\0"s, 1, "one"},
+    {"the last", "\1\4a\0one\0two\0\0"s, 2, "two"},
+    {"a number above the last", "\1\4a\0one\0two\0\0next\0"s, 3, ""},
+    {"no strings", "\1\4a\0\0\0next\0"s, 1, ""},
+    {"after an empty first string", "\1\4a\0\0two\0\0next\0"s, 2, "two"},
+    {"truncated by the end of the tables", "\1\4a\0one\0tw"s, 2, "tw"},
+    {"after a truncated string", "\1\4a\0one\0tw"s, 255, ""},
+    {"no strings before the end of the tables", "\1\4a\0"s, 1, ""},
 };
 
 }  // namespace
