@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "src/utils/standard_streams.h"
+#include "tests/support/pattern.h"
 #include "tests/support/test_machine.h"
 
 namespace {
@@ -77,13 +78,9 @@ RunResult RunNonBlocking(const char* program, const std::vector<std::string>& ar
     return run;
 }
 
-// Removes the lines of brantexport's output that contain the time or the duration of the run.
-std::string WithoutTimes(std::string output) {
-    for (const char* const member : {"  \"exported_at\"", "  \"duration_ms\""}) {
-        const size_t start = output.find(member);
-        if (start != output.npos) output.erase(start, output.find('\n', start) - start);
-    }
-    return output;
+// Removes the time and the duration of the run from brantexport's output.
+std::string WithoutTimes(const std::string& output) {
+    return ReplaceAll(output, "\"(exported_at|duration_ms)\": [^\n]+", "");
 }
 
 TEST(Streams, LoseNoOutputIfItIsNonBlockingAndTheReaderSlow) {

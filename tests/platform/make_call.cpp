@@ -87,11 +87,6 @@ std::string RequestCevt(int choice, Number number, Number length) {
     return Answer(result, block.substr(sizeof(LOG_INFO)));
 }
 
-std::string OpenMemory(Words) {
-    memory = xsvc_open();
-    return Answer(std::min(memory, 0));
-}
-
 // Maps a range. The reply consists of the first and the last byte of the mapping.
 std::string MapMemory(Words words) {
     const Number address(words[1]), length(words[2]);
@@ -145,7 +140,7 @@ const struct {
     {"cevt read (\\S+) length=(\\d+)", [](Words w) { return RequestCevt(kReadEvent, Number(w[1]), Number(w[2])); }},
     {"cevt clear length=(\\d+)", [](Words w) { return RequestCevt(kClearEvents, Number("0"), Number(w[1])); }},
     {"cevt choice=(\\d+) length=(\\d+)", [](Words w) { return RequestCevt(Number(w[1]), Number("0"), Number(w[2])); }},
-    {"xsvc open", OpenMemory},
+    {"xsvc open", [](Words) { return Answer(std::min(memory = xsvc_open(), 0)); }},
     {"xsvc map (\\S+) (\\d+)", MapMemory},
     {"xsvc unmap (\\d+)", UnmapMemory},
     {"xsvc close", CloseMemory},
