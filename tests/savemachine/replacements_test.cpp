@@ -19,7 +19,7 @@ TEST(Replacements, HaveTheFormOfTheirTexts) {
     const std::string other_letter = "(?=.*[g-zG-Z])[^]*";
     const std::pair<std::string, std::string> cases[] = {
         {" 0z-9!\x7F\x80 a\tA\r~ ", " \\d[a-z]-\\d!\\?\\? [a-z]\t[A-Z]\r~ "},
-        {"secret , secret,secret", "([a-z]{6}) , \\1,\\1"},
+        {"secret\t, secret,\vsecret", "([a-z]{6})\t, \\1,\v\\1"},
         // A text with 12 hexadecimal digits and no other letters may be a MAC address.
         {"09:09:AF:AF:af:af", "\\d\\d:\\d\\d:[A-F]{2}:[A-F]{2}:[a-f]{2}:[a-f]{2}"},
         {"aaaaaaaaaaa", other_letter},
