@@ -37,7 +37,7 @@ TEST(Arguments, SelectFormatsSectionsAndEvents) {
         {{"--severity", "info", "--since=2006-04-11T21:37", "--severity", "caution", "--lines"},
          "^2006-04-11T21:37 info [^\n]*\n2006-04-11T23:14 caution [^\n]*\n2006-04-12T02:28 caution "
          "[^\n]*\n$"},
-        {{"--help", "--xml"},
+        {{"--xml", "--help", "--since"},
          "\nusage: brantexport (.|\n)*--severity info\\|repaired(.|\n)*\nSee brantexport\\(8\\).\n$"},
         {{"fans", "--version"}, "^brantexport \\d+\\.\\d+\\.\\d+\n$"},
         {{"--xml"}, "", kUsage},
@@ -142,6 +142,13 @@ TEST(Program, EndsWithAMessageAndAStatus) {
         {"a check of foreign hardware", ">$D/xsvc; BRANT_MACHINE=$D $P --check",
          "ERROR: brantexport only runs on VX hardware.\n", 3,
          "BRANT UNKNOWN - This is not a Corvex server, or its firmware can't be read.\n"},
+        {"a group that can be changed back", "setpriv --securebits=+no_setuid_fixup $P --http </dev/null",
+         "brantexport: can't become the user nobody: groups remain\n", 1},
+        {"a user that can be changed back",
+         "setpriv --reuid=65534 --inh-caps=+setuid --ambient-caps=+setuid $P --http </dev/null",
+         "brantexport: can't become the user nobody: root remains\n"
+         "ERROR: You must be root to run brantexport.\n",
+         1},
         {"help for another user", "setpriv --reuid=65534 $P --help >/dev/null", "", 0},
         {"a check with invalid arguments", "$P --since 2006-03-15 --check", kUsage, 3,
          "BRANT UNKNOWN - The arguments are invalid.\n"},
