@@ -66,6 +66,7 @@ const OptionCase kOptionCases[] = {
     {"-S without its value is accepted", {"-S"}, true},
     {"an empty script succeeds", {"-s", ""}, true},
     {"-S isn't equivalent to -s, or its value is run", {"-Snonsense", "HELP EXIT"}, true},
+    {"the commands aren't the second argument", {"-s", "-s", "HELP EXIT"}, true},
     {"an empty command follows a final ';'", {"-s", "HELP EXIT;"}, true},
     {"an option after another argument is read, or the end of the input doesn't end the run", {"SET UID ON", "-s"}, true},
     {"an option after the commands is read", {"-s", "HELP EXIT", "-x"}, true},
