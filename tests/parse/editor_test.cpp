@@ -116,8 +116,8 @@ constexpr KeyCase kKeys[] = {
         "<Erase 10><RootHelp><NL>brantcli> SHOW x<Erase 16><Bell><RootHelp><NL>brantcli> SHOW x", "SHOW x", 6},
     {"F1 moves the cursor to the end",             "show fa<Left><F1>",
         "show fa<BS>a<Erase 17><NL>USAGE: SHOW FANS: Shows info on installed fans.<NL>brantcli> SHOW FAN <BS><BS><BS>", "SHOW FAN ", 6},
-    {"F1 leaves the cursor beyond a line that it shortens", "show    fans<F1>x",
-        "show    fans<Erase 22><NL>USAGE: SHOW FANS: Shows info on installed fans.<NL>brantcli> SHOW FANS x", "SHOW FANS x", 11},
+    {"F1 leaves the cursor beyond a line that it shortens, or ignores a command with an argument", "show    fans x<F1>y",
+        "show    fans x<Erase 24><NL>USAGE: SHOW FANS: Shows info on installed fans.<NL>brantcli> SHOW FANS x y", "SHOW FANS x y", 13},
     {"F1 doesn't move the cursor to the end after a list", "show s<Home><F1>",
         "show s<BS><BS><BS><BS><BS><BS>show s<Erase 16><Bell><Bell><NL>[ SERIAL | SERVER ]<NL>brantcli> SHOW SER", "SHOW SER", 8},
 };
