@@ -10,20 +10,20 @@
 #include "mkmachine/models.h"
 
 const std::map<std::string, std::string> kArguments = {
-    {"DISABLE ISCSI", "NIC1"},
-    {"DISABLE PXE", "NIC1"},
-    {"ENABLE ISCSI", "NIC2"},
-    {"ENABLE PXE", "NIC2"},
+    {"DISABLE ISCSI", "nic1"},
+    {"DISABLE PXE", "nic1"},
+    {"ENABLE ISCSI", "nic2"},
+    {"ENABLE PXE", "nic2"},
     {"SET ASR", "15"},
     {"SET ASSET", "Rack7"},
-    {"SET BOOT FIRST", "CDROM"},
-    {"SET BOOT ONCE", "PXE"},
-    {"SET F1", "DELAYED"},
+    {"SET BOOT FIRST", "cdrom"},
+    {"SET BOOT ONCE", "pxe"},
+    {"SET F1", "delayed"},
     {"SET NAME", "web7"},
-    {"SET SERIAL BIOS", "COM2 115200"},
-    {"SET SERIAL EMBEDDED PORTA", "COM3"},
-    {"SET SERIAL EMBEDDED PORTB", "COM3"},
-    {"SET SERIAL VIRTUAL", "COM2"},
+    {"SET SERIAL BIOS", "com2 115200"},
+    {"SET SERIAL EMBEDDED PORTA", "com3"},
+    {"SET SERIAL EMBEDDED PORTB", "com3"},
+    {"SET SERIAL VIRTUAL", "com2"},
 };
 
 namespace {

@@ -7,7 +7,8 @@
 
 #include "tests/support/test_machine.h"
 
-// Valid arguments for the commands that need arguments.
+// Valid arguments for the commands that need arguments. They are in lower case, because messages must print
+// them in upper case.
 extern const std::map<std::string, std::string> kArguments;
 
 // Returns every command of the command tree, with the arguments in kArguments.
