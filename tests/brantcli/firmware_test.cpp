@@ -27,7 +27,7 @@ constexpr SignatureCase kSignatures[] = {
     {"the bytes after the signature are compared", 0xFFEA, "ZETRIXZETRIX", true},
     {"a signature one byte early is accepted", 0xFFE9, "ZETRIX", false},
     {"a signature one byte late is accepted", 0xFFEB, "ZETRIX", false},
-    {"only the first bytes are compared", 0xFFEA, "ZETRIY", false},
+    {"only the first bytes are compared, or the case is ignored", 0xFFEA, "ZETRIx", false},
 };
 
 const std::string kRom = BiosRecord("", "").Bytes();
